@@ -1,0 +1,42 @@
+# Compiler settings of our own targets, kept off the targets of a parent project and of our users.
+
+# Every documented result is exact to the last bit: products and sums round separately, so the
+# compiler may not fuse them, and fast-math is refused (src/platform/exactness.h checks).
+add_library(zeph_exactness INTERFACE)
+if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+  target_compile_options(zeph_exactness INTERFACE -ffp-contract=off)
+  if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "x86|i[3-6]86|AMD64")
+    # x87 registers would keep extra bits.
+    target_compile_options(zeph_exactness INTERFACE -msse2 -mfpmath=sse)
+  endif()
+elseif(MSVC)
+  target_compile_options(zeph_exactness INTERFACE /fp:precise)
+endif()
+
+add_library(zeph_warnings INTERFACE)
+if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+  target_compile_options(zeph_warnings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+  if(ZEPH_WARNINGS_AS_ERRORS)
+    target_compile_options(zeph_warnings INTERFACE -Werror)
+  endif()
+elseif(MSVC)
+  target_compile_options(zeph_warnings INTERFACE /W4)
+endif()
+
+add_library(zeph_sanitize INTERFACE)
+if(ZEPH_SANITIZE)
+  target_compile_options(zeph_sanitize INTERFACE
+    -fsanitize=${ZEPH_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(zeph_sanitize INTERFACE -fsanitize=${ZEPH_SANITIZE})
+endif()
+
+# Applies the house settings to one of our targets.
+function(zeph_configure_target target)
+  target_compile_features(${target} PRIVATE cxx_std_17)
+  set_target_properties(${target} PROPERTIES
+    CXX_STANDARD_REQUIRED ON CXX_EXTENSIONS OFF
+    CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON POSITION_INDEPENDENT_CODE ON)
+  target_link_libraries(${target} PRIVATE
+    $<BUILD_INTERFACE:zeph_exactness> $<BUILD_INTERFACE:zeph_warnings>
+    $<BUILD_INTERFACE:zeph_sanitize>)
+endfunction()

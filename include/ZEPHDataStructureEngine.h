@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+//
+// ZEPHDataStructureEngine.h -- every public header of the library.
+#ifndef ZEPH_ZEPHDATASTRUCTUREENGINE_H
+#define ZEPH_ZEPHDATASTRUCTUREENGINE_H
+
+#include "algorithms.h"
+#include "containers.h"
+#include "double_array.h"
+#include "frame.h"
+#include "graphics.h"
+#include "linalg.h"
+#include "platform.h"
+#include "raw_buffers.h"
+
+#endif  // ZEPH_ZEPHDATASTRUCTUREENGINE_H

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+//
+// Allocation by the library's rules: what a count asks for, and what exhaustion turns into.
+#ifndef ZEPH_SRC_PLATFORM_ALLOCATION_H
+#define ZEPH_SRC_PLATFORM_ALLOCATION_H
+
+#include <cstddef>
+#include <cstdint>
+#include <new>
+#include <type_traits>
+
+#include "platform.h"
+
+namespace zeph::platform {
+
+/// Bytes of `count` elements; the largest request there is when the count is negative or its bytes
+/// overflow, so that the allocation fails rather than wraps.
+constexpr std::size_t RequestBytes(std::int64_t count, std::size_t elementSize) {
+  if (count < 0) return SIZE_MAX;
+  const auto n = static_cast<std::uint64_t>(count);
+  return n > SIZE_MAX / elementSize ? SIZE_MAX : static_cast<std::size_t>(n) * elementSize;
+}
+
+/// A block for `count` elements, uninitialised, to be released with `delete[]`. Exhaustion passes
+/// to the caller as whatever the allocation operator throws.
+template <class T>
+T* NewArray(std::int64_t count) {
+  static_assert(std::is_trivially_destructible_v<T>, "released without destructor calls");
+  return static_cast<T*>(::operator new[](RequestBytes(count, sizeof(T))));
+}
+
+/// The handler's part of the allocation-failure rule: the text is fetched and discarded, the
+/// exception released, nothing is printed.
+void DiscardMemoryException(CMemoryException* exception);
+
+/// Runs `body` and gives its result; memory exhaustion inside it gives `failed` instead. Both
+/// `CMemoryException*` and `std::bad_alloc` count as exhaustion; anything else passes.
+template <class Result, class Body>
+Result OnExhaustion(Result failed, Body body) {
+  try {
+    return body();
+  } catch (CMemoryException* exception) {
+    DiscardMemoryException(exception);
+  } catch (const std::bad_alloc&) {
+  }
+  return failed;
+}
+
+/// As NewArray, but null when memory runs out.
+template <class T>
+T* TryNewArray(std::int64_t count) {
+  return OnExhaustion<T*>(nullptr, [count] { return NewArray<T>(count); });
+}
+
+}  // namespace zeph::platform
+
+#endif  // ZEPH_SRC_PLATFORM_ALLOCATION_H

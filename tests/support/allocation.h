@@ -1,0 +1,72 @@
+// The test programs' own global allocation operators: they count, record and fail on request.
+//
+// They serve the library too where symbols of the program come first (shared library on ELF, static
+// library anywhere); across a Windows DLL they do not, and Intercepts() is false.
+#ifndef ZEPH_TESTS_SUPPORT_ALLOCATION_H
+#define ZEPH_TESTS_SUPPORT_ALLOCATION_H
+
+#include <cstddef>
+#include <vector>
+
+namespace zeph::test {
+
+/// What a failing allocation throws.
+enum class Failure { kBadAlloc, kMemoryException };
+
+/// True when the library's allocations come through the operators of this program.
+bool InterceptsLibraryAllocations();
+
+/// Blocks allocated and not yet released, by any of the operators, in this program.
+long LiveBlocks();
+
+/// Allocations asked for so far, failed ones included.
+long AllocationCount();
+
+/// While alive: the `k`-th allocation from now (1 = the next) fails; with `andAllAfter`, every
+/// later one too. k = 0 fails none.
+class FailAllocation {
+ public:
+  explicit FailAllocation(long k, bool andAllAfter = false, Failure how = Failure::kBadAlloc);
+  ~FailAllocation();
+  FailAllocation(const FailAllocation&) = delete;
+  FailAllocation& operator=(const FailAllocation&) = delete;
+  /// Whether an allocation has been failed.
+  bool Fired() const;
+};
+
+/// One call of an allocation operator.
+struct AllocationEvent {
+  enum Kind { kNew, kNewArray, kDelete, kDeleteArray } kind;
+  void* block;        // null where the request failed
+  std::size_t bytes;  // asked for; 0 for releases
+};
+
+/// While alive, records the calls of this thread in order (up to 4096; null releases left out).
+class RecordAllocations {
+ public:
+  RecordAllocations();
+  ~RecordAllocations();
+  RecordAllocations(const RecordAllocations&) = delete;
+  RecordAllocations& operator=(const RecordAllocations&) = delete;
+  std::vector<AllocationEvent> Events() const;
+};
+
+/// Calls `body()` with the 1st, 2nd, ... allocation failing until it runs without a failure;
+/// `check` is called after each failed run, with k. Gives the number of failed runs.
+template <class Body, class Check>
+long FailEachAllocation(Failure how, bool andAllAfter, Body body, Check check) {
+  for (long k = 1;; ++k) {
+    bool fired = false;
+    {
+      FailAllocation failing(k, andAllAfter, how);
+      body();
+      fired = failing.Fired();
+    }
+    if (!fired) return k - 1;
+    check(k);
+  }
+}
+
+}  // namespace zeph::test
+
+#endif  // ZEPH_TESTS_SUPPORT_ALLOCATION_H

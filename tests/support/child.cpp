@@ -1,0 +1,116 @@
+#include "support/child.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <iostream>
+#include <sstream>
+
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#else
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
+
+namespace zeph::test {
+namespace {
+
+std::string Quote(const std::string& text) {
+#ifdef _WIN32
+  return '"' + text + '"';
+#else
+  std::string quoted = "'";
+  for (char c : text) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
+  return quoted + "'";
+#endif
+}
+
+std::string ProgramPath(const std::string& name) {
+#ifdef _WIN32
+  return std::string(ZEPH_TEST_BIN) + "\\" + name + ".exe";
+#else
+  return std::string(ZEPH_TEST_BIN) + "/" + name;
+#endif
+}
+
+int ExitStatus(int raw) {
+#ifdef _WIN32
+  return raw;
+#else
+  return WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
+#endif
+}
+
+}  // namespace
+
+std::string TemporaryFile() {
+  static int counter = 0;
+  static std::vector<std::string> paths;
+  static const bool registered = std::atexit([] {
+                                   for (const auto& p : paths) std::remove(p.c_str());
+                                 }) == 0;
+  (void)registered;
+#ifdef _WIN32
+  const std::string base = std::string(std::getenv("TEMP") ? std::getenv("TEMP") : ".") + "\\zeph_";
+  const std::string process = std::to_string(_getpid());
+#else
+  const std::string base = "/tmp/zeph_";
+  const std::string process = std::to_string(getpid());
+#endif
+  paths.push_back(base + process + "_" + std::to_string(counter++));
+  std::ofstream(paths.back(), std::ios::binary).flush();
+  return paths.back();
+}
+
+std::string ReadFile(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+ChildResult RunChild(const std::string& name, const std::vector<std::string>& arguments) {
+  const std::string out = TemporaryFile(), err = TemporaryFile();
+  std::string command;
+#ifdef ZEPH_TEST_EMULATOR
+  command += ZEPH_TEST_EMULATOR " ";
+#endif
+  command += Quote(ProgramPath(name));
+  for (const auto& argument : arguments) command += ' ' + Quote(argument);
+  command += " >" + Quote(out) + " 2>" + Quote(err);
+#ifdef _WIN32
+  command = '"' + command + '"';  // the command processor strips the outer pair
+#endif
+  const int status = ExitStatus(std::system(command.c_str()));
+  return {status, ReadFile(out), ReadFile(err)};
+}
+
+#ifdef _WIN32
+#define ZEPH_FD(name) _##name
+#else
+#define ZEPH_FD(name) name
+#endif
+
+CaptureStdout::CaptureStdout() : path_(TemporaryFile()) {
+  std::cout.flush();
+  std::fflush(stdout);
+  saved_ = ZEPH_FD(dup)(1);
+  std::FILE* file = std::fopen(path_.c_str(), "wb");
+  ZEPH_FD(dup2)(ZEPH_FD(fileno)(file), 1);
+  std::fclose(file);
+}
+CaptureStdout::~CaptureStdout() {
+  if (saved_ >= 0) Text();
+}
+std::string CaptureStdout::Text() {
+  std::cout.flush();
+  std::fflush(stdout);
+  ZEPH_FD(dup2)(saved_, 1);
+  ZEPH_FD(close)(saved_);
+  saved_ = -1;
+  return ReadFile(path_);
+}
+
+}  // namespace zeph::test

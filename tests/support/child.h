@@ -1,0 +1,43 @@
+// Running a program to its end with both output streams captured apart.
+#ifndef ZEPH_TESTS_SUPPORT_CHILD_H
+#define ZEPH_TESTS_SUPPORT_CHILD_H
+
+#include <string>
+#include <vector>
+
+namespace zeph::test {
+
+struct ChildResult {
+  int status;       // exit status; -1 when it did not end by itself
+  std::string out;  // standard output, line ends as written
+  std::string err;  // standard error
+};
+
+/// Runs the child program `name` (without ".exe") from the folder of the test programs.
+ChildResult RunChild(const std::string& name, const std::vector<std::string>& arguments);
+
+/// A new empty file's path, removed when the program ends.
+std::string TemporaryFile();
+
+/// The whole content of a file, byte for byte.
+std::string ReadFile(const std::string& path);
+
+/// What `body` writes to the C standard output (and std::cout), which is flushed before and after.
+/// Restores the stream.
+class CaptureStdout {
+ public:
+  CaptureStdout();
+  ~CaptureStdout();
+  CaptureStdout(const CaptureStdout&) = delete;
+  CaptureStdout& operator=(const CaptureStdout&) = delete;
+  /// Ends the capture and gives the bytes.
+  std::string Text();
+
+ private:
+  std::string path_;
+  int saved_;
+};
+
+}  // namespace zeph::test
+
+#endif  // ZEPH_TESTS_SUPPORT_CHILD_H

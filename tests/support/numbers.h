@@ -1,0 +1,190 @@
+// Generated inputs: fixed seeds, the same on every system and standard library.
+#ifndef ZEPH_TESTS_SUPPORT_NUMBERS_H
+#define ZEPH_TESTS_SUPPORT_NUMBERS_H
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "support/bits.h"
+
+namespace zeph::test {
+
+/// splitmix64: every bit usable, one word of state.
+class Random {
+ public:
+  explicit Random(std::uint64_t seed) : state_(seed) {}
+  std::uint64_t Next() {
+    std::uint64_t z = (state_ += 0x9E3779B97F4A7C15u);
+    z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9u;
+    z = (z ^ (z >> 27)) * 0x94D049BB133111EBu;
+    return z ^ (z >> 31);
+  }
+  /// 0 .. n - 1.
+  std::size_t Below(std::size_t n) { return static_cast<std::size_t>(Next() % n); }
+  int Int(int lo, int hi) {
+    return static_cast<int>(
+        lo + static_cast<std::int64_t>(Below(static_cast<std::size_t>(std::int64_t{hi} - lo + 1))));
+  }
+  /// lo <= x < hi.
+  double Real(double lo = -1, double hi = 1) {
+    return lo + (hi - lo) * (static_cast<double>(Next() >> 11) * 0x1p-53);
+  }
+
+ private:
+  std::uint64_t state_;
+};
+
+/// NaNs of both signs and several payloads, infinities, zeros of both signs, denormals, extremes.
+template <class T>
+const std::vector<T>& SpecialValues() {
+  using Limits = std::numeric_limits<T>;
+  static const std::vector<T> values = {
+      Limits::quiet_NaN(),
+      -Limits::quiet_NaN(),
+      FromBits<T>(static_cast<BitsOf<T>>(Bits(Limits::quiet_NaN()) | 0x123u)),
+      Limits::infinity(),
+      -Limits::infinity(),
+      T(0),
+      -T(0),
+      Limits::denorm_min(),
+      -Limits::denorm_min(),
+      Limits::min(),
+      -Limits::min(),
+      Limits::max(),
+      Limits::lowest(),
+      Limits::min() / T(4),
+      Limits::epsilon(),
+      T(1),
+      T(-1),
+      T(2),
+      T(0.5),
+      T(1) + Limits::epsilon()};
+  return values;
+}
+
+/// Any mixture: a third special, a third of any magnitude, a third small whole numbers (ties).
+template <class T>
+T AwkwardValue(Random& random) {
+  switch (random.Below(3)) {
+    case 0:
+      return SpecialValues<T>()[random.Below(SpecialValues<T>().size())];
+    case 1:
+      return FromBits<T>(static_cast<BitsOf<T>>(random.Next()));
+    default:
+      return static_cast<T>(random.Int(-4, 4));
+  }
+}
+template <class T = double>
+std::vector<T> Awkward(std::size_t n, std::uint64_t seed) {
+  Random random(seed);
+  std::vector<T> values(n);
+  for (T& x : values) x = AwkwardValue<T>(random);
+  return values;
+}
+
+/// Finite, of moderate size: differences are rounding, not overflow.
+template <class T = double>
+std::vector<T> Moderate(std::size_t n, std::uint64_t seed, double lo = -1000, double hi = 1000) {
+  Random random(seed);
+  std::vector<T> values(n);
+  for (T& x : values) x = static_cast<T>(random.Real(lo, hi));
+  return values;
+}
+
+/// Calls `visit(vector<T>)` with every array of length `n` over `alphabet`.
+template <class T, class Visit>
+void ForEachArray(const std::vector<T>& alphabet, std::size_t n, Visit visit) {
+  std::vector<std::size_t> digits(n, 0);
+  std::vector<T> values(n);
+  for (;;) {
+    for (std::size_t i = 0; i < n; ++i) values[i] = alphabet[digits[i]];
+    visit(values);
+    std::size_t i = 0;
+    while (i < n && ++digits[i] == alphabet.size()) digits[i++] = 0;
+    if (i == n) return;
+  }
+}
+
+/// A family of orders for the sorts, by name.
+struct Order {
+  const char* name;
+  std::function<std::vector<double>(std::size_t n, std::uint64_t seed)> make;
+};
+
+/// Input on which median-of-three of (first, middle, last) quicksort always splits off two
+/// elements.
+inline std::vector<double> MedianOfThreeKiller(std::size_t n) {
+  std::vector<double> v(n);
+  const std::size_t half = n / 2;
+  for (std::size_t i = 0; i < half; ++i)
+    v[i] = static_cast<double>(i % 2 == 0 ? i + 1 : half + i + (half % 2 == 0 ? 0 : 1));
+  for (std::size_t i = half; i < n; ++i) v[i] = static_cast<double>(2 * (i - half + 1));
+  return v;
+}
+
+inline const std::vector<Order>& Orders() {
+  static const auto ramp = [](std::size_t n) {
+    std::vector<double> v(n);
+    for (std::size_t i = 0; i < n; ++i) v[i] = static_cast<double>(i) - static_cast<double>(n) / 3;
+    return v;
+  };
+  static const std::vector<Order> orders = {
+      {"random", [](std::size_t n, std::uint64_t seed) { return Moderate(n, seed); }},
+      {"awkward", [](std::size_t n, std::uint64_t seed) { return Awkward(n, seed); }},
+      {"few distinct",
+       [](std::size_t n, std::uint64_t seed) {
+         Random random(seed);
+         std::vector<double> v(n);
+         for (double& x : v) x = random.Int(0, 7);
+         return v;
+       }},
+      {"signed zeros",
+       [](std::size_t n, std::uint64_t seed) {
+         Random random(seed);
+         std::vector<double> v(n);
+         for (double& x : v)
+           x = random.Below(4) ? (random.Below(2) ? 0.0 : -0.0) : random.Int(-1, 1);
+         return v;
+       }},
+      {"one NaN",
+       [](std::size_t n, std::uint64_t seed) {
+         auto v = Moderate(n, seed);
+         if (n) v[seed % n] = std::numeric_limits<double>::quiet_NaN();
+         return v;
+       }},
+      {"sorted", [](std::size_t n, std::uint64_t) { return ramp(n); }},
+      {"reversed",
+       [](std::size_t n, std::uint64_t) {
+         auto v = ramp(n);
+         std::reverse(v.begin(), v.end());
+         return v;
+       }},
+      {"organ pipe",
+       [](std::size_t n, std::uint64_t) {
+         std::vector<double> v(n);
+         for (std::size_t i = 0; i < n; ++i) v[i] = static_cast<double>(std::min(i, n - 1 - i));
+         return v;
+       }},
+      {"all equal", [](std::size_t n, std::uint64_t) { return std::vector<double>(n, 42.0); }},
+      {"nearly sorted",
+       [](std::size_t n, std::uint64_t seed) {
+         auto v = ramp(n);
+         Random random(seed);
+         for (std::size_t k = 0; n > 1 && k < n / 50 + 1; ++k)
+           std::swap(v[random.Below(n)], v[random.Below(n)]);
+         return v;
+       }},
+      {"median-of-three killer",
+       [](std::size_t n, std::uint64_t) { return MedianOfThreeKiller(n); }},
+  };
+  return orders;
+}
+
+}  // namespace zeph::test
+
+#endif  // ZEPH_TESTS_SUPPORT_NUMBERS_H

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#include "kernels/dense_product.h"
+
+namespace zeph::kernels {
+
+DenseProductForm DenseProductAt(Level level) {
+  static constexpr DenseProductForm kForms[kLevels] = {
+      portable::DenseProduct, portable::DenseProduct, portable::DenseProduct};
+  return kForms[static_cast<int>(level)];
+}
+
+void DenseProduct(double* const* out, const double* const* a, const double* const* b,
+                  std::size_t rows, std::size_t inner, std::size_t cols) {
+  DenseProductAt(Active())(out, a, b, rows, inner, cols);
+}
+
+}  // namespace zeph::kernels

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+//
+// The product of two dense matrices of doubles given by row pointers.
+#ifndef ZEPH_SRC_KERNELS_DENSE_PRODUCT_H
+#define ZEPH_SRC_KERNELS_DENSE_PRODUCT_H
+
+#include <cstddef>
+
+#include "kernels/level.h"
+
+namespace zeph::kernels {
+
+/// out = a * b, where `a` has rows x inner, `b` inner x cols and `out` rows x cols elements.
+///
+/// Entry (i, j) starts at 0.0 and gets a[i][k] * b[k][j] added in increasing k, each product and
+/// each sum rounded by itself: the bits of the textbook triple loop (any NaN counts as any NaN).
+/// Every row is a block of its own; a row of `out` shares no element with another row or an input.
+/// Any count may be 0. Never throws: large products borrow up to 4 MiB and do without if there are
+/// none. Reads and writes no element outside the rows.
+void DenseProduct(double* const* out, const double* const* a, const double* const* b,
+                  std::size_t rows, std::size_t inner, std::size_t cols);
+
+/// One form of it.
+using DenseProductForm = void (*)(double* const* out, const double* const* a,
+                                  const double* const* b, std::size_t rows, std::size_t inner,
+                                  std::size_t cols);
+
+/// The form used at `level`.
+DenseProductForm DenseProductAt(Level level);
+
+namespace portable {
+void DenseProduct(double* const* out, const double* const* a, const double* const* b,
+                  std::size_t rows, std::size_t inner, std::size_t cols);
+}
+
+}  // namespace zeph::kernels
+
+#endif  // ZEPH_SRC_KERNELS_DENSE_PRODUCT_H

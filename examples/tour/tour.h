@@ -15,6 +15,7 @@ struct Context {
   std::string file;          // where the numbers come from
   CZEPHDoubleArray numbers;  // the series; steps work on copies
   std::string outputFolder;  // pictures go here; exists
+  std::string solidFile;     // an OBJ file to draw; empty for the built-in solid
 };
 
 struct Step {
@@ -24,6 +25,9 @@ struct Step {
 
 /// The steps in their order.
 const std::vector<Step>& Steps();
+
+/// The numbers of a text file; a file without any, or with something else in it, is refused.
+CZEPHDoubleArray ReadNumbers(const std::string& file);
 
 /// Reports bad input (file and position) on standard error and ends the program with status 2.
 [[noreturn]] void RefuseInput(const std::string& message);

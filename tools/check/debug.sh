@@ -1,0 +1,4 @@
+configure build/debug -DCMAKE_CXX_COMPILER=g++ -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG=-O0 \
+  -DZEPH_WARNINGS_AS_ERRORS=ON
+build build/debug
+run_ctest build/debug

@@ -1,0 +1,2 @@
+need clang-format
+list_sources | xargs clang-format --dry-run --Werror

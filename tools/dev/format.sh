@@ -1,0 +1,3 @@
+# ./dev format: rewrites every source in the house format.
+need clang-format
+list_sources | xargs clang-format -i

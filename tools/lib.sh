@@ -1,0 +1,124 @@
+# Shared by ./dev and the steps of tools/check; sourced from the top of the tree.
+
+jobs=$(nproc)
+if command -v ccache >/dev/null; then export CMAKE_CXX_COMPILER_LAUNCHER=ccache; fi
+
+say() { printf '%s\n' "$*" >&2; }
+fail() {
+  say "dev: $*"
+  exit 1
+}
+
+# The Debian packages behind each kind of work.
+packages_build="cmake ninja-build g++ make"
+packages_test="libgtest-dev libglm-dev"
+
+# need PACKAGE...: installs what is missing, or says how to and stops.
+need() {
+  if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
+    need_without_apt
+    return
+  fi
+  local missing=() package
+  for package in "$@"; do
+    [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] ||
+      missing+=("$package")
+  done
+  [ ${#missing[@]} -gt 0 ] || return 0
+  local install="apt-get install -y --no-install-recommends ${missing[*]}"
+  local as_root
+  if [ "$(id -u)" = 0 ]; then
+    as_root=""
+  elif sudo -n true 2>/dev/null; then
+    as_root="sudo"
+  else
+    say "dev: these packages are missing; install them with"
+    say "  sudo $install"
+    exit 3
+  fi
+  say "dev: installing ${missing[*]}"
+  local log
+  log=$(mktemp)
+  if ! (export DEBIAN_FRONTEND=noninteractive
+        $as_root apt-get update -qq && $as_root $install) >"$log" 2>&1 </dev/null; then
+    tail -n 20 "$log" >&2
+    say "dev: installing failed; the command was: $as_root $install"
+    exit 3
+  fi
+  rm -f "$log"
+}
+
+# Systems without apt: the compiler and CMake must be there.
+need_without_apt() {
+  local tool
+  for tool in cmake ninja c++; do
+    command -v "$tool" >/dev/null ||
+      fail "\"$tool\" is missing; install CMake 3.25, Ninja, a C++17 compiler, GoogleTest and GLM"
+  done
+}
+
+# configure DIR OPTION...: a quiet cmake run.
+configure() {
+  local dir=$1 log
+  shift
+  mkdir -p "$dir"
+  log=$dir/configure.log
+  cmake -S . -B "$dir" -G Ninja "$@" >"$log" 2>&1 || {
+    tail -n 40 "$log" >&2
+    fail "configuring $dir failed"
+  }
+}
+
+# build DIR [TARGET...]: shows ninja's progress; the whole output on failure.
+build() {
+  local dir=$1
+  shift
+  local targets=()
+  [ $# -eq 0 ] || targets=(--target "$@")
+  cmake --build "$dir" -j "$jobs" "${targets[@]}" >"$dir/build.log" 2>&1 || {
+    grep -E -A12 'error|FAILED|warning:' "$dir/build.log" | head -n 60 >&2
+    fail "building $dir failed (all of it: $dir/build.log)"
+  }
+}
+
+# run_ctest DIR [ARGUMENT...]: runs the tests; the last line counts them.
+run_ctest() {
+  local dir=$1 status=0 log passed failed total
+  shift
+  log=$dir/ctest.log
+  ctest --test-dir "$dir" -j "$jobs" --output-on-failure --no-tests=error "$@" >"$log" 2>&1 || status=$?
+  # "100% tests passed, 0 tests failed out of 2"
+  read -r failed total < <(sed -nE 's/.*, ([0-9]+) tests failed out of ([0-9]+).*/\1 \2/p' "$log") || true
+  passed=$((${total:-0} - ${failed:-0}))
+  if [ "$status" != 0 ]; then
+    grep -vE '^ *[0-9]+/[0-9]+ Test.*Passed|^ +Start ' "$log" | tail -n 80
+    [ "${failed:-0}" -gt 0 ] || failed=1
+  fi
+  echo "$passed passed, $failed failed"
+  return "$status"
+}
+
+# Every C++ source of the tree, a line each.
+list_sources() {
+  git ls-files --cached --others --exclude-standard '*.h' '*.cpp'
+}
+
+# check_step NAME: runs tools/check/NAME.sh into a log; one line on the outcome, counts added up.
+check_step() {
+  local step=$1 log=build/check/$1.log start=$SECONDS status=0 counts
+  mkdir -p build/check
+  printf '%-16s ' "$step"
+  (set -euo pipefail; . "tools/check/$step.sh") >"$log" 2>&1 </dev/null || status=$?
+  counts=$(grep -E '^[0-9]+ passed, [0-9]+ failed$' "$log" |
+    awk '{p += $1; f += $3} END {if (NR) print p " passed, " f " failed"}')
+  if [ "$status" = 0 ]; then
+    printf 'ok    %4d s  %s\n' $((SECONDS - start)) "$counts"
+    [ -n "$counts" ] || counts="1 passed, 0 failed"
+  else
+    printf 'FAILED %3d s  %s\n' $((SECONDS - start)) "$counts"
+    tail -n 60 "$log" | sed 's/^/    /'
+    case "$counts" in "" | *" 0 failed") counts="0 passed, 1 failed" ;; esac
+  fi
+  check_passed=$((check_passed + ${counts%% *}))
+  check_failed=$((check_failed + $(echo "$counts" | awk '{print $3}')))
+}

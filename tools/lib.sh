@@ -100,7 +100,11 @@ run_ctest() {
 
 # Every C++ source of the tree, a line each.
 list_sources() {
-  git ls-files --cached --others --exclude-standard '*.h' '*.cpp'
+  if git rev-parse --git-dir >/dev/null 2>&1; then
+    git ls-files --cached --others --exclude-standard '*.h' '*.cpp'
+  else
+    find include src tests examples bench fuzz tools \( -name '*.h' -o -name '*.cpp' \)
+  fi
 }
 
 # check_step NAME: runs tools/check/NAME.sh into a log; one line on the outcome, counts added up.

@@ -112,9 +112,10 @@ check_step() {
   local step=$1 log=build/check/$1.log start=$SECONDS status=0 counts
   mkdir -p build/check
   printf '%-16s ' "$step"
-  (set -euo pipefail; . "tools/check/$step.sh") >"$log" 2>&1 </dev/null || status=$?
-  counts=$(grep -E '^[0-9]+ passed, [0-9]+ failed$' "$log" |
-    awk '{p += $1; f += $3} END {if (NR) print p " passed, " f " failed"}')
+  # A shell of its own: within "||" the step's own `set -e` would be ignored.
+  bash -euo pipefail -c '. tools/lib.sh; . "tools/check/$0.sh"' "$step" >"$log" 2>&1 </dev/null || status=$?
+  counts=$(awk '/^[0-9]+ passed, [0-9]+ failed$/ {p += $1; f += $3; n++}
+    END {if (n) print p " passed, " f " failed"}' "$log")
   if [ "$status" = 0 ]; then
     printf 'ok    %4d s  %s\n' $((SECONDS - start)) "$counts"
     [ -n "$counts" ] || counts="1 passed, 0 failed"

@@ -1,0 +1,52 @@
+# Installation: libraries, headers, the CMake package, the pkg-config file, documentation, packages.
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+set(ZEPH_PACKAGE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/ZEPHDataStructureEngine")
+set(ZEPH_HEADER_DIR "${CMAKE_INSTALL_INCLUDEDIR}/ZEPHDataStructureEngine")
+
+target_include_directories(ZEPHDataStructureEngine INTERFACE
+  $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}> $<INSTALL_INTERFACE:${ZEPH_HEADER_DIR}>)
+
+install(TARGETS ZEPHDataStructureEngine EXPORT ZEPHDataStructureEngineTargets
+  RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT Runtime
+  LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT Runtime NAMELINK_COMPONENT Development
+  ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT Development)
+file(GLOB ZEPH_PUBLIC_HEADERS CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/include/*.h")
+install(FILES ${ZEPH_PUBLIC_HEADERS} DESTINATION "${ZEPH_HEADER_DIR}" COMPONENT Development)
+
+install(EXPORT ZEPHDataStructureEngineTargets NAMESPACE ZEPHDataStructureEngine::
+  DESTINATION "${ZEPH_PACKAGE_DIR}" COMPONENT Development)
+configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/ZEPHDataStructureEngineConfig.cmake.in"
+  "${PROJECT_BINARY_DIR}/ZEPHDataStructureEngineConfig.cmake" INSTALL_DESTINATION "${ZEPH_PACKAGE_DIR}")
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/ZEPHDataStructureEngineConfigVersion.cmake"
+  VERSION ${PROJECT_VERSION} COMPATIBILITY SameMajorVersion)
+install(FILES
+  "${PROJECT_BINARY_DIR}/ZEPHDataStructureEngineConfig.cmake"
+  "${PROJECT_BINARY_DIR}/ZEPHDataStructureEngineConfigVersion.cmake"
+  DESTINATION "${ZEPH_PACKAGE_DIR}" COMPONENT Development)
+
+# The pkg-config file finds its prefix from its own place, so a moved installation still works.
+file(RELATIVE_PATH ZEPH_PC_TO_PREFIX "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
+if(BUILD_SHARED_LIBS)
+  set(ZEPH_PC_CFLAGS "")
+  set(ZEPH_PC_LIBS "")
+else()
+  set(ZEPH_PC_CFLAGS "-DZEPH_STATIC")
+  set(ZEPH_PC_LIBS "-lstdc++ -lm")
+endif()
+if(ZEPH_HARDENED)
+  string(APPEND ZEPH_PC_CFLAGS " -DZEPH_HARDENED")
+endif()
+configure_file("${PROJECT_SOURCE_DIR}/cmake/ZEPHDataStructureEngine.pc.in"
+  "${PROJECT_BINARY_DIR}/ZEPHDataStructureEngine.pc" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/ZEPHDataStructureEngine.pc"
+  DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT Development)
+
+install(FILES "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/CHANGELOG.md"
+  "${PROJECT_SOURCE_DIR}/docs/behaviours.md" "${PROJECT_SOURCE_DIR}/docs/additions.md"
+  DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT Documentation)
+
+if(PROJECT_IS_TOP_LEVEL)
+  include(ZephPackages)
+endif()

@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+#include <iostream>
+
+#include "containers.h"
+
+namespace zeph::containers {
+namespace {
+
+const double& KeyOf(const CZEPHLink<double>& node) {
+  return node.m_value;
+}
+int KeyOf(const CZEPHLinkData& node) {
+  return node.m_nKey;
+}
+
+/// The link (the head pointer or a node's next pointer) at which the ordered walk for `node` stops,
+/// starting from `*link`.
+template <class Node>
+Node** StopOf(const Node& node, Node** link) {
+  while (*link && KeyOf(node) > KeyOf(**link)) link = &(*link)->m_pNext;
+  return link;
+}
+
+template <class Node>
+void InsertOrdered(Node*& head, Node* node) {
+  if (!node) return;
+  Node** link = StopOf(*node, &head);
+  node->m_pNext = *link;
+  *link = node;
+}
+
+/// Merges the ascending chain `fresh` into the list at `head` and gives the new head. Every node of
+/// `fresh` goes where its ordered walk stops. The walk of the second starts where that of the first
+/// stopped: it is not smaller, so all that the first has passed, it passes.
+template <class Node>
+Node* Merge(Node* fresh, Node* head) {
+  Node** link = &head;
+  while (fresh) {
+    Node* node = fresh;
+    fresh = node->m_pNext;
+    link = StopOf(*node, link);
+    node->m_pNext = *link;
+    *link = node;
+    link = &node->m_pNext;
+  }
+  return head;
+}
+
+/// Ascending order of a chain whose nodes stand newest first, equal ones left in that order.
+/// Bottom-up merge sort: bins[i] is null or an ascending chain of 2^i nodes, newer than those of
+/// the higher bins when the chain is fed oldest first, as it is here.
+class ChainSorter {
+ public:
+  void Add(CZEPHLink<double>* node) {
+    node->m_pNext = nullptr;
+    int i = 0;
+    for (; bins_[i]; ++i) {
+      node = Merge(node, bins_[i]);
+      bins_[i] = nullptr;
+    }
+    bins_[i] = node;
+  }
+  /// The ascending chain of all nodes added since the last call.
+  CZEPHLink<double>* Take() {
+    CZEPHLink<double>* chain = nullptr;
+    for (auto*& bin : bins_) {
+      chain = Merge(chain, bin);
+      bin = nullptr;
+    }
+    return chain;
+  }
+
+ private:
+  CZEPHLink<double>* bins_[32] = {};  // a count is an int: below 2^31 nodes
+};
+
+}  // namespace
+}  // namespace zeph::containers
+
+template <class T>
+void CZEPHLinkList<T>::InsertOrdered(CZEPHLink<T>* link) {
+  zeph::containers::InsertOrdered(m_pHead, link);
+}
+
+// The result of inserting one by one, without the walks. A NaN becomes the head, and nothing
+// inserted after it gets past it; so the nodes between two NaNs settle among themselves, in front
+// of what was there. Among these no value is NaN, and insertion one by one gives ascending order
+// with the newest first among equals: the order that the merge sort makes, before one merge links
+// the whole chain into the list.
+template <class T>
+void CZEPHLinkList<T>::Sorting(CZEPHLink<T>** links, int count) {
+  if (!links) return;
+  zeph::containers::ChainSorter run;
+  for (int i = 0; i < count; ++i) {
+    CZEPHLink<T>* link = links[i];
+    if (!link) continue;
+    if (link->m_value == link->m_value) {
+      run.Add(link);
+      continue;
+    }
+    m_pHead = zeph::containers::Merge(run.Take(), m_pHead);
+    link->m_pNext = m_pHead;
+    m_pHead = link;
+  }
+  m_pHead = zeph::containers::Merge(run.Take(), m_pHead);
+}
+
+template <class T>
+CZEPHLink<T>* CZEPHLinkList<T>::GetFirstLink() {
+  CZEPHLink<T>* first = m_pHead;
+  if (first) m_pHead = first->m_pNext;
+  return first;
+}
+
+template <class T>
+void CZEPHLinkList<T>::RemoveAll() {
+  while (m_pHead) delete GetFirstLink();
+}
+
+template class CZEPHLink<double>;
+template class CZEPHLinkList<double>;
+
+CZEPHLinkData::CZEPHLinkData(int key) : m_nKey(key), m_pNext(nullptr) {}
+
+CZEPHLinkData& CZEPHLinkData::operator=(const CZEPHLinkData& other) {
+  m_nKey = other.m_nKey;
+  m_pNext = other.m_pNext;
+  return *this;
+}
+
+void CZEPHLinkData::DisplayLink() {
+  std::cout << m_nKey << " ";
+}
+
+CZEPHSortedLinkList::CZEPHSortedLinkList() : m_pHead(nullptr) {}
+
+CZEPHSortedLinkList& CZEPHSortedLinkList::operator=(const CZEPHSortedLinkList& other) {
+  m_pHead = other.m_pHead;
+  return *this;
+}
+
+void CZEPHSortedLinkList::Insert(CZEPHLinkData* node) {
+  zeph::containers::InsertOrdered(m_pHead, node);
+}
+
+CZEPHLinkData* CZEPHSortedLinkList::Find(int key) {
+  CZEPHLinkData* node = m_pHead;
+  while (node && node->m_nKey < key) node = node->m_pNext;
+  return node && node->m_nKey == key ? node : nullptr;
+}
+
+void CZEPHSortedLinkList::Remove(int key) {
+  CZEPHLinkData** link = &m_pHead;
+  while (*link && (*link)->m_nKey != key) link = &(*link)->m_pNext;
+  if (*link) *link = (*link)->m_pNext;
+}
+
+void CZEPHSortedLinkList::DisplayList() {
+  std::cout << "List (first-->last): ";
+  for (CZEPHLinkData* node = m_pHead; node; node = node->m_pNext) node->DisplayLink();
+  std::cout << std::endl;
+}

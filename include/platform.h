@@ -4,19 +4,41 @@
 //
 //   export macros     ZEPH_API, ZEPH_EMIT, ZEPH_ADDED
 //   ZEPH_Long         the 32-bit signed integer behind every `long` overload
+//   ZEPH_TimeOfDay    the millisecond time record that the stopwatch keeps
+//   CObject           the polymorphic base of everything that collections point to
 //   CMemoryException  what an application's allocator may throw, by pointer, on exhaustion
 //   CString           the narrow text string that listings are appended to
+//   CObArray          growable array of object pointers
+//   CUIntArray        growable array of unsigned 32-bit values
+//   CWordArray        growable array of unsigned 16-bit values
+//   CObList           doubly linked list of object pointers, with POSITION as handle of an element
+//   CWinApp           base of the library's module object
+//   our additions     std::string and any index type for CString, numeric_limits of ZEPH_Long
 //
 // With ZEPH_USE_MFC defined the framework's own classes are used and none of ours is declared.
+//
+// Our stand-ins follow the framework's conventions. Where the framework refuses an argument (an
+// index outside the array, a negative size, the head of an empty list) they throw std::out_of_range
+// with a text that names the operation and the bounds, and change nothing. Memory exhaustion passes
+// to the caller as what the allocation operator throws, and changes nothing either. No object
+// locks: callers serialise access to any one of them.
 #ifndef ZEPH_PLATFORM_H
 #define ZEPH_PLATFORM_H
 
 #include <climits>
-#include <cstdarg>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
 #include <istream>
+#include <limits>
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <type_traits>
+
+#ifdef _WIN32
+#include <sys/timeb.h>
+#endif
 
 #ifdef ZEPH_USE_MFC
 #include <afx.h>
@@ -53,59 +75,167 @@
 #define ZEPH_ADDED
 #endif
 
+// ZEPH_PRINTF_FORMAT has the compiler compare the arguments of a formatting member with its format.
+#if defined(__MINGW_PRINTF_FORMAT)
+#define ZEPH_PRINTF_FORMAT __attribute__((format(__MINGW_PRINTF_FORMAT, 2, 3)))
+#elif defined(__GNUC__) || defined(__clang__)
+#define ZEPH_PRINTF_FORMAT __attribute__((format(printf, 2, 3)))
+#else
+#define ZEPH_PRINTF_FORMAT
+#endif
+
 #if LONG_MAX == INT_MAX
 using ZEPH_Long = long;
 #else
 /// The 32-bit signed integer of the `long` overloads, where the system's own `long` is wider.
 ///
 /// Converts from and to `int` by itself, yet `int*` and `ZEPH_Long*` remain different types, so
-/// both overloads of a function can exist. Trivially copyable, 4 bytes.
+/// both overloads of a function can exist. Trivially copyable, 4 bytes, uninitialised by default
+/// like any integer. Mixed arithmetic and comparison are the built-in ones on its `int` value:
+///
+///     ZEPH_Long x = 7;
+///     x * 2;              // int 14
+///     x < v.size();       // as with an int on the left
+///     x += 3000000000u;   // wraps as a 32-bit long does
+///
+/// Compound assignment takes any integer, computes as a 32-bit `long` would and wraps on overflow;
+/// only division by zero is undefined. With a floating-point right side write the conversion out:
+/// `x = static_cast<int>(x * 1.5)`. So it is for `condition ? x : 0`, where either side could
+/// become the other, and for `printf`, which takes `%d` with `int{x}`.
 class ZEPH_Long {
+  template <class T>
+  using IfInteger = std::enable_if_t<std::is_integral_v<T>, int>;
+  // What the quotient is computed in: 64 bits where both sides are at most int, for INT_MIN / -1.
+  template <class T>
+  using Quotient = std::conditional_t<std::is_same_v<std::common_type_t<int, T>, int>, long long,
+                                      std::common_type_t<int, T> >;
+
  public:
   ZEPH_Long() = default;
   constexpr ZEPH_Long(int value) : m_nValue(value) {}  // NOLINT: implicit on purpose
   constexpr operator int() const { return m_nValue; }  // NOLINT: implicit on purpose
 
-  ZEPH_Long& operator+=(int other) { return m_nValue += other, *this; }
-  ZEPH_Long& operator-=(int other) { return m_nValue -= other, *this; }
-  ZEPH_Long& operator*=(int other) { return m_nValue *= other, *this; }
-  ZEPH_Long& operator/=(int other) { return m_nValue /= other, *this; }
-  ZEPH_Long& operator%=(int other) { return m_nValue %= other, *this; }
-  ZEPH_Long& operator++() { return ++m_nValue, *this; }
-  ZEPH_Long& operator--() { return --m_nValue, *this; }
-  ZEPH_Long operator++(int) { return m_nValue++; }
-  ZEPH_Long operator--(int) { return m_nValue--; }
+  template <class T, IfInteger<T> = 0>
+  constexpr ZEPH_Long& operator+=(T other) {
+    return Set(Low(m_nValue) + Low(other));
+  }
+  template <class T, IfInteger<T> = 0>
+  constexpr ZEPH_Long& operator-=(T other) {
+    return Set(Low(m_nValue) - Low(other));
+  }
+  template <class T, IfInteger<T> = 0>
+  constexpr ZEPH_Long& operator*=(T other) {
+    return Set(Low(m_nValue) * Low(other));
+  }
+  template <class T, IfInteger<T> = 0>
+  constexpr ZEPH_Long& operator/=(T other) {
+    return Set(Low(static_cast<Quotient<T> >(m_nValue) / static_cast<Quotient<T> >(other)));
+  }
+  template <class T, IfInteger<T> = 0>
+  constexpr ZEPH_Long& operator%=(T other) {
+    return Set(Low(static_cast<Quotient<T> >(m_nValue) % static_cast<Quotient<T> >(other)));
+  }
+  template <class T, IfInteger<T> = 0>
+  constexpr ZEPH_Long& operator&=(T other) {
+    return Set(Low(m_nValue) & Low(other));
+  }
+  template <class T, IfInteger<T> = 0>
+  constexpr ZEPH_Long& operator|=(T other) {
+    return Set(Low(m_nValue) | Low(other));
+  }
+  template <class T, IfInteger<T> = 0>
+  constexpr ZEPH_Long& operator^=(T other) {
+    return Set(Low(m_nValue) ^ Low(other));
+  }
+  constexpr ZEPH_Long& operator<<=(int bits) { return Set(Low(m_nValue) << bits); }
+  constexpr ZEPH_Long& operator>>=(int bits) { return m_nValue >>= bits, *this; }
+  constexpr ZEPH_Long& operator++() { return *this += 1; }
+  constexpr ZEPH_Long& operator--() { return *this -= 1; }
+  constexpr ZEPH_Long operator++(int) {
+    const ZEPH_Long old = *this;
+    ++*this;
+    return old;
+  }
+  constexpr ZEPH_Long operator--(int) {
+    const ZEPH_Long old = *this;
+    --*this;
+    return old;
+  }
 
   friend std::ostream& operator<<(std::ostream& os, ZEPH_Long x) { return os << x.m_nValue; }
   friend std::istream& operator>>(std::istream& is, ZEPH_Long& x) { return is >> x.m_nValue; }
 
  private:
+  template <class T>
+  static constexpr std::uint32_t Low(T value) {
+    return static_cast<std::uint32_t>(value);
+  }
+  constexpr ZEPH_Long& Set(std::uint32_t bits) {
+    m_nValue = static_cast<int>(bits);
+    return *this;
+  }
+
   int m_nValue;
+};
+#endif
+
+#ifdef _WIN32
+using ZEPH_TimeOfDay = struct __timeb64;
+#else
+/// A moment of the wall clock to the millisecond, as the runtime library of Windows records it.
+struct ZEPH_TimeOfDay {
+  std::int64_t time;       ///< seconds since 1970-01-01 00:00 UTC
+  unsigned short millitm;  ///< milliseconds, 0..999
+  short timezone;          ///< minutes west of UTC; 0 where the system's clock does not tell
+  short dstflag;           ///< non-zero while daylight saving is in force; 0 where not told
 };
 #endif
 
 #ifndef ZEPH_USE_MFC
 
+/// The polymorphic base of the objects that collections point to. Has an identity: not copied.
+class ZEPH_API CObject {
+ public:
+  CObject(const CObject&) = delete;
+  CObject& operator=(const CObject&) = delete;
+  virtual ~CObject();
+
+ protected:
+  CObject();
+};
+
 /// Thrown by pointer when memory runs out, by applications whose allocation operator does so.
-class ZEPH_API CMemoryException {
+///
+///     try {
+///       list.AddTail(item);
+///     } catch (CMemoryException* e) {
+///       e->Delete();
+///     }
+class ZEPH_API CMemoryException : public CObject {
  public:
   CMemoryException();
-  virtual ~CMemoryException();
+  ~CMemoryException() override;
 
-  /// Writes at most `size` characters, the closing zero included, into `text`; 1 on success.
+  /// Writes "Out of memory." into `text`, cut to `size` characters with the closing zero included.
+  ///
+  /// Sets `*helpContext`, where given, to 0. Answers 1, or 0 when `text` is null or `size` is 0.
   virtual int GetErrorMessage(char* text, unsigned size, unsigned* helpContext = nullptr) const;
 
-  /// Releases the exception object; the handler calls it once.
+  /// Releases the exception object, which stands on the heap; the handler calls it once.
   void Delete();
 };
 
 /// A narrow text string, with the members that Windows programmers expect.
+///
+/// Holds any bytes, zeros included, behind which a closing zero always stands. A null `const char*`
+/// counts as the empty text everywhere. Copies are deep; appending costs amortised constant time a
+/// character and may be given a piece of the string itself.
 class ZEPH_API CString {
  public:
   CString();
   CString(const CString& other);
   CString(CString&& other) noexcept;
-  CString(const char* text);       // NOLINT: implicit on purpose; null gives the empty string
+  CString(const char* text);       // NOLINT: implicit on purpose
   CString(std::string_view text);  // NOLINT: implicit on purpose
   ~CString();
   CString& operator=(const CString& other);
@@ -114,30 +244,316 @@ class ZEPH_API CString {
 
   int GetLength() const;
   bool IsEmpty() const;
+  /// Takes the text away; the storage is kept for what comes next.
   void Empty();
+
+  /// The text, closed by a zero. Valid until the string is next changed.
   const char* GetString() const;
   operator const char*() const;  // NOLINT: implicit on purpose
+
+  /// The character at `index`; 0 at the length. Throws std::out_of_range outside 0..GetLength().
+  char GetAt(int index) const;
+  char operator[](int index) const;
 
   CString& operator+=(const CString& text);
   CString& operator+=(const char* text);
   CString& operator+=(char c);
+  /// Appends the first `length` bytes of `text`, zeros included; nothing if null or below 1.
+  void Append(const char* text, int length);
 
   /// Replaces the content by the formatted text (printf conversions), of any length.
-  void Format(const char* format, ...)
-#if defined(__GNUC__)
-      __attribute__((format(printf, 2, 3)))
-#endif
-      ;
-  void AppendFormat(const char* format, ...)
-#if defined(__GNUC__)
-      __attribute__((format(printf, 2, 3)))
-#endif
-      ;
+  ///
+  /// Arguments may point into this string. A null format gives the empty text. Strings among the
+  /// arguments are passed as GetString().
+  void Format(const char* format, ...) ZEPH_PRINTF_FORMAT;
+  /// Appends the formatted text; otherwise as Format.
+  void AppendFormat(const char* format, ...) ZEPH_PRINTF_FORMAT;
+
+  /// The first `count` characters; `count` is clamped to 0..GetLength().
+  CString Left(int count) const;
+  /// The last `count` characters; `count` is clamped to 0..GetLength().
+  CString Right(int count) const;
+  /// What follows from index `first`, which is clamped to 0..GetLength().
+  CString Mid(int first) const;
+  /// At most `count` characters from index `first`; both are clamped.
+  CString Mid(int first, int count) const;
+
+  /// Index of the first `text` (or `c`) at or behind `start`, or -1: when there is none, `text` is
+  /// null, or `start` lies outside 0..GetLength().
+  int Find(const char* text, int start = 0) const;
+  int Find(char c, int start = 0) const;
+
+  // Our additions, listed in docs/additions.md.
+
+  /// A copy of a standard string, whatever its allocator.
+  template <class Allocator>
+  ZEPH_ADDED CString(  // NOLINT: implicit on purpose
+      const std::basic_string<char, std::char_traits<char>, Allocator>& text)
+      : CString(std::string_view(text)) {}
+  /// An index of another integer type, which would otherwise be as good for `const char*`.
+  template <class T, std::enable_if_t<std::is_integral_v<T> && !std::is_same_v<T, int>, int> = 0>
+  ZEPH_ADDED char operator[](T index) const {
+    return GetAt(CheckedIndex(index));
+  }
 
  private:
+  template <class T>
+  ZEPH_ADDED static int CheckedIndex(T index) {  // -1 where no int can hold it
+    if constexpr (std::is_signed_v<T>) {
+      if (index < 0) return -1;
+    }
+    return static_cast<std::uintmax_t>(index) > std::uintmax_t{INT_MAX} ? -1
+                                                                        : static_cast<int>(index);
+  }
+
   std::string m_text;
 };
 
+/// The two texts one after the other. A chain of `+` grows one string.
+ZEPH_API CString operator+(CString left, const CString& right);
+ZEPH_API CString operator+(CString left, const char* right);
+ZEPH_API CString operator+(const char* left, const CString& right);
+ZEPH_API CString operator+(CString left, char right);
+ZEPH_API CString operator+(char left, const CString& right);
+
+/// Comparison by unsigned byte value, the shorter of two equal beginnings first.
+ZEPH_API bool operator==(const CString& left, const CString& right);
+ZEPH_API bool operator==(const CString& left, const char* right);
+ZEPH_API bool operator==(const char* left, const CString& right);
+ZEPH_API bool operator!=(const CString& left, const CString& right);
+ZEPH_API bool operator!=(const CString& left, const char* right);
+ZEPH_API bool operator!=(const char* left, const CString& right);
+ZEPH_API bool operator<(const CString& left, const CString& right);
+ZEPH_API bool operator<(const CString& left, const char* right);
+ZEPH_API bool operator<(const char* left, const CString& right);
+ZEPH_API bool operator>(const CString& left, const CString& right);
+ZEPH_API bool operator>(const CString& left, const char* right);
+ZEPH_API bool operator>(const char* left, const CString& right);
+ZEPH_API bool operator<=(const CString& left, const CString& right);
+ZEPH_API bool operator<=(const CString& left, const char* right);
+ZEPH_API bool operator<=(const char* left, const CString& right);
+ZEPH_API bool operator>=(const CString& left, const CString& right);
+ZEPH_API bool operator>=(const CString& left, const char* right);
+ZEPH_API bool operator>=(const char* left, const CString& right);
+
+/// A growable array of pointers to objects, which it never owns, copies or follows.
+///
+///     CObArray shapes;
+///     shapes.SetSize(0, 256);  // grow by 256 at a time
+///     shapes.Add(&circle);
+///     shapes[0];               // &circle
+class ZEPH_API CObArray : public CObject {
+ public:
+  CObArray();
+  ~CObArray() override;
+
+  std::ptrdiff_t GetSize() const;
+  std::ptrdiff_t GetCount() const;
+  bool IsEmpty() const;
+  /// The last index; -1 when empty.
+  std::ptrdiff_t GetUpperBound() const;
+
+  /// Sets the number of elements to `size`; new ones are null, dropped ones forgotten.
+  ///
+  /// `growBy` >= 0 becomes the growth setting: the least number of elements by which storage grows;
+  /// 0 chooses by size (an eighth, from 4 to 1024). Below 0 the setting stays. Size 0 releases the
+  /// storage; a smaller size keeps it. Throws std::out_of_range when `size` is negative.
+  void SetSize(std::ptrdiff_t size, std::ptrdiff_t growBy = -1);
+  /// Cuts the storage down to the elements.
+  void FreeExtra();
+  /// Forgets all elements and releases the storage.
+  void RemoveAll();
+
+  /// Access to one element; throws std::out_of_range outside 0..GetUpperBound().
+  CObject* GetAt(std::ptrdiff_t index) const;
+  void SetAt(std::ptrdiff_t index, CObject* element);
+  CObject*& ElementAt(std::ptrdiff_t index);
+  CObject* operator[](std::ptrdiff_t index) const;
+  CObject*& operator[](std::ptrdiff_t index);
+  /// The elements in a row, null while there is no storage; valid until the size next changes.
+  CObject* const* GetData() const;
+  CObject** GetData();
+
+  /// Sets one element, growing the array to hold it; throws when `index` is negative.
+  void SetAtGrow(std::ptrdiff_t index, CObject* element);
+  /// Appends one element and gives its index. Constant time but where storage grows.
+  std::ptrdiff_t Add(CObject* element);
+  /// Puts `count` copies in front of `index`; behind the end, the gap is filled with nulls.
+  ///
+  /// Throws std::out_of_range when `index` is negative or `count` below 1.
+  void InsertAt(std::ptrdiff_t index, CObject* element, std::ptrdiff_t count = 1);
+  /// Takes `count` elements out from `index` on, keeping the storage.
+  ///
+  /// Throws std::out_of_range unless they all lie inside the array.
+  void RemoveAt(std::ptrdiff_t index, std::ptrdiff_t count = 1);
+
+ protected:
+  CObject** m_pData;          // the storage, null while there is none
+  std::ptrdiff_t m_nSize;     // elements in use
+  std::ptrdiff_t m_nMaxSize;  // elements that the storage holds
+  std::ptrdiff_t m_nGrowBy;   // growth setting
+};
+
+/// A growable array of unsigned 32-bit values; every member as in CObArray, with 0 for null.
+class ZEPH_API CUIntArray : public CObject {
+ public:
+  CUIntArray();
+  ~CUIntArray() override;
+
+  std::ptrdiff_t GetSize() const;
+  std::ptrdiff_t GetCount() const;
+  bool IsEmpty() const;
+  std::ptrdiff_t GetUpperBound() const;
+  void SetSize(std::ptrdiff_t size, std::ptrdiff_t growBy = -1);
+  void FreeExtra();
+  void RemoveAll();
+  unsigned int GetAt(std::ptrdiff_t index) const;
+  void SetAt(std::ptrdiff_t index, unsigned int element);
+  unsigned int& ElementAt(std::ptrdiff_t index);
+  unsigned int operator[](std::ptrdiff_t index) const;
+  unsigned int& operator[](std::ptrdiff_t index);
+  const unsigned int* GetData() const;
+  unsigned int* GetData();
+  void SetAtGrow(std::ptrdiff_t index, unsigned int element);
+  std::ptrdiff_t Add(unsigned int element);
+  void InsertAt(std::ptrdiff_t index, unsigned int element, std::ptrdiff_t count = 1);
+  void RemoveAt(std::ptrdiff_t index, std::ptrdiff_t count = 1);
+
+ protected:
+  unsigned int* m_pData;
+  std::ptrdiff_t m_nSize;
+  std::ptrdiff_t m_nMaxSize;
+  std::ptrdiff_t m_nGrowBy;
+};
+
+/// A growable array of unsigned 16-bit values; every member as in CObArray, with 0 for null.
+class ZEPH_API CWordArray : public CObject {
+ public:
+  CWordArray();
+  ~CWordArray() override;
+
+  std::ptrdiff_t GetSize() const;
+  std::ptrdiff_t GetCount() const;
+  bool IsEmpty() const;
+  std::ptrdiff_t GetUpperBound() const;
+  void SetSize(std::ptrdiff_t size, std::ptrdiff_t growBy = -1);
+  void FreeExtra();
+  void RemoveAll();
+  unsigned short GetAt(std::ptrdiff_t index) const;
+  void SetAt(std::ptrdiff_t index, unsigned short element);
+  unsigned short& ElementAt(std::ptrdiff_t index);
+  unsigned short operator[](std::ptrdiff_t index) const;
+  unsigned short& operator[](std::ptrdiff_t index);
+  const unsigned short* GetData() const;
+  unsigned short* GetData();
+  void SetAtGrow(std::ptrdiff_t index, unsigned short element);
+  std::ptrdiff_t Add(unsigned short element);
+  void InsertAt(std::ptrdiff_t index, unsigned short element, std::ptrdiff_t count = 1);
+  void RemoveAt(std::ptrdiff_t index, std::ptrdiff_t count = 1);
+
+ protected:
+  unsigned short* m_pData;
+  std::ptrdiff_t m_nSize;
+  std::ptrdiff_t m_nMaxSize;
+  std::ptrdiff_t m_nGrowBy;
+};
+
+/// The handle of one element of a list. Stays good until that element is removed.
+struct __POSITION;
+using POSITION = __POSITION*;
+
+/// A doubly linked list of pointers to objects, which it never owns, copies or follows.
+///
+///     for (POSITION at = list.GetHeadPosition(); at;) Use(list.GetNext(at));
+///
+/// Insertion and removal at any position take constant time. A null or empty-list argument where an
+/// element is needed throws std::out_of_range; a POSITION of another list, or of an element removed
+/// before, is not recognised.
+class ZEPH_API CObList : public CObject {
+ protected:
+  struct CNode {
+    CNode* pNext;
+    CNode* pPrev;
+    CObject* data;
+  };
+
+ public:
+  /// An empty list that takes storage for `blockSize` elements at a time; below 1 counts as 1.
+  explicit CObList(std::ptrdiff_t blockSize = 10);
+  ~CObList() override;
+
+  std::ptrdiff_t GetCount() const;
+  std::ptrdiff_t GetSize() const;
+  bool IsEmpty() const;
+
+  CObject*& GetHead();
+  const CObject* GetHead() const;
+  CObject*& GetTail();
+  const CObject* GetTail() const;
+
+  /// Adds one element at an end and gives its position.
+  POSITION AddHead(CObject* object);
+  POSITION AddTail(CObject* object);
+  /// Takes the element at an end out of the list and gives it.
+  CObject* RemoveHead();
+  CObject* RemoveTail();
+  /// Forgets all elements and releases the storage.
+  void RemoveAll();
+
+  /// The position of the first or last element, or null.
+  POSITION GetHeadPosition() const;
+  POSITION GetTailPosition() const;
+  /// The element at `position`, which moves on to the next one or to null.
+  CObject*& GetNext(POSITION& position);
+  const CObject* GetNext(POSITION& position) const;
+  /// The element at `position`, which moves back to the previous one or to null.
+  CObject*& GetPrev(POSITION& position);
+  const CObject* GetPrev(POSITION& position) const;
+
+  CObject*& GetAt(POSITION position);
+  const CObject* GetAt(POSITION position) const;
+  void SetAt(POSITION position, CObject* object);
+  /// Takes the element at `position` out of the list.
+  void RemoveAt(POSITION position);
+  /// Adds an element before `position`; at the head when it is null. Gives the new position.
+  POSITION InsertBefore(POSITION position, CObject* object);
+  /// Adds an element behind `position`; at the tail when it is null. Gives the new position.
+  POSITION InsertAfter(POSITION position, CObject* object);
+
+  /// The first element behind `startAfter` (from the head when null) that is `object`, or null.
+  POSITION Find(CObject* object, POSITION startAfter = nullptr) const;
+  /// The position of the element with this 0-based index, or null. Steps from the head.
+  POSITION FindIndex(std::ptrdiff_t index) const;
+
+ protected:
+  CNode* m_pNodeHead;
+  CNode* m_pNodeTail;
+  std::ptrdiff_t m_nCount;
+  CNode* m_pNodeFree;           // nodes of the blocks that hold no element, by pNext
+  CNode* m_pBlocks;             // the first node of each block links the blocks, by pNext
+  std::ptrdiff_t m_nBlockSize;  // elements to a block
+
+ private:
+  CNode* NewNode(CNode* previous, CNode* next, CObject* object);
+  void AddBlock();
+};
+
+/// The application or library as one object; the base of the library's module object.
+class ZEPH_API CWinApp : public CObject {
+ public:
+  /// Keeps `appName` as it is, without a copy; null for none.
+  explicit CWinApp(const char* appName = nullptr);
+  ~CWinApp() override;
+
+  const char* m_pszAppName;
+};
+
 #endif  // ZEPH_USE_MFC
+
+#if LONG_MAX != INT_MAX
+/// Limits of the 32-bit `long`: those of `int`.
+template <>
+class std::numeric_limits<ZEPH_Long> : public std::numeric_limits<int> {};
+#endif
 
 #endif  // ZEPH_PLATFORM_H

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include <cstdio>
-
 #include "platform.h"
 
 #ifndef ZEPH_USE_MFC
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/refusal.h"
 
 CString::CString() = default;
 CString::CString(const CString& other) = default;
@@ -27,11 +30,21 @@ bool CString::IsEmpty() const {
 void CString::Empty() {
   m_text.clear();
 }
+
 const char* CString::GetString() const {
   return m_text.c_str();
 }
 CString::operator const char*() const {
   return m_text.c_str();
+}
+
+char CString::GetAt(int index) const {
+  if (index < 0 || index > GetLength())
+    zeph::platform::RefuseIndex("CString::GetAt", index, GetLength());
+  return m_text.c_str()[index];
+}
+char CString::operator[](int index) const {
+  return GetAt(index);
 }
 
 CString& CString::operator+=(const CString& text) {
@@ -46,37 +59,55 @@ CString& CString::operator+=(char c) {
   m_text += c;
   return *this;
 }
+void CString::Append(const char* text, int length) {
+  if (text && length > 0) m_text.append(text, static_cast<std::size_t>(length));
+}
+
+CString CString::Left(int count) const {
+  return Mid(0, count);
+}
+CString CString::Right(int count) const {
+  return Mid(GetLength() - std::clamp(count, 0, GetLength()));
+}
+CString CString::Mid(int first) const {
+  return Mid(first, GetLength());
+}
+CString CString::Mid(int first, int count) const {
+  const int from = std::clamp(first, 0, GetLength());
+  const int length = std::clamp(count, 0, GetLength() - from);
+  return std::string_view(m_text).substr(static_cast<std::size_t>(from),
+                                         static_cast<std::size_t>(length));
+}
 
 namespace {
-void AppendFormatted(std::string& out, const char* format, va_list arguments) {
-  va_list again;
-  va_copy(again, arguments);
-  const int length = std::vsnprintf(nullptr, 0, format, again);
-  va_end(again);
-  if (length < 1) return;
-  const std::size_t old = out.size();
-  out.resize(old + static_cast<std::size_t>(length) + 1);
-  std::vsnprintf(&out[old], static_cast<std::size_t>(length) + 1, format, arguments);
-  out.resize(old + static_cast<std::size_t>(length));
+int ToIndex(std::size_t found) {
+  return found == std::string::npos ? -1 : static_cast<int>(found);
 }
 }  // namespace
 
-void CString::Format(const char* format, ...) {
-  std::string text;  // built apart: an argument may point into this string
-  va_list arguments;
-  va_start(arguments, format);
-  AppendFormatted(text, format, arguments);
-  va_end(arguments);
-  m_text = std::move(text);
+int CString::Find(const char* text, int start) const {
+  if (!text || start < 0) return -1;
+  return ToIndex(m_text.find(text, static_cast<std::size_t>(start)));
+}
+int CString::Find(char c, int start) const {
+  if (start < 0) return -1;
+  return ToIndex(m_text.find(c, static_cast<std::size_t>(start)));
 }
 
-void CString::AppendFormat(const char* format, ...) {
-  std::string text;
-  va_list arguments;
-  va_start(arguments, format);
-  AppendFormatted(text, format, arguments);
-  va_end(arguments);
-  m_text += text;
+CString operator+(CString left, const CString& right) {
+  return std::move(left += right);
+}
+CString operator+(CString left, const char* right) {
+  return std::move(left += right);
+}
+CString operator+(const char* left, const CString& right) {
+  return CString(left) + right;
+}
+CString operator+(CString left, char right) {
+  return std::move(left += right);
+}
+CString operator+(char left, const CString& right) {
+  return CString(std::string_view(&left, 1)) + right;
 }
 
 #endif  // ZEPH_USE_MFC

@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: MIT
+#include "frame.h"
+
+CZEPHDataStructureEngineApp::CZEPHDataStructureEngineApp() : CWinApp(nullptr) {}
+
+namespace {
+
+[[maybe_unused]] CZEPHDataStructureEngineApp module_object;
+
+}  // namespace

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+//
+// The random source: the C runtime's generator, which the application shares.
+#ifndef ZEPH_SRC_PLATFORM_RANDOM_H
+#define ZEPH_SRC_PLATFORM_RANDOM_H
+
+namespace zeph::platform {
+
+/// The largest number that NextRandom gives.
+constexpr int kRandomMax = 32767;
+
+/// The next number of `rand`, 0..32767: its high 15 bits where the runtime's range is larger.
+int NextRandom();
+
+/// Seeds the generator with the current time in seconds, so twice in a second gives one sequence.
+void SeedRandomFromTime();
+
+}  // namespace zeph::platform
+
+#endif  // ZEPH_SRC_PLATFORM_RANDOM_H

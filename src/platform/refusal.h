@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+//
+// How the stand-ins refuse an argument.
+#ifndef ZEPH_SRC_PLATFORM_REFUSAL_H
+#define ZEPH_SRC_PLATFORM_REFUSAL_H
+
+#include <cstdint>
+
+namespace zeph::platform {
+
+/// Throws std::out_of_range: "CObArray::GetAt: index 7 is outside 0..2".
+[[noreturn]] void RefuseIndex(const char* operation, std::int64_t index, std::int64_t last);
+
+/// Throws std::out_of_range with "operation: reason".
+[[noreturn]] void Refuse(const char* operation, const char* reason);
+
+}  // namespace zeph::platform
+
+#endif  // ZEPH_SRC_PLATFORM_REFUSAL_H

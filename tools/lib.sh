@@ -127,3 +127,23 @@ check_step() {
   check_passed=$((check_passed + ${counts%% *}))
   check_failed=$((check_failed + $(echo "$counts" | awk '{print $3}')))
 }
+
+# run_programs DIR [EMULATOR...]: runs each test program of DIR whole; the last line counts the tests.
+run_programs() {
+  local dir=$1 passed=0 failed=0 program log
+  shift
+  for program in $(find "$dir/tests" -maxdepth 1 -name 'zeph_*_tests*' \( -perm -u+x -o -name '*.exe' \) | sort); do
+    log=$program.log
+    if ! "$@" "$program" --gtest_brief=1 >"$log" 2>&1 </dev/null; then
+      grep -vE '^\[       OK|^\[ RUN' "$log" | tail -n 40
+      echo "$(basename "$program") failed"
+      # A program that dies counts as one failure even when it printed none.
+      grep -qE '^\[  FAILED  \] [0-9]+ test' "$log" || failed=$((failed + 1))
+    fi
+    passed=$((passed + $(sed -nE 's/^\[  PASSED  \] ([0-9]+) tests?.*/\1/p' "$log" | tail -1 | tr -d '\r' | grep . || echo 0)))
+    failed=$((failed + $(sed -nE 's/^\[  FAILED  \] ([0-9]+) tests?, listed.*/\1/p' "$log" | tail -1 | tr -d '\r' | grep . || echo 0)))
+    grep -hE '^\[  SKIPPED \] .*[^.]$' "$log" | sed "s/^/$(basename "$program"): /" || true
+  done
+  echo "$passed passed, $failed failed"
+  [ $failed = 0 ] && [ $passed -gt 0 ]
+}

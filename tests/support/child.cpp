@@ -9,6 +9,8 @@
 #ifdef _WIN32
 #include <fcntl.h>
 #include <io.h>
+#include <process.h>
+#include <windows.h>
 #else
 #include <sys/wait.h>
 #include <unistd.h>
@@ -29,7 +31,10 @@ std::string Quote(const std::string& text) {
 
 std::string ProgramPath(const std::string& name) {
 #ifdef _WIN32
-  return std::string(ZEPH_TEST_BIN) + "\\" + name + ".exe";
+  // The folder of this program: a configured path would be the cross-building system's.
+  char self[MAX_PATH];
+  const std::string path(self, GetModuleFileNameA(nullptr, self, MAX_PATH));
+  return path.substr(0, path.find_last_of('\\') + 1) + name + ".exe";
 #else
   return std::string(ZEPH_TEST_BIN) + "/" + name;
 #endif

@@ -154,7 +154,7 @@ inline const std::vector<Order>& Orders() {
       {"one NaN",
        [](std::size_t n, std::uint64_t seed) {
          auto v = Moderate(n, seed);
-         if (n) v[seed % n] = std::numeric_limits<double>::quiet_NaN();
+         if (n) v[static_cast<std::size_t>(seed % n)] = std::numeric_limits<double>::quiet_NaN();
          return v;
        }},
       {"sorted", [](std::size_t n, std::uint64_t) { return ramp(n); }},

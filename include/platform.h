@@ -68,8 +68,9 @@
 #endif
 
 // ZEPH_ADDED stands on inline members that we add for comfort: they belong to the caller's program
-// and are never exported.
-#if !defined(_WIN32) && (defined(__GNUC__) || defined(__clang__))
+// and are never exported. (A tool that tells them apart defines it first.)
+#if defined(ZEPH_ADDED)
+#elif !defined(_WIN32) && (defined(__GNUC__) || defined(__clang__))
 #define ZEPH_ADDED __attribute__((visibility("hidden")))
 #else
 #define ZEPH_ADDED

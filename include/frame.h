@@ -17,6 +17,7 @@ class ZEPH_API CZEPHDataStructureEngineApp : public CWinApp {
  public:
   /// A module object without a name.
   CZEPHDataStructureEngineApp();
+  ~CZEPHDataStructureEngineApp() override;
 };
 
 #endif  // ZEPH_FRAME_H

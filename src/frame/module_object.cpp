@@ -2,6 +2,7 @@
 #include "frame.h"
 
 CZEPHDataStructureEngineApp::CZEPHDataStructureEngineApp() : CWinApp(nullptr) {}
+CZEPHDataStructureEngineApp::~CZEPHDataStructureEngineApp() = default;
 
 namespace {
 

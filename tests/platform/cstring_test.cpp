@@ -1,0 +1,240 @@
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <type_traits>
+#include <utility>
+
+#include "platform.h"
+#include "support/allocation.h"
+
+namespace {
+
+std::string Text(const CString& s) {
+  return {s.GetString(), static_cast<std::size_t>(s.GetLength())};
+}
+
+constexpr const char* kNull = nullptr;
+
+}  // namespace
+
+TEST(String, StartsEmptyAndClosed) {
+  const CString s;
+  EXPECT_TRUE(s.IsEmpty());
+  EXPECT_EQ(s.GetLength(), 0);
+  EXPECT_STREQ(s.GetString(), "");
+}
+
+TEST(String, TakesNullForTheEmptyTextEverywhere) {
+  CString s(kNull);
+  EXPECT_TRUE(s.IsEmpty());
+  s = "abc";
+  s += kNull;
+  s.Append(nullptr, 3);
+  EXPECT_EQ(Text(s), "abc");
+  EXPECT_EQ(Text(s + kNull), "abc");
+  EXPECT_EQ(Text(kNull + s), "abc");
+  EXPECT_EQ(s.Find(kNull), -1);
+  EXPECT_TRUE(s > kNull && kNull < s && s != kNull && !(s == kNull));
+  s = kNull;
+  EXPECT_TRUE(s == kNull && kNull == s && s.IsEmpty());
+}
+
+TEST(String, CopiesDeepAndMoves) {
+  CString a("one");
+  CString b(a);
+  b += " two";
+  EXPECT_EQ(Text(a), "one");
+  EXPECT_EQ(Text(b), "one two");
+  CString c(std::move(b));
+  EXPECT_EQ(Text(c), "one two");
+  a = c;
+  c = "three";
+  EXPECT_EQ(Text(a), "one two");
+  a = std::move(c);
+  EXPECT_EQ(Text(a), "three");
+  EXPECT_TRUE(std::is_nothrow_move_constructible_v<CString>);
+}
+
+TEST(String, SurvivesAssignmentAndAppendingOfItselfAndOfItsOwnPieces) {
+  CString s("0123456789abcdef");
+  s = *&s;
+  EXPECT_EQ(Text(s), "0123456789abcdef");
+  s += s;
+  EXPECT_EQ(Text(s), "0123456789abcdef0123456789abcdef");
+  s = s.GetString() + 28;
+  EXPECT_EQ(Text(s), "cdef");
+  for (int i = 0; i < 5; ++i) s += s.GetString();
+  EXPECT_EQ(s.GetLength(), 128);
+  s.Append(s.GetString(), 128);
+  EXPECT_EQ(s.GetLength(), 256);
+  EXPECT_EQ(Text(s.Right(8)), "cdefcdef");
+}
+
+TEST(String, AppendsExactlyTheBytesAskedFor) {
+  CString s;
+  s.Append("abcdef", 3);
+  s.Append("x\0y", 3);
+  s.Append("zzz", 0);
+  s.Append("zzz", -4);
+  EXPECT_EQ(Text(s), std::string("abcx\0y", 6));
+  s += '\0';
+  EXPECT_EQ(s.GetLength(), 7);
+}
+
+TEST(String, JoinsTextsAndCharactersOnEitherSide) {
+  const CString s("mid");
+  EXPECT_EQ(Text(s + s), "midmid");
+  EXPECT_EQ(Text(s + "x"), "midx");
+  EXPECT_EQ(Text("x" + s), "xmid");
+  EXPECT_EQ(Text(s + '!'), "mid!");
+  EXPECT_EQ(Text('!' + s), "!mid");
+  EXPECT_EQ(Text("(" + s + ',' + s + ")"), "(mid,mid)");
+  EXPECT_EQ(Text(s), "mid");
+}
+
+TEST(String, ComparesByBytesWithTextsOnEitherSide) {
+  const CString a("abc"), b("abd"), ab("ab");
+  EXPECT_TRUE(a == a && a == "abc" && "abc" == a && a != b && a != "x" && "x" != a);
+  EXPECT_TRUE(a < b && a < "abd" && "abb" < a && ab < a);
+  EXPECT_TRUE(b > a && b > "abc" && "abe" > b && a > ab);
+  EXPECT_TRUE(a <= a && a <= "abc" && "abc" <= a && a >= a && a >= "abc" && "abc" >= a);
+  EXPECT_FALSE(a == b || a != a || a < a || a > a || b <= a || a >= b);
+  EXPECT_FALSE(a == "abd" || "abd" == a || a != "abc" || "abc" != a || a < "abc" || "abc" < a);
+  EXPECT_FALSE(a > "abc" || "abc" > a || b <= "abc" || "abd" <= a || a >= "abd" || "abc" >= b);
+  EXPECT_TRUE(CString("\xe9") > CString("z"));  // unsigned bytes
+  EXPECT_FALSE(CString(std::string_view("a\0b", 3)) == "a");
+}
+
+TEST(String, GivesCharactersUpToTheClosingZero) {
+  const CString s("abc");
+  EXPECT_EQ(s[0], 'a');
+  EXPECT_EQ(s.GetAt(2), 'c');
+  EXPECT_EQ(s[3], '\0');
+  EXPECT_EQ(s[std::size_t{1}], 'b');
+  EXPECT_EQ(s[1L], 'b');
+  EXPECT_THROW(s.GetAt(4), std::out_of_range);
+  EXPECT_THROW(s[-1], std::out_of_range);
+  EXPECT_THROW(s[SIZE_MAX], std::out_of_range);
+  EXPECT_THROW(s[-1LL], std::out_of_range);
+}
+
+TEST(String, CutsPiecesWithClampedBounds) {
+  const CString s("abcdef");
+  EXPECT_EQ(Text(s.Left(2)), "ab");
+  EXPECT_EQ(Text(s.Left(0)), "");
+  EXPECT_EQ(Text(s.Left(-5)), "");
+  EXPECT_EQ(Text(s.Left(INT_MAX)), "abcdef");
+  EXPECT_EQ(Text(s.Right(2)), "ef");
+  EXPECT_EQ(Text(s.Right(INT_MIN)), "");
+  EXPECT_EQ(Text(s.Right(INT_MAX)), "abcdef");
+  EXPECT_EQ(Text(s.Mid(2)), "cdef");
+  EXPECT_EQ(Text(s.Mid(INT_MIN)), "abcdef");
+  EXPECT_EQ(Text(s.Mid(6)), "");
+  EXPECT_EQ(Text(s.Mid(INT_MAX)), "");
+  EXPECT_EQ(Text(s.Mid(2, 2)), "cd");
+  EXPECT_EQ(Text(s.Mid(4, INT_MAX)), "ef");
+  EXPECT_EQ(Text(s.Mid(4, -1)), "");
+}
+
+TEST(String, FindsTextsAndCharactersFromAStart) {
+  const CString s("abcabc");
+  EXPECT_EQ(s.Find("ca"), 2);
+  EXPECT_EQ(s.Find("abc", 1), 3);
+  EXPECT_EQ(s.Find("abcd"), -1);
+  EXPECT_EQ(s.Find(""), 0);
+  EXPECT_EQ(s.Find("", 6), 6);
+  EXPECT_EQ(s.Find("", 7), -1);
+  EXPECT_EQ(s.Find("a", -1), -1);
+  EXPECT_EQ(s.Find('b'), 1);
+  EXPECT_EQ(s.Find('b', 2), 4);
+  EXPECT_EQ(s.Find('b', 5), -1);
+  EXPECT_EQ(s.Find('b', -1), -1);
+  EXPECT_EQ(s.Find('z'), -1);
+}
+
+TEST(String, FormatsTextsOfAnyLength) {
+  CString s("old");
+  s.Format("%d %s %.3f", 42, "text", 1.5);
+  EXPECT_EQ(Text(s), "42 text 1.500");
+  for (int length : {0, 1, 510, 511, 512, 513, 100000}) {
+    const std::string text(static_cast<std::size_t>(length), 'x');
+    s.Format("%s", text.c_str());
+    EXPECT_EQ(Text(s), text) << length;
+    s = "<";
+    s.AppendFormat("%s>", text.c_str());
+    EXPECT_EQ(Text(s), "<" + text + ">") << length;
+  }
+}
+
+TEST(String, FormatsItselfIntoItself) {
+  CString s("ab");
+  s.Format("%s-%s", s.GetString(), s.GetString());
+  EXPECT_EQ(Text(s), "ab-ab");
+  s.AppendFormat("[%s]", s.GetString());
+  EXPECT_EQ(Text(s), "ab-ab[ab-ab]");
+}
+
+TEST(String, AnEmptyOrNullFormatGivesTheEmptyText) {
+  CString s("old");
+  s.AppendFormat(kNull);
+  EXPECT_EQ(Text(s), "old");
+  s.Format("%s", "");
+  EXPECT_EQ(Text(s), "");
+  s = "old";
+  s.Format(kNull);
+  EXPECT_EQ(Text(s), "");
+}
+
+TEST(String, EmptyTakesTheTextAwayAndKeepsTheStorage) {
+  CString s(std::string(1000, 'x'));
+  const char* storage = s.GetString();
+  s.Empty();
+  EXPECT_TRUE(s.IsEmpty());
+  for (int i = 0; i < 1000; ++i) s += 'y';
+  EXPECT_EQ(s.GetString(), storage);
+}
+
+TEST(String, AppendingAllocatesRarely) {
+  if (!zeph::test::InterceptsLibraryAllocations()) GTEST_SKIP();
+  CString s;
+  const long before = zeph::test::AllocationCount();
+  for (int i = 0; i < 100000; ++i) s.AppendFormat("%d\r\n", i);
+  EXPECT_LT(zeph::test::AllocationCount() - before, 40);
+}
+
+TEST(String, KeepsItsTextWhenMemoryRunsOut) {
+  if (!zeph::test::InterceptsLibraryAllocations()) GTEST_SKIP();
+  const std::string longText(2000, 'x');
+  CString s("a text of more than fifteen characters");
+  const std::string old = Text(s);
+  {
+    zeph::test::FailAllocation failing(1, true);
+    EXPECT_THROW(s += longText.c_str(), std::bad_alloc);
+    EXPECT_THROW(s.Append(longText.c_str(), 2000), std::bad_alloc);
+    EXPECT_THROW(s.Format("%s", longText.c_str()), std::bad_alloc);
+    EXPECT_THROW(s.AppendFormat("%s", longText.c_str()), std::bad_alloc);
+    EXPECT_THROW(CString{s}, std::bad_alloc);
+  }
+  EXPECT_EQ(Text(s), old);
+}
+
+TEST(String, ConvertsFromStandardStringsAndViews) {
+  const std::string standard("abc\0d", 5);
+  CString s(standard);
+  EXPECT_EQ(s.GetLength(), 5);
+  s = standard;
+  EXPECT_EQ(Text(s), standard);
+  EXPECT_TRUE(s == standard);
+  EXPECT_EQ((s += standard).GetLength(), 10);
+  const CString implicit = standard;
+  EXPECT_EQ(Text(implicit), standard);
+  s = std::string_view("view");
+  EXPECT_EQ(Text(s), "view");
+  EXPECT_EQ(std::string(s), "view");
+  std::ostringstream out;
+  out << s;
+  EXPECT_EQ(out.str(), "view");
+}

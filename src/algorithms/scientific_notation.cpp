@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#include <cmath>
+
+#include "algorithms.h"
+#include "algorithms/power_of_ten.h"
+#include "platform/narrow.h"
+
+int ZEPH_MathGetScientificNotationBase(double value, char digits) {
+  const double x = std::log10(std::fabs(value));
+  const int e = zeph::platform::TruncateToInt(x < 0 ? std::floor(x) : std::ceil(x));
+  // Plain char has no sign on some processors; the count has one.
+  const int limit = static_cast<signed char>(digits) + 1;
+  if (e >= limit) return 1 - limit + e;
+  return e < 0 ? e : 0;
+}
+
+double ZEPH_MathGetScientificNotationValue(double value, int exponent) {
+  const double power = zeph::algorithms::PowerOfTen(exponent);
+  return exponent >= 0 ? value / power : value / (1.0 / power);
+}
+
+CString ZEPH_MathToScientificNotation(double value, int& exponent, double& mantissa, char digits,
+                                      char decimals) {
+  exponent = ZEPH_MathGetScientificNotationBase(value, digits);
+  mantissa = ZEPH_MathGetScientificNotationValue(value, exponent);
+  CString format;
+  format.Format("%%.%dlfxE%%d", static_cast<int>(static_cast<signed char>(decimals)));
+  CString text;
+  text.Format(format.GetString(), mantissa, exponent);
+  return text;
+}

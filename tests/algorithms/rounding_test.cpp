@@ -1,0 +1,90 @@
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cmath>
+#include <limits>
+
+#include "algorithms.h"
+#include "oracle/decimal.h"
+#include "support/bits.h"
+#include "support/numbers.h"
+
+using namespace zeph::test;
+
+namespace {
+const double kNaN = std::numeric_limits<double>::quiet_NaN();
+const double kInf = std::numeric_limits<double>::infinity();
+
+// Whole numbers, halves, their neighbours, the edges of int, and anything else.
+std::vector<double> Candidates() {
+  std::vector<double> values = Awkward(3000, 5);
+  for (const double base : {0.0, 1.0, 2.0, 3.0, 7.0, 100.0, 2147483647.0, 2147483648.0})
+    for (const double part : {0.0, 0.2, 0.4, 0.5, 0.6, 0.7})
+      for (const double sign : {1.0, -1.0}) {
+        const double x = sign * (base + part);
+        for (const double y : {x, std::nextafter(x, kInf), std::nextafter(x, -kInf)})
+          values.push_back(y);
+      }
+  for (const double x : Moderate(3000, 6)) values.push_back(x);
+  return values;
+}
+}  // namespace
+
+TEST(MathRoundOff, RoundsToDecimalsAndToTens) {
+  EXPECT_SAME_BITS(ZEPH_MathRoundOff(2.3456, 2), 2.35);
+  EXPECT_SAME_BITS(ZEPH_MathRoundOff(0.5, 0), 1.0);
+  EXPECT_SAME_BITS(ZEPH_MathRoundOff(1234, -2), 1200.0);
+}
+
+TEST(MathRoundOff, TruncatesNegativeValuesTowardZero) {
+  EXPECT_EQ(ZEPH_MathRoundOff(-2.6, 0), -2.0);
+  EXPECT_EQ(ZEPH_MathRoundOff(-2.4, 0), -1.0);
+}
+
+TEST(MathRoundOff, GivesTheMostNegativeIntBeyondInt) {
+  for (const double x : {kNaN, kInf, -kInf, 3e9, -3e9, 2147483647.5})
+    EXPECT_EQ(ZEPH_MathRoundOff(x, 0), -2147483648.0) << x;
+  EXPECT_EQ(ZEPH_MathRoundOff(2147483646.5, 0), 2147483647.0);
+  EXPECT_EQ(ZEPH_MathRoundOff(30000000.0, 2), -21474836.48);
+}
+
+TEST(MathRoundOff, MultipliesPowersOfTenInOneFixedOrder) {
+  // 1e-9 times an int shows the rounding of the power itself.
+  for (int places = -340; places <= 340; ++places)
+    for (const double x : {1.0, 1.5, 123456.0, 4.9e-320})
+      EXPECT_SAME_VALUE(ZEPH_MathRoundOff(x, places), oracle::RoundOff(x, places));
+  for (const int places : {INT_MIN, INT_MIN + 1, INT_MAX})
+    EXPECT_SAME_VALUE(ZEPH_MathRoundOff(1.0, places), oracle::RoundOff(1.0, places));
+}
+
+TEST(MathRoundOff, AgreesWithTheOracle) {
+  for (const double x : Candidates())
+    for (int places = -12; places <= 12; ++places)
+      EXPECT_SAME_VALUE(ZEPH_MathRoundOff(x, places), oracle::RoundOff(x, places));
+}
+
+TEST(RoundOffToInt, RoundsToTheNearestWithHalvesUpward) {
+  EXPECT_EQ(ZEPH_RoundOffToInt(2.5), 3);
+  EXPECT_EQ(ZEPH_RoundOffToInt(2.4), 2);
+  EXPECT_EQ(ZEPH_RoundOffToInt(-2.5), -2);
+  EXPECT_EQ(ZEPH_RoundOffToInt(-2.7), -3);
+  EXPECT_EQ(ZEPH_RoundOffToInt(-0.2), 0);
+  EXPECT_EQ(ZEPH_RoundOffToInt(-0.0), 0);
+}
+
+TEST(RoundOffToInt, TakesANegativeWholeNumberOneDown) {
+  EXPECT_EQ(ZEPH_RoundOffToInt(-2.0), -3);
+  EXPECT_EQ(ZEPH_RoundOffToInt(-1.0), -2);
+  EXPECT_EQ(ZEPH_RoundOffToInt(2.0), 2);
+}
+
+TEST(RoundOffToInt, GivesTheMostNegativeIntBeyondInt) {
+  for (const double x : {kNaN, kInf, -kInf, 1e300, -1e300, 2147483648.0, -2147483648.0})
+    EXPECT_EQ(ZEPH_RoundOffToInt(x), INT_MIN) << x;
+  EXPECT_EQ(ZEPH_RoundOffToInt(2147483647.0), INT_MAX);
+}
+
+TEST(RoundOffToInt, AgreesWithTheOracle) {
+  for (const double x : Candidates())
+    EXPECT_EQ(ZEPH_RoundOffToInt(x), oracle::RoundOffToInt(x)) << Show(x);
+}

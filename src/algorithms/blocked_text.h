@@ -39,7 +39,9 @@ class BlockedText {
   static void HandOn(FILE& f, std::string_view text) {
     std::fwrite(text.data(), 1, text.size(), &f);  // a stream keeps its own error flag
   }
-  static void HandOn(CString& out, std::string_view text) { out += CString(text); }
+  static void HandOn(CString& out, std::string_view text) {
+    out.Append(text.data(), static_cast<int>(text.size()));
+  }
 
   Sink& m_sink;
   std::size_t m_used = 0;

@@ -1,0 +1,61 @@
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <ctime>
+
+#include "algorithms.h"
+#include "support/bits.h"
+#include "support/random_source.h"
+
+using namespace zeph::test;
+
+TEST(MathRandom, IsTheRuntimesGeneratorInFifteenBits) {
+  const auto draws = DrawsAfterSeed(7, 1000);
+  for (const int n : {0, -5, INT_MIN}) {
+    std::srand(7);
+    for (const int draw : draws) EXPECT_EQ(ZEPH_MathRandom(n), draw);
+  }
+  for (const int n : {1, 2, 6, 32767, 32768, INT_MAX}) {
+    std::srand(7);
+    for (const int draw : draws) EXPECT_EQ(ZEPH_MathRandom(n), draw % n);
+  }
+}
+
+TEST(MathRandom, CoversTheWholeSpanOfFifteenBits) {
+  int lowest = 32767, highest = 0;
+  for (const int draw : DrawsAfterSeed(7, 20000)) {
+    lowest = std::min(lowest, draw);
+    highest = std::max(highest, draw);
+  }
+  EXPECT_LT(lowest, 100);
+  EXPECT_GT(highest, 32667);
+  EXPECT_LE(highest, 32767);
+}
+
+TEST(MathRandom, DrawsBetweenTwoBoundsInEitherOrder) {
+  const auto draws = DrawsAfterSeed(9, 1000);
+  const double bounds[][2] = {{2.0, 1.0}, {-1.0, 3.5}, {0.1, 0.7}, {-1e308, 1e308}};
+  for (const auto& [lo, hi] : bounds) {
+    std::srand(9);
+    for (const int draw : draws) {
+      const double span = hi - lo;
+      const double product = static_cast<double>(draw) * span;
+      const double quotient = product / 32767.0;
+      EXPECT_SAME_VALUE(ZEPH_MathRandom(lo, hi), quotient + lo);
+    }
+  }
+}
+
+TEST(MathRandomInit, SeedsWithTheTimeInSeconds) {
+  for (int attempt = 0; attempt < 10; ++attempt) {
+    const std::time_t before = std::time(nullptr);
+    ZEPH_MathRandomInit();
+    const int first = ZEPH_MathRandom(0), second = ZEPH_MathRandom(0);
+    if (std::time(nullptr) != before) continue;  // the second turned in between
+    const auto draws = DrawsAfterSeed(static_cast<unsigned>(before), 2);
+    EXPECT_EQ(first, draws[0]);
+    EXPECT_EQ(second, draws[1]);
+    return;
+  }
+  FAIL() << "no attempt stayed within a second";
+}

@@ -1,0 +1,24 @@
+// What is written to a FILE*.
+#ifndef ZEPH_TESTS_SUPPORT_STREAM_H
+#define ZEPH_TESTS_SUPPORT_STREAM_H
+
+#include <cstdio>
+#include <string>
+
+#include "support/child.h"
+
+namespace zeph::test {
+
+/// The bytes that `body(FILE*)` writes to a stream of its own, opened without translation.
+template <class Body>
+std::string Written(Body body) {
+  static const std::string path = TemporaryFile();
+  FILE* f = std::fopen(path.c_str(), "wb");
+  body(f);
+  std::fclose(f);
+  return ReadFile(path);
+}
+
+}  // namespace zeph::test
+
+#endif  // ZEPH_TESTS_SUPPORT_STREAM_H

@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+//
+// Quicksort whose partition has no branch on the data, with equal keys split off and runs found.
+#include <cmath>
+
+#include "kernels/sort_forms.h"
+
+namespace zeph::kernels::portable {
+namespace {
+
+constexpr std::size_t kSmall = 24;    // left to insertion
+constexpr std::size_t kNinther = 80;  // from here the pivot is a median of medians
+
+bool OrderIsUnique(const double* v, std::size_t n) {
+  // Sums of tests instead of branches, so that the compiler may go wide.
+  constexpr std::size_t kBlock = 512;
+  bool plus = false, minus = false;
+  for (std::size_t i = 0; i < n; i += kBlock) {
+    const std::size_t end = std::min(i + kBlock, n);
+    int nans = 0, zeros = 0;
+    for (std::size_t k = i; k < end; ++k) {
+      nans += v[k] != v[k];
+      zeros += v[k] == 0;
+    }
+    if (nans) return false;
+    for (std::size_t k = i; zeros && k < end; ++k)
+      if (v[k] == 0) (std::signbit(v[k]) ? minus : plus) = true;
+    if (plus && minus) return false;
+  }
+  return true;
+}
+
+template <class T>
+T MedianOf3(T a, T b, T c) {
+  return std::max(std::min(a, b), std::min(std::max(a, b), c));
+}
+
+template <class T>
+T Pivot(const T* v, std::size_t n) {
+  const std::size_t half = n / 2;
+  if (n < kNinther) return MedianOf3(v[0], v[half], v[n - 1]);
+  const std::size_t step = n / 8;
+  const auto around = [v, step](std::size_t at) {
+    return MedianOf3(v[at - step], v[at], v[at + step]);
+  };
+  return MedianOf3(around(step), around(half), around(n - 1 - step));
+}
+
+/// Moves what `belongs` to the front and returns how much that is. Each element travels through the
+/// gap that the one before it left: two moves and no branch.
+template <class T, class Belongs>
+std::size_t Partition(T* v, std::size_t n, Belongs belongs) {
+  const T first = v[0];
+  T* gap = v;
+  T* left = v;
+  for (T* right = v + 1; right < v + n; ++right) {
+    *gap = *left;
+    *left = *right;
+    gap = right;
+    left += belongs(*left);
+  }
+  *gap = *left;
+  *left = first;
+  return static_cast<std::size_t>(left - v) + belongs(first);
+}
+
+/// `floor`, where given, is not above any element: a pivot equal to it is the least value.
+template <class T>
+void QuickSort(T* v, std::size_t n, const T* floor, int depth) {
+  T held;
+  while (n > kSmall) {
+    if (depth-- == 0) return sorting::HeapSort(v, n);
+    const T pivot = Pivot(v, n);
+    if (floor && !(*floor < pivot)) {
+      const std::size_t equal = Partition(v, n, [pivot](T x) { return !(pivot < x); });
+      v += equal;
+      n -= equal;
+      continue;
+    }
+    const std::size_t less = Partition(v, n, [pivot](T x) { return x < pivot; });
+    if (less < n - less) {
+      QuickSort(v, less, floor, depth);
+      v += less;
+      n -= less;
+      held = pivot;
+      floor = &held;
+    } else {
+      QuickSort(v + less, n - less, &pivot, depth);
+      n = less;
+    }
+  }
+  sorting::InsertionSort(v, n);
+}
+
+template <class T>
+void Sort(T* v, std::size_t n) {
+  if (n < 2) return;
+  std::size_t i = 1;
+  if (v[1] < v[0]) {
+    while (i < n && !(v[i - 1] < v[i])) ++i;
+    if (i == n) return std::reverse(v, v + n);
+  } else {
+    while (i < n && !(v[i] < v[i - 1])) ++i;
+    if (i == n) return;
+  }
+  QuickSort<T>(v, n, nullptr, sorting::DepthLimit(n));
+}
+
+}  // namespace
+
+const SortForms kSort = {Level::kPortable, OrderIsUnique, Sort<double>, Sort<int>};
+
+}  // namespace zeph::kernels::portable

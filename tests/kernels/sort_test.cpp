@@ -1,0 +1,210 @@
+// SPDX-License-Identifier: MIT
+#include "kernels/sort.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "support/numbers.h"
+
+namespace zeph::kernels {
+namespace {
+
+using test::Random;
+
+constexpr double kInf = std::numeric_limits<double>::infinity();
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+/// Every form this machine can run, each named for the failure message.
+class SortKernel : public testing::TestWithParam<Level> {
+ protected:
+  const SortForms& forms() const { return SortForms::For(GetParam()); }
+
+  /// Sorts a copy that lies `skew` elements into a guarded block.
+  template <class T>
+  void Check(std::vector<T> v, std::size_t skew, const char* what) const {
+    constexpr std::size_t kGuard = 16;
+    const T guard = T(-77777);
+    std::vector<T> block(skew + kGuard, guard);
+    block.insert(block.end(), v.begin(), v.end());
+    block.insert(block.end(), kGuard, guard);
+    T* at = block.data() + skew + kGuard;
+    Sort(at, v.size());
+    std::sort(v.begin(), v.end());
+    for (std::size_t i = 0; i < v.size(); ++i)
+      ASSERT_TRUE(Same(at[i], v[i]))
+          << what << ", n = " << v.size() << ", skew " << skew << ", at " << i;
+    for (std::size_t i = 0; i < kGuard; ++i) {
+      ASSERT_EQ(at[-1 - static_cast<std::ptrdiff_t>(i)], guard) << what << ", n = " << v.size();
+      ASSERT_EQ(at[v.size() + i], guard) << what << ", n = " << v.size();
+    }
+  }
+
+ private:
+  static bool Same(int a, int b) { return a == b; }
+  static bool Same(double a, double b) { return test::SameBits(a, b); }
+  void Sort(double* v, std::size_t n) const { forms().sort_doubles(v, n); }
+  void Sort(int* v, std::size_t n) const { forms().sort_ints(v, n); }
+};
+
+INSTANTIATE_TEST_SUITE_P(Forms, SortKernel, testing::ValuesIn(RunnableLevels()),
+                         [](const auto& form) { return std::string(Name(form.param)); });
+
+/// Lengths around every size at which a form changes its ways.
+std::vector<std::size_t> AwkwardLengths() {
+  std::vector<std::size_t> lengths;
+  for (std::size_t n = 0; n <= 290; ++n) lengths.push_back(n);
+  for (std::size_t power = 512; power <= 16384; power *= 2)
+    for (std::size_t n : {power - 1, power, power + 1, power + 7, power + power / 3})
+      lengths.push_back(n);
+  return lengths;
+}
+
+/// Any value whose place is certain: no NaN and no negative zero.
+double OrderedValue(Random& random) {
+  const double x = test::AwkwardValue<double>(random);
+  return x != x || x == 0 ? 0.0 : x;
+}
+
+TEST_P(SortKernel, TableOfALevelIsItsOwnOrTheBestOneBelow) {
+  EXPECT_LE(forms().level, GetParam());
+  EXPECT_EQ(SortForms::For(Level::kPortable).level, Level::kPortable);
+}
+
+TEST_P(SortKernel, SortsEveryShortArrayOfFewValues) {
+  for (std::size_t n = 0; n <= 7; ++n)
+    test::ForEachArray<double>({-kInf, 1, 2, kInf}, n, [&](const std::vector<double>& v) {
+      if (!HasFatalFailure()) Check(v, 0, "exhaustive");
+    });
+}
+
+TEST_P(SortKernel, SortsAwkwardValuesAtEveryLengthAndAlignment) {
+  for (std::size_t n : AwkwardLengths())
+    for (std::size_t skew : {0, 1, 3}) {
+      Random random(n * 8 + skew);
+      std::vector<double> v(n);
+      for (double& x : v) x = OrderedValue(random);
+      ASSERT_NO_FATAL_FAILURE(Check(v, skew, "awkward"));
+      for (double& x : v) x = random.Real();
+      ASSERT_NO_FATAL_FAILURE(Check(v, skew, "random"));
+      for (double& x : v) x = -0.0;
+      ASSERT_NO_FATAL_FAILURE(Check(v, skew, "negative zeros"));
+    }
+}
+
+TEST_P(SortKernel, SortsIntsAtEveryLengthAndAlignment) {
+  constexpr int kLeast = std::numeric_limits<int>::min(), kMost = std::numeric_limits<int>::max();
+  for (std::size_t n : AwkwardLengths())
+    for (std::size_t skew : {0, 1, 3}) {
+      Random random(n * 8 + skew);
+      std::vector<int> v(n);
+      for (int& x : v) x = random.Int(kLeast, kMost);
+      if (n) v[n / 2] = kLeast, v[n / 3] = kMost;
+      ASSERT_NO_FATAL_FAILURE(Check(v, skew, "any"));
+      for (int& x : v) x = random.Int(-3, 3);
+      ASSERT_NO_FATAL_FAILURE(Check(v, skew, "few distinct"));
+    }
+}
+
+TEST_P(SortKernel, SortsEveryOrder) {
+  for (const test::Order& order : test::Orders())
+    for (std::size_t n : {31u, 200u, 1000u, 4097u, 100'000u}) {
+      std::vector<double> v = order.make(n, 5);
+      for (double& x : v)
+        if (x != x || x == 0) x = 0.0;
+      ASSERT_NO_FATAL_FAILURE(Check(v, 1, order.name));
+    }
+}
+
+TEST_P(SortKernel, SortsAnyNumberOfDistinctValues) {
+  for (int distinct : {1, 2, 3, 5, 8, 9, 16, 17, 33, 100, 1000})
+    for (std::size_t n : {100u, 1000u, 20'000u}) {
+      Random random(n);
+      std::vector<double> v(n);
+      for (double& x : v) x = random.Int(1, distinct) * 0.1;
+      ASSERT_NO_FATAL_FAILURE(Check(v, 1, "distinct"));
+      if (n > 1) v[n - 1] = 1e9, v[n / 2] = -1e9;
+      ASSERT_NO_FATAL_FAILURE(Check(v, 1, "distinct but for two"));
+    }
+}
+
+TEST_P(SortKernel, RunsInAlmostSortedOrderAreKeptRight) {
+  for (std::size_t n : {64u, 1000u, 5000u})
+    for (std::size_t at = 0; at < n; at += n / 13 + 1)
+      for (double x : {-1.0, 1e9}) {
+        std::vector<double> v(n);
+        for (std::size_t i = 0; i < n; ++i) v[i] = static_cast<double>(i);
+        v[at] = x;
+        ASSERT_NO_FATAL_FAILURE(Check(v, 0, "one out of place"));
+        std::reverse(v.begin(), v.end());
+        ASSERT_NO_FATAL_FAILURE(Check(v, 0, "one out of place, reversed"));
+      }
+}
+
+TEST_P(SortKernel, OrderIsUniqueWithoutNaNAndWithZerosOfOneSign) {
+  const auto unique = [&](const std::vector<double>& v) {
+    return forms().order_is_unique(v.data(), v.size());
+  };
+  for (std::size_t n = 0; n <= 130; ++n) {
+    std::vector<double> v(n, 1.0);
+    ASSERT_TRUE(unique(v));
+    for (std::size_t i = 0; i < n; ++i) {
+      for (double nan : {kNaN, -kNaN}) {
+        v[i] = nan;
+        ASSERT_FALSE(unique(v)) << n << " NaN at " << i;
+      }
+      for (double zero : {0.0, -0.0}) {
+        v[i] = zero;
+        ASSERT_TRUE(unique(v)) << n << " one zero at " << i;
+        for (std::size_t k = 0; k < i; k += 1 + i / 9) {
+          v[k] = -zero;
+          ASSERT_FALSE(unique(v)) << n << " zeros at " << i << " and " << k;
+          v[k] = zero;
+          ASSERT_TRUE(unique(v)) << n << " equal zeros at " << i << " and " << k;
+          v[k] = 1.0;
+        }
+      }
+      for (double x : {kInf, -kInf, std::numeric_limits<double>::denorm_min(), -1.0}) v[i] = x;
+      v[i] = 1.0;
+    }
+  }
+}
+
+TEST_P(SortKernel, OrderIsUniqueLooksAtEveryElementOfALongArray) {
+  std::vector<double> v(5000, -0.0);
+  for (std::size_t i = 0; i < v.size(); i += 97) {
+    v[i] = kNaN;
+    ASSERT_FALSE(forms().order_is_unique(v.data(), v.size())) << i;
+    v[i] = 0.0;
+    ASSERT_FALSE(forms().order_is_unique(v.data(), v.size())) << i;
+    v[i] = -0.0;
+  }
+  EXPECT_TRUE(forms().order_is_unique(v.data(), v.size()));
+}
+
+TEST_P(SortKernel, SortsLongInputsThatMisleadTheChoiceOfPivots) {
+  const std::size_t n = 200'000;
+  std::vector<double> v(n);
+  for (std::size_t i = 0; i < n; ++i) v[i] = static_cast<double>(i < n / 2 ? n - i : i);
+  ASSERT_NO_FATAL_FAILURE(Check(v, 0, "valley"));
+  v = test::MedianOfThreeKiller(n);
+  ASSERT_NO_FATAL_FAILURE(Check(v, 0, "killer"));
+}
+
+TEST(SortKernels, ForcedLevelIsTheOneThatRuns) {
+  const Level before = Active();
+  for (Level level : RunnableLevels()) {
+    ASSERT_TRUE(Force(level));
+    EXPECT_EQ(Active(), level);
+    std::vector<double> v = {3, 1, 2};
+    EXPECT_TRUE(OrderIsUnique(v.data(), v.size()));
+    SortAscending(v.data(), v.size());
+    EXPECT_EQ(v, (std::vector<double>{1, 2, 3}));
+  }
+  Force(before);
+}
+
+}  // namespace
+}  // namespace zeph::kernels

@@ -1,9 +1,352 @@
 // SPDX-License-Identifier: MIT
 //
-// double_array.h -- the dynamic array of doubles with its sorts, searches and norms.
+// double_array.h -- the dynamic array of doubles, CZEPHDoubleArray.
+//
+//   storage      constructors, Resize, operator=
+//   access       operator[], GetEntry, CheckBound, SetEntry, Reset, GetData, GetSize, Size
+//   arithmetic   += -= and the free + - * /, element by element; ZEPH_ArrayDotProduct
+//   text         << >> Display Trace
+//   sorts        BubbleSort, InsertionSort, ListInsertSort, ShellSort, QuickSort, recQuickSort
+//   their parts  MedianOf3, Partition, QuickPartition, ManualSort, Swap, CheckSorted
+//   searches     Find, BinarySearch, Remove, MergeSortedArray
+//   norms        OneNorm, TwoNorm, MaxNorm; Random
+//   additions    move construction, begin and end, more argument types (at the foot)
+//
+// Misuse that the interface calls fatal prints "@@@@( Error: ", a message and a line feed on
+// std::cout and ends the process with status 1. Everything else that is said to be unchecked is.
 #ifndef ZEPH_DOUBLE_ARRAY_H
 #define ZEPH_DOUBLE_ARRAY_H
 
+#include <cstddef>
+#include <iosfwd>
+#include <type_traits>
+
 #include "frame.h"
+
+/// A counted block of doubles with arithmetic, text in and out, sorts, searches and norms.
+///
+/// The array owns `data`; copies copy the elements. An array whose `data` is null (allocation
+/// failed, or nothing was asked for) counts as empty in every whole-array operation, whatever
+/// `size` says. One object is for one thread at a time; different objects are independent.
+///
+///     double v[] = {9, 7, 8};
+///     CZEPHDoubleArray a(3, v);
+///     a.QuickSort(3);               // 7 8 9
+///     int at;
+///     a.BinarySearch(8, at);        // 1, at == 1
+///     CZEPHDoubleArray b = 2 * a;   // 14 16 18
+class ZEPH_API CZEPHDoubleArray {
+ public:
+  // --- storage ---
+
+  /// No elements, no storage.
+  CZEPHDoubleArray();
+
+  /// `n` elements of value `v`.
+  ///
+  /// When memory runs out, or `n` is negative, the array has `size` == `n` and no storage; nothing
+  /// is thrown or printed. So do the other constructors.
+  CZEPHDoubleArray(int n, double v);
+
+  /// A copy of the `n` values at `src`, which is read only; null leaves the elements unspecified.
+  CZEPHDoubleArray(int n, double* src);
+
+  /// A copy of the elements; `sorted` starts at 0. Elements copied from an array without storage
+  /// are unspecified.
+  CZEPHDoubleArray(const CZEPHDoubleArray& other);
+
+  /// Releases the storage.
+  virtual ~CZEPHDoubleArray();
+
+  /// Changes the count to `n`; below 1 releases the storage.
+  ///
+  /// With `keep` non-zero the first min(size, n) elements stay; all others are unspecified. Always
+  /// moves to a new block; `sorted` stays as it is. When memory runs out the allocation operator's
+  /// exception passes to the caller and the array is unchanged.
+  void Resize(int n, int keep);
+
+  /// Copies the elements of `other` into this array and returns it; `sorted` stays as it is, except
+  /// that allocating clears it.
+  ///
+  /// Self-assignment does nothing. An array without storage or with `size` 0 allocates first (a
+  /// block held with `size` 0 is not released; when memory runs out nothing is copied). Otherwise
+  /// the sizes must agree: fatal, "Bad vector sizes:CZEPHDoubleArray::operator=()".
+  CZEPHDoubleArray& operator=(const CZEPHDoubleArray& other);
+
+  /// Prints "@@@@( Error: ", `message` and a line feed on `os` and ends the process with status 1.
+  [[noreturn]] static void ErrorMessage(char* message, std::ostream& os);
+
+  // --- access ---
+
+  /// Element `i`, unchecked: 0 <= i < size.
+  ZEPH_EMIT double& operator[](int i) { return data[i]; }
+  ZEPH_EMIT const double& operator[](int i) const { return data[i]; }
+
+  /// Element `i`, after CheckBound(i). GetEntry(size) passes the check and reads the slot behind
+  /// the last element, which the array need not own.
+  ZEPH_EMIT double GetEntry(int i) {
+    if (!data || i < 0 || i > size) CheckBound(i);
+    return data[i];
+  }
+
+  /// 1 when there is storage and 0 <= i <= size (one past the end passes); otherwise fatal,
+  /// "Vector check bound error!\n".
+  int CheckBound(int i);
+
+  /// Sets every element to `v`; takes no index despite its name.
+  void SetEntry(double v);
+
+  /// The same as SetEntry.
+  void Reset(double v);
+
+  /// The storage; null when there is none.
+  ZEPH_EMIT double* GetData() const { return data; }
+
+  /// The number of elements.
+  ZEPH_EMIT int GetSize() const { return size; }
+  /// The number of elements.
+  ZEPH_EMIT int Size() const { return size; }
+
+  // --- arithmetic ---
+
+  /// Adds `other`, element by element. Different sizes are fatal: "bad vector sizes". `sorted`
+  /// stays as it is.
+  CZEPHDoubleArray& operator+=(const CZEPHDoubleArray& other);
+
+  /// Subtracts `other`, element by element. Different sizes are fatal: "bad vtor sizes". `sorted`
+  /// stays as it is.
+  CZEPHDoubleArray& operator-=(const CZEPHDoubleArray& other);
+
+  // --- text ---
+
+  /// Writes each element and one blank; behind elements 10, 20, 30, ... (counted from 0) a line end
+  /// with flush, so the first line holds eleven elements and each later one ten. No final line end.
+  void Display(std::ostream& os);
+
+  /// Appends "{ ", each element by "%lf  " with "\r\n" behind elements 10, 20, 30, ..., and
+  /// "}\r\n".
+  ///
+  /// Only appends. The decimal point is that of the C locale in force.
+  void Display(CString& out);
+
+  /// The same for the elements `from` to `to`, both included and unchecked; the line ends follow
+  /// the count of printed elements, not the index. `from` > `to` prints none.
+  void Display(CString& out, int from, int to);
+
+  /// Does nothing.
+  void Trace(CString text);
+
+  // --- sorts ---
+  //
+  // All sort in place into ascending order by plain comparison of doubles, so 0.0 and -0.0 are
+  // equal and a NaN is neither above nor below anything. What equal values differ in, the sign of
+  // zero, makes stability visible. Unless said otherwise no memory is allocated.
+
+  /// Bubble sort with n - 2 passes; sets `sorted` to 1.
+  ///
+  /// One pass short: elements 0 and 1 end exchanged when the last element was strictly below all
+  /// others (3 2 1 gives 2 1 3), and up to two elements stay as they are. The flag is 1 all the
+  /// same. Stable: zeros of both signs keep their order. A NaN stays in its place and parts the
+  /// array: the elements between two NaNs are sorted among themselves. Costs O(n log n), the result
+  /// that of the O(n^2) exchanges.
+  void BubbleSort();
+
+  /// Insertion sort of the whole array; sets `sorted` to 1.
+  ///
+  /// A key moves in front of equal keys before it: zeros of both signs end in reverse order. A NaN
+  /// stays in its place and parts the array: the elements between two NaNs are sorted among
+  /// themselves. Costs O(n log n), the result that of insertion one by one.
+  void InsertionSort();
+
+  /// The same for the elements `left` to `right`, both included and unchecked; leaves `sorted` and
+  /// all other elements alone. `left` >= `right` does nothing.
+  void InsertionSort(int left, int right);
+
+  /// Insertion sort through a linked list (CZEPHLinkList); sets `sorted` to 1.
+  ///
+  /// Each value goes in front of the first one that it is not above: zeros of both signs end in
+  /// reverse order, and a NaN goes to the front, where it keeps all later values before it. Costs
+  /// O(n log n), the result that of insertion one by one; needs no nodes and leaves none behind.
+  void ListInsertSort();
+
+  /// Shell sort with the gaps n/2, n/4, ..., 1; sets `sorted` to 1.
+  ///
+  /// Not stable. Data without NaN and without zeros of both signs cost O(n log n), any other the
+  /// O(n^2) of the halving gaps at worst. With NaN the result is that of the exchanges: a NaN stops
+  /// the walk of a chain.
+  void ShellSort();
+
+  /// Quicksort by median of three, pieces of up to `cutoff` elements finished by another sort; sets
+  /// `sorted` to 1.
+  ///
+  /// The same as recQuickSort(0, size - 1, cutoff). A cut-off around 10 is the classic choice.
+  void QuickSort(int cutoff);
+
+  /// Quicksort of the elements `left` to `right`, both included and unchecked; leaves `sorted`
+  /// alone.
+  ///
+  /// While a piece has more than `cutoff` elements it is parted by MedianOf3 and QuickPartition;
+  /// the rest is finished by InsertionSort for `cutoff` > 3, else by ManualSort. A cut-off below 2
+  /// counts as 2. Not stable. Data without NaN and without zeros of both signs cost O(n log n); any
+  /// other costs that on average, O(n^2) at worst. The depth of recursion is at most log2(n).
+  void recQuickSort(int left, int right, int cutoff);
+
+  /// Puts elements `left`, (left + right) / 2 and `right` in ascending order, exchanges the middle
+  /// one with element `right` - 1 and returns it.
+  double MedianOf3(int left, int right);
+
+  /// Parts the elements `left` to `right` around `pivot` (any value; at most the range is read) and
+  /// returns the first index of the part that is not below it. Hoare's partition with limits.
+  int Partition(int left, int right, double pivot);
+
+  /// Parts a piece laid out by MedianOf3, with `pivot` at `right` - 1, puts the pivot in its final
+  /// place and returns that index.
+  ///
+  /// Its scans have no limits: they rely on element `left` <= pivot and element `right` - 1.
+  int QuickPartition(int left, int right, double pivot);
+
+  /// Sorts a piece of up to three elements by compare and exchange; of a longer one only elements
+  /// `left`, `right` - 1 and `right` are looked at.
+  void ManualSort(int left, int right);
+
+  /// Exchanges elements `i` and `j`, unchecked.
+  void Swap(int i, int j);
+
+  /// Sets `sorted` to whether the array is in ascending order, and returns it.
+  ///
+  /// A descent at the very last pair still counts as sorted: 1 2 4 3 gives 1. A NaN is no descent.
+  int CheckSorted();
+
+  // --- searches ---
+
+  /// Index of the first element equal to `x`, scanning from 0, or -1 when none is.
+  ///
+  /// Equality is `==`: 0.0 finds -0.0, and a NaN finds nothing. Changes nothing.
+  int Find(double x);
+
+  /// 1 and the index of an element equal to `x`; 0 when none is.
+  ///
+  /// With `sorted` 0 it is Find, and a miss sets `index` to -1. Otherwise it halves: of several
+  /// equal elements it gives the one that halving meets first, and a miss leaves `index` as it was.
+  /// It trusts the flag: elements changed since the sort may not be found.
+  int BinarySearch(double x, int& index);
+
+  /// Removes the first element equal to `x`: 1, or 0 when none is.
+  ///
+  /// Later elements move down by one, `size` drops by 1, the block stays; `sorted` stays as it is.
+  int Remove(double x);
+
+  /// Merges the ascending blocks `a` (`na` values) and `b` (`nb` values) into `out`, which holds
+  /// `na` + `nb`; of equal values that of `b` comes first. Uses nothing of this array.
+  ///
+  /// Written front to back, one value at a time; nothing is checked.
+  void MergeSortedArray(double* const a, int na, double* const b, int nb, double* const out);
+
+  // --- norms and random fill ---
+
+  /// The sum of absolute values, added in index order; 0.0 when empty.
+  double OneNorm() const;
+
+  /// The square root of the sum of squares, added in index order without scaling; 0.0 when empty.
+  double TwoNorm() const;
+
+  /// The largest absolute value; 0.0 when empty.
+  ///
+  /// A NaN in element 0 is the result; NaNs elsewhere are passed over.
+  double MaxNorm() const;
+
+  /// Fills the array with pseudo-random whole numbers from 0 to 998; sets `sorted` to 0.
+  ///
+  /// Seeds the C runtime's generator, which the whole process shares, with the time in seconds on
+  /// every call: two calls within a second give the same numbers.
+  void Random();
+
+  int sorted;    ///< 1 when the elements are known to be in ascending order. BinarySearch reads it.
+  int size;      ///< The number of elements in use.
+  double* data;  ///< The storage, from `new[]`; null when there is none.
+
+ protected:
+  /// Sets `size` to `n`, then asks for a block of `n` doubles: 1, or 0 when memory runs out.
+  ///
+  /// On success `data` is the new block, uninitialised, and `sorted` is 0; a block held before is
+  /// not released. On failure `data` and `sorted` are unchanged. A negative count fails.
+  int AllocMemory(int n);
+
+  /// Releases the storage and sets `data` to null; `size` stays as it is.
+  void FreeMemory();
+
+  // --- additions ---
+ public:
+  /// As CZEPHDoubleArray(int, double); makes `CZEPHDoubleArray(3, 0)` compile.
+  ZEPH_ADDED CZEPHDoubleArray(int n, int v) : CZEPHDoubleArray(n, static_cast<double>(v)) {}
+
+  /// As CZEPHDoubleArray(int, double*), from a block of constants.
+  template <class T, std::enable_if_t<std::is_same_v<T, const double>, int> = 0>
+  ZEPH_ADDED CZEPHDoubleArray(int n, T* src) : CZEPHDoubleArray(n, const_cast<double*>(src)) {}
+
+  /// Takes over the elements of `other`, which is left empty; `sorted` starts at 0, as in a copy.
+  ZEPH_ADDED CZEPHDoubleArray(CZEPHDoubleArray&& other) noexcept
+      : sorted(0), size(other.size), data(other.data) {
+    if (data) {
+      other.size = 0;
+      other.data = nullptr;
+    } else {
+      AllocMemory(other.size);  // as the copy of an array without storage
+    }
+  }
+
+  /// The elements as an iterator range; empty without storage or with a count below 1.
+  ZEPH_ADDED double* begin() { return data; }
+  ZEPH_ADDED double* end() { return data && size > 0 ? data + size : data; }
+  ZEPH_ADDED const double* begin() const { return data; }
+  ZEPH_ADDED const double* end() const { return data && size > 0 ? data + size : data; }
+
+  /// As ErrorMessage(char*, std::ostream&), for literals.
+  template <std::size_t N>
+  [[noreturn]] ZEPH_ADDED static void ErrorMessage(const char (&message)[N], std::ostream& os) {
+    ErrorMessage(const_cast<char*>(message), os);
+  }
+};
+
+// --- arithmetic: results are new arrays with `sorted` 0 ------------------------------------------
+//
+// When memory for the result runs out, it has its size and no storage.
+
+/// The sums `a[i] + b[i]`. Different sizes are fatal: "bad vector sizes".
+ZEPH_API CZEPHDoubleArray operator+(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b);
+/// The differences `a[i] - b[i]`. Different sizes are fatal: "bad vtor sizes".
+ZEPH_API CZEPHDoubleArray operator-(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b);
+/// A copy of `a`.
+ZEPH_API CZEPHDoubleArray operator+(const CZEPHDoubleArray& a);
+/// The differences `0.0 - a[i]`; so 0.0 gives 0.0.
+ZEPH_API CZEPHDoubleArray operator-(const CZEPHDoubleArray& a);
+/// The products `a[i] * b[i]`, as many as `a` has; `b` must hold at least that many (unchecked).
+/// The dot product is ZEPH_ArrayDotProduct.
+ZEPH_API CZEPHDoubleArray operator*(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b);
+/// The products `s * a[i]`.
+ZEPH_API CZEPHDoubleArray operator*(double s, const CZEPHDoubleArray& a);
+/// The same as `s * a`.
+ZEPH_API CZEPHDoubleArray operator*(const CZEPHDoubleArray& a, double s);
+/// `(1.0 / s) * a`: multiplied by the reciprocal, not divided. `s` may be zero.
+ZEPH_API CZEPHDoubleArray operator/(const CZEPHDoubleArray& a, double s);
+
+/// The sum of `a[i] * b[i]` over the elements of `a`, added in index order; 0.0 when either is
+/// empty.
+///
+/// `b` must hold at least as many elements as `a`; that is unchecked.
+ZEPH_API double ZEPH_ArrayDotProduct(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b);
+
+// --- text ----------------------------------------------------------------------------------------
+
+/// Writes "Elements of the vector are: \n" and the elements: up to four on one line, two blanks
+/// behind each; five or more on a line each.
+ZEPH_API std::ostream& operator<<(std::ostream& os, const CZEPHDoubleArray& a);
+
+/// Reads a count and that many values into the storage that the array has.
+///
+/// Allocates nothing: the array must have storage for as many values as the stream announces, which
+/// is not checked. Without storage, or when a read fails, `size` becomes 0. `sorted` stays as it
+/// is.
+ZEPH_API std::istream& operator>>(std::istream& is, CZEPHDoubleArray& a);
 
 #endif  // ZEPH_DOUBLE_ARRAY_H

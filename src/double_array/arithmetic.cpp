@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <functional>
+#include <iostream>
+
+#include "double_array.h"
+#include "double_array/elements.h"
+#include "frame/fatal_report.h"
+#include "platform/allocation.h"
+#include "platform/exactness.h"
+
+namespace zeph::double_array {
+namespace {
+
+void RequireSameSize(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b, const char* message) {
+  if (a.size != b.size) frame::FatalReport(message, std::cout);
+}
+void RequireSameSizeToAdd(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
+  RequireSameSize(a, b, "bad vector sizes");
+}
+void RequireSameSizeToSubtract(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
+  RequireSameSize(a, b, "bad vtor sizes");
+}
+
+/// An array of `a.size` elements made by `fill(data, count)`, which is called if it has storage.
+/// One pass writes the result, instead of a copy that is then changed.
+template <class Fill>
+CZEPHDoubleArray Make(const CZEPHDoubleArray& a, Fill fill) {
+  CZEPHDoubleArray result;
+  result.size = a.size;
+  result.data = platform::TryNewArray<double>(a.size);
+  if (Count(result) > 0) fill(result.data, Count(result));
+  return result;
+}
+
+/// The result of `op(a[i], b[i])`; where one has no storage, `a` as it is copied.
+template <class Op>
+CZEPHDoubleArray Combine(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b, Op op) {
+  if (!a.data || !b.data) return a;
+  return Make(
+      a, [&](double* out, std::size_t n) { std::transform(a.data, a.data + n, b.data, out, op); });
+}
+
+}  // namespace
+}  // namespace zeph::double_array
+
+using zeph::double_array::Combine;
+using zeph::double_array::Count;
+using zeph::double_array::Make;
+using zeph::double_array::RequireSameSizeToAdd;
+using zeph::double_array::RequireSameSizeToSubtract;
+
+CZEPHDoubleArray& CZEPHDoubleArray::operator+=(const CZEPHDoubleArray& other) {
+  RequireSameSizeToAdd(*this, other);
+  if (data) std::transform(data, data + Count(other), other.data, data, std::plus<>());
+  return *this;
+}
+
+CZEPHDoubleArray& CZEPHDoubleArray::operator-=(const CZEPHDoubleArray& other) {
+  RequireSameSizeToSubtract(*this, other);
+  if (data) std::transform(data, data + Count(other), other.data, data, std::minus<>());
+  return *this;
+}
+
+CZEPHDoubleArray operator+(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
+  RequireSameSizeToAdd(a, b);
+  return Combine(a, b, std::plus<>());
+}
+
+CZEPHDoubleArray operator-(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
+  RequireSameSizeToSubtract(a, b);
+  return Combine(a, b, std::minus<>());
+}
+
+CZEPHDoubleArray operator+(const CZEPHDoubleArray& a) {
+  return a;
+}
+
+CZEPHDoubleArray operator-(const CZEPHDoubleArray& a) {
+  if (!a.data) return CZEPHDoubleArray(a.size, 0.0);
+  return Make(a, [&](double* out, std::size_t n) {
+    std::transform(a.data, a.data + n, out, [](double x) { return 0.0 - x; });
+  });
+}
+
+CZEPHDoubleArray operator*(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
+  return Combine(a, b, std::multiplies<>());
+}
+
+CZEPHDoubleArray operator*(double s, const CZEPHDoubleArray& a) {
+  if (!a.data) return a;
+  return Make(a, [&](double* out, std::size_t n) {
+    std::transform(a.data, a.data + n, out, [s](double x) { return s * x; });
+  });
+}
+
+CZEPHDoubleArray operator*(const CZEPHDoubleArray& a, double s) {
+  return s * a;
+}
+
+CZEPHDoubleArray operator/(const CZEPHDoubleArray& a, double s) {
+  const double r = 1.0 / s;
+  return r * a;
+}

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <cmath>
+
+#include "double_array.h"
+#include "double_array/elements.h"
+#include "platform/exactness.h"
+
+namespace zeph::double_array {
+namespace {
+
+/// term(0) + term(1) + ..., added in that order, starting from the first; 0.0 when there is none.
+template <class Term>
+double SumInOrder(std::size_t n, Term term) {
+  if (n == 0) return 0.0;
+  double sum = term(0);
+  for (std::size_t i = 1; i < n; ++i) sum += term(i);
+  return sum;
+}
+
+}  // namespace
+}  // namespace zeph::double_array
+
+using zeph::double_array::Count;
+using zeph::double_array::SumInOrder;
+
+double CZEPHDoubleArray::OneNorm() const {
+  return SumInOrder(Count(*this), [this](std::size_t i) { return std::fabs(data[i]); });
+}
+
+double CZEPHDoubleArray::TwoNorm() const {
+  return std::sqrt(SumInOrder(Count(*this), [this](std::size_t i) { return data[i] * data[i]; }));
+}
+
+double CZEPHDoubleArray::MaxNorm() const {
+  const std::size_t n = Count(*this);
+  double largest = n > 0 ? std::fabs(data[0]) : 0.0;
+  for (std::size_t i = 1; i < n; ++i)
+    if (std::fabs(data[i]) > largest) largest = std::fabs(data[i]);
+  return largest;
+}
+
+double ZEPH_ArrayDotProduct(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
+  const std::size_t n = b.data ? Count(a) : 0;
+  return SumInOrder(n, [&](std::size_t i) { return a.data[i] * b.data[i]; });
+}

@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: MIT
+#include "double_array.h"
+#include "double_array/elements.h"
+#include "platform/random.h"
+
+void CZEPHDoubleArray::Random() {
+  zeph::platform::SeedRandomFromTime();
+  const std::size_t n = zeph::double_array::Count(*this);
+  for (std::size_t i = 0; i < n; ++i) data[i] = zeph::platform::NextRandom() % 999;
+  sorted = 0;
+}

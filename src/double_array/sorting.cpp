@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include "double_array/sorting.h"
+
+#include <algorithm>
+
+#include "double_array/unique_order.h"
+
+namespace zeph::double_array {
+namespace {
+
+/// Sorts a run with zeros of both signs and no NaN. Only zeros are equal without being the same, so
+/// they are taken aside in their order and put back behind the sorted negatives.
+void SortAroundZeros(double* v, std::size_t n, Equals equals) {
+  double* const end = v + n;
+  double* zeros = end;
+  for (double* p = end; p != v;) {
+    --p;
+    if (*p == 0) std::swap(*p, *--zeros);  // all between p and the zeros found is non-zero
+  }
+  if (equals == Equals::kReversed) std::reverse(zeros, end);
+  SortAscending(v, static_cast<std::size_t>(zeros - v));
+  std::rotate(std::lower_bound(v, zeros, 0.0), zeros, end);
+}
+
+}  // namespace
+
+bool SortIfOrderIsUnique(double* v, std::size_t n) {
+  if (!OrderIsUnique(v, n)) return false;
+  SortAscending(v, n);
+  return true;
+}
+
+void SortRuns(double* v, std::size_t n, Equals equals) {
+  double* const end = v + n;
+  for (double* run = v; run < end; ++run) {
+    double* const nan = std::find_if(run, end, [](double x) { return x != x; });
+    const auto length = static_cast<std::size_t>(nan - run);
+    if (!SortIfOrderIsUnique(run, length)) SortAroundZeros(run, length, equals);
+    run = nan;
+  }
+}
+
+}  // namespace zeph::double_array

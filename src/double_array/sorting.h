@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+//
+// What the sorts share. Each classic keeps its documented walk for small arrays; the outcome of
+// larger ones is known without it, and these give it.
+#ifndef ZEPH_SRC_DOUBLE_ARRAY_SORTING_H
+#define ZEPH_SRC_DOUBLE_ARRAY_SORTING_H
+
+#include <cstddef>
+
+namespace zeph::double_array {
+
+/// Up to this count a walk beats the scan and the set-up of the shortcuts.
+constexpr std::size_t kSmall = 16;
+
+/// Sorts `v` and gives true if its ascending order is unique to the bit (no NaN, not zeros of both
+/// signs); otherwise leaves it as it is.
+bool SortIfOrderIsUnique(double* v, std::size_t n);
+
+/// What becomes of the order of equal values, which differ in the sign of zero only.
+enum class Equals { kKept, kReversed };
+
+/// Leaves every NaN in its place and sorts the runs between them, each for itself.
+void SortRuns(double* v, std::size_t n, Equals equals);
+
+/// Insertion sort with the equal values reversed, as in CZEPHDoubleArray::InsertionSort.
+void InsertionSort(double* v, std::size_t n);
+
+}  // namespace zeph::double_array
+
+#endif  // ZEPH_SRC_DOUBLE_ARRAY_SORTING_H

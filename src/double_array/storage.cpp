@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <iostream>
+
+#include "double_array.h"
+#include "double_array/elements.h"
+#include "frame/fatal_report.h"
+#include "platform/allocation.h"
+
+using zeph::double_array::Count;
+
+CZEPHDoubleArray::CZEPHDoubleArray() : sorted(0), size(0), data(nullptr) {}
+
+CZEPHDoubleArray::CZEPHDoubleArray(int n, double v) : CZEPHDoubleArray() {
+  AllocMemory(n);
+  SetEntry(v);
+}
+
+CZEPHDoubleArray::CZEPHDoubleArray(int n, double* src) : CZEPHDoubleArray() {
+  AllocMemory(n);
+  if (src) std::copy_n(src, Count(*this), data);
+}
+
+CZEPHDoubleArray::CZEPHDoubleArray(const CZEPHDoubleArray& other)
+    : CZEPHDoubleArray(other.size, other.data) {}
+
+CZEPHDoubleArray::~CZEPHDoubleArray() {
+  FreeMemory();
+}
+
+int CZEPHDoubleArray::AllocMemory(int n) {
+  size = n;
+  auto* block = zeph::platform::TryNewArray<double>(n);
+  if (!block) return 0;
+  data = block;
+  sorted = 0;
+  return 1;
+}
+
+void CZEPHDoubleArray::FreeMemory() {
+  delete[] data;
+  data = nullptr;
+}
+
+void CZEPHDoubleArray::Resize(int n, int keep) {
+  double* block = nullptr;
+  if (n >= 1) {
+    block = zeph::platform::NewArray<double>(n);
+    if (keep) std::copy_n(data, std::min(Count(*this), static_cast<std::size_t>(n)), block);
+  }
+  FreeMemory();
+  size = std::max(n, 0);
+  data = block;
+}
+
+CZEPHDoubleArray& CZEPHDoubleArray::operator=(const CZEPHDoubleArray& other) {
+  if (this == &other) return *this;
+  const bool holds = data && size != 0;
+  if (holds && size != other.size)
+    zeph::frame::FatalReport("Bad vector sizes:CZEPHDoubleArray::operator=()", std::cout);
+  // A failed allocation may leave a block too small for the size that it has set.
+  const bool ready = holds || AllocMemory(other.size);
+  if (ready && other.data) std::copy_n(other.data, Count(*this), data);
+  return *this;
+}
+
+void CZEPHDoubleArray::ErrorMessage(char* message, std::ostream& os) {
+  zeph::frame::FatalReport(message, os);
+}
+
+int CZEPHDoubleArray::CheckBound(int i) {
+  if (!data || i < 0 || i > size)
+    zeph::frame::FatalReport("Vector check bound error!\n", std::cout);
+  return 1;
+}
+
+void CZEPHDoubleArray::SetEntry(double v) {
+  std::fill_n(data, Count(*this), v);
+}
+
+void CZEPHDoubleArray::Reset(double v) {
+  SetEntry(v);
+}

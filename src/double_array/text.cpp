@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include <cstdio>
+#include <istream>
+#include <ostream>
+
+#include "double_array.h"
+#include "double_array/elements.h"
+
+namespace zeph::double_array {
+namespace {
+
+/// Whether a line of a display ends behind the element counted `k`: the first line has eleven.
+bool EndsLine(int k) {
+  return k != 0 && k % 10 == 0;
+}
+
+/// Appends `count` elements in braces.
+void AppendListing(CString& out, const double* first, int count) {
+  out += "{ ";
+  for (int k = 0; k < count; ++k) {
+    char field[384];  // the longest "%lf" has 309 digits before the point
+    std::snprintf(field, sizeof field, EndsLine(k) ? "%lf  \r\n" : "%lf  ", first[k]);
+    out += field;
+  }
+  out += "}\r\n";
+}
+
+}  // namespace
+}  // namespace zeph::double_array
+
+using zeph::double_array::AppendListing;
+using zeph::double_array::Count;
+
+void CZEPHDoubleArray::Display(std::ostream& os) {
+  const int count = static_cast<int>(Count(*this));
+  for (int i = 0; i < count; ++i) {
+    os << data[i] << " ";
+    if (zeph::double_array::EndsLine(i)) os << std::endl;
+  }
+}
+
+void CZEPHDoubleArray::Display(CString& out) {
+  AppendListing(out, data, static_cast<int>(Count(*this)));
+}
+
+void CZEPHDoubleArray::Display(CString& out, int from, int to) {
+  const bool any = data && from <= to;
+  AppendListing(out, any ? data + from : data, any ? to - from + 1 : 0);
+}
+
+void CZEPHDoubleArray::Trace(CString) {}
+
+std::ostream& operator<<(std::ostream& os, const CZEPHDoubleArray& a) {
+  const int count = static_cast<int>(Count(a));
+  const bool onOneLine = count < 5;
+  os << "Elements of the vector are: \n";
+  for (int i = 0; i < count; ++i) os << a.data[i] << (onOneLine ? "  " : "\n");
+  if (onOneLine && count > 0) os << "\n";
+  return os;
+}
+
+std::istream& operator>>(std::istream& is, CZEPHDoubleArray& a) {
+  is >> a.size;
+  if (is.fail() || (!a.data && a.size > 0)) a.size = 0;
+  for (int i = 0; i < a.size; ++i) {
+    is >> a.data[i];
+    if (is.fail()) a.size = 0;
+  }
+  return is;
+}

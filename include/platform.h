@@ -61,10 +61,12 @@
 
 // ZEPH_EMIT stands on documented inline members: while the library itself is built they are emitted
 // as if used, so that every documented name is exported.
-#if defined(ZEPH_BUILDING) && (defined(__GNUC__) || defined(__clang__))
-#define ZEPH_EMIT __attribute__((used))
-#else
+#if !defined(ZEPH_BUILDING) || !(defined(__GNUC__) || defined(__clang__))
 #define ZEPH_EMIT
+#elif defined(_WIN32)
+#define ZEPH_EMIT __attribute__((used))
+#else  // -fvisibility-inlines-hidden would hide them, whatever their class says
+#define ZEPH_EMIT __attribute__((used, visibility("default")))
 #endif
 
 // ZEPH_ADDED stands on inline members that we add for comfort: they belong to the caller's program

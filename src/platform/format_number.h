@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+//
+// Numbers as printf writes them, to the byte, at a fraction of its cost.
+#ifndef ZEPH_SRC_PLATFORM_FORMAT_NUMBER_H
+#define ZEPH_SRC_PLATFORM_FORMAT_NUMBER_H
+
+#include <cstddef>
+
+namespace zeph::platform {
+
+/// What the C runtime and the caller's locale decide about the texts of numbers.
+struct NumberConventions {
+  bool exact;          // printf rounds as the exact conversion does: to nearest, ties to even
+  int exponentDigits;  // fewest digits of an exponent, 2 or 3
+  const char* point;   // the decimal point, a string as in `localeconv`
+
+  /// As they stand for this call: the runtime is asked once per process, the locale and the
+  /// rounding direction every time.
+  static NumberConventions Current();
+};
+
+/// One conversion of a double, such as "%-5.4le", ready for many values of one call.
+///
+/// The bytes are those of printf. Digits come from the standard library's exact conversion; where
+/// the runtime does not round so, and for infinities and NaN, printf itself is used. Allocates
+/// nothing.
+class RealFormat {
+ public:
+  enum class Notation { kFixed, kScientific };
+
+  /// Characters that the longest text needs, its closing zero included.
+  static constexpr std::size_t kRoom = 384;
+  static constexpr int kMostDecimals = 32;
+
+  /// `conversion` is the printf conversion, kept by pointer; `notation` and `decimals` say the same
+  /// (1 .. kMostDecimals). A width may stand in it that every finite text fills.
+  RealFormat(const char* conversion, Notation notation, int decimals,
+             const NumberConventions& conventions = NumberConventions::Current());
+
+  /// Writes the text of `x` at `out` (kRoom characters) and gives its end; no closing zero.
+  char* Write(char* out, double x) const;
+
+ private:
+  char* WriteExactly(char* out, double x) const;
+  char* InsertPoint(char* text, char* end) const;
+
+  const char* conversion_;
+  Notation notation_;
+  int decimals_;
+  NumberConventions conventions_;
+  std::size_t pointSize_;
+  bool fullStop_;
+};
+
+/// Characters that WriteInt needs.
+constexpr std::size_t kIntRoom = 16;
+
+/// Writes `value` in decimal, left-aligned in at least `width` (0 .. kIntRoom) characters, as "%-d"
+/// and "%-5d" do; gives the end.
+char* WriteInt(char* out, int value, int width = 0);
+
+}  // namespace zeph::platform
+
+#endif  // ZEPH_SRC_PLATFORM_FORMAT_NUMBER_H

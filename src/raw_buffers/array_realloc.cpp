@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <type_traits>
+
+#include "platform/allocation.h"
+#include "platform/wrap.h"
+#include "raw_buffers.h"
+
+namespace zeph::raw_buffers {
+namespace {
+
+/// The one difference within the family, kept on purpose: what the sizes handed to
+/// ZEPH_ArrayRealloc mean for the copy.
+enum class Sizes { kCounts, kHighestIndices };
+template <class T>
+constexpr Sizes kReallocSizes = std::is_same_v<T, int> ? Sizes::kCounts : Sizes::kHighestIndices;
+
+/// Elements copied between blocks of the given sizes, never more than the new block has: newN + 1.
+template <class T>
+constexpr int CopiedByRealloc(int oldN, int newN) {
+  const int smaller = std::max(std::min(oldN, newN), -1);
+  return kReallocSizes<T> == Sizes::kCounts ? std::max(smaller, 0) : platform::WrapAdd(smaller, 1);
+}
+
+/// A new block of `count` elements: `kept` from `old`, the rest zero. `old` is released, but stays
+/// when memory runs out.
+template <class T>
+T* Replace(T* old, int kept, int count) {
+  T* fresh = platform::TryNewArray<T>(count);
+  if (!fresh) return nullptr;
+  const std::size_t keptBytes = old ? static_cast<std::size_t>(kept) * sizeof(T) : 0;
+  auto* bytes = reinterpret_cast<unsigned char*>(fresh);
+  if (keptBytes > 0) std::memcpy(bytes, static_cast<const void*>(old), keptBytes);
+  std::memset(bytes + keptBytes, 0, static_cast<std::size_t>(count) * sizeof(T) - keptBytes);
+  delete[] old;
+  return fresh;
+}
+
+template <class T>
+T* Realloc(T* old, int oldN, int newN) {
+  return Replace(old, CopiedByRealloc<T>(oldN, newN), platform::WrapAdd(newN, 1));
+}
+
+template <class T>
+T* Resize(T* old, int oldCount, int newCount) {
+  if (newCount < oldCount) return nullptr;
+  return Replace(old, std::max(oldCount, 0), newCount);
+}
+
+}  // namespace
+}  // namespace zeph::raw_buffers
+
+#define ZEPH_DEFINE(T)                                         \
+  T* ZEPH_ArrayRealloc(T* old, int oldN, int newN, char*) {    \
+    return zeph::raw_buffers::Realloc(old, oldN, newN);        \
+  }                                                            \
+  T* ZEPH_ArrayResize(T* old, int oldCount, int newCount) {    \
+    return zeph::raw_buffers::Resize(old, oldCount, newCount); \
+  }
+ZEPH_DEFINE(int)
+ZEPH_DEFINE(ZEPH_Long)
+ZEPH_DEFINE(float)
+ZEPH_DEFINE(double)
+#undef ZEPH_DEFINE

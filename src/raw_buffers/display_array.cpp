@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+
+#include "platform/block_writer.h"
+#include "platform/format_number.h"
+#include "raw_buffers.h"
+
+namespace zeph::raw_buffers {
+namespace {
+
+using platform::BlockWriter;
+using platform::RealFormat;
+using platform::StreamSink;
+using platform::StringSink;
+
+/// Blanks after an item, by destination: they differ on purpose.
+template <class T>
+struct Trailing;
+template <>
+struct Trailing<int> {
+  static constexpr int kString = 3, kStandardOutput = 2, kStream = 2;
+};
+template <>
+struct Trailing<double> {
+  static constexpr int kString = 4, kStandardOutput = 2, kStream = 3;
+};
+
+/// The value's conversion: "%-5d" or "%-5.4le".
+template <class T>
+struct ValueFormat;
+template <>
+struct ValueFormat<int> {
+  template <class Writer>
+  void Write(Writer& writer, int value) const {
+    writer.Int(value, 5);
+  }
+};
+template <>
+struct ValueFormat<double> {
+  RealFormat format{"%-5.4le", RealFormat::Notation::kScientific, 4};
+  template <class Writer>
+  void Write(Writer& writer, double value) const {
+    writer.Real(format, value);
+  }
+};
+
+struct Layout {
+  int blanks;
+  const char* lineEnd;
+};
+
+/// A line ends after index 5, 10, ... and -5, -10, ...: the index counts, not the items on the
+/// line.
+bool EndsLine(std::int64_t i) {
+  return i != 0 && i % 5 == 0;
+}
+
+/// Items "label[index]=value" for lo..hi, and the line end that closes every listing. (64-bit
+/// indices: `hi` may be the last int.)
+template <class Sink, class T>
+void List(Sink sink, const T* a, std::int64_t lo, std::int64_t hi, const char* name,
+          Layout layout) {
+  const char* label = platform::TextOrNull(name);
+  const std::size_t labelSize = std::strlen(label);
+  const ValueFormat<T> value;
+  BlockWriter<Sink> writer(sink);
+  for (std::int64_t i = lo; i <= hi; ++i) {
+    writer.Text(label, labelSize);
+    writer.Text("[", 1);
+    writer.Int(static_cast<int>(i));
+    writer.Text("]=", 2);
+    value.Write(writer, a[i]);
+    writer.Blanks(layout.blanks);
+    if (EndsLine(i)) writer.Text(layout.lineEnd);
+  }
+  writer.Text(layout.lineEnd);
+  writer.Flush();
+}
+
+template <class T>
+void ListToStream(std::FILE* stream, const T* a, std::int64_t lo, std::int64_t hi,
+                  const char* name) {
+  List(StreamSink{stream}, a, lo, hi, name, {Trailing<T>::kStream, "\n"});
+}
+
+template <class T>
+void ListToStandardOutput(const T* a, std::int64_t lo, std::int64_t hi, const char* name) {
+  List(StreamSink{stdout}, a, lo, hi, name, {Trailing<T>::kStandardOutput, "\n"});
+}
+
+/// Through a string of its own, so that the label may lie inside `out` and a failing growth leaves
+/// `out` as it was.
+template <class T>
+void ListToString(CString& out, const T* a, std::int64_t lo, std::int64_t hi, const char* name) {
+  CString text;
+  List(StringSink{text}, a, lo, hi, name, {Trailing<T>::kString, "\r\n"});
+  out += text;
+}
+
+/// The highest index of a count form, whatever the count.
+std::int64_t Last(int n) {
+  return std::int64_t{n} - 1;
+}
+
+}  // namespace
+}  // namespace zeph::raw_buffers
+
+namespace rb = zeph::raw_buffers;
+
+#define ZEPH_DEFINE(T)                                                     \
+  void ZEPH_ArrayDisplay(CString& out, T* a, int lo, int hi, char* name) { \
+    rb::ListToString(out, a, lo, hi, name);                                \
+  }                                                                        \
+  void ZEPH_ArrayDisplay(CString& out, T* a, int n, char* name) {          \
+    rb::ListToString(out, a, 0, rb::Last(n), name);                        \
+  }                                                                        \
+  void ZEPH_ArrayDisplay(T* a, int lo, int hi, char* name) {               \
+    rb::ListToStandardOutput(a, lo, hi, name);                             \
+  }                                                                        \
+  void ZEPH_ArrayDisplay(FILE* stream, T* a, int lo, int hi, char* name) { \
+    rb::ListToStream(stream, a, lo, hi, name);                             \
+  }                                                                        \
+  void ZEPH_ArrayDisplay(FILE* stream, T* a, int n, char* name) {          \
+    rb::ListToStream(stream, a, 0, rb::Last(n), name);                     \
+  }
+ZEPH_DEFINE(int)
+ZEPH_DEFINE(double)
+#undef ZEPH_DEFINE
+
+// The count form to the standard output exists for ints only.
+void ZEPH_ArrayDisplay(int* a, int n, char* name) {
+  rb::ListToStandardOutput(a, 0, rb::Last(n), name);
+}

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include <cstddef>
+
+#include "platform/exactness.h"
+#include "raw_buffers.h"
+#include "raw_buffers/overlap.h"
+
+namespace zeph::raw_buffers {
+namespace {
+
+// The additive routine assigns out[i][j] = b[k][j] + a[i][k] for every k, so the last k decides:
+// within a cell's walk over k nothing but the cell itself is written, hence where neither operand
+// of the last step is the cell, both hold what they held before the walk, and one step gives the
+// cell. Where the last step reads the cell, the step before it matters, and so on back to the first
+// step that does not; from there the walk runs forward as documented.
+
+struct Operands {
+  const double* a;   // row i of a
+  double* const* b;  // all rows of b
+  int count;         // steps: columns of a, rows of b
+};
+
+double Step(const Operands& in, int k, int j) {
+  return in.b[k][j] + in.a[k];
+}
+
+bool Reads(const Operands& in, int k, int j, const double* cell) {
+  return in.a + k == cell || in.b[k] + j == cell;
+}
+
+void AssignCell(const Operands& in, int j, double* cell) {
+  int k = in.count - 1;
+  while (k > 0 && Reads(in, k, j, cell)) --k;
+  for (; k < in.count; ++k) *cell = Step(in, k, j);
+}
+
+/// out[j] = b[j] + x for rows that share nothing.
+void AddScalar(const double* __restrict b, double x, double* __restrict out, int count) {
+  for (int j = 0; j < count; ++j) out[j] = b[j] + x;
+}
+
+void AssignRow(const Operands& in, double* out, int cols) {
+  const auto width = static_cast<std::size_t>(cols);
+  const double* lastA = in.a + (in.count - 1);
+  const double* lastB = in.b[in.count - 1];
+  if (!Overlap(out, width, lastA, 1) && !Overlap(out, width, lastB, width))
+    return AddScalar(lastB, *lastA, out, cols);
+  for (int j = 0; j < cols; ++j) AssignCell(in, j, out + j);
+}
+
+constexpr int k3 = 3;
+
+/// As AssignRow for one row of the 3x3 routine, whose walk runs over j inside k: all of the row's
+/// cells change between two steps of one of them, so any overlap takes the whole walk.
+void AssignRow3(const double* a, const double (*b)[k3], double* out) {
+  const bool apart = !Overlap(out, k3, a + (k3 - 1), 1) && !Overlap(out, k3, b[k3 - 1], k3);
+  for (int k = apart ? k3 - 1 : 0; k < k3; ++k)
+    for (int j = 0; j < k3; ++j) out[j] = b[k][j] + a[k];
+}
+
+}  // namespace
+}  // namespace zeph::raw_buffers
+
+void ZEPH_MatrixMult(int rowsA, int colsA, double** a, int rowsB, int colsB, double** b,
+                     double** out) {
+  if (colsA != rowsB || !a || !b || !out) return;
+  if (colsA < 1 || colsB < 1) return;
+  for (int i = 0; i < rowsA; ++i) zeph::raw_buffers::AssignRow({a[i], b, colsA}, out[i], colsB);
+}
+
+void ZEPH_MatrixMult3(double a[3][3], double b[3][3], double out[3][3]) {
+  for (int i = 0; i < zeph::raw_buffers::k3; ++i) zeph::raw_buffers::AssignRow3(a[i], b, out[i]);
+}

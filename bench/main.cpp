@@ -21,7 +21,7 @@ const char kUsage[] =
     "                  [--write FOLDER]\n"
     "  --filter TEXT    only rows whose label family/case/n contains TEXT\n"
     "  --list           print the labels and stop\n"
-    "  --rounds N       at least N rounds a row (7)\n"
+    "  --rounds N       N repetitions of each contender (7)\n"
     "  --seconds S      about S seconds a row (0.4)\n"
     "  --kernels LEVEL  portable, avx2 or avx512 (needs the static library)\n"
     "  --write FOLDER   also write FOLDER/performance.md and its plots\n"
@@ -67,7 +67,7 @@ int main(int argc, char** argv) {
     if (option == "--filter")
       plan.filter = argv[i];
     else if (option == "--rounds")
-      plan.min_rounds = std::atoi(argv[i]);
+      plan.rounds = std::atoi(argv[i]);
     else if (option == "--seconds")
       plan.seconds = std::atof(argv[i]);
     else if (option == "--kernels")

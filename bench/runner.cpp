@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "runner.h"
 
+#include <benchmark/benchmark.h>
+
 #include <algorithm>
 #include <chrono>
 #include <cmath>
@@ -75,22 +77,23 @@ void Row::Release() {
   kept_.clear();
 }
 
+/// Keeps Google Benchmark's own tables off the screen.
+class NoReport : public benchmark::BenchmarkReporter {
+ public:
+  bool ReportContext(const Context&) override { return true; }
+  void ReportRuns(const std::vector<Run>&) override {}
+};
+
 class Runner {
  public:
   Runner(Row& row, const Plan& plan) : row_(row), plan_(plan) {}
 
   void Run() {
     if (!Verify()) return;
-    std::vector<std::size_t> times;
-    for (Contender& contender : row_.contenders) times.push_back(CallsPerReading(contender));
-    const double end = Now() + plan_.seconds;
-    for (int round = 0; round < plan_.max_rounds && (round < plan_.min_rounds || Now() < end);
-         ++round)
-      for (std::size_t i = 0; i < times.size(); ++i) {
-        Contender& contender = row_.contenders[i];
-        const double seconds = Time(contender, static_cast<std::size_t>(round), times[i]);
-        if (round == 0 || seconds < contender.best) contender.best = seconds;
-      }
+    benchmark::ClearRegisteredBenchmarks();
+    for (Contender& contender : row_.contenders) Register(contender);
+    NoReport reporter;  // the figures go into the row
+    benchmark::RunSpecifiedBenchmarks(&reporter, "all");
   }
 
  private:
@@ -111,6 +114,25 @@ class Runner {
       good = good && contender.trouble.empty();
     }
     return good;
+  }
+
+  /// Google Benchmark drives the rounds: so many repetitions per contender, shuffled among them.
+  void Register(Contender& contender) {
+    const std::size_t times = CallsPerReading(contender);
+    const double share = plan_.seconds / static_cast<double>(row_.contenders.size());
+    benchmark::RegisterBenchmark((row_.Label() + "/" + contender.who).c_str(),
+                                 [this, &contender, times](benchmark::State& state) {
+                                   std::size_t round = 0;
+                                   for ([[maybe_unused]] auto iteration : state) {
+                                     const double seconds = Time(contender, round++, times);
+                                     state.SetIterationTime(seconds * static_cast<double>(times));
+                                     if (contender.best == 0 || seconds < contender.best)
+                                       contender.best = seconds;
+                                   }
+                                 })
+        ->UseManualTime()
+        ->Repetitions(plan_.rounds)
+        ->MinTime(share / plan_.rounds);
   }
 
   double Time(Contender& contender, std::size_t round, std::size_t times) {
@@ -142,6 +164,10 @@ std::vector<std::string> Labels(const std::string& filter) {
 std::vector<Row> Run(
     const Plan& plan,
     const std::function<void(std::size_t, std::size_t, const std::string&)>& progress) {
+  char name[] = "zeph_bench", shuffled[] = "--benchmark_enable_random_interleaving=true";
+  char* arguments[] = {name, shuffled, nullptr};
+  int count = 2;
+  benchmark::Initialize(&count, arguments);
   std::vector<Row> rows;
   const auto selected = Selected(plan.filter);
   for (const Entry* entry : selected) {

@@ -14,10 +14,9 @@
 namespace zeph::bench {
 
 struct Plan {
-  std::string filter;     // rows whose label contains it; empty: all
-  int min_rounds = 7;     // however long they take
-  double seconds = 0.4;   // per row, once it has had min_rounds
-  int max_rounds = 3000;  // however short they are
+  std::string filter;    // rows whose label contains it; empty: all
+  int rounds = 7;        // repetitions per contender, shuffled among them
+  double seconds = 0.4;  // about so much time per row
 };
 
 /// Labels of the rows that `filter` selects, in the order they run.

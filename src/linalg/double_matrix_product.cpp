@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+//
+// Products of the double matrix with matrices and arrays.
+#include <iostream>
+
+#include "linalg.h"
+#include "linalg/row_table.h"
+#include "platform/exactness.h"
+
+CZEPHDoubleMatrix& CZEPHDoubleMatrix::operator*=(const CZEPHDoubleMatrix& other) {
+  if (m_nColumns != other.m_nRows)
+    ErrorMessage("Matrices are not conformable : CZEPHDoubleMatrix::operator*=()", std::cout);
+  CZEPHDoubleMatrix product;
+  if (product.AllocMemory(m_nRows, other.m_nColumns) == 1)
+    zeph::linalg::Multiply(product.m_ppData, m_ppData, other.m_ppData, product.m_nRows, m_nColumns,
+                           product.m_nColumns);
+  else
+    product.Clear();  // keeps its counts, which the assignment compares
+  return *this = product;
+}
+
+CZEPHDoubleMatrix& operator*=(CZEPHDoubleMatrix& left, const CZEPHDoubleMatrix& other) {
+  if (left.m_nColumns != other.m_nRows)
+    CZEPHDoubleMatrix::ErrorMessage("Matrices are not conformable : operator*=()", std::cout);
+  return left.operator*=(other);
+}
+
+CZEPHDoubleArray CZEPHDoubleMatrix::operator*(const CZEPHDoubleArray& v) const {
+  if (m_nColumns != v.size) ErrorMessage("matrix and vector sizes do not match", std::cout);
+  CZEPHDoubleArray result(m_nRows, 0.0);
+  if (result.data && v.data)
+    zeph::linalg::SumRows(result.data, m_ppData, zeph::linalg::StoredRows(m_ppData, m_nRows),
+                          m_nColumns,
+                          [x = v.data](const double* row, int j) { return row[j] * x[j]; });
+  return result;
+}

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+//
+// Storage, fill, copy and access of the double matrix.
+#include <algorithm>
+#include <iostream>
+#include <utility>
+
+#include "frame/fatal_report.h"
+#include "linalg.h"
+#include "linalg/row_table.h"
+#include "platform/allocation.h"
+
+namespace linalg = zeph::linalg;
+
+CZEPHDoubleMatrix::CZEPHDoubleMatrix(const CZEPHDoubleMatrix& other) : CZEPHDoubleMatrix() {
+  SetData(other);
+}
+
+CZEPHDoubleMatrix::CZEPHDoubleMatrix(int rows, int cols, double value) : CZEPHDoubleMatrix() {
+  SetData(rows, cols, value);
+}
+
+CZEPHDoubleMatrix::CZEPHDoubleMatrix(int rows, int cols, double** source) : CZEPHDoubleMatrix() {
+  SetData(rows, cols, source);
+}
+
+CZEPHDoubleMatrix::~CZEPHDoubleMatrix() {
+  FreeMemory();
+}
+
+void CZEPHDoubleMatrix::Clear() {
+  FreeMemory();
+}
+
+int CZEPHDoubleMatrix::AllocMemory(int rows, int cols) {
+  // Only rows below both counts are released: the new count is the documented one, the old one is
+  // where the table ends.
+  const int releasable = std::min(m_nRows, rows);
+  m_nRows = rows;
+  m_nColumns = cols;
+  return zeph::platform::OnExhaustion(0, [=] {
+    if (m_ppData) {
+      linalg::ReleaseRows(m_ppData, releasable);
+      delete[] m_ppData;
+      m_ppData = nullptr;
+    }
+    m_ppData = linalg::NewTable(rows);
+    linalg::NewRows(m_ppData, rows, cols);
+    return 1;
+  });
+}
+
+void CZEPHDoubleMatrix::FreeMemory() {
+  if (!m_ppData) return;
+  linalg::ReleaseRows(m_ppData, m_nRows);
+  delete[] m_ppData;
+  m_ppData = nullptr;
+}
+
+int CZEPHDoubleMatrix::Create(int rows, int cols) {
+  return SetData(rows, cols, 0.0);
+}
+
+int CZEPHDoubleMatrix::SetData(const CZEPHDoubleMatrix& other) {
+  if (this == &other && m_ppData) return 1;
+  if (AllocMemory(other.m_nRows, other.m_nColumns) != 1) return 0;
+  linalg::CopyOrZero(m_ppData, other.m_ppData, m_nRows, m_nColumns);
+  return 1;
+}
+
+int CZEPHDoubleMatrix::SetData(int rows, int cols, double value) {
+  if (AllocMemory(rows, cols) != 1) return 0;
+  linalg::Fill(m_ppData, 0, rows, cols, value);
+  return 1;
+}
+
+int CZEPHDoubleMatrix::SetData(int rows, int cols, double** source) {
+  // `source` may be this matrix's table or hold its rows, so they live until they are copied; what
+  // is then released is what AllocMemory would have released.
+  CZEPHDoubleMatrix held(std::move(*this));
+  held.m_nRows = std::min(held.m_nRows, rows);
+  if (AllocMemory(rows, cols) != 1) return 0;
+  linalg::CopyOrZero(m_ppData, source, rows, cols);
+  return 1;
+}
+
+void CZEPHDoubleMatrix::SetEntry(double value) {
+  linalg::Fill(m_ppData, 0, linalg::StoredRows(m_ppData, m_nRows), m_nColumns, value);
+}
+
+int CZEPHDoubleMatrix::CheckBound(int i, int j) {
+  if (!m_ppData || i < 0 || i > m_nRows || j < 0 || j > m_nColumns)
+    ErrorMessage("Matrix check bound error!\n", std::cout);
+  return 1;
+}
+
+CZEPHDoubleMatrix& CZEPHDoubleMatrix::operator=(const CZEPHDoubleMatrix& other) {
+  if (this == &other) return *this;
+  if (m_ppData && m_nRows != 0 && m_nColumns != 0) {
+    if (m_nRows != other.m_nRows || m_nColumns != other.m_nColumns)
+      ErrorMessage("Bad matrix sizes in CZEPHDoubleMatrix::operator=()", std::cout);
+    linalg::Copy(m_ppData, other.m_ppData, m_nRows, m_nColumns);
+  } else {
+    AllocMemory(other.m_nRows, other.m_nColumns);
+    linalg::CopyOrZero(m_ppData, other.m_ppData, m_nRows, m_nColumns);
+  }
+  return *this;
+}
+
+void CZEPHDoubleMatrix::ErrorMessage(char* message, std::ostream& os) {
+  zeph::frame::FatalReport(message, os);
+}

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+//
+// Text output and input of the double matrix.
+#include "linalg.h"
+#include "linalg/row_table.h"
+
+using zeph::linalg::StoredRows;
+
+void CZEPHDoubleMatrix::Display(std::ostream& os) {
+  const int rows = StoredRows(m_ppData, m_nRows);
+  for (int i = 0; i < rows; ++i)
+    for (int j = 0; j < m_nColumns; ++j)
+      os << "Mat[" << i << "][" << j << "]=" << m_ppData[i][j] << std::endl;
+}
+
+std::ostream& operator<<(std::ostream& os, const CZEPHDoubleMatrix& a) {
+  const int rows = StoredRows(a.m_ppData, a.m_nRows);
+  for (int i = 0; i < rows; ++i) {
+    for (int j = 0; j < a.m_nColumns; ++j) os << a.m_ppData[i][j];
+    os << std::endl;
+  }
+  return os;
+}
+
+namespace {
+
+/// Reads one element into `row`, which may be missing; whether the reading can go on.
+bool ReadElement(std::istream& is, double* row, int j) {
+  return row && (is >> row[j]);
+}
+
+}  // namespace
+
+std::istream& operator>>(std::istream& is, CZEPHDoubleMatrix& a) {
+  bool good = static_cast<bool>(is >> a.m_nRows);
+  good = static_cast<bool>(is >> a.m_nColumns) && good;
+  for (int i = 0; good && i < a.m_nRows; ++i)
+    for (int j = 0; good && j < a.m_nColumns; ++j)
+      good = ReadElement(is, a.m_ppData ? a.m_ppData[i] : nullptr, j);
+  if (!good) a.m_nRows = a.m_nColumns = 0;
+  return is;
+}

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "linalg/kept_results.h"
+
+#include <atomic>
+#include <cstdint>
+#include <new>
+#include <utility>
+
+#include "platform/allocation.h"
+#include "platform/thread_data.h"
+
+namespace zeph::linalg {
+namespace {
+
+/// The last 16 results and one place more: the operand of the call that needs the next place may
+/// itself be the oldest of them, and stays as it is.
+constexpr unsigned kPlaces = 17;
+
+struct Kept : platform::ThreadData {
+  CZEPHDoubleMatrix results[kPlaces];
+  std::atomic<std::uint64_t> count{0};
+};
+
+platform::ThreadData* MakeKept() {
+  return platform::OnExhaustion<Kept*>(nullptr, [] { return new Kept; });
+}
+
+/// For threads that cannot have their own. Never destroyed: threads may outlive static objects.
+Kept& SharedKept() {
+  alignas(Kept) static unsigned char place[sizeof(Kept)];
+  static Kept& shared = *new (place) Kept;
+  return shared;
+}
+
+Kept& MyKept() {
+  platform::ThreadData* const mine = platform::MyThreadData(MakeKept);
+  return mine ? static_cast<Kept&>(*mine) : SharedKept();
+}
+
+}  // namespace
+
+CZEPHDoubleMatrix& Keep(CZEPHDoubleMatrix&& result) {
+  Kept& kept = MyKept();
+  CZEPHDoubleMatrix& place = kept.results[kept.count++ % kPlaces];
+  // What was there leaves with `result`.
+  std::swap(place.m_nRows, result.m_nRows);
+  std::swap(place.m_nColumns, result.m_nColumns);
+  std::swap(place.m_ppData, result.m_ppData);
+  return place;
+}
+
+}  // namespace zeph::linalg

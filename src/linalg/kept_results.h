@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+//
+// Results handed out by reference, which the library keeps alive for a while.
+#ifndef ZEPH_SRC_LINALG_KEPT_RESULTS_H
+#define ZEPH_SRC_LINALG_KEPT_RESULTS_H
+
+#include "linalg.h"
+
+namespace zeph::linalg {
+
+/// Takes `result` over and gives a reference to it that lasts until the calling thread has kept 16
+/// more, or ends. Where memory runs out, threads share one set of 16.
+CZEPHDoubleMatrix& Keep(CZEPHDoubleMatrix&& result);
+
+}  // namespace zeph::linalg
+
+#endif  // ZEPH_SRC_LINALG_KEPT_RESULTS_H

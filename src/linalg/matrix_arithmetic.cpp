@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#include "frame/fatal_report.h"
+#include "linalg.h"
+#include "linalg/row_table.h"
+#include "platform/exactness.h"
+
+void CZEPHMatrix::Check(bool failed, char* message) {
+  zeph::frame::Check(failed, message);
+}
+
+CZEPHMatrix CZEPHMatrix::operator+(const CZEPHMatrix& other) {
+  Check(m_nRows != other.m_nRows || m_nColumns != other.m_nColumns,
+        "Addition error (Not of the same size)");
+  CZEPHMatrix sum(m_nRows, m_nColumns);
+  const int added =
+      zeph::linalg::Combine(sum.m_ppData, other.m_ppData, m_ppData, sum.m_nRows, sum.m_nColumns,
+                            [](double theirs, double ours) { return theirs + ours; });
+  zeph::linalg::Fill(sum.m_ppData, added, sum.m_nRows, sum.m_nColumns, 0.0);
+  return sum;
+}
+
+CZEPHMatrix CZEPHMatrix::operator*(const CZEPHMatrix& other) {
+  Check(m_nColumns != other.m_nRows, "Multiplication error!(size)");
+  CZEPHMatrix product(m_nRows, other.m_nColumns);
+  zeph::linalg::Multiply(product.m_ppData, m_ppData, other.m_ppData, product.m_nRows, m_nColumns,
+                         product.m_nColumns);
+  return product;
+}

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#include "linalg.h"
+#include "linalg/row_table.h"
+
+// Delegating to the default constructor has the destructor release what was had when memory runs
+// out half-way.
+
+CZEPHMatrix::CZEPHMatrix(int rows, int cols) : CZEPHMatrix() {
+  Create(rows, cols);
+}
+
+CZEPHMatrix::CZEPHMatrix(int rows, int cols, const double* data) : CZEPHMatrix(rows, cols) {
+  for (int i = 0; i < m_nRows; ++i)
+    if (data)
+      std::copy_n(data + static_cast<std::ptrdiff_t>(i) * cols, cols, m_ppData[i]);
+    else
+      std::fill_n(m_ppData[i], cols, 0.0);
+}
+
+CZEPHMatrix::CZEPHMatrix(CZEPHMatrix& other) : CZEPHMatrix(other.m_nRows, other.m_nColumns) {
+  zeph::linalg::CopyOrZero(m_ppData, other.m_ppData, m_nRows, m_nColumns);
+}
+
+CZEPHMatrix::~CZEPHMatrix() {
+  Free();
+}
+
+void CZEPHMatrix::Create(int rows, int cols) {
+  Free();
+  const bool some = rows >= 1 && cols >= 1;
+  m_nRows = some ? rows : 0;
+  m_nColumns = some ? cols : 0;
+  if (!some) return;
+  m_ppData = zeph::linalg::NewTable(rows);
+  zeph::linalg::NewRows(m_ppData, rows, cols);
+}
+
+void CZEPHMatrix::ReSize(int rows, int cols) {
+  Create(rows, cols);
+}
+
+void CZEPHMatrix::Free() {
+  if (!m_ppData) return;
+  zeph::linalg::ReleaseRows(m_ppData, m_nRows);
+  delete[] m_ppData;
+  m_ppData = nullptr;
+}
+
+CZEPHMatrix CZEPHMatrix::operator=(const CZEPHMatrix& other) {
+  if (m_nRows != other.m_nRows || m_nColumns != other.m_nColumns) {
+    Create(other.m_nRows, other.m_nColumns);
+    zeph::linalg::CopyOrZero(m_ppData, other.m_ppData, m_nRows, m_nColumns);
+  } else {
+    zeph::linalg::Copy(m_ppData, other.m_ppData, m_nRows, m_nColumns);
+  }
+  return *this;
+}

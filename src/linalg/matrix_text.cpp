@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#include <iomanip>
+#include <iostream>
+
+#include "linalg.h"
+#include "linalg/row_table.h"
+
+void CZEPHMatrix::Display(std::FILE* stream, char separator) {
+  if (!stream) return;
+  const int rows = zeph::linalg::StoredRows(m_ppData, m_nRows);
+  for (int i = 0; i < rows; ++i) {
+    for (int j = 0; j < m_nColumns; ++j)
+      std::fprintf(stream, "%12.4lf%c ", m_ppData[i][j], separator);
+    std::fputs("\n", stream);
+  }
+  std::fputs("\n", stream);
+}
+
+void CZEPHMatrix::Display() {
+  std::cout.setf(std::ios_base::right | std::ios_base::fixed | std::ios_base::showpoint);
+  std::cout.precision(4);
+  const int rows = zeph::linalg::StoredRows(m_ppData, m_nRows);
+  for (int i = 0; i < rows; ++i) {
+    for (int j = 0; j < m_nColumns; ++j) std::cout << std::setw(10) << m_ppData[i][j] << " ";
+    std::cout << std::endl;
+  }
+}

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+//
+// Tables of row pointers, each row a block of its own: what both dense matrix classes are made of.
+//
+// A table may end early: rows from the first null pointer on were never had (memory ran out while
+// the table was filled). Whole-object operations ask StoredRows once and walk those rows only.
+#ifndef ZEPH_SRC_LINALG_ROW_TABLE_H
+#define ZEPH_SRC_LINALG_ROW_TABLE_H
+
+#include <algorithm>
+#include <cstddef>
+
+namespace zeph::linalg {
+
+/// A table of `rows` null pointers. Exhaustion passes to the caller; so does a negative count.
+double** NewTable(int rows);
+
+/// Gives each row of a fresh table a block of `cols` elements with undefined values. Exhaustion
+/// passes to the caller and leaves the remaining rows null.
+void NewRows(double** table, int rows, int cols);
+
+/// Releases the first `rows` rows, if `rows` is positive. The table itself stays.
+void ReleaseRows(double* const* table, int rows);
+
+/// Rows that can be touched: those before the first null one, at most `rows`; 0 without a table.
+int StoredRows(const double* const* table, int rows);
+
+/// Sets rows `first` to `rows` - 1.
+void Fill(double* const* table, int first, int rows, int cols, double value);
+
+/// Copies the elements of the rows that both sides have; the two may be the same table.
+void Copy(double* const* to, const double* const* from, int rows, int cols);
+
+/// The same into fresh storage: rows that `from` does not have become 0.0.
+void CopyOrZero(double* const* to, const double* const* from, int rows, int cols);
+
+/// out(i, j) = op(a(i, j), b(i, j)) for the rows that both operands have; gives their number. `out`
+/// has those rows and may be one of the operands.
+template <class Op>
+int Combine(double* const* out, const double* const* a, const double* const* b, int rows, int cols,
+            Op op) {
+  const int stored = std::min(StoredRows(a, rows), StoredRows(b, rows));
+  for (int i = 0; i < stored; ++i) {
+    double* const to = out[i];
+    const double* const x = a[i];
+    const double* const y = b[i];
+    for (int j = 0; j < cols; ++j) to[j] = op(x[j], y[j]);
+  }
+  return stored;
+}
+
+/// sums[i] = 0.0 + term(row i, 0) + term(row i, 1) + ... in that order, for `rows` stored rows.
+///
+/// One ordered sum waits for each of its additions; the rows do not depend on each other, so eight
+/// of them run side by side. Each keeps its own order, hence its bits.
+template <class Term>
+void SumRows(double* sums, const double* const* table, int rows, int cols, Term term) {
+  constexpr int kAbreast = 8;
+  int i = 0;
+  for (; i + kAbreast <= rows; i += kAbreast) {
+    const double* row[kAbreast];
+    double sum[kAbreast] = {};
+    std::copy_n(table + i, kAbreast, row);
+    for (int j = 0; j < cols; ++j)
+      for (int r = 0; r < kAbreast; ++r) sum[r] += term(row[r], j);
+    std::copy_n(sum, kAbreast, sums + i);
+  }
+  for (; i < rows; ++i) {
+    double sum = 0.0;
+    for (int j = 0; j < cols; ++j) sum += term(table[i], j);
+    sums[i] = sum;
+  }
+}
+
+/// The matrix product, by the dense kernel; operands that lack rows count as without elements, so
+/// that every entry of `out` is 0.0. `out` has all its rows and shares none with the operands.
+void Multiply(double* const* out, const double* const* a, const double* const* b, int rows,
+              int inner, int cols);
+
+}  // namespace zeph::linalg
+
+#endif  // ZEPH_SRC_LINALG_ROW_TABLE_H

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+//
+// Positions of extremes and norms.
+#include <cmath>
+
+#include "linalg.h"
+#include "platform/exactness.h"
+
+namespace {
+
+int StoredSize(const CZEPHVector& v) {
+  return v.m_pData ? v.m_nSize : 0;
+}
+
+/// The first element that no later one beats.
+template <class Beats>
+int Site(const CZEPHVector& v, Beats beats) {
+  int best = 0;
+  for (int i = 1; i < StoredSize(v); ++i)
+    if (beats(v.m_pData[i], v.m_pData[best])) best = i;
+  return best;
+}
+
+}  // namespace
+
+int ZEPH_GetVectorMaxSite(CZEPHVector& v) {
+  return Site(v, [](double x, double best) { return x > best; });
+}
+
+int ZEPH_GetVectorMinSite(CZEPHVector& v) {
+  return Site(v, [](double x, double best) { return best > x; });
+}
+
+double ZEPH_GetVectorSquareNorm(CZEPHVector& v) {
+  double sum = 0.0;
+  for (int i = 0; i < StoredSize(v); ++i) sum += v.m_pData[i] * v.m_pData[i];
+  return sum;
+}
+
+double ZEPH_GetVectorInfititeNorm(CZEPHVector& v) {
+  if (StoredSize(v) < 1) return 0.0;
+  double largest = std::fabs(v.m_pData[0]);
+  for (int i = 1; i < v.m_nSize; ++i) {
+    const double size = std::fabs(v.m_pData[i]);
+    if (size > largest) largest = size;
+  }
+  return largest;
+}

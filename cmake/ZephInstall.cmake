@@ -43,7 +43,18 @@ configure_file("${PROJECT_SOURCE_DIR}/cmake/ZEPHDataStructureEngine.pc.in"
 install(FILES "${PROJECT_BINARY_DIR}/ZEPHDataStructureEngine.pc"
   DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT Development)
 
-install(FILES "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/CHANGELOG.md"
+if(MINGW)
+  # A Windows machine has none of the compiler's runtime libraries.
+  foreach(name IN ITEMS libstdc++-6.dll libgcc_s_seh-1.dll libgcc_s_dw2-1.dll libwinpthread-1.dll)
+    execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${name}
+      OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE)
+    if(IS_ABSOLUTE "${path}")
+      install(FILES "${path}" DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT Runtime)
+    endif()
+  endforeach()
+endif()
+
+install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/CHANGELOG.md"
   "${PROJECT_SOURCE_DIR}/docs/behaviours.md" "${PROJECT_SOURCE_DIR}/docs/additions.md"
   DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT Documentation)
 

@@ -1,8 +1,45 @@
-# The whole suite and the tour as 64-bit Windows programs under Wine; the import library as a consumer.
-need g++-mingw-w64-x86-64-posix wine64 wine googletest
-export WINEPREFIX=$PWD/build/wine WINEDEBUG=-all
-export WINEPATH='Z:\usr\x86_64-w64-mingw32\lib;Z:\usr\lib\gcc\x86_64-w64-mingw32\12-posix;Z:'$(printf %s "$PWD/build/windows/src" | tr / '\\')
+# The whole suite and the tour as 64-bit Windows programs under Wine; the installed DLL, import library
+# and CMake package taken by a consumer (the ninth); 32-bit Windows is built.
+need g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix wine64 wine googletest
+top=$PWD
+export WINEPREFIX=$top/build/wine WINEDEBUG=-all
+dos() { printf 'Z:%s' "$1" | tr / '\\'; }
+libraries='Z:\usr\x86_64-w64-mingw32\lib;Z:\usr\lib\gcc\x86_64-w64-mingw32\12-posix'
+export WINEPATH="$libraries;$(dos "$top/build/windows/src")"
+status=0
 configure build/windows -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w64.cmake -DCMAKE_BUILD_TYPE=Release \
   -DZEPH_GTEST_SOURCE=/usr/src/googletest
 build build/windows
-run_programs build/windows wine
+run_programs build/windows wine || status=1
+
+echo "the tour"
+if wine build/windows/examples/tour.exe examples/data/nile.txt --out build/windows/pictures >build/windows/tour.txt &&
+  grep -q 'Pictures are in' build/windows/tour.txt; then
+  echo "1 passed, 0 failed"
+else
+  tail -n 20 build/windows/tour.txt
+  echo "0 passed, 1 failed"
+  status=1
+fi
+
+echo "consumer of the import library"
+cmake --install build/windows --prefix build/windows/prefix >/dev/null
+consumer=build/windows/consumer
+cmake -S tests/consumers/find_package -B $consumer -G Ninja -DCMAKE_BUILD_TYPE=Release \
+  -DCMAKE_TOOLCHAIN_FILE="$top/cmake/mingw-w64.cmake" \
+  -DZEPHDataStructureEngine_DIR="$top/build/windows/prefix/lib/cmake/ZEPHDataStructureEngine" >/dev/null
+cmake --build $consumer >/dev/null
+# Only what the installation brings: no search path to the compiler's libraries.
+if [ "$(WINEPATH="$(dos "$top/build/windows/prefix/bin")" wine $consumer/app.exe | tr -d '\r')" = "1 2 3" ]; then
+  echo "1 passed, 0 failed"
+else
+  echo "0 passed, 1 failed"
+  status=1
+fi
+
+configure build/windows32 -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w32.cmake -DCMAKE_BUILD_TYPE=Release \
+  -DZEPH_BUILD_TESTS=OFF
+build build/windows32
+echo "32-bit Windows: built, not run"
+wineserver -k || true
+exit $status

@@ -5,8 +5,14 @@
 
 namespace zeph::kernels {
 
-const SortForms& SortForms::For(Level) {
-  return portable::kSort;
+const SortForms& SortForms::For(Level level) {
+#if ZEPH_X64
+  static const SortForms* const kForms[kLevels] = {&portable::kSort, &avx2::kSort, &avx512::kSort};
+#else
+  static const SortForms* const kForms[kLevels] = {&portable::kSort, &portable::kSort,
+                                                   &portable::kSort};
+#endif
+  return *kForms[static_cast<int>(level)];
 }
 
 }  // namespace zeph::kernels

@@ -94,15 +94,7 @@ void QuickSort(T* v, std::size_t n, const T* floor, int depth) {
 
 template <class T>
 void Sort(T* v, std::size_t n) {
-  if (n < 2) return;
-  std::size_t i = 1;
-  if (v[1] < v[0]) {
-    while (i < n && !(v[i - 1] < v[i])) ++i;
-    if (i == n) return std::reverse(v, v + n);
-  } else {
-    while (i < n && !(v[i] < v[i - 1])) ++i;
-    if (i == n) return;
-  }
+  if (n < 2 || sorting::SortedOrReversed(v, n)) return;
   QuickSort<T>(v, n, nullptr, sorting::DepthLimit(n));
 }
 

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <limits>
 
+#include "kernels/sort_forms.h"
 #include "support/numbers.h"
 
 namespace zeph::kernels {
@@ -191,6 +192,25 @@ TEST_P(SortKernel, SortsLongInputsThatMisleadTheChoiceOfPivots) {
   ASSERT_NO_FATAL_FAILURE(Check(v, 0, "valley"));
   v = test::MedianOfThreeKiller(n);
   ASSERT_NO_FATAL_FAILURE(Check(v, 0, "killer"));
+}
+
+TEST(SortKernels, WayOutOfBadPivotsSortsToo) {
+  for (const test::Order& order : test::Orders())
+    for (std::size_t n : {0u, 1u, 2u, 3u, 100u, 1000u}) {
+      std::vector<double> v = order.make(n, 3);
+      for (double& x : v)
+        if (x != x || x == 0) x = 0.0;
+      std::vector<double> want = v;
+      std::sort(want.begin(), want.end());
+      sorting::HeapSort(v.data(), n);
+      EXPECT_TRUE(test::SameBits(v, want)) << order.name << " " << n;
+    }
+  EXPECT_EQ(sorting::DepthLimit(1), 4);
+  EXPECT_EQ(sorting::DepthLimit(1024), 24);
+}
+
+TEST(SortKernels, EachWideLevelHasAFormOfItsOwn) {
+  for (Level level : RunnableLevels()) EXPECT_EQ(SortForms::For(level).level, level);
 }
 
 TEST(SortKernels, ForcedLevelIsTheOneThatRuns) {

@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: MIT
+//
+// Four doubles at a time.
+#include "kernels/sort_forms.h"
+
+#if ZEPH_X64
+
+#include <immintrin.h>
+
+#include <cstdint>
+#include <limits>
+#include <utility>
+
+#define ZEPH_WIDE_CALL ZEPH_TARGET("avx2,popcnt")
+#define ZEPH_WIDE ZEPH_WIDE_CALL __attribute__((always_inline)) inline
+
+namespace zeph::kernels::avx2 {
+namespace {
+
+using Lanes = __m256d;
+constexpr int kLanes = 4;
+
+ZEPH_WIDE Lanes Min(Lanes a, Lanes b) {
+  return _mm256_min_pd(a, b);
+}
+ZEPH_WIDE Lanes Max(Lanes a, Lanes b) {
+  return _mm256_max_pd(a, b);
+}
+
+/// Lanes whose number has the bit D set.
+template <int D>
+constexpr int kOdd = D == 1 ? 0xA : 0xC;
+
+/// The lesser in lanes whose number has the bit D clear, the greater in the others.
+template <int D>
+ZEPH_WIDE Lanes LowHigh(Lanes a, Lanes b) {
+  return _mm256_blend_pd(Min(a, b), Max(a, b), kOdd<D>);
+}
+template <int D>
+ZEPH_WIDE Lanes HighLow(Lanes a, Lanes b) {
+  return _mm256_blend_pd(Max(a, b), Min(a, b), kOdd<D>);
+}
+
+/// Each lane's neighbour at distance D.
+template <int D>
+ZEPH_WIDE Lanes Flip(Lanes x) {
+  static_assert(D == 1);
+  return _mm256_permute_pd(x, 0x5);
+}
+/// The lanes of each group of G in reverse.
+template <int G>
+ZEPH_WIDE Lanes Reverse(Lanes x) {
+  if constexpr (G == 2)
+    return _mm256_permute_pd(x, 0x5);
+  else
+    return _mm256_permute4x64_pd(x, 0x1B);
+}
+
+ZEPH_WIDE void Transpose(Lanes* r) {
+  const Lanes even01 = _mm256_unpacklo_pd(r[0], r[1]), odd01 = _mm256_unpackhi_pd(r[0], r[1]);
+  const Lanes even23 = _mm256_unpacklo_pd(r[2], r[3]), odd23 = _mm256_unpackhi_pd(r[2], r[3]);
+  r[0] = _mm256_permute2f128_pd(even01, even23, 0x20);
+  r[1] = _mm256_permute2f128_pd(odd01, odd23, 0x20);
+  r[2] = _mm256_permute2f128_pd(even01, even23, 0x31);
+  r[3] = _mm256_permute2f128_pd(odd01, odd23, 0x31);
+}
+
+/// The columns of one or two rows, one after another.
+template <int R>
+ZEPH_WIDE void UnfoldFewRows([[maybe_unused]] Lanes* r) {
+  if constexpr (R == 2) {
+    const Lanes even = _mm256_unpacklo_pd(r[0], r[1]), odd = _mm256_unpackhi_pd(r[0], r[1]);
+    r[0] = _mm256_permute2f128_pd(even, odd, 0x20);
+    r[1] = _mm256_permute2f128_pd(even, odd, 0x31);
+  }
+}
+
+/// All bits of the first `count` lanes; of all for 4 and more, of none below 1.
+ZEPH_WIDE __m256i FirstLanes(int count) {
+  return _mm256_cmpgt_epi64(_mm256_set1_epi64x(count), _mm256_setr_epi64x(0, 1, 2, 3));
+}
+ZEPH_WIDE Lanes Load(const double* v) {
+  return _mm256_loadu_pd(v);
+}
+ZEPH_WIDE Lanes Load(const int* v) {
+  return _mm256_cvtepi32_pd(_mm_loadu_si128(reinterpret_cast<const __m128i*>(v)));
+}
+/// Beyond `count` infinities, which sort to the end.
+ZEPH_WIDE Lanes LoadFirst(const double* v, int count) {
+  const Lanes end = _mm256_set1_pd(std::numeric_limits<double>::infinity());
+  const __m256i first = FirstLanes(count);
+  return _mm256_blendv_pd(end, _mm256_maskload_pd(v, first), _mm256_castsi256_pd(first));
+}
+ZEPH_WIDE Lanes LoadFirst(const int* v, int count) {
+  const Lanes end = _mm256_set1_pd(std::numeric_limits<double>::infinity());
+  const __m128i first = _mm_cmpgt_epi32(_mm_set1_epi32(count), _mm_setr_epi32(0, 1, 2, 3));
+  return _mm256_blendv_pd(end, _mm256_cvtepi32_pd(_mm_maskload_epi32(v, first)),
+                          _mm256_castsi256_pd(_mm256_cvtepi32_epi64(first)));
+}
+ZEPH_WIDE void Store(double* v, Lanes x) {
+  _mm256_storeu_pd(v, x);
+}
+ZEPH_WIDE void Store(int* v, Lanes x) {
+  _mm_storeu_si128(reinterpret_cast<__m128i*>(v), _mm256_cvtpd_epi32(x));
+}
+/// A branch and single stores: storing under a mask is microcode on some processors.
+template <class T>
+ZEPH_WIDE void StoreFirst(T* v, Lanes x, int count) {
+  if (count >= kLanes) return Store(v, x);
+  T all[kLanes];
+  Store(all, x);
+  for (int i = 0; i < count; ++i) v[i] = all[i];
+}
+
+ZEPH_WIDE __m256d LoadRaw(const double* v) {
+  return _mm256_loadu_pd(v);
+}
+ZEPH_WIDE __m128i LoadRaw(const int* v) {
+  return _mm_loadu_si128(reinterpret_cast<const __m128i*>(v));
+}
+ZEPH_WIDE void StoreRaw(double* v, __m256d x) {
+  _mm256_storeu_pd(v, x);
+}
+ZEPH_WIDE void StoreRaw(int* v, __m128i x) {
+  _mm_storeu_si128(reinterpret_cast<__m128i*>(v), x);
+}
+ZEPH_WIDE __m256d Broadcast(double x) {
+  return _mm256_set1_pd(x);
+}
+ZEPH_WIDE __m128i Broadcast(int x) {
+  return _mm_set1_epi32(x);
+}
+ZEPH_WIDE unsigned LessLanes(__m256d a, __m256d b) {
+  return static_cast<unsigned>(_mm256_movemask_pd(_mm256_cmp_pd(a, b, _CMP_LT_OQ)));
+}
+ZEPH_WIDE unsigned LessLanes(__m128i a, __m128i b) {
+  return static_cast<unsigned>(_mm_movemask_ps(_mm_castsi128_ps(_mm_cmplt_epi32(a, b))));
+}
+ZEPH_WIDE std::size_t CountLanes(unsigned mask) {
+  return static_cast<std::size_t>(_mm_popcnt_u32(mask));
+}
+
+/// For each mask the places of a shuffle that moves the lanes in it to the front, `kParts` places a
+/// lane.
+template <class Place, int kParts>
+struct FrontTable {
+  alignas(32) Place places[16][kLanes * kParts] = {};
+  constexpr FrontTable() {
+    for (unsigned mask = 0; mask < 16; ++mask) {
+      int at = 0;
+      for (unsigned wanted : {1u, 0u})
+        for (unsigned lane = 0; lane < kLanes; ++lane)
+          for (unsigned part = 0; (mask >> lane & 1) == wanted && part < kParts; ++part)
+            places[mask][at++] = static_cast<Place>(lane * kParts + part);
+    }
+  }
+};
+constexpr FrontTable<std::int32_t, 2> kFrontWords;
+constexpr FrontTable<std::uint8_t, 4> kFrontBytes;
+
+/// The lanes in `mask` moved to the front, the others behind them.
+ZEPH_WIDE __m256d FrontFirst(__m256d x, unsigned mask) {
+  const auto* order = reinterpret_cast<const __m256i*>(kFrontWords.places[mask]);
+  return _mm256_castsi256_pd(
+      _mm256_permutevar8x32_epi32(_mm256_castpd_si256(x), _mm256_load_si256(order)));
+}
+ZEPH_WIDE __m128i FrontFirst(__m128i x, unsigned mask) {
+  const auto* order = reinterpret_cast<const __m128i*>(kFrontBytes.places[mask]);
+  return _mm_shuffle_epi8(x, _mm_load_si128(order));
+}
+
+#include "kernels/sort_network.inc"
+#include "kernels/sort_quick.inc"
+
+/// Sign bits of the zeros met so far, and all bits where a NaN was.
+struct Seen {
+  __m256d plus, minus, nan;
+};
+ZEPH_WIDE void Look(Seen& seen, __m256d a) {
+  const __m256d zero = _mm256_cmp_pd(a, _mm256_setzero_pd(), _CMP_EQ_OQ);
+  seen.plus = _mm256_or_pd(seen.plus, _mm256_andnot_pd(a, zero));
+  seen.minus = _mm256_or_pd(seen.minus, _mm256_and_pd(a, zero));
+  seen.nan = _mm256_or_pd(seen.nan, _mm256_cmp_pd(a, a, _CMP_UNORD_Q));
+}
+
+ZEPH_WIDE_CALL bool OrderIsUnique(const double* v, std::size_t n) {
+  Seen seen = {_mm256_setzero_pd(), _mm256_setzero_pd(), _mm256_setzero_pd()};
+  std::size_t i = 0;
+  for (; i + kLanes <= n; i += kLanes) Look(seen, Load(v + i));
+  if (i < n) Look(seen, LoadFirst(v + i, static_cast<int>(n - i)));
+  const bool both = _mm256_movemask_pd(seen.plus) && _mm256_movemask_pd(seen.minus);
+  return !both && !_mm256_movemask_pd(seen.nan);
+}
+
+}  // namespace
+
+const SortForms kSort = {Level::kAvx2, OrderIsUnique, Sort<double>, Sort<int>};
+
+}  // namespace zeph::kernels::avx2
+
+#endif  // ZEPH_X64

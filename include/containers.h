@@ -4,8 +4,14 @@
 //
 //   linked lists   CZEPHLink, CZEPHLinkList         nodes in ascending order of their values
 //                  CZEPHLinkData, CZEPHSortedLinkList   nodes in ascending order of an int key
+//   stacks         CZEPHStack, CZEPHPointerStack    last in, first out, of untyped pointers
+//   sortable       CZEPHSortableObArray, CZEPHSortableObList
+//                  the framework's object collections, sorted by a compare function
+//   growth-size    CZEPHUIntArray, CZEPHWordArray   number arrays with a remembered growth size
 #ifndef ZEPH_CONTAINERS_H
 #define ZEPH_CONTAINERS_H
+
+#include <cstdio>
 
 #include "platform.h"
 
@@ -142,6 +148,199 @@ class ZEPH_API CZEPHSortedLinkList {
   void DisplayList();
 
   CZEPHLinkData* m_pHead;  ///< The node of the smallest key, or null.
+};
+
+// --- stacks ------------------------------------------------------------------------------------
+
+/// A node of the stacks, which make and release it themselves.
+struct ZEPH_StackNode {
+  void* m_pData;                ///< The pushed pointer.
+  ZEPH_StackNode* m_pNextNode;  ///< The node below, or null at the bottom.
+};
+
+/// A last-in, first-out stack of untyped pointers, which it never follows or releases.
+///
+/// Pop everything before the stack dies: its destructor releases no node. Copying and assignment
+/// copy the address of the top node, so two stacks then share one chain; a Pop on one leaves the
+/// other at a released node. Push allocates one node, Pop releases one, each in constant time.
+///
+///     CZEPHStack stack;
+///     stack.Push(&a);
+///     stack.Push(&b);
+///     stack.Peek();  // &b
+///     stack.Pop();   // &b
+///     stack.Pop();   // &a
+///     stack.Pop();   // null: empty
+class ZEPH_API CZEPHStack {
+ public:
+  /// An empty stack.
+  CZEPHStack();
+  CZEPHStack(const CZEPHStack& other) = default;
+  /// Does nothing: nodes that are left stay allocated.
+  ~CZEPHStack();
+  /// Shares the chain of `other`; the nodes that were held are not released.
+  CZEPHStack& operator=(const CZEPHStack& other);
+
+  /// Puts `p` on top. A null can be pushed, but Pop and Peek answer null to an empty stack too.
+  ///
+  /// When memory runs out, what the allocation operator throws passes to the caller and the stack
+  /// is as before. Where an application's operator answers null instead, the stack becomes empty
+  /// and its nodes stay allocated.
+  void Push(void* p);
+
+  /// Takes the top pointer off the stack and gives it; null when the stack is empty.
+  void* Pop();
+
+  /// The top pointer, left where it is; null when the stack is empty.
+  void* Peek() const;
+
+  ZEPH_StackNode* m_pTop;  ///< The top node, or null when the stack is empty.
+};
+
+/// As CZEPHStack, but for the destructor, which releases the top node, and a demonstration.
+///
+/// Two of them that share a chain (by copying or assignment) would both release its top node: empty
+/// one, or set its `m_pTop` to null, before it dies.
+class ZEPH_API CZEPHPointerStack {
+ public:
+  /// An empty stack.
+  CZEPHPointerStack();
+  CZEPHPointerStack(const CZEPHPointerStack& other) = default;
+  /// Releases the top node only, if there is one, and sets `m_pTop` to null; the nodes below stay
+  /// allocated.
+  ~CZEPHPointerStack();
+  /// Shares the chain of `other`; the nodes that were held are not released.
+  CZEPHPointerStack& operator=(const CZEPHPointerStack& other);
+
+  /// As CZEPHStack::Push.
+  void Push(void* p);
+  /// As CZEPHStack::Pop.
+  void* Pop();
+  /// As CZEPHStack::Peek.
+  void* Peek() const;
+
+  /// Pushes `count` strings "#ITEM0", "#ITEM1", ... and prints them as they are popped, last first.
+  ///
+  /// Answers 1; a null `stream` gets nothing done and answers 0. A count below 1 prints the banner
+  /// lines only. Test1(2, stream) writes:
+  ///
+  ///     (empty line)
+  ///     @@@( CZEPHPointerStack::Test1()...BEGIN
+  ///     @@@( String stack test...
+  ///     Pop:#ITEM1
+  ///     Pop:#ITEM0
+  ///     (empty line)
+  ///     @@@( CZEPHPointerStack::Test1()...END
+  static int Test1(int count, FILE* stream);
+
+  ZEPH_StackNode* m_pTop;  ///< The top node, or null when the stack is empty.
+};
+
+// --- sortable collections ----------------------------------------------------------------------
+//
+// A compare function is given two elements and answers below 0 when the first sorts before the
+// second, 0 when they are equal, above 0 when the first sorts after. It should order the elements
+// consistently and leave the collection alone; a function that contradicts itself leaves some order
+// of the same elements, and never leads outside the range. It may throw: the collection then holds
+// the same elements in some order. A null function must not be passed.
+
+/// An array of object pointers that sorts itself. Owns none of the objects.
+///
+///     int ByWeight(CObject* a, CObject* b) {
+///       return static_cast<Parcel*>(a)->weight - static_cast<Parcel*>(b)->weight;
+///     }
+///     CZEPHSortableObArray parcels;
+///     parcels.Add(&heavy);
+///     parcels.Add(&light);
+///     parcels.Sort(ByWeight);  // light, heavy
+class ZEPH_API CZEPHSortableObArray : public CObArray {
+ public:
+  /// An empty array.
+  CZEPHSortableObArray();
+  ~CZEPHSortableObArray() override;
+
+  /// Sorts the whole array in place.
+  ///
+  /// Method: Shell sort with the gaps ..., 121, 40, 13, 4, 1 (Knuth). Not stable: elements that
+  /// compare equal may change their order. About n^1.3 comparisons on random order, n^1.5 at most;
+  /// allocates nothing. The storage is looked up at every access, so that `compare` may even
+  /// replace elements.
+  void Sort(int (*compare)(CObject*, CObject*));
+
+  /// Sorts the `count` elements from index `first` on, in the same way; a count below 1 does
+  /// nothing.
+  ///
+  /// The range is not checked against the array's size: what it covers of the storage (up to
+  /// `m_nMaxSize`) is sorted, elements dropped by a smaller SetSize included. The storage is looked
+  /// up once; if `compare` makes the array move it, sorting stops there.
+  void Sort(int first, int count, int (*compare)(CObject*, CObject*));
+};
+
+/// A doubly linked list of object pointers that sorts itself. Owns none of the objects.
+///
+/// Sorting moves the pointers between the nodes; the nodes, their links and every POSITION stay
+/// where they are, so that a POSITION may afterwards refer to another object.
+///
+///     CZEPHSortableObList names;
+///     names.AddTail(&zoe);
+///     names.AddTail(&ada);
+///     names.Sort(Alphabetically);  // ada, zoe
+class ZEPH_API CZEPHSortableObList : public CObList {
+ public:
+  /// An empty list that takes storage for `blockSize` elements at a time.
+  CZEPHSortableObList(int blockSize = 10);  // NOLINT: implicit as ever
+  ~CZEPHSortableObList() override;
+
+  /// Sorts the whole list. Stable: elements that compare equal keep their order.
+  ///
+  /// Method: insertion sort, from the second node on. At most n(n-1)/2 comparisons, n-1 on a list
+  /// that is in order; allocates nothing. Does nothing to a list of fewer than two elements.
+  void Sort(int (*compare)(CObject*, CObject*));
+
+  /// Sorts `count` elements from `start` on, in the same way, without touching those before
+  /// `start`.
+  ///
+  /// Stops at the end of the list if that comes first. A count of 0 sorts nothing; a negative one
+  /// is taken as unsigned and so runs to the end. Does nothing when the list is empty or `start`
+  /// null; `start` must be a position of this list.
+  void Sort(POSITION start, int count, int (*compare)(CObject*, CObject*));
+};
+
+// --- growth-size arrays ------------------------------------------------------------------------
+
+/// An array of unsigned 32-bit values that remembers by how much its storage grows.
+///
+///     CZEPHUIntArray values;
+///     values.SetGrowthSize(64);
+///     values.SetSize(10);  // room for 64, and for 64 more whenever it grows
+class ZEPH_API CZEPHUIntArray : public CUIntArray {
+ public:
+  /// An empty array with growth size -1.
+  CZEPHUIntArray();
+  ~CZEPHUIntArray() override;
+
+  /// Remembers `n` for the next SetSize; the array itself is not touched.
+  void SetGrowthSize(int n);
+
+  /// As the base's SetSize(n, growth size); a growth size below 0 keeps the base's setting.
+  void SetSize(int n);
+
+  int m_nGrowthSize;  ///< What SetSize passes on; -1 at first.
+};
+
+/// An array of unsigned 16-bit values; otherwise as CZEPHUIntArray.
+class ZEPH_API CZEPHWordArray : public CWordArray {
+ public:
+  /// An empty array with growth size -1.
+  CZEPHWordArray();
+  ~CZEPHWordArray() override;
+
+  /// As CZEPHUIntArray::SetGrowthSize.
+  void SetGrowthSize(int n);
+  /// As CZEPHUIntArray::SetSize.
+  void SetSize(int n);
+
+  int m_nGrowthSize;  ///< What SetSize passes on; -1 at first.
 };
 
 #endif  // ZEPH_CONTAINERS_H

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <new>
 #include <type_traits>
+#include <utility>
 
 #include "platform.h"
 
@@ -27,6 +28,21 @@ template <class T>
 T* NewArray(std::int64_t count) {
   static_assert(std::is_trivially_destructible_v<T>, "released without destructor calls");
   return static_cast<T*>(::operator new[](RequestBytes(count, sizeof(T))));
+}
+
+/// A new object, or null where the application's own allocation operator answers null; what that
+/// operator throws passes to the caller. Released with `delete`.
+template <class T, class... Arguments>
+T* NewObject(Arguments&&... arguments) {
+  // Compilers take it that the operator never answers null, and would drop the test.
+  void* volatile block = ::operator new(sizeof(T));
+  if (!block) return nullptr;
+  try {
+    return new (block) T{std::forward<Arguments>(arguments)...};
+  } catch (...) {
+    ::operator delete(block);
+    throw;
+  }
 }
 
 /// The handler's part of the allocation-failure rule: the text is fetched and discarded, the

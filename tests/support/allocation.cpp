@@ -51,6 +51,7 @@ void* Allocate(AllocationEvent::Kind kind, std::size_t bytes) {
   const bool fail = ShouldFail();
   void* block = fail || bytes > kLargestRequest ? nullptr : std::malloc(bytes ? bytes : 1);
   Record(kind, block, bytes);
+  if (!block && fail && failure == Failure::kNull) return nullptr;
   if (!block) Throw();
   ++live;
   return block;

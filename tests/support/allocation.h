@@ -10,8 +10,8 @@
 
 namespace zeph::test {
 
-/// What a failing allocation throws.
-enum class Failure { kBadAlloc, kMemoryException };
+/// What a failing allocation throws; kNull: nothing, it answers null as some old operators do.
+enum class Failure { kBadAlloc, kMemoryException, kNull };
 
 /// True when the library's allocations come through the operators of this program.
 bool InterceptsLibraryAllocations();

@@ -1,0 +1,94 @@
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <stdexcept>
+
+#include "containers.h"
+
+namespace {
+
+template <class Array>
+struct Shown : Array {
+  using Array::m_nGrowBy;
+  using Array::m_nMaxSize;
+  using Array::m_pData;
+};
+
+template <class Array>
+class GrowthArray : public ::testing::Test {};
+using Kinds = ::testing::Types<Shown<CZEPHUIntArray>, Shown<CZEPHWordArray>>;
+TYPED_TEST_SUITE(GrowthArray, Kinds);
+
+}  // namespace
+
+TYPED_TEST(GrowthArray, StartsEmptyWithGrowthSizeMinusOne) {
+  TypeParam array;
+  EXPECT_EQ(array.m_nGrowthSize, -1);
+  EXPECT_TRUE(array.IsEmpty());
+}
+
+TYPED_TEST(GrowthArray, KeepsTheBaseSettingUntilAGrowthSizeIsSet) {
+  TypeParam array;
+  array.SetSize(10);
+  EXPECT_EQ(array.m_nGrowBy, 0);
+  EXPECT_EQ(array.m_nMaxSize, 10);
+  EXPECT_EQ(array.GetSize(), 10);
+  EXPECT_EQ(array[9], 0u);
+}
+
+TYPED_TEST(GrowthArray, PassesTheGrowthSizeOnWithEverySize) {
+  TypeParam array;
+  array.SetGrowthSize(64);
+  EXPECT_EQ(array.m_nGrowthSize, 64);
+  EXPECT_EQ(array.m_nGrowBy, 0);  // the array itself is not touched
+  EXPECT_EQ(array.m_nMaxSize, 0);
+  array.SetSize(10);
+  EXPECT_EQ(array.m_nGrowBy, 64);
+  EXPECT_EQ(array.m_nMaxSize, 64);
+  array.SetSize(65);
+  EXPECT_EQ(array.m_nMaxSize, 128);
+}
+
+TYPED_TEST(GrowthArray, AGrowthSizeBelowZeroKeepsTheSettingAndZeroResetsIt) {
+  TypeParam array;
+  array.SetGrowthSize(64);
+  array.SetSize(1);
+  for (int n : {-1, -7, INT_MIN}) {
+    array.SetGrowthSize(n);
+    EXPECT_EQ(array.m_nGrowthSize, n);
+    array.SetSize(2);
+    EXPECT_EQ(array.m_nGrowBy, 64);
+  }
+  array.SetGrowthSize(0);
+  array.SetSize(3);
+  EXPECT_EQ(array.m_nGrowBy, 0);
+}
+
+TYPED_TEST(GrowthArray, KeepsElementsWhileItGrowsAndReleasesAtZero) {
+  TypeParam array;
+  array.SetGrowthSize(4);
+  array.SetSize(3);
+  array[0] = 65535;
+  array[2] = 7;
+  array.SetSize(100);
+  EXPECT_EQ(array[0], 65535u);
+  EXPECT_EQ(array[2], 7u);
+  EXPECT_EQ(array[99], 0u);
+  array.SetSize(0);
+  EXPECT_EQ(array.m_pData, nullptr);
+}
+
+TYPED_TEST(GrowthArray, RefusesANegativeSize) {
+  TypeParam array;
+  array.SetSize(3);
+  EXPECT_THROW(array.SetSize(-1), std::out_of_range);
+  EXPECT_EQ(array.GetSize(), 3);
+}
+
+TYPED_TEST(GrowthArray, TheBaseGrowsByTheRememberedSizeOnceItWasPassed) {
+  TypeParam array;
+  array.SetGrowthSize(16);
+  array.SetSize(16);
+  array.Add(1);
+  EXPECT_EQ(array.m_nMaxSize, 32);
+}

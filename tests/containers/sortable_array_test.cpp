@@ -1,0 +1,238 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <climits>
+
+#include "containers/sortable_support.h"
+#include "oracle/object_sorts.h"
+#include "support/allocation.h"
+
+using namespace zeph::test;
+
+namespace {
+
+using Objects = std::vector<CObject*>;
+
+void Fill(CZEPHSortableObArray& array, const Objects& objects) {
+  array.RemoveAll();
+  for (CObject* object : objects) array.Add(object);
+}
+
+Objects Content(CZEPHSortableObArray& array) {
+  return {array.GetData(), array.GetData() + array.GetSize()};
+}
+
+CZEPHSortableObArray* victim = nullptr;  // what the misbehaving compare functions change
+int calls_left = 0;
+
+int Shrinks(CObject* a, CObject* b) {
+  if (--calls_left == 0) victim->SetSize(victim->GetSize() / 2);
+  return ItemOf(a).key - ItemOf(b).key;
+}
+int Releases(CObject* a, CObject* b) {
+  if (--calls_left == 0) victim->RemoveAll();
+  return ItemOf(a).key - ItemOf(b).key;
+}
+int Moves(CObject* a, CObject* b) {
+  if (--calls_left == 0) {
+    victim->SetSize(victim->GetSize() + 1000);
+    victim->SetSize(victim->GetSize() - 1000);
+  }
+  return ItemOf(a).key - ItemOf(b).key;
+}
+int Throws(CObject* a, CObject* b) {
+  if (--calls_left == 0) throw 7;
+  return ItemOf(a).key - ItemOf(b).key;
+}
+
+}  // namespace
+
+TEST(SortableArray, AddsNoFieldToItsBase) {
+  EXPECT_EQ(sizeof(CZEPHSortableObArray), sizeof(CObArray));
+}
+
+TEST(SortableArray, LeavesNoneAndOneElementWithoutAComparison) {
+  CZEPHSortableObArray array;
+  EXPECT_TRUE(Traced([&] { array.Sort(ByKey); }).empty());
+  const Items items = Items::OfKeys({5});
+  Fill(array, items.Pointers());
+  EXPECT_TRUE(Traced([&] { array.Sort(ByKey); }).empty());
+  EXPECT_EQ(Content(array), items.Pointers());
+}
+
+TEST(SortableArray, SortsFiveElementsByTheGapsFourAndOne) {
+  const Items items = Items::OfKeys({5, 4, 3, 2, 1});
+  CZEPHSortableObArray array;
+  Fill(array, items.Pointers());
+  const auto trace = Traced([&] { array.Sort(ByKey); });
+  EXPECT_EQ(Keys(Content(array)), (std::vector<int>{1, 2, 3, 4, 5}));
+  ASSERT_GE(trace.size(), 2u);
+  EXPECT_EQ(trace[0], Comparison(4, 0));  // gap 4: the last with the first
+  EXPECT_EQ(trace[1], Comparison(1, 4));  // gap 1, behind the exchange
+}
+
+TEST(SortableArray, TakesTheDocumentedStepsForEveryCompareFunction) {
+  CZEPHSortableObArray array;
+  for (const Temper& temper : Tempers())
+    for (std::size_t n : {0, 1, 2, 3, 4, 5, 6, 12, 13, 14, 15, 39, 40, 41, 42, 122, 400})
+      for (int distinct : {1, 2, 5, 1000}) {
+        const Items items(n, distinct, n * 7 + static_cast<std::size_t>(distinct));
+        Objects want = items.Pointers();
+        Fill(array, want);
+        const auto wanted =
+            Traced([&] { oracle::ShellSortObjects(want, 0, static_cast<int>(n), temper.compare); });
+        const auto trace = Traced([&] { array.Sort(temper.compare); });
+        ASSERT_EQ(Ids(Content(array)), Ids(want)) << temper.name << " n=" << n;
+        ASSERT_EQ(trace, wanted) << temper.name << " n=" << n;
+      }
+}
+
+TEST(SortableArray, SortsEveryOrderOfUpToSevenElements) {
+  CZEPHSortableObArray array;
+  for (std::size_t n = 2; n <= 7; ++n) {
+    const Items items(n, 4, n);
+    Objects order = items.Pointers();
+    std::sort(order.begin(), order.end());
+    do {
+      Fill(array, order);
+      Objects want = order;
+      oracle::ShellSortObjects(want, 0, static_cast<int>(n), ByKey);
+      array.Sort(ByKey);
+      ASSERT_EQ(Content(array), want);
+      const auto keys = Keys(Content(array));
+      ASSERT_TRUE(std::is_sorted(keys.begin(), keys.end()));
+    } while (std::next_permutation(order.begin(), order.end()));
+  }
+}
+
+TEST(SortableArray, IsNotStableAcrossGaps) {
+  const Items items = Items::OfKeys({2, 2, 2, 2, 1});
+  CZEPHSortableObArray array;
+  Fill(array, items.Pointers());
+  array.Sort(ByKey);
+  EXPECT_EQ(Ids(Content(array)), (std::vector<int>{4, 1, 2, 3, 0}));  // 0 went behind its equals
+}
+
+TEST(SortableArray, SortsARangeAndLeavesTheRestUntouched) {
+  const Items items = Items::OfKeys({7, 6, 5, 4, 3, 2, 1});
+  CZEPHSortableObArray array;
+  Fill(array, items.Pointers());
+  array.Sort(2, 3, ByKey);
+  EXPECT_EQ(Keys(Content(array)), (std::vector<int>{7, 6, 3, 4, 5, 2, 1}));
+}
+
+TEST(SortableArray, SortsEveryRangeAsTheStepsSay) {
+  CZEPHSortableObArray array;
+  for (const Temper& temper : Tempers()) {
+    const Items items(23, 4, 5);
+    for (int first = 0; first <= 23; ++first)
+      for (int count = -1; first + count <= 23; ++count) {
+        Objects want = items.Pointers();
+        Fill(array, want);
+        const auto wanted = Traced([&] {
+          oracle::ShellSortObjects(want, static_cast<std::size_t>(first), count, temper.compare);
+        });
+        const auto trace = Traced([&] { array.Sort(first, count, temper.compare); });
+        ASSERT_EQ(Content(array), want) << temper.name << ' ' << first << ' ' << count;
+        ASSERT_EQ(trace, wanted);
+      }
+  }
+}
+
+TEST(SortableArray, ACountBelowOneSortsNothing) {
+  const Items items = Items::OfKeys({3, 2, 1});
+  CZEPHSortableObArray array;
+  Fill(array, items.Pointers());
+  for (int count : {0, -1, INT_MIN}) {
+    EXPECT_TRUE(Traced([&] { array.Sort(0, count, ByKey); }).empty());
+    EXPECT_TRUE(Traced([&] { array.Sort(INT_MIN, count, ByKey); }).empty());
+  }
+  EXPECT_EQ(Content(array), items.Pointers());
+}
+
+TEST(SortableArray, ARangeReachesElementsDroppedByASmallerSize) {
+  const Items items = Items::OfKeys({5, 4, 3, 2, 1});
+  CZEPHSortableObArray array;
+  Fill(array, items.Pointers());
+  array.FreeExtra();
+  array.SetSize(2);
+  array.Sort(0, 5, ByKey);
+  EXPECT_EQ(Keys(Content(array)), (std::vector<int>{1, 2}));
+}
+
+TEST(SortableArray, ARangeBeyondTheStorageSortsWhatLiesInside) {
+  const Items items = Items::OfKeys({5, 4, 3, 2, 1});
+  CZEPHSortableObArray array;
+  const auto sorted = [&](int first, int count) {
+    Fill(array, items.Pointers());
+    array.FreeExtra();
+    array.Sort(first, count, ByKey);
+    return Keys(Content(array));
+  };
+  EXPECT_EQ(sorted(3, 100), (std::vector<int>{5, 4, 3, 1, 2}));
+  EXPECT_EQ(sorted(0, INT_MAX), (std::vector<int>{1, 2, 3, 4, 5}));
+  EXPECT_EQ(sorted(-2, 4), (std::vector<int>{4, 5, 3, 2, 1}));
+  EXPECT_EQ(sorted(INT_MAX, INT_MAX), (std::vector<int>{5, 4, 3, 2, 1}));
+  EXPECT_EQ(sorted(INT_MIN, INT_MAX), (std::vector<int>{5, 4, 3, 2, 1}));
+  array.RemoveAll();
+  array.Sort(0, 3, ByKey);
+  EXPECT_TRUE(array.IsEmpty());
+}
+
+TEST(SortableArray, StopsWhereACompareFunctionTakesTheElementsAway) {
+  const Items items(200, 1000, 3);
+  CZEPHSortableObArray array;
+  victim = &array;
+  for (auto misbehave : {Shrinks, Releases, Moves})
+    for (int call : {1, 2, 50, 700}) {
+      Fill(array, items.Pointers());
+      calls_left = call;
+      array.Sort(misbehave);
+      EXPECT_LE(calls_left, 0);
+      Fill(array, items.Pointers());
+      array.FreeExtra();
+      calls_left = call;
+      array.Sort(0, 200, misbehave);
+      EXPECT_LE(calls_left, 0);
+    }
+}
+
+TEST(SortableArray, WholeSortFollowsTheStorageWhenItMoves) {
+  const Items items(200, 1000, 3);
+  CZEPHSortableObArray array;
+  Fill(array, items.Pointers());
+  array.FreeExtra();
+  victim = &array;
+  calls_left = 100;
+  const CObject* const* before = array.GetData();
+  array.Sort(Moves);
+  ASSERT_NE(array.GetData(), before);
+  const auto keys = Keys(Content(array));
+  EXPECT_TRUE(std::is_sorted(keys.begin(), keys.end()));
+}
+
+TEST(SortableArray, KeepsItsElementsWhenTheCompareFunctionThrows) {
+  const Items items(100, 1000, 9);
+  CZEPHSortableObArray array;
+  for (int call = 1; call < 500; call += 7) {
+    Fill(array, items.Pointers());
+    calls_left = call;
+    EXPECT_THROW(array.Sort(Throws), int);
+    Objects want = items.Pointers(), got = Content(array);
+    EXPECT_TRUE(std::is_permutation(got.begin(), got.end(), want.begin(), want.end()));
+  }
+}
+
+TEST(SortableArray, AllocatesNothingAndOwnsNothing) {
+  const Items items(100, 10, 9);
+  const long live = LiveBlocks();
+  {
+    CZEPHSortableObArray array;
+    Fill(array, items.Pointers());
+    const long before = AllocationCount();
+    array.Sort(ByKey);
+    array.Sort(3, 50, Descending);
+    EXPECT_EQ(AllocationCount(), before);
+  }
+  EXPECT_EQ(LiveBlocks(), live);
+}

@@ -6,10 +6,13 @@
 //   general matrix      CZEPHMatrix: resizable, unchecked access, products, columns
 //   general vector      CZEPHVector: the columns and sums of general matrices
 //   their functions     ZEPH_SumVector, ZEPH_RandomizeMatrix, ZEPH_GetVector*
+//   double 4x4 matrix   CZEPHMatrix4: 16 doubles by columns, live objects counted
+//   double 3-vector     CZEPHVector3: 3 doubles, live objects counted; Bisect; vector
+//   ZEPH_MathClamp
 //
-// All of them are dense, hold doubles, own their storage and copy it deeply. A matrix keeps a table
-// of row pointers and each row as a block of its own, so `m[i][j]` is element (i, j) and a row is a
-// contiguous `double*`; rows do not follow each other in memory.
+// The first three are dense, own their storage and copy it deeply. A matrix keeps a table of row
+// pointers and each row as a block of its own, so `m[i][j]` is element (i, j) and a row is a
+// contiguous `double*`; rows do not follow each other in memory. The last two are small values.
 //
 // Storage can be absent while the counts are not 0: after Clear or Free, and after an allocation
 // that failed. Operations on whole objects then still compare and pass on the counts, and find no
@@ -455,6 +458,226 @@ ZEPH_API double ZEPH_GetVectorSquareNorm(CZEPHVector& v);
 /// is passed over. (The name is spelled so.)
 ZEPH_API double ZEPH_GetVectorInfititeNorm(CZEPHVector& v);
 
+// --- double 4x4 matrix -------------------------------------------------------------------------
+
+/// A 4x4 matrix of doubles, stored by columns: element (row i, column j) is `m_data[i + 4 * j]`.
+///
+/// A plain value of 16 doubles without heap storage, checks or error reports: a division by zero
+/// gives what the processor gives. Every sum and product rounds once, in the order stated. Scalars
+/// are taken by value when an operation begins, so `m /= m(0, 0)` divides every element by the
+/// same number.
+///
+/// The class counts its live objects, copies and temporaries included; howMany() tells. The
+/// counter is process-wide and unguarded: programs that make objects on several threads at once
+/// may lose counts, and nothing else.
+///
+///     CZEPHMatrix4 m;
+///     m.loadIdentity();
+///     m(0, 3) = 5.0;  // translation by 5 along x
+///     CZEPHMatrix4 twice = m * m;
+class ZEPH_API CZEPHMatrix4 {
+ public:
+  /// How a source array of 16 doubles lists its elements. Any value but RowMajor is ColumnMajor.
+  enum ordermode : int {
+    ColumnMajor = 0,  ///< column 0, then column 1, ...: the order of storage
+    RowMajor = 1      ///< row 0, then row 1, ...
+  };
+
+  /// A matrix whose elements are not set.
+  CZEPHMatrix4();
+  /// A matrix of 16 equal elements.
+  CZEPHMatrix4(const double& value);  // NOLINT: implicit on purpose
+  /// The 16 elements of `data`, listed as `mode` says.
+  CZEPHMatrix4(const double* const data, ordermode mode);
+  CZEPHMatrix4(const CZEPHMatrix4& other);
+  ~CZEPHMatrix4();
+
+  ZEPH_EMIT CZEPHMatrix4& operator=(const CZEPHMatrix4& other) {
+    for (int k = 0; k < 16; ++k) m_data[k] = other.m_data[k];
+    return *this;
+  }
+
+  /// The element in row `i`, column `j`, each 0..3; not checked.
+  ZEPH_EMIT double& operator()(const int& i, const int& j) { return m_data[i + 4 * j]; }
+
+  /// The address of the first stored element, typed as a pointer to float.
+  ///
+  /// The storage holds doubles all the same: a reader sees their bytes, not their values.
+  ZEPH_EMIT operator float*() {  // NOLINT: implicit on purpose
+    return reinterpret_cast<float*>(m_data);
+  }
+
+  /// Makes this the identity: 1.0 on the diagonal, 0.0 elsewhere.
+  void loadIdentity();
+
+  /// Element-wise, in place.
+  CZEPHMatrix4& operator+=(const CZEPHMatrix4& other);
+  CZEPHMatrix4& operator-=(const CZEPHMatrix4& other);
+  CZEPHMatrix4& operator*=(const double& s);
+  CZEPHMatrix4& operator/=(const double& s);
+
+  /// this = this * b; `m *= m` squares.
+  CZEPHMatrix4& operator*=(const CZEPHMatrix4& b);
+
+  /// Flips the sign of every element of this very matrix and refers to it.
+  ///
+  /// So `-m` changes `m`. For a negated copy write `m * -1.0`.
+  CZEPHMatrix4& operator-();
+
+  /// The number of live objects of this class.
+  static int howMany();
+
+  double m_data[16];  ///< the elements, by columns
+
+ private:
+  static int m_nObject;
+};
+
+/// Element-wise sum and difference.
+ZEPH_API CZEPHMatrix4 operator+(const CZEPHMatrix4& a, const CZEPHMatrix4& b);
+ZEPH_API CZEPHMatrix4 operator-(const CZEPHMatrix4& a, const CZEPHMatrix4& b);
+
+/// Matrix product: r(i, j) = a(i,0) * b(0,j) + a(i,1) * b(1,j) + a(i,2) * b(2,j) + a(i,3) * b(3,j),
+/// added left to right.
+ZEPH_API CZEPHMatrix4 operator*(const CZEPHMatrix4& a, const CZEPHMatrix4& b);
+
+/// Every element times, or divided by, `s`.
+ZEPH_API CZEPHMatrix4 operator*(const double& s, const CZEPHMatrix4& a);
+ZEPH_API CZEPHMatrix4 operator*(const CZEPHMatrix4& a, const double& s);
+ZEPH_API CZEPHMatrix4 operator/(const CZEPHMatrix4& a, const double& s);
+
+/// Writes four lines, row by row, "[ a b c d ]\n", numbers in the stream's formatting.
+ZEPH_API std::ostream& operator<<(std::ostream& os, const CZEPHMatrix4& a);
+
+// --- double 3-vector ---------------------------------------------------------------------------
+
+/// A vector of three doubles. Counts its live objects as CZEPHMatrix4 does; HowMany() tells.
+///
+/// Nothing is checked. Scalars are taken by value when an operation begins, so `v /= v.x()` divides
+/// all three components by the same number.
+///
+/// Three setters store where their names do not say, and programs rely on it: SetZ, Set(a, b, c)
+/// and Set(v). To set all components, assign: `v = CZEPHVector3(1, 2, 3)`.
+class ZEPH_API CZEPHVector3 {
+ public:
+  /// (0, 0, 0).
+  CZEPHVector3();
+  CZEPHVector3(const double& x, const double& y, const double& z);
+  /// The way from one point to another: to - from.
+  CZEPHVector3(CZEPHVector3& from, CZEPHVector3& to);
+  CZEPHVector3(const CZEPHVector3& other);
+  ~CZEPHVector3();
+
+  ZEPH_EMIT CZEPHVector3& operator=(const CZEPHVector3& other) {
+    m_x = other.m_x;
+    m_y = other.m_y;
+    m_z = other.m_z;
+    return *this;
+  }
+
+  /// Component `i`: 0 is x, 1 is y, 2 is z; not checked.
+  ZEPH_EMIT double& operator[](const int& i) { return reinterpret_cast<double*>(this)[i]; }
+
+  ZEPH_EMIT double& x() { return m_x; }
+  ZEPH_EMIT double& y() { return m_y; }
+  ZEPH_EMIT double& z() { return m_z; }
+  ZEPH_EMIT double x() const { return m_x; }
+  ZEPH_EMIT double y() const { return m_y; }
+  ZEPH_EMIT double z() const { return m_z; }
+  ZEPH_EMIT double GetX() const { return m_x; }
+  ZEPH_EMIT double GetY() const { return m_y; }
+  ZEPH_EMIT double GetZ() const { return m_z; }
+
+  ZEPH_EMIT void SetX(double v) { m_x = v; }
+  ZEPH_EMIT void SetY(double v) { m_y = v; }
+  /// Stores `v` as x; z stays. `v.z() = ...` sets z.
+  ZEPH_EMIT void SetZ(double v) { m_x = v; }
+  /// Stores `b` as y and `c` as x; `a` is not read, z stays.
+  ZEPH_EMIT void Set(double, double b, double c) {
+    m_y = b;
+    m_x = c;
+  }
+  /// Stores the x of `v` as x and its z as y; z stays.
+  ZEPH_EMIT void Set(const CZEPHVector3& v) {
+    m_x = v.m_x;
+    m_y = v.m_z;
+  }
+
+  /// The address of x, typed as a pointer to float; the storage holds doubles all the same.
+  ZEPH_EMIT operator float*() {  // NOLINT: implicit on purpose
+    return reinterpret_cast<float*>(this);
+  }
+
+  /// The dot product with itself, and its square root.
+  double GetLength2() const;
+  double GetLength() const;
+
+  /// Divides each component by the length, in place, and gives the length.
+  ///
+  /// The null vector becomes three NaN.
+  double Normalize();
+  /// A vector of length 1 in the same direction; three NaN for the null vector.
+  CZEPHVector3 Normalized() const;
+
+  /// Takes the components of `fallback` if all of its own are below 1e-8 in magnitude.
+  ///
+  /// A NaN component keeps the vector as it is.
+  void EpsilonCorrect(const CZEPHVector3& fallback);
+
+  /// Component by component, in place.
+  CZEPHVector3& operator+=(const CZEPHVector3& other);
+  CZEPHVector3& operator-=(const CZEPHVector3& other);
+  CZEPHVector3& operator*=(const double& s);
+  CZEPHVector3& operator/=(const double& s);
+
+  /// The number of live objects of this class.
+  static int HowMany();
+
+  double m_x;  ///< component 0
+  double m_y;  ///< component 1
+  double m_z;  ///< component 2
+
+ private:
+  static int m_nObject;
+
+  // Our addition, listed in docs/additions.md.
+ public:
+  /// The way from one point to another, for constants and temporaries.
+  ZEPH_ADDED CZEPHVector3(const CZEPHVector3& from, const CZEPHVector3& to)
+      : CZEPHVector3(const_cast<CZEPHVector3&>(from), const_cast<CZEPHVector3&>(to)) {}
+};
+
+/// Component by component.
+ZEPH_API CZEPHVector3 operator+(const CZEPHVector3& a, const CZEPHVector3& b);
+ZEPH_API CZEPHVector3 operator-(const CZEPHVector3& a, const CZEPHVector3& b);
+ZEPH_API CZEPHVector3 operator-(const CZEPHVector3& a);
+ZEPH_API CZEPHVector3 operator*(const double& s, const CZEPHVector3& v);
+ZEPH_API CZEPHVector3 operator*(const CZEPHVector3& v, const double& s);
+ZEPH_API CZEPHVector3 operator/(const CZEPHVector3& v, const double& s);
+
+/// Dot product: a.y * b.y + a.x * b.x + a.z * b.z, added in this order.
+ZEPH_API double operator*(const CZEPHVector3& a, const CZEPHVector3& b);
+
+/// Cross product a x b; `^` binds weaker than `+` and `==`, so parenthesise it.
+ZEPH_API CZEPHVector3 operator^(const CZEPHVector3& a, const CZEPHVector3& b);
+
+/// 1 or 0: exact comparison of all components; 0.0 equals -0.0, NaN differs from everything.
+ZEPH_API int operator==(const CZEPHVector3& a, const CZEPHVector3& b);
+ZEPH_API int operator!=(const CZEPHVector3& a, const CZEPHVector3& b);
+
+/// Writes "[ x ; y ; z ]", numbers in the stream's formatting, without a line end.
+ZEPH_API std::ostream& operator<<(std::ostream& os, const CZEPHVector3& v);
+
+/// The direction half-way between two: the sum, scaled to length 1.
+///
+/// (0, 0, 1) where the squared length of the sum is below 1e-5: for opposite or null vectors.
+ZEPH_API CZEPHVector3 Bisect(CZEPHVector3 a, CZEPHVector3 b);
+
+/// Brings x, then y, then z into [lo, hi] by the rule of the scalar ZEPH_MathClamp (algorithms.h).
+///
+/// Bounds that are components of `v` itself are read as they change.
+ZEPH_API void ZEPH_MathClamp(CZEPHVector3& v, const double& lo, const double& hi);
+
 // --- added forms -------------------------------------------------------------------------------
 
 // The functions above for temporaries and const operands: `ZEPH_SumVector(a * b)`.
@@ -475,6 +698,41 @@ ZEPH_ADDED inline double ZEPH_GetVectorSquareNorm(const CZEPHVector& v) {
 }
 ZEPH_ADDED inline double ZEPH_GetVectorInfititeNorm(const CZEPHVector& v) {
   return ZEPH_GetVectorInfititeNorm(const_cast<CZEPHVector&>(v));
+}
+
+// Reading what operator<< wrote. White space between the signs and numbers is free; anything else
+// sets failbit and leaves the object as it was. Infinities and NaN are not read by standard
+// streams.
+
+/// Reads "[ x ; y ; z ]".
+ZEPH_ADDED inline std::istream& operator>>(std::istream& is, CZEPHVector3& v) {
+  double read[3];
+  char sign = 0;
+  for (int i = 0; i < 3; ++i) {
+    if (is >> sign && sign != (i == 0 ? '[' : ';')) is.setstate(std::ios_base::failbit);
+    is >> read[i];
+  }
+  if (is >> sign && sign != ']') is.setstate(std::ios_base::failbit);
+  if (is) {
+    v.m_x = read[0];
+    v.m_y = read[1];
+    v.m_z = read[2];
+  }
+  return is;
+}
+
+/// Reads four rows "[ a b c d ]".
+ZEPH_ADDED inline std::istream& operator>>(std::istream& is, CZEPHMatrix4& a) {
+  double read[16];
+  char sign = 0;
+  for (int i = 0; i < 4; ++i) {
+    if (is >> sign && sign != '[') is.setstate(std::ios_base::failbit);
+    for (int j = 0; j < 4; ++j) is >> read[i + 4 * j];
+    if (is >> sign && sign != ']') is.setstate(std::ios_base::failbit);
+  }
+  if (is)
+    for (int k = 0; k < 16; ++k) a.m_data[k] = read[k];
+  return is;
 }
 
 #endif  // ZEPH_LINALG_H

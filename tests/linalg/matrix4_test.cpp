@@ -1,0 +1,227 @@
+#include <gtest/gtest.h>
+
+#include <iomanip>
+#include <numeric>
+#include <sstream>
+#include <type_traits>
+
+#include "linalg.h"
+#include "oracle/matrix4.h"
+#include "support/bits.h"
+#include "support/numbers.h"
+
+using namespace zeph::test;
+
+namespace {
+
+oracle::Matrix4 Rows(const CZEPHMatrix4& m) {
+  oracle::Matrix4 rows{};
+  for (std::size_t i = 0; i < 4; ++i)
+    for (std::size_t j = 0; j < 4; ++j) rows[i][j] = m.m_data[i + 4 * j];
+  return rows;
+}
+
+void ExpectRows(const CZEPHMatrix4& got, const oracle::Matrix4& want) {
+  for (int i = 0; i < 4; ++i)
+    for (int j = 0; j < 4; ++j)
+      EXPECT_SAME_VALUE(got.m_data[i + 4 * j],
+                        want[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)])
+          << " at (" << i << ", " << j << ")";
+}
+
+CZEPHMatrix4 Counted() {
+  double data[16];
+  std::iota(data, data + 16, 0.0);
+  return CZEPHMatrix4(data, CZEPHMatrix4::RowMajor);
+}
+
+CZEPHMatrix4 AwkwardMatrix(std::uint64_t seed) {
+  return CZEPHMatrix4(Awkward(16, seed).data(), CZEPHMatrix4::ColumnMajor);
+}
+
+std::string Text(const CZEPHMatrix4& m) {
+  std::ostringstream os;
+  os << m;
+  return os.str();
+}
+
+}  // namespace
+
+TEST(Matrix4, LoadsByRowsOnlyWhenToldRowMajor) {
+  double data[16];
+  std::iota(data, data + 16, 0.0);
+  CZEPHMatrix4 rows(data, CZEPHMatrix4::RowMajor);
+  EXPECT_EQ(rows(0, 1), 1.0);
+  EXPECT_EQ(rows(1, 0), 4.0);
+  EXPECT_EQ(rows(3, 2), 14.0);
+  for (const int mode : {0, 2, -1, 77}) {
+    CZEPHMatrix4 columns(data, static_cast<CZEPHMatrix4::ordermode>(mode));
+    EXPECT_TRUE(SameBits(columns.m_data, data, 16)) << mode;
+    EXPECT_EQ(columns(1, 0), 1.0);
+  }
+}
+
+TEST(Matrix4, OfOneValueHoldsItSixteenTimes) {
+  const CZEPHMatrix4 m(-0.0);
+  for (const double x : m.m_data) EXPECT_SAME_BITS(x, -0.0);
+}
+
+TEST(Matrix4, CopiesBitForBit) {
+  const CZEPHMatrix4 m = AwkwardMatrix(1);
+  const CZEPHMatrix4 copy(m);
+  CZEPHMatrix4 assigned(3.0);
+  EXPECT_EQ(&(assigned = m), &assigned);
+  assigned = *&assigned;
+  EXPECT_TRUE(SameBits(copy.m_data, m.m_data, 16));
+  EXPECT_TRUE(SameBits(assigned.m_data, m.m_data, 16));
+}
+
+TEST(Matrix4, BecomesTheIdentity) {
+  CZEPHMatrix4 m = AwkwardMatrix(2);
+  m.loadIdentity();
+  for (int i = 0; i < 4; ++i)
+    for (int j = 0; j < 4; ++j) EXPECT_SAME_BITS(m(i, j), i == j ? 1.0 : 0.0);
+}
+
+TEST(Matrix4, GivesAWritableElement) {
+  CZEPHMatrix4 m(0.0);
+  m(2, 3) = 5.0;
+  EXPECT_EQ(m.m_data[14], 5.0);
+}
+
+TEST(Matrix4, AsAFloatPointerIsTheAddressOfItsDoubles) {
+  CZEPHMatrix4 m(1.5);
+  float* p = m;
+  EXPECT_EQ(static_cast<void*>(p), static_cast<void*>(m.m_data));
+}
+
+TEST(Matrix4, ArithmeticAgreesWithTheOracle) {
+  for (std::uint64_t seed = 0; seed < 400; ++seed) {
+    const CZEPHMatrix4 a = AwkwardMatrix(3 * seed), b = AwkwardMatrix(3 * seed + 1);
+    const double s = Awkward(1, 3 * seed + 2)[0];
+    const auto ra = Rows(a), rb = Rows(b);
+    const auto sum = oracle::ForEach(ra, rb, [](double x, double y) { return x + y; });
+    const auto difference = oracle::ForEach(ra, rb, [](double x, double y) { return x - y; });
+    const auto scaled = oracle::ForEach(ra, [s](double x) { return x * s; });
+    const auto divided = oracle::ForEach(ra, [s](double x) { return x / s; });
+    const auto product = oracle::Multiply(ra, rb);
+    ExpectRows(a + b, sum);
+    ExpectRows(a - b, difference);
+    ExpectRows(a * s, scaled);
+    ExpectRows(s * a, scaled);
+    ExpectRows(a / s, divided);
+    ExpectRows(a * b, product);
+    CZEPHMatrix4 m(a);
+    ExpectRows(m += b, sum);
+    m = a;
+    ExpectRows(m -= b, difference);
+    m = a;
+    ExpectRows(m *= s, scaled);
+    m = a;
+    ExpectRows(m /= s, divided);
+    m = a;
+    ExpectRows(m *= b, product);
+  }
+}
+
+TEST(Matrix4, OperatesOnItself) {
+  for (std::uint64_t seed = 0; seed < 50; ++seed) {
+    const CZEPHMatrix4 a(Moderate(16, seed).data(), CZEPHMatrix4::ColumnMajor);
+    CZEPHMatrix4 m(a);
+    EXPECT_EQ(&(m *= m), &m);
+    ExpectRows(m, oracle::Multiply(Rows(a), Rows(a)));
+    m = a;
+    m += m;
+    ExpectRows(m, oracle::ForEach(Rows(a), [](double x) { return x + x; }));
+    m = a;
+    m -= m;
+    ExpectRows(m, oracle::Matrix4{});
+  }
+}
+
+TEST(Matrix4, ScalesByAnElementOfItsOwnAsItStoodBefore) {
+  CZEPHMatrix4 m(3.0);
+  m(0, 0) = 2.0;
+  CZEPHMatrix4 n(m);
+  m *= m(0, 0);
+  EXPECT_EQ(m(0, 0), 4.0);
+  EXPECT_EQ(m(3, 3), 6.0);
+  n /= n(0, 0);
+  EXPECT_EQ(n(0, 0), 1.0);
+  EXPECT_EQ(n(3, 3), 1.5);
+}
+
+TEST(Matrix4, UnaryMinusChangesTheMatrixItself) {
+  const CZEPHMatrix4 a = AwkwardMatrix(9);
+  CZEPHMatrix4 m(a);
+  EXPECT_EQ(&-m, &m);
+  for (int k = 0; k < 16; ++k)
+    EXPECT_EQ(Bits(m.m_data[k]), Bits(a.m_data[k]) ^ (std::uint64_t{1} << 63));
+}
+
+TEST(Matrix4, PrintsRowByRow) {
+  EXPECT_EQ(Text(Counted()), "[ 0 1 2 3 ]\n[ 4 5 6 7 ]\n[ 8 9 10 11 ]\n[ 12 13 14 15 ]\n");
+  CZEPHMatrix4 m;
+  m.loadIdentity();
+  EXPECT_EQ(Text(m), "[ 1 0 0 0 ]\n[ 0 1 0 0 ]\n[ 0 0 1 0 ]\n[ 0 0 0 1 ]\n");
+}
+
+TEST(Matrix4, PrintsInTheStreamsFormatting) {
+  std::ostringstream os;
+  os << std::fixed << std::setprecision(2) << CZEPHMatrix4(1.0 / 3);
+  EXPECT_EQ(os.str().substr(0, 24), "[ 0.33 0.33 0.33 0.33 ]\n");
+}
+
+TEST(Matrix4, ReadsWhatItPrinted) {
+  const CZEPHMatrix4 a(Moderate(16, 4).data(), CZEPHMatrix4::ColumnMajor);
+  std::stringstream stream;
+  stream << std::setprecision(17) << a << " next";
+  CZEPHMatrix4 b(0.0);
+  std::string next;
+  EXPECT_TRUE(stream >> b >> next);
+  EXPECT_TRUE(SameBits(b.m_data, a.m_data, 16));
+  EXPECT_EQ(next, "next");
+}
+
+TEST(Matrix4, StaysAsItIsWhenTheTextIsNotAMatrix) {
+  for (const char* text : {"", "x", "[ 1 2 3 ]", "[ 1 2 3 4 ]\n[ 1 2 3 4 ]\n[ 1 2 3 4 ]\n[ 1 2 3 4",
+                           "[ 1 2 3 4 ]\n( 1 2 3 4 ]\n[ 1 2 3 4 ]\n[ 1 2 3 4 ]",
+                           "[ 1 2 3 4 ]\n[ 1 2 3 4 5 ]\n[ 1 2 3 4 ]\n[ 1 2 3 4 ]"}) {
+    std::istringstream is(text);
+    CZEPHMatrix4 m(7.0);
+    EXPECT_FALSE(is >> m) << text;
+    for (const double x : m.m_data) EXPECT_EQ(x, 7.0);
+  }
+}
+
+TEST(Matrix4, CountsItsLiveObjects) {
+  ASSERT_EQ(CZEPHMatrix4::howMany(), 0);
+  {
+    CZEPHMatrix4 m;
+    CZEPHMatrix4 copy(m);
+    EXPECT_EQ(CZEPHMatrix4::howMany(), 2);
+    copy = CZEPHMatrix4(1.0);
+    m = copy;
+    EXPECT_EQ(CZEPHMatrix4::howMany(), 2);
+    EXPECT_EQ(((m + copy), CZEPHMatrix4::howMany()), 3);
+    EXPECT_EQ(CZEPHMatrix4::howMany(), 2);
+    const CZEPHMatrix4 product = m * copy;
+    EXPECT_EQ(CZEPHMatrix4::howMany(), 3);
+    m *= m;
+    -m;
+    m *= 2.0;
+    EXPECT_EQ(CZEPHMatrix4::howMany(), 3);
+    const CZEPHMatrix4 moved(std::move(copy));
+    EXPECT_EQ(CZEPHMatrix4::howMany(), 4);
+    const double data[16] = {};
+    EXPECT_EQ((CZEPHMatrix4(data, CZEPHMatrix4::RowMajor), CZEPHMatrix4::howMany()), 5);
+  }
+  EXPECT_EQ(CZEPHMatrix4::howMany(), 0);
+}
+
+TEST(Matrix4, KeepsItsLayout) {
+  EXPECT_EQ(sizeof(CZEPHMatrix4), 16 * sizeof(double));
+  EXPECT_TRUE((std::is_same_v<std::underlying_type_t<CZEPHMatrix4::ordermode>, int>));
+  EXPECT_EQ(CZEPHMatrix4::ColumnMajor, 0);
+  EXPECT_EQ(CZEPHMatrix4::RowMajor, 1);
+}

@@ -1,0 +1,139 @@
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <vector>
+
+#include "raw_buffers.h"
+#include "raw_buffers/families.h"
+#include "support/allocation.h"
+
+using namespace zeph::test;
+
+namespace {
+
+template <class T>
+T Cell(int i, int j) {
+  return static_cast<T>(100 * (i + 1) + j);
+}
+
+/// 0..rowHi by 0..colHi, every cell telling where it is.
+template <class T>
+T** Numbered(int rowHi, int colHi) {
+  T** m = Family<T>::Matrix(0, rowHi, 0, colHi);
+  for (int i = 0; i <= rowHi; ++i)
+    for (int j = 0; j <= colHi; ++j) m[i][j] = Cell<T>(i, j);
+  return m;
+}
+
+template <class T>
+void ExpectKept(T** m, int keptRowHi, int keptColHi, int rowHi, int colHi) {
+  for (int i = 0; i <= rowHi; ++i)
+    for (int j = 0; j <= colHi; ++j) {
+      const bool kept = i <= keptRowHi && j <= keptColHi;
+      EXPECT_TRUE(m[i][j] == (kept ? Cell<T>(i, j) : T(0))) << i << " " << j;
+    }
+}
+
+}  // namespace
+
+TEST(RawMatrixResize, KeepsTheOldCellsAndZeroesTheOthers) {
+  ForEachElementType([](auto zero) {
+    using T = decltype(zero);
+    SCOPED_TRACE(Family<T>::kName);
+    for (int newRowHi = 2; newRowHi <= 5; ++newRowHi)
+      for (int newColHi = 2; newColHi <= 5; ++newColHi) {
+        T** m = ZEPH_MatrixResize(Numbered<T>(2, 2), 2, 2, newRowHi, newColHi);
+        ASSERT_NE(m, nullptr);
+        ExpectKept(m, 2, 2, newRowHi, newColHi);
+        ZEPH_MatrixFree(m, 0, newRowHi, 0, newColHi);
+      }
+  });
+}
+
+TEST(RawMatrixResize, RefusesToShrinkOrToBeEmptyAndLeavesTheOldMatrixAlone) {
+  ForEachElementType([](auto zero) {
+    using T = decltype(zero);
+    T** m = Numbered<T>(2, 2);
+    {
+      RecordAllocations record;
+      EXPECT_EQ(ZEPH_MatrixResize(m, 2, 2, 1, 5), nullptr);
+      EXPECT_EQ(ZEPH_MatrixResize(m, 2, 2, 5, 1), nullptr);
+      EXPECT_EQ(ZEPH_MatrixResize(m, -2, -2, -1, -1), nullptr);
+      EXPECT_EQ(ZEPH_MatrixResize(m, 2, 2, INT_MAX, 2), nullptr);  // 2^31 rows
+      EXPECT_EQ(ZEPH_MatrixResize(m, 2, INT_MIN, 2, INT_MIN), nullptr);
+      EXPECT_TRUE(record.Events().empty());
+    }
+    ExpectKept(m, 2, 2, 2, 2);
+    ZEPH_MatrixFree(m, 0, 2, 0, 2);
+  });
+}
+
+TEST(RawMatrixResize, BuildsTheNewMatrixThenReleasesTheOldOneBackwards) {
+  ZEPH_NEEDS_THE_ALLOCATOR();
+  ForEachElementType([](auto zero) {
+    using T = decltype(zero);
+    T** old = Numbered<T>(1, 1);
+    const std::vector<void*> released = {old[1], old[0], old};
+    RecordAllocations record;
+    T** m = ZEPH_MatrixResize(old, 1, 1, 2, 3);
+    const auto events = record.Events();
+    ASSERT_EQ(events.size(), 7u);
+    EXPECT_EQ(events[0].bytes, 3 * sizeof(T*));
+    for (std::size_t k = 0; k < 4; ++k) EXPECT_EQ(events[k].kind, AllocationEvent::kNewArray);
+    for (std::size_t k = 1; k < 4; ++k) EXPECT_EQ(events[k].bytes, 4 * sizeof(T));
+    for (std::size_t k = 0; k < 3; ++k) {
+      EXPECT_EQ(events[4 + k].kind, AllocationEvent::kDeleteArray);
+      EXPECT_EQ(events[4 + k].block, released[k]);
+    }
+    ZEPH_MatrixFree(m, 0, 2, 0, 3);
+  });
+}
+
+TEST(RawMatrixResize, CopiesNothingForNegativeBoundsNullMatricesAndNullRows) {
+  ForEachElementType([](auto zero) {
+    using T = decltype(zero);
+    T** m = ZEPH_MatrixResize(static_cast<T**>(nullptr), -1, -1, 1, 1);
+    ExpectKept(m, -1, -1, 1, 1);
+    m = ZEPH_MatrixResize(m, 1, INT_MIN, 2, 1);  // rows are released, cells are not copied
+    ExpectKept(m, -1, -1, 2, 1);
+    ZEPH_MatrixFree(m, 0, 2, 0, 1);
+    m = ZEPH_MatrixResize(static_cast<T**>(nullptr), 1, 1, 2, 2);
+    ExpectKept(m, -1, -1, 2, 2);
+    ZEPH_MatrixFree(m, 0, 2, 0, 2);
+    m = Numbered<T>(2, 2);
+    ZEPH_ArrayFree(m[0], 0, 2);
+    m[0] = nullptr;
+    m = ZEPH_MatrixResize(m, 2, 2, 2, 2);
+    for (int j = 0; j <= 2; ++j) {
+      EXPECT_TRUE(m[0][j] == T(0));
+      EXPECT_TRUE(m[1][j] == Cell<T>(1, j));
+    }
+    ZEPH_MatrixFree(m, 0, 2, 0, 2);
+  });
+}
+
+TEST(RawMatrixResize, KeepsTheOldMatrixWhenAnyRequestFails) {
+  ZEPH_NEEDS_THE_ALLOCATOR();
+  for (const Failure how : {Failure::kBadAlloc, Failure::kMemoryException})
+    ForEachElementType([how](auto zero) {
+      using T = decltype(zero);
+      T** m = Numbered<T>(1, 1);
+      for (long k = 1; k <= 4; ++k) {  // the pointer block and three rows
+        const long live = LiveBlocks();
+        long lost = 0;
+        std::vector<AllocationEvent> events;
+        {
+          RecordAllocations record;
+          FailAllocation failing(k, false, how);
+          EXPECT_EQ(ZEPH_MatrixResize(m, 1, 1, 2, 2), nullptr);
+          lost = LiveBlocks() - live;
+          events = record.Events();
+        }
+        EXPECT_EQ(lost, k - 1);
+        EXPECT_TRUE(OfKind(events, AllocationEvent::kDeleteArray).empty());
+        ReleaseLost(events);
+        ExpectKept(m, 1, 1, 1, 1);
+      }
+      ZEPH_MatrixFree(m, 0, 1, 0, 1);
+    });
+}

@@ -1,0 +1,86 @@
+#include "platform/format_number.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <string>
+
+#include "support/numbers.h"
+
+using zeph::platform::NumberConventions;
+using zeph::platform::RealFormat;
+using zeph::platform::WriteInt;
+
+namespace {
+
+std::string Scientific(double x, const NumberConventions& conventions) {
+  char text[RealFormat::kRoom];
+  const RealFormat format("%-5.4le", RealFormat::Notation::kScientific, 4, conventions);
+  return std::string(text, format.Write(text, x));
+}
+
+std::string Fixed(double x, const NumberConventions& conventions) {
+  char text[RealFormat::kRoom];
+  const RealFormat format("%lf", RealFormat::Notation::kFixed, 6, conventions);
+  return std::string(text, format.Write(text, x));
+}
+
+}  // namespace
+
+TEST(RealFormat, WritesExponentsOfThreeDigitsWhereTheRuntimeDoes) {
+  const NumberConventions three{true, 3, "."};
+  EXPECT_EQ(Scientific(1.5, three), "1.5000e+000");
+  EXPECT_EQ(Scientific(-1.5e-7, three), "-1.5000e-007");
+  EXPECT_EQ(Scientific(1.5e42, three), "1.5000e+042");
+  EXPECT_EQ(Scientific(1.5e-300, three), "1.5000e-300");
+  EXPECT_EQ(Fixed(1.5, three), "1.500000");
+}
+
+TEST(RealFormat, WritesTheDecimalPointOfTheLocaleOfAnyLength) {
+  const NumberConventions comma{true, 2, ","};
+  EXPECT_EQ(Scientific(-0.0, comma), "-0,0000e+00");
+  EXPECT_EQ(Scientific(12345678, comma), "1,2346e+07");
+  EXPECT_EQ(Fixed(-1234.5, comma), "-1234,500000");
+  const NumberConventions arabic{true, 3, "\xD9\xAB"};
+  EXPECT_EQ(Scientific(-2.5, arabic),
+            "-2\xD9\xAB"
+            "5000e+000");
+  EXPECT_EQ(Fixed(0.25, arabic),
+            "0\xD9\xAB"
+            "250000");
+}
+
+TEST(RealFormat, LeavesEverythingToPrintfWhereTheRuntimeRoundsInItsOwnWay) {
+  const NumberConventions inexact{false, 3, ","};  // what it would write shows who wrote
+  EXPECT_EQ(Scientific(1.5, inexact), "1.5000e+00");
+  EXPECT_EQ(Fixed(1.5, inexact), "1.500000");
+}
+
+TEST(RealFormat, WritesTheLongestNumbers) {
+  for (const double x : {1.7976931348623157e308, -1.7976931348623157e308, 5e-324, -2.2e-308}) {
+    char want[RealFormat::kRoom];
+    std::snprintf(want, sizeof want, "%lf", x);
+    EXPECT_EQ(Fixed(x, NumberConventions::Current()), want);
+  }
+}
+
+TEST(RealFormat, WritesTheBytesOfPrintfForEveryConversionInUse) {
+  const NumberConventions now = NumberConventions::Current();
+  for (const double x : zeph::test::Awkward(20000, 1)) {
+    char want[RealFormat::kRoom];
+    std::snprintf(want, sizeof want, "%-5.4le", x);
+    ASSERT_EQ(Scientific(x, now), want);
+    std::snprintf(want, sizeof want, "%lf", x);
+    ASSERT_EQ(Fixed(x, now), want);
+  }
+}
+
+TEST(WriteInt, FillsItsFieldFromTheLeft) {
+  for (const int value : {0, 7, -7, 12345, -12345, 123456, 2147483647, -2147483647 - 1}) {
+    char text[zeph::platform::kIntRoom], want[32];
+    std::snprintf(want, sizeof want, "%-5d", value);
+    EXPECT_EQ(std::string(text, WriteInt(text, value, 5)), want);
+    std::snprintf(want, sizeof want, "%-d", value);
+    EXPECT_EQ(std::string(text, WriteInt(text, value)), want);
+  }
+}

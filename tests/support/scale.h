@@ -1,0 +1,32 @@
+// How much of a long, exhaustive test runs in this build.
+#ifndef ZEPH_TESTS_SUPPORT_SCALE_H
+#define ZEPH_TESTS_SUPPORT_SCALE_H
+
+#include <cstddef>
+
+namespace zeph::test {
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#define ZEPH_TEST_SANITIZED 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
+#define ZEPH_TEST_SANITIZED 1
+#endif
+#endif
+
+/// True where everything runs: optimised, and no sanitizer.
+constexpr bool kFullScale =
+#if !defined(ZEPH_TEST_SANITIZED) && (defined(__OPTIMIZE__) || defined(_MSC_VER))
+    true;
+#else
+    false;
+#endif
+
+/// `full` at full scale, else a sample, a twentieth, but at least one.
+constexpr std::size_t Scaled(std::size_t full) {
+  return kFullScale || full < 20 ? full : full / 20;
+}
+
+}  // namespace zeph::test
+
+#endif  // ZEPH_TESTS_SUPPORT_SCALE_H

@@ -5,6 +5,8 @@
 add_library(zeph_exactness INTERFACE)
 if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   target_compile_options(zeph_exactness INTERFACE -ffp-contract=off)
+  # Two builds of one commit are the same bytes, wherever they stand.
+  target_compile_options(zeph_exactness INTERFACE "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")
   if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "x86|i[3-6]86|AMD64")
     # x87 registers would keep extra bits.
     target_compile_options(zeph_exactness INTERFACE -msse2 -mfpmath=sse)

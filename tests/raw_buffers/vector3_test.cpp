@@ -1,0 +1,118 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <vector>
+
+#include "oracle/fixed_geometry.h"
+#include "raw_buffers.h"
+#include "support/bits.h"
+#include "support/numbers.h"
+
+using namespace zeph::test;
+namespace oracle = zeph::oracle;
+
+namespace {
+
+/// Calls `visit(a, b, out, pool)` with three vectors at every distance within nine doubles.
+template <class Visit>
+void ForEachPlacing(Visit visit) {
+  for (std::size_t a = 0; a <= 6; ++a)
+    for (std::size_t b = 0; b <= 6; ++b)
+      for (std::size_t out = 0; out <= 6; ++out)
+        for (std::uint64_t seed = 0; seed < 4; ++seed) {
+          visit(a, b, out, Awkward(9, seed * 343 + a * 49 + b * 7 + out));
+          if (::testing::Test::HasFailure()) FAIL() << a << " " << b << " " << out;
+        }
+}
+
+}  // namespace
+
+TEST(RawVector3, WorksComponentByComponentInOrderForEveryAliasing) {
+  ForEachPlacing(
+      [](std::size_t a, std::size_t b, std::size_t out, const std::vector<double>& pool) {
+        auto got = pool, want = pool;
+        ZEPH_VectorAdd3(&got[a], &got[b], &got[out]);
+        for (std::size_t k = 0; k < 3; ++k) want[out + k] = want[a + k] + want[b + k];
+        EXPECT_TRUE(SameValues(got, want));
+        got = want = pool;
+        ZEPH_VectorSub3(&got[a], &got[b], &got[out]);
+        for (std::size_t k = 0; k < 3; ++k) want[out + k] = want[a + k] - want[b + k];
+        EXPECT_TRUE(SameValues(got, want));
+        got = want = pool;
+        ZEPH_VectorScale3(&got[a], pool[b], &got[out]);
+        for (std::size_t k = 0; k < 3; ++k) want[out + k] = pool[b] * want[a + k];
+        EXPECT_TRUE(SameValues(got, want));
+        got = want = pool;
+        ZEPH_VectorAssign3(&got[a], &got[out]);
+        for (std::size_t k = 0; k < 3; ++k) want[out + k] = want[a + k];
+        EXPECT_TRUE(SameBits(got, want));
+      });
+}
+
+TEST(RawVectorCrossProduct3, StoresEachComponentBeforeTheNextForEveryAliasing) {
+  ForEachPlacing(
+      [](std::size_t a, std::size_t b, std::size_t out, const std::vector<double>& pool) {
+        auto got = pool, want = pool;
+        ZEPH_VectorCrossProduct3(&got[a], &got[b], &got[out]);
+        oracle::Cross3(&want[a], &want[b], &want[out]);
+        EXPECT_TRUE(SameValues(got, want));
+      });
+}
+
+TEST(RawVectorAssign3, CopiesTheFirstArgumentIntoTheSecond) {
+  double p[] = {1, 2, 3}, q[] = {7, 8, 9};
+  ZEPH_VectorAssign3(p, q);
+  const double want[] = {1, 2, 3};
+  EXPECT_TRUE(SameBits(q, want, 3));
+  EXPECT_TRUE(SameBits(p, want, 3));
+}
+
+TEST(RawVectorAssign3, SetsAllComponentsOrEachOne) {
+  double v[] = {7, 8, 9, -7};
+  ZEPH_VectorAssign3(v, 2.5);
+  const double same[] = {2.5, 2.5, 2.5, -7};
+  EXPECT_TRUE(SameBits(v, same, 4));
+  ZEPH_VectorAssign3(v, 1, 2, 3);
+  const double each[] = {1, 2, 3, -7};
+  EXPECT_TRUE(SameBits(v, each, 4));
+}
+
+TEST(RawVectorDotProduct3, AddsTheSecondProductFirstThenTheFirstThenTheThird) {
+  double a[] = {-1e16, 1e16, 1}, ones[] = {1, 1, 1};
+  EXPECT_EQ(ZEPH_VectorDotProduct3(a, ones), 1);
+  double b[] = {1, 1e16, -1e16};
+  EXPECT_EQ(ZEPH_VectorDotProduct3(b, ones), 0);  // x last would give 1
+  for (std::uint64_t seed = 0; seed < 3000; ++seed) {
+    auto v = Awkward(6, seed);
+    EXPECT_SAME_VALUE(ZEPH_VectorDotProduct3(&v[0], &v[3]), oracle::Dot3(&v[0], &v[3])) << seed;
+    auto w = Moderate(6, seed);
+    EXPECT_SAME_VALUE(ZEPH_VectorDotProduct3(&w[0], &w[3]), oracle::Dot3(&w[0], &w[3])) << seed;
+  }
+}
+
+TEST(RawVectorGetLength3, AndNormalizeAgreeWithTheOracleToTheBit) {
+  for (std::uint64_t seed = 0; seed < 3000; ++seed) {
+    for (auto v : {Awkward(3, seed), Moderate(3, seed)}) {
+      EXPECT_SAME_VALUE(ZEPH_VectorGetLength3(v.data()), oracle::Length3(v.data())) << seed;
+      auto want = v;
+      ZEPH_VectorNormalize3(v.data());
+      oracle::Normalize3(want.data());
+      EXPECT_TRUE(SameValues(v, want)) << seed;
+    }
+  }
+}
+
+TEST(RawVectorNormalize3, LeavesAVectorWithoutALengthAsItWas) {
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  for (const std::vector<double>& start : std::vector<std::vector<double>>{
+           {0, 0, 0}, {-0.0, 0.0, -0.0}, {nan, 1, 2}, {1e-200, -1e-200, 0}}) {
+    auto v = start;
+    ZEPH_VectorNormalize3(v.data());
+    EXPECT_TRUE(SameBits(v, start));
+  }
+  double v[] = {3, 0, 4};
+  ZEPH_VectorNormalize3(v);
+  const double want[] = {0.6, 0, 0.8};
+  EXPECT_TRUE(SameBits(v, want, 3));
+}

@@ -85,7 +85,7 @@ class ZEPH_API CZEPHDoubleMatrix {
   /// Element (i, j) after CheckBound(i, j). Reading at an index equal to its count reads whatever
   /// lies there, which the check lets pass.
   ZEPH_EMIT double GetEntry(int i, int j) {
-    CheckBound(i, j);
+    if (!m_ppData || i < 0 || i > m_nRows || j < 0 || j > m_nColumns) CheckBound(i, j);
     return m_ppData[i][j];
   }
   /// 1 if there is storage, 0 <= i <= rows and 0 <= j <= columns; else fatal
@@ -157,7 +157,7 @@ class ZEPH_API CZEPHDoubleMatrix {
 
   /// The fatal report itself: "@@@@( Error: ", `message` and a line feed to `os`, then `exit(1)`.
   /// One operation with CZEPHDoubleArray::ErrorMessage.
-  static void ErrorMessage(char* message, std::ostream& os);
+  [[noreturn]] static void ErrorMessage(char* message, std::ostream& os);
 
  protected:
   /// Storage for `rows` x `cols` elements, their values undefined; 1, or 0 where memory runs out.
@@ -171,11 +171,16 @@ class ZEPH_API CZEPHDoubleMatrix {
  public:
   // Added: inline, documented in docs/additions.md.
 
-  /// Takes the storage and counts of `other`, which becomes empty.
+  /// Takes the storage and counts of `other`, which becomes empty; from a matrix without storage as
+  /// the copy.
   ZEPH_ADDED CZEPHDoubleMatrix(CZEPHDoubleMatrix&& other) noexcept
       : m_nRows(other.m_nRows), m_nColumns(other.m_nColumns), m_ppData(other.m_ppData) {
-    other.m_nRows = other.m_nColumns = 0;
-    other.m_ppData = nullptr;
+    if (m_ppData) {
+      other.m_nRows = other.m_nColumns = 0;
+      other.m_ppData = nullptr;
+    } else {
+      SetData(other);
+    }
   }
   /// Whole numbers as value: `CZEPHDoubleMatrix(2, 2, 0)` means 0.0, not a null source.
   template <class Whole, std::enable_if_t<std::is_integral_v<Whole>, int> = 0>
@@ -194,7 +199,7 @@ class ZEPH_API CZEPHDoubleMatrix {
   }
   /// ErrorMessage with a literal.
   template <std::size_t N>
-  ZEPH_ADDED static void ErrorMessage(const char (&message)[N], std::ostream& os) {
+  [[noreturn]] ZEPH_ADDED static void ErrorMessage(const char (&message)[N], std::ostream& os) {
     ErrorMessage(const_cast<char*>(message), os);
   }
 };

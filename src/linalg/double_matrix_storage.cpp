@@ -77,8 +77,9 @@ int CZEPHDoubleMatrix::SetData(int rows, int cols, double value) {
 int CZEPHDoubleMatrix::SetData(int rows, int cols, double** source) {
   // `source` may be this matrix's table or hold its rows, so they live until they are copied; what
   // is then released is what AllocMemory would have released.
-  CZEPHDoubleMatrix held(std::move(*this));
-  held.m_nRows = std::min(held.m_nRows, rows);
+  CZEPHDoubleMatrix held;
+  std::swap(held.m_ppData, m_ppData);
+  held.m_nRows = std::min(m_nRows, rows);
   if (AllocMemory(rows, cols) != 1) return 0;
   linalg::CopyOrZero(m_ppData, source, rows, cols);
   return 1;

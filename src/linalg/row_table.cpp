@@ -46,10 +46,11 @@ void CopyOrZero(double* const* to, const double* const* from, int rows, int cols
 void Multiply(double* const* out, const double* const* a, const double* const* b, int rows,
               int inner, int cols) {
   if (rows < 1 || cols < 1) return;
-  const bool whole = StoredRows(a, rows) == rows && StoredRows(b, inner) == inner;
-  kernels::DenseProduct(out, a, b, static_cast<std::size_t>(rows),
-                        static_cast<std::size_t>(whole && inner > 0 ? inner : 0),
-                        static_cast<std::size_t>(cols));
+  if (inner < 1 || StoredRows(a, rows) < rows || StoredRows(b, inner) < inner)
+    Fill(out, 0, rows, cols, 0.0);
+  else
+    kernels::DenseProduct(out, a, b, static_cast<std::size_t>(rows),
+                          static_cast<std::size_t>(inner), static_cast<std::size_t>(cols));
 }
 
 }  // namespace zeph::linalg

@@ -1,0 +1,96 @@
+#include <gtest/gtest.h>
+
+#include "linalg/matrices.h"
+
+using namespace zeph::test;
+
+namespace {
+
+std::vector<double> MatrixTimesVector(const Rows& a, const std::vector<double>& v) {
+  std::vector<double> out;
+  for (const auto& row : a) {
+    volatile double sum = 0.0;
+    for (std::size_t j = 0; j < row.size(); ++j) {
+      volatile double product = row[j] * v[j];
+      sum = sum + product;
+    }
+    const double rounded = sum;
+    out.push_back(rounded);
+  }
+  return out;
+}
+
+}  // namespace
+
+TEST(DoubleMatrixProduct, MultipliesAndAssignsBack) {
+  CZEPHDoubleMatrix a = ToDoubleMatrix({{1, 2}, {3, 4}, {5, 6}}, 3, 2);
+  CZEPHDoubleMatrix b = ToDoubleMatrix({{1, 10}, {100, 1000}}, 2, 2);
+  EXPECT_EQ(&(a *= b), &a);
+  EXPECT_TRUE(SameBits(Elements(a), {{201, 2010}, {403, 4030}, {605, 6050}}));
+  EXPECT_TRUE(SameBits(Elements(b), {{1, 10}, {100, 1000}}));
+}
+
+TEST(DoubleMatrixProduct, AgreesWithTheTextbookLoopInBothForms) {
+  int seed = 0;
+  for (int rows = 0; rows <= 21; rows += 3)
+    for (int cols = 0; cols <= 21; cols += 3) {
+      ++seed;
+      const auto make = seed % 2 ? AwkwardRows : ModerateRows;
+      const Rows x = make(rows, cols, static_cast<std::uint64_t>(seed));
+      const Rows y = make(cols, cols, static_cast<std::uint64_t>(seed) + 500);
+      const Rows want = zeph::oracle::DenseProduct(x, y, Count(rows), Count(cols), Count(cols));
+      CZEPHDoubleMatrix a = ToDoubleMatrix(x, rows, cols), c(a);
+      const CZEPHDoubleMatrix b = ToDoubleMatrix(y, cols, cols);
+      a.operator*=(b);
+      EXPECT_TRUE(SameValues(Elements(a), want)) << rows << " x " << cols;
+      EXPECT_EQ(&operator*=(c, b), &c);
+      EXPECT_TRUE(SameValues(Elements(c), want)) << rows << " x " << cols;
+    }
+}
+
+TEST(DoubleMatrixProduct, SquaresItself) {
+  const Rows x = ModerateRows(6, 6, 1);
+  CZEPHDoubleMatrix a = ToDoubleMatrix(x, 6, 6);
+  double* const row = a[3];
+  a *= a;
+  EXPECT_TRUE(SameBits(Elements(a), zeph::oracle::DenseProduct(x, x, 6, 6, 6)));
+  EXPECT_EQ(a[3], row);  // assigned back into the rows that were there
+}
+
+TEST(DoubleMatrixProduct, TakesAnyRightOperandThatIsNotConst) {
+  CZEPHDoubleMatrix a(1, 1, 2.0), b(1, 1, 3.0);
+  a *= b;
+  a *= CZEPHDoubleMatrix(1, 1, 5.0);
+  a *= b + b;
+  EXPECT_EQ(a[0][0], 180.0);
+}
+
+TEST(DoubleMatrixProduct, AMatrixWithoutColumnsBecomesZerosOfTheProductsSize) {
+  CZEPHDoubleMatrix a(2, 0, 1.0), b(0, 3, 1.0);
+  a *= b;
+  EXPECT_TRUE(SameBits(Elements(a), {{0, 0, 0}, {0, 0, 0}}));
+}
+
+TEST(DoubleMatrixProduct, ClearedOperandsCountAsWithoutElements) {
+  CZEPHDoubleMatrix a(2, 2, 1.0), cleared(2, 2, 1.0);
+  cleared.Clear();
+  a *= cleared;
+  EXPECT_TRUE(SameBits(Elements(a), {{0, 0}, {0, 0}}));
+  cleared *= a;
+  EXPECT_TRUE(SameBits(Elements(cleared), {{0, 0}, {0, 0}}));
+}
+
+TEST(DoubleMatrixProduct, TimesAnArrayAddsEachRowInOrder) {
+  for (int rows : {0, 1, 2, 7, 8, 9, 16, 25})
+    for (int cols : {0, 1, 2, 5, 31}) {
+      const auto seed = static_cast<std::uint64_t>(100 * rows + cols);
+      const Rows x = rows % 2 ? AwkwardRows(rows, cols, seed) : ModerateRows(rows, cols, seed);
+      std::vector<double> v = Moderate(Count(cols), seed + 7);
+      if (rows % 3 == 1) v = Awkward(Count(cols), seed + 7);
+      const CZEPHDoubleMatrix a = ToDoubleMatrix(x, rows, cols);
+      const CZEPHDoubleArray got = a * CZEPHDoubleArray(cols, v.data());
+      EXPECT_EQ(got.size, rows);
+      EXPECT_EQ(got.sorted, 0);
+      EXPECT_TRUE(SameValues(Elements(got), MatrixTimesVector(x, v))) << rows << " x " << cols;
+    }
+}

@@ -1,0 +1,246 @@
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <type_traits>
+#include <utility>
+
+#include "linalg/matrices.h"
+#include "support/allocation.h"
+#include "support/child.h"
+
+using namespace zeph::test;
+
+namespace {
+
+/// Reaches the protected storage operations.
+struct Bare : CZEPHDoubleMatrix {
+  using CZEPHDoubleMatrix::AllocMemory;
+  using CZEPHDoubleMatrix::FreeMemory;
+};
+
+/// A 2 x 3 matrix of 1..6.
+CZEPHDoubleMatrix OneToSix() {
+  return ToDoubleMatrix({{1, 2, 3}, {4, 5, 6}}, 2, 3);
+}
+
+}  // namespace
+
+TEST(DoubleMatrixStorage, HasItsThreeFieldsAndNothingElse) {
+  EXPECT_EQ(sizeof(CZEPHDoubleMatrix), 2 * sizeof(int) + sizeof(double**));
+  EXPECT_FALSE(std::is_polymorphic_v<CZEPHDoubleMatrix>);
+  CZEPHDoubleMatrix m;
+  EXPECT_EQ(static_cast<void*>(&m), &m.m_nRows);
+  EXPECT_EQ(m.m_nRows, 0);
+  EXPECT_EQ(m.m_nColumns, 0);
+  EXPECT_EQ(m.m_ppData, nullptr);
+}
+
+TEST(DoubleMatrixStorage, AnswersTheTwoCountsCrosswise) {
+  CZEPHDoubleMatrix m(2, 3, 0.0);
+  EXPECT_EQ(m.GetNoRows(), 3);
+  EXPECT_EQ(m.GetNoColumns(), 2);
+}
+
+TEST(DoubleMatrixStorage, ConstructorsFillOrCopyWithEveryBit) {
+  EXPECT_TRUE(SameBits(Elements(CZEPHDoubleMatrix(2, 2, -0.0)), {{-0.0, -0.0}, {-0.0, -0.0}}));
+  Rows want = AwkwardRows(7, 5, 1);
+  std::vector<double*> table;
+  for (auto& row : want) table.push_back(row.data());
+  CZEPHDoubleMatrix m(7, 5, table.data());
+  EXPECT_TRUE(SameBits(Elements(m), want));
+  CZEPHDoubleMatrix copy(m);
+  EXPECT_TRUE(SameBits(Elements(copy), want));
+  for (int i = 0; i < 7; ++i) EXPECT_NE(copy.m_ppData[i], m.m_ppData[i]);
+}
+
+TEST(DoubleMatrixStorage, TakesWholeNumbersAsValues) {
+  EXPECT_TRUE(SameBits(Elements(CZEPHDoubleMatrix(1, 2, 0)), {{0.0, 0.0}}));
+  CZEPHDoubleMatrix m(1, 2, 7L);
+  EXPECT_TRUE(SameBits(Elements(m), {{7.0, 7.0}}));
+  EXPECT_EQ(m.SetData(1, 1, 0), 1);
+  EXPECT_TRUE(SameBits(Elements(m), {{0.0}}));
+}
+
+TEST(DoubleMatrixStorage, CreateAndSetDataResizeAndAnswerOne) {
+  CZEPHDoubleMatrix m(1, 1, 9.0);
+  EXPECT_EQ(m.Create(2, 2), 1);
+  EXPECT_TRUE(SameBits(Elements(m), {{0.0, 0.0}, {0.0, 0.0}}));
+  EXPECT_EQ(m.SetData(2, 1, 4.5), 1);
+  EXPECT_TRUE(SameBits(Elements(m), {{4.5}, {4.5}}));
+  EXPECT_EQ(m.SetData(OneToSix()), 1);
+  EXPECT_TRUE(SameBits(Elements(m), {{1, 2, 3}, {4, 5, 6}}));
+  m.SetEntry(-1.5);
+  EXPECT_TRUE(SameBits(Elements(m), {{-1.5, -1.5, -1.5}, {-1.5, -1.5, -1.5}}));
+}
+
+TEST(DoubleMatrixStorage, SetDataFromItselfKeepsTheElements) {
+  CZEPHDoubleMatrix m = OneToSix();
+  EXPECT_EQ(m.SetData(m), 1);
+  EXPECT_TRUE(SameBits(Elements(m), {{1, 2, 3}, {4, 5, 6}}));
+  EXPECT_EQ(m.SetData(2, 2, m.m_ppData), 1);
+  EXPECT_TRUE(SameBits(Elements(m), {{1, 2}, {4, 5}}));
+}
+
+TEST(DoubleMatrixStorage, SetDataMayTakeRowsOfTheMatrixItself) {
+  CZEPHDoubleMatrix m = OneToSix();
+  double* swapped[] = {m[1], m[0]};
+  EXPECT_EQ(m.SetData(2, 3, swapped), 1);
+  EXPECT_TRUE(SameBits(Elements(m), {{4, 5, 6}, {1, 2, 3}}));
+}
+
+TEST(DoubleMatrixStorage, ReleaseKeepsTheCounts) {
+  CZEPHDoubleMatrix m = OneToSix();
+  m.Clear();
+  EXPECT_EQ(m.m_nRows, 2);
+  EXPECT_EQ(m.m_nColumns, 3);
+  EXPECT_EQ(m.m_ppData, nullptr);
+  m.Clear();
+  Bare bare;
+  EXPECT_EQ(bare.AllocMemory(2, 2), 1);
+  bare.FreeMemory();
+  EXPECT_EQ(bare.m_nRows, 2);
+  EXPECT_EQ(bare.m_ppData, nullptr);
+}
+
+TEST(DoubleMatrixStorage, AWholeObjectOperationOnAClearedMatrixFindsNoElement) {
+  CZEPHDoubleMatrix m = OneToSix();
+  m.Clear();
+  m.SetEntry(1.0);
+  m += CZEPHDoubleMatrix(2, 3, 1.0);
+  EXPECT_EQ(m.m_ppData, nullptr);
+  CZEPHDoubleMatrix other = OneToSix();
+  other -= m;
+  other = m;
+  EXPECT_TRUE(SameBits(Elements(other), {{1, 2, 3}, {4, 5, 6}}));
+  const Rows zeros = {{0, 0, 0}, {0, 0, 0}};
+  EXPECT_TRUE(SameBits(Elements(CZEPHDoubleMatrix(m)), zeros));
+  EXPECT_TRUE(SameBits(Elements(CZEPHDoubleMatrix(std::move(m))), zeros));
+  EXPECT_TRUE(SameBits(Elements(m + other), zeros));
+  EXPECT_TRUE(SameBits(Elements(-m), zeros));
+  EXPECT_TRUE(SameBits(Elements(m * CZEPHDoubleArray(3, 1.0)), {0.0, 0.0}));
+  CZEPHDoubleMatrix square(2, 2, 1.0);
+  EXPECT_TRUE(SameBits(Elements(CZEPHDoubleMatrix(2, 3, nullptr)), zeros));
+  m = other;
+  EXPECT_TRUE(SameBits(Elements(m), {{1, 2, 3}, {4, 5, 6}}));
+}
+
+TEST(DoubleMatrixStorage, AnEmptyMatrixIsCopiedWithATableOfNoRows) {
+  CZEPHDoubleMatrix empty, copy(empty);
+  EXPECT_EQ(copy.m_nRows, 0);
+  EXPECT_NE(copy.m_ppData, nullptr);
+  EXPECT_EQ(copy.CheckBound(0, 0), 1);
+}
+
+TEST(DoubleMatrixStorage, MoveConstructionTakesTheRows) {
+  CZEPHDoubleMatrix m = OneToSix();
+  double* const row = m[0];
+  const long before = AllocationCount();
+  CZEPHDoubleMatrix moved(std::move(m));
+  EXPECT_EQ(AllocationCount(), before);
+  EXPECT_EQ(moved[0], row);
+  EXPECT_EQ(m.m_nRows, 0);
+  EXPECT_EQ(m.m_ppData, nullptr);
+  EXPECT_TRUE(std::is_nothrow_move_constructible_v<CZEPHDoubleMatrix>);
+}
+
+TEST(DoubleMatrixStorage, BoundChecksAcceptAnIndexEqualToTheCount) {
+  CZEPHDoubleMatrix m = OneToSix();
+  EXPECT_EQ(m.CheckBound(0, 0), 1);
+  EXPECT_EQ(m.CheckBound(2, 3), 1);
+  EXPECT_EQ(m.GetEntry(1, 2), 6.0);
+  // A slot past the counts exists here: two rows and three columns of a 3 x 4 block.
+  CZEPHDoubleMatrix wide(3, 4, 8.0);
+  wide.m_nRows = 2;
+  wide.m_nColumns = 3;
+  EXPECT_EQ(wide.GetEntry(2, 3), 8.0);
+  EXPECT_EQ(wide[2], wide.m_ppData[2]);
+  wide.m_nRows = 3;
+}
+
+TEST(DoubleMatrixStorage, ConstIndexingChecksNothingAndGivesWritableRows) {
+  CZEPHDoubleMatrix m = OneToSix();
+  m.m_nColumns = -1;
+  const CZEPHDoubleMatrix& fixed = m;
+  fixed[1][2] = 60.0;
+  EXPECT_EQ(fixed[1][2], 60.0);
+  m.m_nColumns = 3;
+}
+
+TEST(DoubleMatrixAssignment, SizesAnEmptyTargetAndKeepsTheRowsOfASizedOne) {
+  CZEPHDoubleMatrix source(3, 3, 2.5), target;
+  EXPECT_EQ(&(target = source), &target);
+  EXPECT_TRUE(SameBits(Elements(target), Elements(source)));
+  double* const row = target[1];
+  target = CZEPHDoubleMatrix(3, 3, 7.5);
+  EXPECT_EQ(target[1], row);
+  EXPECT_EQ(target[2][2], 7.5);
+  target = static_cast<const CZEPHDoubleMatrix&>(target);
+  EXPECT_EQ(target[2][2], 7.5);
+}
+
+TEST(DoubleMatrixAssignment, ResizesATargetWithAZeroCount) {
+  CZEPHDoubleMatrix none(0, 4, 1.0), flat(2, 0, 1.0);
+  none = OneToSix();
+  flat = OneToSix();
+  EXPECT_TRUE(SameBits(Elements(none), {{1, 2, 3}, {4, 5, 6}}));
+  EXPECT_TRUE(SameBits(Elements(flat), {{1, 2, 3}, {4, 5, 6}}));
+}
+
+TEST(DoubleMatrixAssignment, HasNoMoveFormThatCouldSkipTheSizeCheck) {
+  // Were there one, assigning a temporary would hand over its rows.
+  CZEPHDoubleMatrix target(1, 1, 0.0);
+  double* const row = target[0];
+  CZEPHDoubleMatrix source(1, 1, 3.0);
+  target = std::move(source);
+  EXPECT_EQ(target[0], row);
+  EXPECT_EQ(source[0][0], 3.0);
+}
+
+TEST(DoubleMatrixAllocMemory, ReleasesTheFirstRowsOnlyAndNeverPastTheOldTable) {
+  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  double* left[2];
+  {
+    Bare m;
+    ASSERT_EQ(m.AllocMemory(4, 2), 1);
+    left[0] = m.m_ppData[2];
+    left[1] = m.m_ppData[3];
+    const long before = LiveBlocks();
+    ASSERT_EQ(m.AllocMemory(2, 2), 1);  // rows 2 and 3 of the old table stay behind
+    EXPECT_EQ(LiveBlocks(), before);    // 1 + 2 released, 1 + 2 new
+    left[0][0] = left[1][1] = 1.0;      // and they are still there
+    ASSERT_EQ(m.AllocMemory(6, 2), 1);  // two old rows, not six
+    EXPECT_EQ(LiveBlocks(), before + 4);
+  }
+  delete[] left[0];
+  delete[] left[1];
+}
+
+TEST(DoubleMatrixAllocMemory, AsksForTheTableFirstAndThenEachRow) {
+  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  RecordAllocations record;
+  CZEPHDoubleMatrix m(3, 5, 1.0);
+  const auto events = record.Events();
+  ASSERT_EQ(events.size(), 4u);
+  EXPECT_EQ(events[0].bytes, 3 * sizeof(double*));
+  for (std::size_t i = 1; i < 4; ++i) {
+    EXPECT_EQ(events[i].kind, AllocationEvent::kNewArray);
+    EXPECT_EQ(events[i].bytes, 5 * sizeof(double));
+    EXPECT_EQ(events[i].block, m.m_ppData[i - 1]);
+  }
+}
+
+TEST(DoubleMatrixAllocMemory, RefusesNegativeCountsSilentlyAndKeepsThem) {
+  CaptureStdout capture;
+  CZEPHDoubleMatrix m(2, 2, 1.0);
+  EXPECT_EQ(m.Create(-1, 2), 0);
+  EXPECT_EQ(m.m_nRows, -1);
+  EXPECT_EQ(m.m_nColumns, 2);
+  EXPECT_EQ(m.m_ppData, nullptr);
+  EXPECT_EQ(m.Create(2, -1), 0);
+  EXPECT_EQ(m.m_nColumns, -1);
+  ASSERT_NE(m.m_ppData, nullptr);
+  EXPECT_EQ(m.m_ppData[0], nullptr);
+  CZEPHDoubleMatrix lowest(std::numeric_limits<int>::min(), 1, 1.0);
+  EXPECT_EQ(lowest.m_ppData, nullptr);
+  EXPECT_EQ(capture.Text(), "");
+}

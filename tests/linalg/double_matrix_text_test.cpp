@@ -1,0 +1,132 @@
+#include <gtest/gtest.h>
+
+#include <iomanip>
+#include <sstream>
+
+#include "linalg/matrices.h"
+
+using namespace zeph::test;
+
+namespace {
+
+/// Counts the flush requests that reach it.
+struct CountingBuffer : std::stringbuf {
+  int flushes = 0;
+  int sync() override {
+    ++flushes;
+    return std::stringbuf::sync();
+  }
+};
+
+/// What reading `text` into a 2 x 2 matrix of 9s leaves, as its two counts.
+std::pair<int, int> CountsAfter(const std::string& text) {
+  CZEPHDoubleMatrix m(2, 2, 9.0);
+  std::istringstream in(text);
+  EXPECT_EQ(&(in >> m), &in);
+  const std::pair<int, int> counts(m.m_nRows, m.m_nColumns);
+  m.m_nRows = 2;  // what the storage has, so that all of it is released
+  return counts;
+}
+
+}  // namespace
+
+TEST(DoubleMatrixText, DisplayWritesALabelledLinePerElement) {
+  CZEPHDoubleMatrix m = ToDoubleMatrix({{1.5, 2}}, 1, 2);
+  CountingBuffer buffer;
+  std::ostream os(&buffer);
+  m.Display(os);
+  EXPECT_EQ(buffer.str(), "Mat[0][0]=1.5\nMat[0][1]=2\n");
+  EXPECT_EQ(buffer.flushes, 2);
+  std::ostringstream none;
+  CZEPHDoubleMatrix().Display(none);
+  EXPECT_EQ(none.str(), "");
+}
+
+TEST(DoubleMatrixText, OutputHasNoSeparatorsAndUsesTheStreamsFormatting) {
+  const CZEPHDoubleMatrix m = ToDoubleMatrix({{1.5, 2}, {3, 4}}, 2, 2);
+  CountingBuffer buffer;
+  std::ostream os(&buffer);
+  EXPECT_EQ(&(os << m), &os);
+  EXPECT_EQ(buffer.str(), "1.52\n34\n");
+  EXPECT_EQ(buffer.flushes, 2);
+  std::ostringstream fixed;
+  fixed << std::fixed << std::setprecision(1) << std::showpos << m;
+  EXPECT_EQ(fixed.str(), "+1.5+2.0\n+3.0+4.0\n");
+}
+
+TEST(DoubleMatrixText, AClearedMatrixPrintsNothing) {
+  CZEPHDoubleMatrix m(2, 2, 1.0);
+  m.Clear();
+  std::ostringstream os;
+  m.Display(os);
+  os << m;
+  EXPECT_EQ(os.str(), "");
+}
+
+TEST(DoubleMatrixText, InputReadsCountsThenElementsIntoTheRowsThatAreThere) {
+  CZEPHDoubleMatrix m(3, 3, 9.0);
+  double* const row = m[1];
+  std::istringstream in("2 2\n1 -2.5e3\n  3 4 rest");
+  in >> m;
+  EXPECT_EQ(m.m_nRows, 2);
+  EXPECT_EQ(m.m_nColumns, 2);
+  EXPECT_TRUE(SameBits(Elements(m), {{1, -2500}, {3, 4}}));
+  EXPECT_EQ(m[1], row);
+  EXPECT_EQ(m.m_ppData[2][2], 9.0);
+  m.m_nRows = 3;
+}
+
+TEST(DoubleMatrixText, AFailedReadAtAnyPlaceZeroesBothCounts) {
+  const std::pair<int, int> zero(0, 0);
+  for (const char* text : {"", "x", "2", "2 x", "2 2", "2 2 x", "2 2 1", "2 2 1 2 x", "2 2 1 2 3",
+                           "2 2 1 2 3 x", "99999999999 2 1", "2 99999999999 1", "2 2 1 2 3 1e999"})
+    EXPECT_EQ(CountsAfter(text), zero) << text;
+  EXPECT_EQ(CountsAfter("2 2 1 2 3 4"), std::make_pair(2, 2));
+  EXPECT_EQ(CountsAfter("2 1 1 2"), std::make_pair(2, 1));
+  EXPECT_EQ(CountsAfter("-3 7"), std::make_pair(-3, 7));
+  EXPECT_EQ(CountsAfter("2 -7"), std::make_pair(2, -7));
+}
+
+TEST(DoubleMatrixText, AFailedReadKeepsTheStorageAndWhatItReadBefore) {
+  CZEPHDoubleMatrix m(2, 2, 9.0);
+  double** const table = m.m_ppData;
+  std::istringstream bad("2 2 1 2 x"), good("2 2 5 6 7 8");
+  bad >> m;
+  EXPECT_TRUE(bad.fail());
+  EXPECT_EQ(m.m_ppData, table);
+  EXPECT_EQ(table[0][1], 2.0);
+  EXPECT_EQ(table[1][1], 9.0);
+  good >> m;  // size 0, but the rows are there
+  EXPECT_TRUE(SameBits(Elements(m), {{5, 6}, {7, 8}}));
+}
+
+TEST(DoubleMatrixText, InputWithoutStorageZeroesTheCountsAndReadsNoElement) {
+  CZEPHDoubleMatrix m;
+  std::istringstream in("2 3 1 2 3 4 5 6");
+  in >> m;
+  EXPECT_EQ(m.m_nRows, 0);
+  EXPECT_EQ(m.m_nColumns, 0);
+  EXPECT_TRUE(in.good());
+  double next = 0;
+  in >> next;
+  EXPECT_EQ(next, 1.0);
+  std::istringstream flat("0 3");
+  flat >> m;
+  EXPECT_EQ(m.m_nColumns, 3);
+}
+
+TEST(DoubleMatrixText, OneColumnRoundTripsAndMoreThanOneDoesNot) {
+  const CZEPHDoubleMatrix column = ToDoubleMatrix({{0.1}, {-2}, {1e300}}, 3, 1);
+  std::stringstream text;
+  text << "3 1\n" << std::setprecision(17) << column;
+  CZEPHDoubleMatrix again(3, 1, 0.0);
+  text >> again;
+  EXPECT_TRUE(SameBits(Elements(again), Elements(column)));
+  std::stringstream run;
+  run << "1 2\n" << ToDoubleMatrix({{1, 2}}, 1, 2);  // "12": one number
+  CZEPHDoubleMatrix lost(1, 2, 0.0);
+  run >> lost;
+  EXPECT_EQ(lost.m_nRows, 0);
+  EXPECT_EQ(lost.m_ppData[0][0], 12.0);
+  lost.m_nRows = 1;
+}

@@ -1,0 +1,109 @@
+// Ends at the fatal site that argv[1] names.
+#include <functional>
+#include <iostream>
+#include <map>
+#include <string>
+
+#include "linalg.h"
+
+namespace {
+
+CZEPHDoubleMatrix D(int rows, int cols) {
+  return CZEPHDoubleMatrix(rows, cols, 1.0);
+}
+const CZEPHDoubleMatrix& Fixed() {
+  static const CZEPHDoubleMatrix m(2, 3, 1.0);
+  return m;
+}
+CZEPHDoubleMatrix Cleared() {
+  CZEPHDoubleMatrix m(2, 2, 1.0);
+  m.Clear();
+  return m;
+}
+
+const std::map<std::string, std::function<void()>>& Sites() {
+  static const std::map<std::string, std::function<void()>> sites = {
+      {"report", [] { CZEPHDoubleMatrix::ErrorMessage("text", std::cout); }},
+      {"report to the error stream", [] { CZEPHDoubleMatrix::ErrorMessage("text", std::cerr); }},
+      {"check row -1", [] { D(2, 3).CheckBound(-1, 0); }},
+      {"check row 3", [] { D(2, 3).CheckBound(3, 0); }},
+      {"check column -1", [] { D(2, 3).CheckBound(0, -1); }},
+      {"check column 4", [] { D(2, 3).CheckBound(0, 4); }},
+      {"check without storage", [] { CZEPHDoubleMatrix().CheckBound(0, 0); }},
+      {"entry row -1", [] { D(2, 3).GetEntry(-1, 0); }},
+      {"entry column 4", [] { D(2, 3).GetEntry(0, 4); }},
+      {"entry cleared",
+       [] {
+         CZEPHDoubleMatrix m = D(2, 2);
+         m.Clear();
+         m.GetEntry(0, 0);
+       }},
+      {"index -1",
+       [] {
+         D(2, 3)[-1][0] = 1;
+       }},
+      {"index 3",
+       [] {
+         D(2, 3)[3][0] = 1;
+       }},
+      {"index without storage", [] { CZEPHDoubleMatrix()[0][0] = 1; }},
+      {"index with negative columns",
+       [] {
+         CZEPHDoubleMatrix m = D(2, 3);
+         m.m_nColumns = -1;
+         m[0][0] = 1;
+       }},
+      {"assign rows", [] { D(2, 2) = D(3, 2); }},
+      {"assign columns", [] { D(2, 2) = D(2, 3); }},
+      {"assign empty", [] { D(2, 2) = CZEPHDoubleMatrix(); }},
+      {"add to rows", [] { D(2, 2) += D(3, 2); }},
+      {"add to columns", [] { D(2, 2) += D(2, 3); }},
+      {"subtract from", [] { D(2, 2) -= D(2, 3); }},
+      {"member sum", [] { D(2, 2) + D(2, 3); }},
+      {"member difference", [] { D(2, 2) - D(2, 3); }},
+      {"free sum", [] { Fixed() + D(2, 2); }},
+      {"free difference", [] { Fixed() - D(3, 3); }},
+      {"member product", [] { D(2, 3) *= D(2, 3); }},
+      {"free product",
+       [] {
+         CZEPHDoubleMatrix m = D(2, 3);
+         operator*=(m, Fixed());
+       }},
+      {"product of another size", [] { D(2, 3) *= D(3, 2); }},
+      {"free product of another size",
+       [] {
+         CZEPHDoubleMatrix m = D(3, 2);
+         operator*=(m, Fixed());
+       }},
+      {"product of negative counts",
+       [] {
+         CZEPHDoubleMatrix a = D(2, 3), b = D(1, 2);
+         a.m_nColumns = b.m_nRows = -7;  // as `>>` leaves them
+         operator*=(a, b);
+       }},
+      {"times array", [] { D(2, 3) * CZEPHDoubleArray(2, 1.0); }},
+      {"sum with cleared", [] { D(3, 2) += Cleared(); }},
+      {"matrix sum rows", [] { CZEPHMatrix(2, 2) + CZEPHMatrix(3, 2); }},
+      {"matrix sum columns", [] { CZEPHMatrix(2, 2) + CZEPHMatrix(2, 3); }},
+      {"matrix product", [] { CZEPHMatrix(2, 3) * CZEPHMatrix(2, 3); }},
+      {"matrix check", [] { CZEPHMatrix().Check(true, "text"); }},
+      {"vector sum", [] { CZEPHVector(2) + CZEPHVector(3); }},
+      {"vector difference", [] { CZEPHVector(2) - CZEPHVector(); }},
+      {"vector check",
+       [] {
+         char text[] = "text";
+         CZEPHVector().Check(true, text);
+       }},
+  };
+  return sites;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) return 3;
+  const auto site = Sites().find(argv[1]);
+  if (site == Sites().end()) return 4;
+  site->second();
+  return 0;
+}

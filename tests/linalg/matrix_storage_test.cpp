@@ -1,0 +1,156 @@
+#include <gtest/gtest.h>
+
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "linalg/matrices.h"
+#include "support/allocation.h"
+
+using namespace zeph::test;
+
+namespace {
+
+const double kOneToSix[] = {1, 2, 3, 4, 5, 6};
+
+/// Reaches the protected creation.
+struct Bare : CZEPHMatrix {
+  using CZEPHMatrix::Create;
+};
+
+CZEPHMatrix ALocal() {
+  CZEPHMatrix m(1, 3, kOneToSix);
+  return m;
+}
+
+void ExpectEmpty(const CZEPHMatrix& m) {
+  EXPECT_EQ(m.GetNoRow(), 0);
+  EXPECT_EQ(m.GetNoColumn(), 0);
+  EXPECT_EQ(m.m_ppData, nullptr);
+}
+
+}  // namespace
+
+TEST(MatrixStorage, HasTheLayoutOfTheDoubleMatrix) {
+  EXPECT_EQ(sizeof(CZEPHMatrix), sizeof(CZEPHDoubleMatrix));
+  EXPECT_FALSE(std::is_polymorphic_v<CZEPHMatrix>);
+  CZEPHMatrix m(2, 3, kOneToSix);
+  EXPECT_EQ(static_cast<void*>(&m), &m.m_nRows);
+  EXPECT_EQ(&m.m_nRows + 1, &m.m_nColumns);
+  EXPECT_EQ(m.GetNoRow(), 2);
+  EXPECT_EQ(m.GetNoColumn(), 3);
+  EXPECT_EQ(m[1], m.m_ppData[1]);
+  EXPECT_EQ(m[1][2], 6.0);
+}
+
+TEST(MatrixStorage, AnyCountBelowOneGivesTheEmptyState) {
+  ExpectEmpty(CZEPHMatrix());
+  ExpectEmpty(CZEPHMatrix(0, 5));
+  ExpectEmpty(CZEPHMatrix(-1, 3));
+  ExpectEmpty(CZEPHMatrix(3, -1));
+  ExpectEmpty(CZEPHMatrix(0, 2, kOneToSix));
+  CZEPHMatrix m(2, 3, kOneToSix);
+  m.ReSize(4, 0);
+  ExpectEmpty(m);
+}
+
+TEST(MatrixStorage, CopiesARowMajorBlockWithEveryBit) {
+  const std::vector<double> values = Awkward(35, 1);
+  CZEPHMatrix m(5, 7, values.data());
+  for (std::size_t i = 0; i < 5; ++i)
+    EXPECT_TRUE(SameBits(m[static_cast<int>(i)], values.data() + 7 * i, 7));
+  CZEPHMatrix copy(m);
+  EXPECT_TRUE(SameBits(Elements(copy), Elements(m)));
+  EXPECT_NE(copy[0], m[0]);
+  const CZEPHMatrix& fixed = m;
+  const CZEPHMatrix ofConst(fixed);
+  EXPECT_TRUE(SameBits(Elements(ofConst), Elements(m)));
+  EXPECT_EQ(ofConst[4], ofConst.m_ppData[4]);
+}
+
+TEST(MatrixStorage, ReSizeGivesNewRowsEvenForTheSameSize) {
+  CZEPHMatrix m(2, 3, kOneToSix);
+  m.ReSize(3, 2);
+  EXPECT_EQ(m.GetNoRow(), 3);
+  EXPECT_EQ(m.GetNoColumn(), 2);
+  for (int i = 0; i < 3; ++i) m[i][1] = i;
+  if (!InterceptsLibraryAllocations()) return;
+  const long before = AllocationCount();
+  m.ReSize(3, 2);
+  EXPECT_EQ(AllocationCount(), before + 4);
+  Bare bare;
+  bare.Create(1, 1);
+  EXPECT_EQ(bare.GetNoRow(), 1);
+}
+
+TEST(MatrixStorage, FreeKeepsTheCounts) {
+  CZEPHMatrix m(2, 3, kOneToSix);
+  m.Free();
+  m.Free();
+  EXPECT_EQ(m.GetNoRow(), 2);
+  EXPECT_EQ(m.GetNoColumn(), 3);
+  EXPECT_EQ(m.m_ppData, nullptr);
+}
+
+TEST(MatrixStorage, AWholeObjectOperationOnAFreedMatrixFindsNoElement) {
+  CZEPHMatrix freed(2, 3, kOneToSix), full(2, 3, kOneToSix);
+  freed.Free();
+  const Rows zeros = {{0, 0, 0}, {0, 0, 0}};
+  EXPECT_TRUE(SameBits(Elements(CZEPHMatrix(freed)), zeros));
+  EXPECT_TRUE(SameBits(Elements(freed + full), zeros));
+  EXPECT_TRUE(SameBits(Elements(full + freed), zeros));
+  EXPECT_TRUE(SameBits(Elements(freed * CZEPHMatrix(3, 1, kOneToSix)), {{0}, {0}}));
+  EXPECT_TRUE(SameBits(Elements(freed.PickCol(1)), {0, 0}));
+  EXPECT_TRUE(SameBits(Elements(ZEPH_SumVector(freed)), {0, 0}));
+  EXPECT_TRUE(SameBits(Elements(CZEPHMatrix(2, 3, nullptr)), zeros));
+  ZEPH_RandomizeMatrix(freed, 1.0);
+  freed.SetCol(0, CZEPHVector(2, kOneToSix));
+  freed = full;
+  EXPECT_EQ(freed.m_ppData, nullptr);  // same size: copied into what is there
+  full = freed;
+  EXPECT_TRUE(SameBits(Elements(full), {{1, 2, 3}, {4, 5, 6}}));
+  CZEPHMatrix other(1, 1, kOneToSix);
+  other = freed;
+  EXPECT_TRUE(SameBits(Elements(other), zeros));
+}
+
+TEST(MatrixStorage, LocalsAreReturnedAndMovedWithoutACopy) {
+  CZEPHMatrix m = ALocal();
+  double* const row = m[0];
+  const long before = AllocationCount();
+  CZEPHMatrix moved(std::move(m));
+  EXPECT_EQ(AllocationCount(), before);
+  EXPECT_EQ(moved[0], row);
+  ExpectEmpty(m);
+  EXPECT_TRUE(std::is_nothrow_move_constructible_v<CZEPHMatrix>);
+  std::vector<CZEPHMatrix> many;
+  for (int i = 0; i < 5; ++i) many.push_back(moved);
+  EXPECT_EQ(many[4][0][2], 3.0);
+}
+
+TEST(MatrixAssignment, ResizesTheTargetAndReturnsACopy) {
+  const double values[] = {1, 2, 3, 4};
+  CZEPHMatrix target(3, 3), source(2, 2, values);
+  CZEPHMatrix result = (target = source);
+  for (const CZEPHMatrix* m : {&target, &result})
+    EXPECT_TRUE(SameBits(Elements(*m), {{1, 2}, {3, 4}}));
+  EXPECT_NE(result[0], target[0]);
+  (target = source)[0][0] = 99;
+  EXPECT_EQ(target[0][0], 1.0);
+  target = CZEPHMatrix();
+  ExpectEmpty(target);
+}
+
+TEST(MatrixAssignment, KeepsTheRowsWhereTheSizeStays) {
+  CZEPHMatrix target(2, 3, kOneToSix), source(2, 3);
+  for (int i = 0; i < 2; ++i)
+    for (int j = 0; j < 3; ++j) source[i][j] = -i - j;
+  double* const row = target[1];
+  target = source;
+  EXPECT_EQ(target[1], row);
+  EXPECT_EQ(target[1][2], -3.0);
+  const CZEPHMatrix& same = target;
+  target = same;
+  EXPECT_EQ(target[1], row);
+  EXPECT_EQ(target[1][2], -3.0);
+}

@@ -1,0 +1,111 @@
+// Text of the general matrix and vector. The streams of the process are put back after each test.
+#include <gtest/gtest.h>
+
+#include <iostream>
+#include <sstream>
+
+#include "linalg/matrices.h"
+#include "support/child.h"
+#include "support/stream.h"
+
+using namespace zeph::test;
+
+namespace {
+
+/// std::cout writes to a buffer that counts flushes, with fresh formatting.
+class CapturedCout {
+ public:
+  CapturedCout() : format_(nullptr) {
+    format_.copyfmt(std::cout);
+    std::cout.copyfmt(std::ios(nullptr));
+    before_ = std::cout.rdbuf(&buffer_);
+  }
+  ~CapturedCout() {
+    std::cout.rdbuf(before_);
+    std::cout.copyfmt(format_);
+  }
+  std::string Text() const { return buffer_.str(); }
+  int Flushes() const { return buffer_.flushes; }
+
+ private:
+  struct Buffer : std::stringbuf {
+    int flushes = 0;
+    int sync() override { return ++flushes, 0; }
+  } buffer_;
+  std::ios format_;
+  std::streambuf* before_;
+};
+
+constexpr std::ios_base::fmtflags kSet =
+    std::ios_base::right | std::ios_base::fixed | std::ios_base::showpoint;
+
+}  // namespace
+
+TEST(MatrixText, PrintsColumnsWithSeparatorsAndAClosingBlankLine) {
+  CZEPHMatrix m = ToMatrix({{1, 2.5}, {-3.00004, 1e10}});
+  EXPECT_EQ(Written([&](FILE* f) { m.Display(f, ','); }),
+            "      1.0000,       2.5000, \n     -3.0000, 10000000000.0000, \n\n");
+  EXPECT_EQ(Written([](FILE* f) { CZEPHMatrix().Display(f, ','); }), "\n");
+  m.Free();
+  EXPECT_EQ(Written([&](FILE* f) { m.Display(f, ','); }), "\n");
+  m.Display(nullptr, ',');
+}
+
+TEST(VectorText, PrintsElementsWithSeparatorsOnOneLine) {
+  CZEPHVector v = ToVector({1, 2.5});
+  EXPECT_EQ(Written([&](FILE* f) { v.Display(f, ','); }), "      1.0000,       2.5000, \n");
+  EXPECT_EQ(Written([&](FILE* f) { v.Display(f, '\t'); }), "      1.0000\t       2.5000\t \n");
+  EXPECT_EQ(Written([](FILE* f) { CZEPHVector().Display(f, ','); }), "\n");
+  v.Display(nullptr, ',');
+}
+
+TEST(VectorText, PrintsToTheStandardOutput) {
+  CaptureStdout capture;
+  ToVector({1, 2.5}).Display(stdout, ';');
+  EXPECT_EQ(capture.Text(), "      1.0000;       2.5000; \n");
+}
+
+TEST(MatrixText, StreamPrintIsTenWideAndLeavesItsFlagsAndPrecisionSet) {
+  CapturedCout cout;
+  ToMatrix({{1, -2.5}, {123456789.125, 0}}).Display();
+  EXPECT_EQ(cout.Text(), "    1.0000    -2.5000 \n123456789.1250     0.0000 \n");
+  EXPECT_EQ(cout.Flushes(), 2);
+  EXPECT_EQ(std::cout.flags() & kSet, kSet);
+  EXPECT_EQ(std::cout.precision(), 4);
+  EXPECT_EQ(std::cout.width(), 0);
+}
+
+TEST(MatrixText, StreamPrintOfAnEmptyMatrixWritesNothingButSetsTheFlags) {
+  CapturedCout cout;
+  CZEPHMatrix().Display();
+  EXPECT_EQ(cout.Text(), "");
+  EXPECT_EQ(std::cout.flags() & kSet, kSet);
+  EXPECT_EQ(std::cout.precision(), 4);
+}
+
+TEST(MatrixText, StreamPrintAddsItsFlagsToTheOnesThatAreSet) {
+  CapturedCout cout;
+  std::cout.setf(std::ios_base::showpos | std::ios_base::left);
+  ToMatrix({{1.5}}).Display();
+  EXPECT_NE(std::cout.flags() & std::ios_base::left, 0);
+  EXPECT_NE(std::cout.flags() & std::ios_base::right, 0);
+  EXPECT_NE(cout.Text().find("+1.5000"), std::string::npos);
+}
+
+TEST(VectorText, StreamPrintIsTwelveWideWithoutSeparators) {
+  CapturedCout cout;
+  ToVector({1, -2.5}).Display();
+  EXPECT_EQ(cout.Text(), "      1.0000     -2.5000\n");
+  EXPECT_EQ(cout.Flushes(), 1);
+  EXPECT_EQ(std::cout.flags() & kSet, kSet);
+  EXPECT_EQ(std::cout.precision(), 4);
+}
+
+TEST(VectorText, StreamPrintOfAnEmptyVectorIsALineEndAndSetsNoFlag) {
+  CapturedCout cout;
+  CZEPHVector().Display();
+  EXPECT_EQ(cout.Text(), "\n");
+  EXPECT_EQ(cout.Flushes(), 1);
+  EXPECT_EQ(std::cout.flags() & kSet, 0);
+  EXPECT_EQ(std::cout.precision(), 6);
+}

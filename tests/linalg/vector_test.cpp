@@ -1,0 +1,247 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numeric>
+#include <type_traits>
+#include <utility>
+
+#include "linalg/matrices.h"
+#include "support/allocation.h"
+
+using namespace zeph::test;
+
+namespace {
+
+struct Bare : CZEPHVector {
+  using CZEPHVector::Create;
+};
+
+CZEPHVector ALocal() {
+  CZEPHVector v = ToVector({1, 2, 3});
+  return v;
+}
+
+void ExpectEmpty(const CZEPHVector& v) {
+  EXPECT_EQ(v.GetSize(), 0);
+  EXPECT_EQ(v.m_pData, nullptr);
+}
+
+constexpr double kInf = std::numeric_limits<double>::infinity();
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+}  // namespace
+
+TEST(VectorStorage, HasItsTwoFieldsAndNothingElse) {
+  struct Fields {
+    int size;
+    double* data;
+  };
+  EXPECT_EQ(sizeof(CZEPHVector), sizeof(Fields));
+  EXPECT_FALSE(std::is_polymorphic_v<CZEPHVector>);
+  CZEPHVector v = ToVector({1, 2});
+  EXPECT_EQ(static_cast<void*>(&v), &v.m_nSize);
+  v[1] = 5.0;
+  const CZEPHVector& fixed = v;
+  EXPECT_EQ(fixed.Get(1), 5.0);
+  EXPECT_EQ(&fixed[1], &v[1]);
+  EXPECT_EQ(fixed.GetSize(), 2);
+}
+
+TEST(VectorStorage, ASizeBelowOneGivesTheEmptyState) {
+  ExpectEmpty(CZEPHVector());
+  ExpectEmpty(CZEPHVector(0));
+  ExpectEmpty(CZEPHVector(-7));
+  const double value = 1;
+  ExpectEmpty(CZEPHVector(0, &value));
+  CZEPHVector v(3);
+  v.ReSize(-1);
+  ExpectEmpty(v);
+}
+
+TEST(VectorStorage, CopiesEveryBit) {
+  const std::vector<double> values = Awkward(50, 1);
+  CZEPHVector v(50, values.data()), copy(v);
+  EXPECT_TRUE(SameBits(Elements(v), values));
+  EXPECT_TRUE(SameBits(Elements(copy), values));
+  EXPECT_NE(copy.m_pData, v.m_pData);
+  const CZEPHVector ofConst(static_cast<const CZEPHVector&>(v));
+  EXPECT_TRUE(SameBits(Elements(ofConst), values));
+}
+
+TEST(VectorStorage, FreeKeepsTheSizeAndWholeObjectOperationsFindNoElement) {
+  CZEPHVector freed = ToVector({1, 2}), full = ToVector({3, 4});
+  freed.Free();
+  freed.Free();
+  EXPECT_EQ(freed.GetSize(), 2);
+  EXPECT_EQ(freed.m_pData, nullptr);
+  EXPECT_EQ(freed.size(), 0u);
+  EXPECT_EQ(freed.begin(), freed.end());
+  EXPECT_TRUE(SameBits(Elements(CZEPHVector(freed)), {0, 0}));
+  EXPECT_TRUE(SameBits(Elements(freed + full), {0, 0}));
+  EXPECT_TRUE(SameBits(Elements(full - freed), {0, 0}));
+  EXPECT_TRUE(SameBits(Elements(freed / 2.0), {0, 0}));
+  EXPECT_TRUE(SameBits(Elements(CZEPHVector(2, nullptr)), {0, 0}));
+  EXPECT_EQ(ZEPH_GetVectorMaxSite(freed), 0);
+  EXPECT_EQ(ZEPH_GetVectorSquareNorm(freed), 0.0);
+  EXPECT_EQ(ZEPH_GetVectorInfititeNorm(freed), 0.0);
+  freed = full;
+  EXPECT_EQ(freed.m_pData, nullptr);
+  full = freed;
+  EXPECT_TRUE(SameBits(Elements(full), {3, 4}));
+  CZEPHVector other(5);
+  other = freed;
+  EXPECT_TRUE(SameBits(Elements(other), {0, 0}));
+}
+
+TEST(VectorStorage, LocalsAreReturnedAndMovedWithoutACopy) {
+  CZEPHVector v = ALocal();
+  double* const data = v.m_pData;
+  CZEPHVector moved(std::move(v));
+  EXPECT_EQ(moved.m_pData, data);
+  ExpectEmpty(v);
+  EXPECT_TRUE(std::is_nothrow_move_constructible_v<CZEPHVector>);
+  Bare bare;
+  bare.Create(2);
+  EXPECT_EQ(bare.GetSize(), 2);
+}
+
+TEST(VectorStorage, AssignmentResizesAndReturnsACopy) {
+  CZEPHVector target(3), source = ToVector({1, 2});
+  CZEPHVector result = (target = source);
+  EXPECT_TRUE(SameBits(Elements(target), {1, 2}));
+  EXPECT_TRUE(SameBits(Elements(result), {1, 2}));
+  EXPECT_NE(result.m_pData, target.m_pData);
+  double* const data = target.m_pData;
+  target = ToVector({5, 6});
+  EXPECT_EQ(target.m_pData, data);
+  const CZEPHVector& same = target;
+  target = same;
+  EXPECT_TRUE(SameBits(Elements(target), {5, 6}));
+  target = CZEPHVector();
+  ExpectEmpty(target);
+}
+
+TEST(VectorStorage, IsARangeOfItsElements) {
+  CZEPHVector v = ToVector({3, 1, 2});
+  EXPECT_EQ(v.size(), 3u);
+  EXPECT_EQ(v.data(), v.m_pData);
+  std::sort(v.begin(), v.end());
+  EXPECT_TRUE(SameBits(Elements(v), {1, 2, 3}));
+  const CZEPHVector& fixed = v;
+  EXPECT_EQ(fixed.data(), v.data());
+  EXPECT_EQ(std::accumulate(fixed.begin(), fixed.end(), 0.0), 6.0);
+  for (double x : CZEPHVector()) FAIL() << x;
+}
+
+TEST(VectorArithmetic, AddsSubtractsAndScalesElementByElement) {
+  for (int n : {0, 1, 2, 3, 8, 33}) {
+    const std::vector<double> x = Awkward(Count(n), 1), y = Awkward(Count(n), 2);
+    CZEPHVector a = ToVector(x), b = ToVector(y);
+    for (double s : {0.0, -0.0, 1.0, -3.5, 1e300, 0.1}) {
+      std::vector<double> sum(x), difference(x), scaled(x);
+      for (std::size_t i = 0; i < x.size(); ++i) {
+        sum[i] = x[i] + y[i];
+        difference[i] = x[i] - y[i];
+        scaled[i] = x[i] * s;
+      }
+      EXPECT_TRUE(SameValues(Elements(a + b), sum));
+      EXPECT_TRUE(SameValues(Elements(a - b), difference));
+      EXPECT_TRUE(SameValues(Elements(s * a), scaled));
+      EXPECT_TRUE(SameValues(Elements(a * s), scaled));
+    }
+    EXPECT_TRUE(SameBits(Elements(a), x));
+  }
+}
+
+TEST(VectorArithmetic, DividesByTheReciprocalAndNotAtAllNearZero) {
+  const std::vector<double> x = Moderate(40, 3);
+  CZEPHVector v = ToVector(x);
+  for (double d : {3.0, -7.0, 2.0, 1.0000001e-8, -1e-7, 1e300, kInf}) {
+    volatile double reciprocal = 1.0 / d;
+    std::vector<double> want(x);
+    for (double& e : want) e = e * reciprocal;
+    EXPECT_TRUE(SameBits(Elements(v / d), want)) << d;
+  }
+  for (double d : {0.0, -0.0, 1e-9, 1e-8, -1e-8, kNaN}) EXPECT_TRUE(SameBits(Elements(v / d), x));
+  EXPECT_SAME_BITS((ToVector({49.0}) / 49.0)[0], 49.0 * (1.0 / 49.0));  // not 1
+}
+
+TEST(VectorArithmetic, ResultsCostOneAllocation) {
+  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  CZEPHVector a(5, Moderate(5, 1).data()), b(a);
+  const auto cost = [](auto body) {
+    const long before = AllocationCount();
+    body();
+    return AllocationCount() - before;
+  };
+  EXPECT_EQ(cost([&] { CZEPHVector c = a + b; }), 1);
+  EXPECT_EQ(cost([&] { CZEPHVector c = a - b; }), 1);
+  EXPECT_EQ(cost([&] { CZEPHVector c = a / 3.0; }), 1);
+  EXPECT_EQ(cost([&] { CZEPHVector c = 2.0 * a; }), 1);
+  EXPECT_EQ(cost([&] { a = b; }), 1);  // the copy that the assignment returns
+}
+
+TEST(VectorMeasures, FindTheFirstExtremeAndPassOverNaN) {
+  const auto max = [](std::vector<double> v) { return ZEPH_GetVectorMaxSite(ToVector(v)); };
+  const auto min = [](std::vector<double> v) { return ZEPH_GetVectorMinSite(ToVector(v)); };
+  EXPECT_EQ(max({1, 5, 5}), 1);
+  EXPECT_EQ(min({2, 1, 1}), 1);
+  EXPECT_EQ(max({}), 0);
+  EXPECT_EQ(min({}), 0);
+  EXPECT_EQ(max({7}), 0);
+  EXPECT_EQ(max({kNaN, 1, 2}), 0);
+  EXPECT_EQ(min({kNaN, 1, 2}), 0);
+  EXPECT_EQ(max({1, kNaN, 2}), 2);
+  EXPECT_EQ(max({-0.0, 0.0}), 0);
+  EXPECT_EQ(min({0.0, -0.0}), 0);
+}
+
+TEST(VectorMeasures, AgreeWithTheirRulesOnEveryShortVector) {
+  for (std::size_t n = 0; n <= 5; ++n)
+    ForEachArray<double>({-kInf, -1.0, 0.0, 1.0, kNaN}, n, [](std::vector<double> v) {
+      int most = 0, least = 0;
+      double largest = v.empty() ? 0.0 : std::fabs(v[0]);
+      for (std::size_t i = 1; i < v.size(); ++i) {
+        if (v[i] > v[Count(most)]) most = static_cast<int>(i);
+        if (v[Count(least)] > v[i]) least = static_cast<int>(i);
+        if (std::fabs(v[i]) > largest) largest = std::fabs(v[i]);
+      }
+      CZEPHVector x = ToVector(v);
+      EXPECT_EQ(ZEPH_GetVectorMaxSite(x), most);
+      EXPECT_EQ(ZEPH_GetVectorMinSite(x), least);
+      EXPECT_SAME_VALUE(ZEPH_GetVectorInfititeNorm(x), largest);
+    });
+}
+
+TEST(VectorMeasures, AgreeWithTheirRulesOnLongVectors) {
+  for (std::size_t n : {7u, 16u, 33u, 100u, 1001u})
+    for (const Order& order : Orders()) {
+      const std::vector<double> v = order.make(n, n);
+      CZEPHVector x = ToVector(v);
+      std::size_t most = 0, least = 0;
+      double largest = std::fabs(v[0]);
+      volatile double sum = 0.0;
+      for (std::size_t i = 0; i < n; ++i) {
+        if (v[i] > v[most]) most = i;
+        if (v[least] > v[i]) least = i;
+        if (std::fabs(v[i]) > largest) largest = std::fabs(v[i]);
+        volatile double square = v[i] * v[i];
+        sum = sum + square;
+      }
+      const double norm = sum;
+      EXPECT_EQ(ZEPH_GetVectorMaxSite(x), static_cast<int>(most)) << order.name;
+      EXPECT_EQ(ZEPH_GetVectorMinSite(x), static_cast<int>(least)) << order.name;
+      EXPECT_SAME_VALUE(ZEPH_GetVectorInfititeNorm(x), largest);
+      EXPECT_SAME_VALUE(ZEPH_GetVectorSquareNorm(x), norm);
+    }
+}
+
+TEST(VectorMeasures, NormsTakeNoRoot) {
+  EXPECT_EQ(ZEPH_GetVectorSquareNorm(ToVector({3, 4})), 25.0);
+  EXPECT_EQ(ZEPH_GetVectorInfititeNorm(ToVector({3, -4})), 4.0);
+  EXPECT_SAME_BITS(ZEPH_GetVectorInfititeNorm(CZEPHVector()), 0.0);
+  EXPECT_SAME_BITS(ZEPH_GetVectorInfititeNorm(ToVector({-0.0})), 0.0);
+  EXPECT_SAME_BITS(ZEPH_GetVectorSquareNorm(CZEPHVector()), 0.0);
+}

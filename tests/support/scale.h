@@ -27,6 +27,12 @@ constexpr std::size_t Scaled(std::size_t full) {
   return kFullScale || full < 20 ? full : full / 20;
 }
 
+/// `full` at full scale, else `sample`.
+template <class T>
+constexpr T Scaled(T full, T sample) {
+  return kFullScale ? full : sample;
+}
+
 }  // namespace zeph::test
 
 #endif  // ZEPH_TESTS_SUPPORT_SCALE_H

@@ -1,0 +1,53 @@
+// What the double array's tests share.
+#ifndef ZEPH_TESTS_DOUBLE_ARRAY_ARRAYS_H
+#define ZEPH_TESTS_DOUBLE_ARRAY_ARRAYS_H
+
+#include <limits>
+#include <vector>
+
+#include "double_array.h"
+#include "support/bits.h"
+#include "support/numbers.h"
+
+namespace zeph::test {
+
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInf = std::numeric_limits<double>::infinity();
+
+/// Seven values that compare in every way: ties that differ in their bits, a NaN, infinities.
+inline const std::vector<double>& Alphabet() {
+  static const std::vector<double> values = {-kInf, -1, -0.0, 0.0, 1, kInf, kNan};
+  return values;
+}
+
+inline CZEPHDoubleArray ArrayOf(const std::vector<double>& v) {
+  return CZEPHDoubleArray(static_cast<int>(v.size()), v.data());
+}
+
+inline std::vector<double> ElementsOf(const CZEPHDoubleArray& a) {
+  return std::vector<double>(a.begin(), a.end());
+}
+
+inline std::string Show(const std::vector<double>& v) {
+  std::string text = std::to_string(v.size()) + " elements:";
+  for (std::size_t i = 0; i < v.size() && i < 40; ++i) text += " " + Show(v[i]);
+  return text;
+}
+
+/// An array without storage whose `size` says otherwise, as a failed allocation leaves it.
+inline CZEPHDoubleArray WithoutStorage(int size) {
+  CZEPHDoubleArray a(-1, 0.0);
+  a.size = size;
+  return a;
+}
+
+/// A default-made array with the storage helpers in reach.
+class OpenArray : public CZEPHDoubleArray {
+ public:
+  using CZEPHDoubleArray::AllocMemory;
+  using CZEPHDoubleArray::FreeMemory;
+};
+
+}  // namespace zeph::test
+
+#endif  // ZEPH_TESTS_DOUBLE_ARRAY_ARRAYS_H

@@ -1,0 +1,320 @@
+#include <limits>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "containers.h"
+#include "oracle/list_insertion.h"
+#include "support/allocation.h"
+#include "support/bits.h"
+#include "support/child.h"
+#include "support/numbers.h"
+#include "support/scale.h"
+
+using namespace zeph;
+using namespace zeph::test;
+
+namespace {
+
+using Link = CZEPHLink<double>;
+using List = CZEPHLinkList<double>;
+
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+
+bool Greater(const Link& a, const Link& b) {
+  return a.m_value > b.m_value;
+}
+bool GreaterKey(const CZEPHLinkData& a, const CZEPHLinkData& b) {
+  return a.m_nKey > b.m_nKey;
+}
+
+/// Nodes of these values, owned by the test; a list that holds them must be detached.
+std::vector<Link> NodesOf(const std::vector<double>& values) {
+  return std::vector<Link>(values.begin(), values.end());
+}
+
+/// Positions in `nodes`, in the order of the chain from `head`.
+std::vector<std::ptrdiff_t> ChainOf(const Link* head, const std::vector<Link>& nodes) {
+  std::vector<std::ptrdiff_t> order;
+  for (; head; head = head->m_pNext) {
+    order.push_back(head - nodes.data());
+    if (order.size() > nodes.size()) break;
+  }
+  return order;
+}
+
+std::vector<double> ValuesOf(const List& list) {
+  std::vector<double> values;
+  for (const Link* node = list.m_pHead; node; node = node->m_pNext) values.push_back(node->m_value);
+  return values;
+}
+
+std::vector<int> KeysOf(const CZEPHSortedLinkList& list) {
+  std::vector<int> keys;
+  for (const auto* node = list.m_pHead; node; node = node->m_pNext) keys.push_back(node->m_nKey);
+  return keys;
+}
+
+/// Inserts the first `before` values one by one and the rest by Sorting, and compares with the
+/// oracle node by node.
+void CompareSorting(const std::vector<double>& values, std::size_t before) {
+  std::vector<Link> nodes = NodesOf(values), wanted = NodesOf(values);
+  std::vector<Link*> table;
+  Link* want = nullptr;
+  List list;
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    oracle::InsertOrdered(want, &wanted[i], Greater);
+    if (i < before) {
+      list.InsertOrdered(&nodes[i]);
+    } else {
+      table.push_back(&nodes[i]);
+    }
+  }
+  list.Sorting(table.data(), static_cast<int>(table.size()));
+  const auto got = ChainOf(list.m_pHead, nodes);
+  list.m_pHead = nullptr;  // the nodes are the test's
+  ASSERT_EQ(got, ChainOf(want, wanted)) << before << " of " << values.size();
+}
+
+}  // namespace
+
+TEST(LinkList, KeepsValuesInAscendingOrder) {
+  List list;
+  for (double x : {3.0, 1.0, 2.0}) list.InsertOrdered(new Link(x));
+  EXPECT_EQ(ValuesOf(list), (std::vector<double>{1, 2, 3}));
+}
+
+TEST(LinkList, PutsTheLaterOfTwoEqualsFirst) {
+  List list;
+  auto* a = new Link(5);
+  auto* b = new Link(5);
+  list.InsertOrdered(a);
+  list.InsertOrdered(b);
+  EXPECT_EQ(list.m_pHead, b);
+  EXPECT_EQ(b->m_pNext, a);
+  EXPECT_EQ(a->m_pNext, nullptr);
+}
+
+TEST(LinkList, PutsANaNAtTheHeadWhereItHoldsBackWhatFollows) {
+  List list;
+  for (double x : {1.0, kNan, 5.0, 4.0}) list.InsertOrdered(new Link(x));
+  EXPECT_TRUE(SameBits(ValuesOf(list), {4, 5, kNan, 1}));
+}
+
+TEST(LinkList, SortsAWholeTableOfNodes) {
+  List list;
+  std::vector<Link*> links = {new Link(4), new Link(2), new Link(9), new Link(2)};
+  list.Sorting(links.data(), 4);
+  EXPECT_EQ(ValuesOf(list), (std::vector<double>{2, 2, 4, 9}));
+  EXPECT_EQ(list.m_pHead, links[3]);
+  EXPECT_EQ(list.m_pHead->m_pNext, links[1]);
+}
+
+TEST(LinkList, SortingAddsToTheListAsItStands) {
+  List list;
+  for (double x : {2.0, 7.0}) list.InsertOrdered(new Link(x));
+  Link* links[] = {new Link(9), new Link(1), new Link(7)};
+  list.Sorting(links, 3);
+  EXPECT_EQ(ValuesOf(list), (std::vector<double>{1, 2, 7, 7, 9}));
+  EXPECT_EQ(list.m_pHead->m_pNext->m_pNext, links[2]);
+}
+
+TEST(LinkList, SortingLinksEveryNodeWhereInsertionOneByOneDoes) {
+  const std::vector<double> alphabet = {-1, -0.0, 0.0, 1, kNan};
+  for (std::size_t n = 0; n <= Scaled<std::size_t>(7, 5); ++n)
+    ForEachArray(alphabet, n, [n](const std::vector<double>& values) {
+      for (std::size_t before = 0; before <= n; ++before)
+        if (!testing::Test::HasFatalFailure()) CompareSorting(values, before);
+    });
+  for (const Order& order : Orders())
+    for (std::size_t n : {20, 100, 1500}) {
+      ASSERT_NO_FATAL_FAILURE(CompareSorting(order.make(n, 1), 0)) << order.name;
+      ASSERT_NO_FATAL_FAILURE(CompareSorting(order.make(n, 2), n / 2)) << order.name;
+    }
+}
+
+TEST(LinkList, SortingFollowsTheWalkThroughAChainThatIsNotAscending) {
+  zeph::test::Random random(4);
+  for (int round = 0; round < 2000; ++round) {
+    const auto chain = static_cast<std::size_t>(random.Int(0, 6));
+    std::vector<double> values(chain + random.Below(6));
+    for (double& x : values) x = random.Int(0, 5);
+    std::vector<Link> nodes = NodesOf(values), wanted = NodesOf(values);
+    std::vector<Link*> table;
+    for (std::size_t i = chain; i < values.size(); ++i) table.push_back(&nodes[i]);
+    for (std::size_t i = 1; i < chain; ++i) {
+      nodes[i - 1].m_pNext = &nodes[i];
+      wanted[i - 1].m_pNext = &wanted[i];
+    }
+    Link* want = chain ? &wanted[0] : nullptr;
+    for (std::size_t i = chain; i < values.size(); ++i)
+      oracle::InsertOrdered(want, &wanted[i], Greater);
+    List list;
+    list.m_pHead = chain ? &nodes[0] : nullptr;
+    list.Sorting(table.data(), static_cast<int>(table.size()));
+    const auto got = ChainOf(list.m_pHead, nodes);
+    list.m_pHead = nullptr;
+    ASSERT_EQ(got, ChainOf(want, wanted));
+  }
+}
+
+TEST(LinkList, SortsAHundredThousandNodesWithoutQuadraticWalks) {
+  std::vector<double> values = Moderate(100000, 3);
+  std::vector<Link> nodes = NodesOf(values);
+  std::vector<Link*> table;
+  for (Link& node : nodes) table.push_back(&node);
+  List list;
+  list.Sorting(table.data(), static_cast<int>(table.size()));
+  std::sort(values.begin(), values.end());
+  const std::vector<double> got = ValuesOf(list);
+  list.m_pHead = nullptr;
+  EXPECT_TRUE(SameBits(got, values));
+}
+
+TEST(LinkList, IgnoresCountsBelowOneAndNulls) {
+  List list;
+  Link* links[] = {nullptr, new Link(1), nullptr};
+  list.Sorting(links, 0);
+  list.Sorting(links, -1);
+  list.Sorting(nullptr, 3);
+  list.InsertOrdered(nullptr);
+  EXPECT_EQ(list.m_pHead, nullptr);
+  list.Sorting(links, 3);
+  EXPECT_EQ(ValuesOf(list), std::vector<double>{1});
+}
+
+TEST(LinkList, HandsOutItsFirstNode) {
+  List list;
+  EXPECT_EQ(list.GetFirstLink(), nullptr);
+  EXPECT_EQ(list.m_pHead, nullptr);
+  auto* two = new Link(2);
+  list.InsertOrdered(two);
+  list.InsertOrdered(new Link(1));
+  const std::unique_ptr<Link> first(list.GetFirstLink());
+  EXPECT_EQ(first->m_value, 1.0);
+  EXPECT_EQ(first->m_pNext, two);  // left as it was
+  EXPECT_EQ(list.m_pHead, two);
+}
+
+TEST(LinkList, ReleasesItsNodesOnceAndAllocatesNone) {
+  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  const long before = LiveBlocks();
+  {
+    List list;
+    Link* links[] = {new Link(1), new Link(kNan), new Link(1)};
+    const long asked = AllocationCount();
+    list.Sorting(links, 3);
+    EXPECT_EQ(AllocationCount(), asked);
+    list.RemoveAll();
+    EXPECT_EQ(list.m_pHead, nullptr);
+    EXPECT_EQ(LiveBlocks(), before);
+    list.InsertOrdered(new Link(3));  // usable again, and released by the destructor
+  }
+  EXPECT_EQ(LiveBlocks(), before);
+}
+
+TEST(LinkList, CopiesAreShallow) {
+  Link a(1), b(2);
+  b.m_pNext = &a;
+  const Link copied(b);
+  a = b;
+  EXPECT_EQ(a.m_value, 2.0);
+  EXPECT_EQ(a.m_pNext, &a);
+  EXPECT_EQ(copied.m_pNext, &a);
+  List list, other;
+  list.InsertOrdered(new Link(3));
+  EXPECT_EQ(&(other = list), &other);
+  EXPECT_EQ(other.m_pHead, list.m_pHead);
+  other.m_pHead = nullptr;  // one of the two releases the chain
+}
+
+TEST(SortedLinkList, KeepsKeysInAscendingOrderAsTheOracleDoes) {
+  zeph::test::Random random(5);
+  for (int round = 0; round < 500; ++round) {
+    const std::size_t n = random.Below(12);
+    std::vector<CZEPHLinkData> nodes, wanted;
+    for (std::size_t i = 0; i < n; ++i) nodes.emplace_back(random.Int(-3, 3));
+    wanted = nodes;
+    CZEPHSortedLinkList list;
+    CZEPHLinkData* want = nullptr;
+    for (std::size_t i = 0; i < n; ++i) {
+      list.Insert(&nodes[i]);
+      oracle::InsertOrdered(want, &wanted[i], GreaterKey);
+    }
+    for (const auto* node = list.m_pHead; node || want; node = node->m_pNext) {
+      ASSERT_TRUE(node && want);
+      ASSERT_EQ(node - nodes.data(), want - wanted.data());
+      want = want->m_pNext;
+    }
+  }
+}
+
+TEST(SortedLinkList, FindsTheFirstNodeOfAKey) {
+  CZEPHSortedLinkList list;
+  EXPECT_EQ(list.Find(1), nullptr);
+  CZEPHLinkData one(1), three(3), five(5), again(3);
+  for (CZEPHLinkData* node : {&five, &one, &three, &again}) list.Insert(node);
+  EXPECT_EQ(list.Find(4), nullptr);
+  EXPECT_EQ(list.Find(9), nullptr);
+  EXPECT_EQ(list.Find(3), &again);
+  EXPECT_EQ(list.Find(5), &five);
+  list.Insert(nullptr);
+  EXPECT_EQ(KeysOf(list), (std::vector<int>{1, 3, 3, 5}));
+}
+
+TEST(SortedLinkList, EndsItsSearchAtTheFirstGreaterKey) {
+  CZEPHLinkData nine(9), two(2);
+  nine.m_pNext = &two;  // a chain that no insertion makes
+  CZEPHSortedLinkList list;
+  list.m_pHead = &nine;
+  EXPECT_EQ(list.Find(2), nullptr);
+  list.Remove(2);  // the removal does not stop there
+  EXPECT_EQ(KeysOf(list), std::vector<int>{9});
+}
+
+TEST(SortedLinkList, UnlinksWithoutReleasing) {
+  CZEPHLinkData one(1), two(2), three(3);
+  CZEPHSortedLinkList list;
+  for (CZEPHLinkData* node : {&three, &two, &one}) list.Insert(node);
+  list.Remove(1);
+  EXPECT_EQ(list.m_pHead, &two);
+  EXPECT_EQ(one.m_pNext, &two);  // left as it was
+  list.Remove(3);
+  EXPECT_EQ(KeysOf(list), std::vector<int>{2});
+}
+
+TEST(SortedLinkList, RemovingAnAbsentKeyDoesNothing) {
+  CZEPHSortedLinkList list;
+  list.Remove(1);
+  CZEPHLinkData two(2);
+  list.Insert(&two);
+  list.Remove(1);
+  list.Remove(3);
+  EXPECT_EQ(KeysOf(list), std::vector<int>{2});
+}
+
+TEST(SortedLinkList, CopiesAreShallow) {
+  CZEPHLinkData one(1), two(2);
+  CZEPHSortedLinkList list, other;
+  list.Insert(&one);
+  EXPECT_EQ(&(other = list), &other);
+  EXPECT_EQ(other.m_pHead, &one);
+  two = one;
+  EXPECT_EQ(two.m_nKey, 1);
+  one.m_pNext = &two;
+  two = one;
+  EXPECT_EQ(two.m_pNext, &two);
+}
+
+TEST(SortedLinkList, WritesItsKeysToTheStandardOutput) {
+  CZEPHSortedLinkList list;
+  CZEPHLinkData one(1), three(3), negative(-2147483647 - 1);
+  CaptureStdout capture;
+  list.DisplayList();
+  list.Insert(&three);
+  list.Insert(&one);
+  list.DisplayList();
+  one.DisplayLink();
+  negative.DisplayLink();
+  EXPECT_EQ(capture.Text(), "List (first-->last): \nList (first-->last): 1 3 \n1 -2147483648 ");
+}

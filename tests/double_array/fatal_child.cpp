@@ -1,0 +1,33 @@
+// Ends at the site that its argument names.
+#include <cstring>
+#include <iostream>
+
+#include "double_array.h"
+
+int main(int argc, char** argv) {
+  const char* site = argc > 1 ? argv[1] : "";
+  const auto is = [site](const char* name) { return std::strcmp(site, name) == 0; };
+  CZEPHDoubleArray three(3, 1.0), four(4, 1.0), none, failed(-1, 1.0);
+  std::cout << "before\n";
+  if (is("GetEntry above")) three.GetEntry(4);
+  if (is("GetEntry below")) three.GetEntry(-1);
+  if (is("GetEntry without storage")) none.GetEntry(0);
+  if (is("CheckBound above")) three.CheckBound(4);
+  if (is("CheckBound below")) three.CheckBound(-2147483647 - 1);
+  if (is("CheckBound without storage")) none.CheckBound(0);
+  if (is("assignment")) four = three;
+  if (is("assignment of an empty array")) three = none;
+  if (is("assignment of a negative size")) three = failed;
+  if (is("+=")) three += four;
+  if (is("-=")) three -= four;
+  if (is("+")) std::cout << (three + four).size;
+  if (is("-")) std::cout << (three - four).size;
+  if (is("ErrorMessage")) {
+    char text[] = "x";
+    CZEPHDoubleArray::ErrorMessage(text, std::cout);
+  }
+  if (is("ErrorMessage of a literal elsewhere"))
+    CZEPHDoubleArray::ErrorMessage("a %d\n", std::cerr);
+  std::cout << "after\n";
+  return 0;
+}

@@ -1,0 +1,99 @@
+#include <cmath>
+
+#include "double_array/arrays.h"
+
+using namespace zeph::test;
+
+namespace {
+
+using Values = std::vector<double>;
+
+double AbsoluteValue(double x) {
+  return FromBits<double>(Bits(x) & ~Bits(-0.0));
+}
+
+/// The sum in index order, rounded to double after every addition.
+template <class Term>
+double SumOf(const Values& v, Term term) {
+  if (v.empty()) return 0.0;
+  volatile double sum = term(v[0]);
+  for (std::size_t i = 1; i < v.size(); ++i) sum = sum + term(v[i]);
+  return sum;
+}
+
+double MaxOf(const Values& v) {
+  if (v.empty()) return 0.0;
+  double m = AbsoluteValue(v[0]);
+  for (std::size_t i = 1; i < v.size(); ++i)
+    if (AbsoluteValue(v[i]) > m) m = AbsoluteValue(v[i]);
+  return m;
+}
+
+void Compare(const Values& v) {
+  const CZEPHDoubleArray a = ArrayOf(v);
+  const auto square = [](double x) {
+    volatile double product = x * x;
+    return static_cast<double>(product);
+  };
+  ASSERT_TRUE(SameValue(a.OneNorm(), SumOf(v, AbsoluteValue))) << Show(v);
+  ASSERT_TRUE(SameValue(a.TwoNorm(), std::sqrt(SumOf(v, square)))) << Show(v);
+  ASSERT_TRUE(SameBits(a.MaxNorm(), MaxOf(v))) << Show(v);
+  ASSERT_TRUE(SameValue(ZEPH_ArrayDotProduct(a, a), SumOf(v, square))) << Show(v);
+}
+
+}  // namespace
+
+TEST(DoubleArrayNorms, GiveTheUsualValues) {
+  const CZEPHDoubleArray a = ArrayOf({-5, 3}), b = ArrayOf({3, 4});
+  EXPECT_EQ(a.MaxNorm(), 5.0);
+  EXPECT_EQ(a.OneNorm(), 8.0);
+  EXPECT_EQ(b.TwoNorm(), 5.0);
+  EXPECT_EQ(ZEPH_ArrayDotProduct(a, b), -3.0);
+}
+
+TEST(DoubleArrayNorms, AddInIndexOrder) {
+  for (std::size_t n = 0; n < 70; ++n) {
+    ASSERT_NO_FATAL_FAILURE(Compare(Moderate(n, n)));
+    ASSERT_NO_FATAL_FAILURE(Compare(Awkward(n, n)));
+  }
+  for (std::uint64_t seed = 0; seed < 20; ++seed) {
+    ASSERT_NO_FATAL_FAILURE(Compare(Moderate(5000, seed)));
+    ASSERT_NO_FATAL_FAILURE(Compare(Awkward(300, seed)));
+  }
+  const CZEPHDoubleArray a = ArrayOf({1e16, 1, -1e16});
+  EXPECT_EQ(ZEPH_ArrayDotProduct(a, ArrayOf({1, 1, 1})), 0.0);  // 1 is lost on the way
+}
+
+TEST(DoubleArrayNorms, AgreeWithTheOracleOnEveryShortArray) {
+  for (std::size_t n = 0; n <= 5; ++n)
+    ForEachArray(Alphabet(), n, [](const Values& v) {
+      if (!testing::Test::HasFatalFailure()) Compare(v);
+    });
+}
+
+TEST(DoubleArrayNorms, DoNotScale) {
+  EXPECT_EQ(ArrayOf({1e200, 1e200}).TwoNorm(), kInf);
+  EXPECT_EQ(ArrayOf({1e-200, 1e-200}).TwoNorm(), 0.0);
+}
+
+TEST(DoubleArrayNorms, TheMaximumIsTheNaNInFrontAndPassesOverOthers) {
+  EXPECT_SAME_BITS(ArrayOf({-kNan, 9}).MaxNorm(), AbsoluteValue(kNan));
+  EXPECT_EQ(ArrayOf({1, kNan, -9, kNan}).MaxNorm(), 9.0);
+  EXPECT_SAME_BITS(ArrayOf({-0.0}).MaxNorm(), 0.0);
+}
+
+TEST(DoubleArrayNorms, OfAnEmptyArrayAreZero) {
+  for (int size : {-1, 0, 4}) {
+    const CZEPHDoubleArray a = WithoutStorage(size), one = ArrayOf({1, 1, 1, 1});
+    EXPECT_SAME_BITS(a.OneNorm(), 0.0);
+    EXPECT_SAME_BITS(a.TwoNorm(), 0.0);
+    EXPECT_SAME_BITS(a.MaxNorm(), 0.0);
+    EXPECT_SAME_BITS(ZEPH_ArrayDotProduct(a, one), 0.0);
+    EXPECT_SAME_BITS(ZEPH_ArrayDotProduct(one, a), 0.0);
+  }
+  EXPECT_SAME_BITS(CZEPHDoubleArray(0, 0.0).TwoNorm(), 0.0);
+}
+
+TEST(DoubleArrayDotProduct, TakesItsCountFromTheLeft) {
+  EXPECT_EQ(ZEPH_ArrayDotProduct(ArrayOf({1, 2}), ArrayOf({3, 4, kNan})), 11.0);
+}

@@ -1,0 +1,44 @@
+#include <cmath>
+#include <ctime>
+
+#include "double_array/arrays.h"
+#include "support/random_source.h"
+
+using namespace zeph::test;
+
+TEST(DoubleArrayRandom, FillsWithWholeNumbersBelow999AndClearsTheFlag) {
+  CZEPHDoubleArray a(5000, -1.0);
+  a.sorted = 1;
+  a.Random();
+  EXPECT_EQ(a.sorted, 0);
+  double largest = 0;
+  for (double x : a) {
+    ASSERT_TRUE(x >= 0 && x <= 998 && x == std::floor(x)) << x;
+    largest = std::max(largest, x);
+  }
+  EXPECT_GT(largest, 900.0);
+}
+
+TEST(DoubleArrayRandom, IsSeededWithTheTimeOnEveryCall) {
+  CZEPHDoubleArray a(100, -1.0);
+  const auto from = static_cast<unsigned>(std::time(nullptr));
+  a.Random();
+  const auto to = static_cast<unsigned>(std::time(nullptr));
+  bool met = false;
+  for (unsigned second = from; second <= to && !met; ++second) {
+    std::vector<double> want;
+    for (int draw : DrawsAfterSeed(second, 100)) want.push_back(draw % 999);
+    met = static_cast<bool>(SameBits(ElementsOf(a), want));
+  }
+  EXPECT_TRUE(met);
+}
+
+TEST(DoubleArrayRandom, ClearsTheFlagOfAnEmptyArrayToo) {
+  for (int size : {-1, 0, 4}) {
+    CZEPHDoubleArray a = WithoutStorage(size);
+    a.sorted = 1;
+    a.Random();
+    EXPECT_EQ(a.sorted, 0);
+    EXPECT_EQ(a.size, size);
+  }
+}

@@ -1,0 +1,156 @@
+#include <climits>
+#include <iomanip>
+#include <sstream>
+
+#include "double_array/arrays.h"
+
+using namespace zeph::test;
+
+namespace {
+
+using Values = std::vector<double>;
+
+Values Counting(int n) {
+  Values v;
+  for (int i = 0; i < n; ++i) v.push_back(i);
+  return v;
+}
+
+std::string Inserted(const CZEPHDoubleArray& a) {
+  std::ostringstream os;
+  os << a;
+  return os.str();
+}
+std::string Displayed(CZEPHDoubleArray a) {
+  std::ostringstream os;
+  a.Display(os);
+  return os.str();
+}
+std::string Listed(CZEPHDoubleArray a) {
+  CString text("x");
+  a.Display(text);
+  return text.GetString();
+}
+std::string Listed(CZEPHDoubleArray a, int from, int to) {
+  CString text("x");
+  a.Display(text, from, to);
+  return text.GetString();
+}
+
+/// Reads `text` into an array with storage for three.
+struct Extracted {
+  explicit Extracted(const std::string& text) : a(ArrayOf({-1, -2, -3})), is(text) {
+    a.sorted = 1;
+    is >> a;
+  }
+  CZEPHDoubleArray a;
+  std::istringstream is;
+};
+
+}  // namespace
+
+TEST(DoubleArrayText, InsertionPutsUpToFourOnOneLine) {
+  EXPECT_EQ(Inserted(CZEPHDoubleArray()), "Elements of the vector are: \n");
+  EXPECT_EQ(Inserted(ArrayOf({1.5})), "Elements of the vector are: \n1.5  \n");
+  EXPECT_EQ(Inserted(ArrayOf({0, 1, 2, 3})), "Elements of the vector are: \n0  1  2  3  \n");
+  EXPECT_EQ(Inserted(ArrayOf({0, 1, 2, 3, 4})), "Elements of the vector are: \n0\n1\n2\n3\n4\n");
+  EXPECT_EQ(Inserted(WithoutStorage(4)), "Elements of the vector are: \n");
+  EXPECT_EQ(Inserted(CZEPHDoubleArray(-4, 0.0)), "Elements of the vector are: \n");
+}
+
+TEST(DoubleArrayText, InsertionUsesTheFormatOfTheStream) {
+  std::ostringstream os;
+  os << std::fixed << std::setprecision(3) << ArrayOf({1.0 / 3, 2});
+  EXPECT_EQ(os.str(), "Elements of the vector are: \n0.333  2.000  \n");
+  EXPECT_EQ(&(os << CZEPHDoubleArray()), &os);
+}
+
+TEST(DoubleArrayText, DisplayEndsALineBehindElementsTenTwentyAndSoOn) {
+  EXPECT_EQ(Displayed(CZEPHDoubleArray()), "");
+  EXPECT_EQ(Displayed(ArrayOf({0.5})), "0.5 ");
+  EXPECT_EQ(Displayed(ArrayOf(Counting(10))), "0 1 2 3 4 5 6 7 8 9 ");
+  EXPECT_EQ(Displayed(ArrayOf(Counting(22))),
+            "0 1 2 3 4 5 6 7 8 9 10 \n11 12 13 14 15 16 17 18 19 20 \n21 ");
+  EXPECT_EQ(Displayed(WithoutStorage(3)), "");
+}
+
+TEST(DoubleArrayText, DisplayAppendsToAString) {
+  EXPECT_EQ(Listed(CZEPHDoubleArray()), "x{ }\r\n");
+  EXPECT_EQ(Listed(WithoutStorage(3)), "x{ }\r\n");
+  EXPECT_EQ(Listed(ArrayOf({-0.0, 1e10})), "x{ -0.000000  10000000000.000000  }\r\n");
+  EXPECT_EQ(Listed(ArrayOf(Counting(12))),
+            "x{ 0.000000  1.000000  2.000000  3.000000  4.000000  5.000000  6.000000  7.000000  "
+            "8.000000  9.000000  10.000000  \r\n11.000000  }\r\n");
+}
+
+TEST(DoubleArrayText, DisplayHasRoomForTheLongestNumber) {
+  const std::string longest = Listed(ArrayOf({-std::numeric_limits<double>::max()}));
+  EXPECT_EQ(longest.size(), 1u + 2 + 317 + 2 + 3);
+  EXPECT_EQ(longest.substr(0, 12), "x{ -17976931");
+  EXPECT_EQ(longest.substr(longest.size() - 12), ".000000  }\r\n");
+}
+
+TEST(DoubleArrayText, DisplayOfARangeCountsWhatItPrints) {
+  const CZEPHDoubleArray a = ArrayOf(Counting(30));
+  EXPECT_EQ(Listed(a, 2, 3), "x{ 2.000000  3.000000  }\r\n");
+  EXPECT_EQ(Listed(a, 5, 16),
+            "x{ 5.000000  6.000000  7.000000  8.000000  9.000000  10.000000  11.000000  12.000000  "
+            "13.000000  14.000000  15.000000  \r\n16.000000  }\r\n");
+  EXPECT_EQ(Listed(a, 29, 29), "x{ 29.000000  }\r\n");
+  for (const auto& inverted : {std::pair(4, 3), std::pair(30, -30), std::pair(INT_MAX, INT_MIN)})
+    EXPECT_EQ(Listed(a, inverted.first, inverted.second), "x{ }\r\n");
+  EXPECT_EQ(Listed(WithoutStorage(3), 0, 2), "x{ }\r\n");
+}
+
+TEST(DoubleArrayText, TraceDoesNothing) {
+  CZEPHDoubleArray a = ArrayOf({1});
+  a.Trace("text");
+  EXPECT_TRUE(SameBits(ElementsOf(a), {1}));
+}
+
+TEST(DoubleArrayText, ExtractionReadsACountAndThatManyNumbers) {
+  Extracted three("3 1.5 -2e3\n7 9");
+  EXPECT_TRUE(SameBits(ElementsOf(three.a), {1.5, -2000, 7}));
+  EXPECT_EQ(three.a.sorted, 1);  // although nobody knows
+  double next = 0;
+  three.is >> next;
+  EXPECT_EQ(next, 9.0);
+  Extracted two("2 4 5");  // the end of the text is no failure
+  EXPECT_TRUE(SameBits(ElementsOf(two.a), {4, 5}));
+  EXPECT_EQ(two.a.data[2], -3.0);
+  EXPECT_EQ(Extracted("0").a.size, 0);
+}
+
+TEST(DoubleArrayText, ExtractionThatFailsSetsTheSizeToZero) {
+  for (const char* text : {"", "x", "99999999999 1", "3", "3 1 2", "3 1 x 2"}) {
+    const Extracted extracted(text);
+    EXPECT_EQ(extracted.a.size, 0) << text;
+    EXPECT_TRUE(extracted.is.fail()) << text;
+    EXPECT_NE(extracted.a.data, nullptr) << text;
+  }
+  const Extracted partial("3 8 x");
+  EXPECT_EQ(partial.a.data[0], 8.0);  // what was read before
+}
+
+TEST(DoubleArrayText, ExtractionStoresANegativeCountAndReadsNothing) {
+  Extracted negative("-3 1");
+  EXPECT_EQ(negative.a.size, -3);
+  EXPECT_EQ(negative.a.data[0], -1.0);
+}
+
+TEST(DoubleArrayText, ExtractionTrustsTheBlockOfAnEmptyArray) {
+  CZEPHDoubleArray a = ArrayOf({1, 2});
+  a.size = 0;
+  std::istringstream is("2 5 6");
+  EXPECT_EQ(&(is >> a), &is);
+  EXPECT_TRUE(SameBits(ElementsOf(a), {5, 6}));
+}
+
+TEST(DoubleArrayText, ExtractionIntoNoStorageSetsTheSizeToZero) {
+  CZEPHDoubleArray none;
+  std::istringstream is("2 5 6");
+  is >> none;
+  EXPECT_EQ(none.size, 0);
+  EXPECT_EQ(none.data, nullptr);
+  EXPECT_FALSE(is.fail());
+}

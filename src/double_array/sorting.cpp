@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "double_array/unique_order.h"
+#include "kernels/sort.h"
 
 namespace zeph::double_array {
 namespace {
@@ -18,15 +18,15 @@ void SortAroundZeros(double* v, std::size_t n, Equals equals) {
     if (*p == 0) std::swap(*p, *--zeros);  // all between p and the zeros found is non-zero
   }
   if (equals == Equals::kReversed) std::reverse(zeros, end);
-  SortAscending(v, static_cast<std::size_t>(zeros - v));
+  kernels::SortAscending(v, static_cast<std::size_t>(zeros - v));
   std::rotate(std::lower_bound(v, zeros, 0.0), zeros, end);
 }
 
 }  // namespace
 
 bool SortIfOrderIsUnique(double* v, std::size_t n) {
-  if (!OrderIsUnique(v, n)) return false;
-  SortAscending(v, n);
+  if (!kernels::OrderIsUnique(v, n)) return false;
+  kernels::SortAscending(v, n);
   return true;
 }
 

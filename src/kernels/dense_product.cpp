@@ -4,8 +4,13 @@
 namespace zeph::kernels {
 
 DenseProductForm DenseProductAt(Level level) {
+#if ZEPH_X64
+  static constexpr DenseProductForm kForms[kLevels] = {portable::DenseProduct, avx2::DenseProduct,
+                                                       avx512::DenseProduct};
+#else
   static constexpr DenseProductForm kForms[kLevels] = {
       portable::DenseProduct, portable::DenseProduct, portable::DenseProduct};
+#endif
   return kForms[static_cast<int>(level)];
 }
 

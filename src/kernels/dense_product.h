@@ -15,8 +15,8 @@ namespace zeph::kernels {
 /// Entry (i, j) starts at 0.0 and gets a[i][k] * b[k][j] added in increasing k, each product and
 /// each sum rounded by itself: the bits of the textbook triple loop (any NaN counts as any NaN).
 /// Every row is a block of its own; a row of `out` shares no element with another row or an input.
-/// Any count may be 0. Never throws: large products borrow up to 4 MiB and do without if there are
-/// none. Reads and writes no element outside the rows.
+/// Any count may be 0. Never throws: large products borrow up to 1.2 MiB and do without if there
+/// are none. Reads and writes no element outside the rows.
 void DenseProduct(double* const* out, const double* const* a, const double* const* b,
                   std::size_t rows, std::size_t inner, std::size_t cols);
 
@@ -32,6 +32,16 @@ namespace portable {
 void DenseProduct(double* const* out, const double* const* a, const double* const* b,
                   std::size_t rows, std::size_t inner, std::size_t cols);
 }
+#if ZEPH_X64
+namespace avx2 {
+void DenseProduct(double* const* out, const double* const* a, const double* const* b,
+                  std::size_t rows, std::size_t inner, std::size_t cols);
+}
+namespace avx512 {
+void DenseProduct(double* const* out, const double* const* a, const double* const* b,
+                  std::size_t rows, std::size_t inner, std::size_t cols);
+}
+#endif
 
 }  // namespace zeph::kernels
 

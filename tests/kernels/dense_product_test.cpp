@@ -142,13 +142,17 @@ TEST(DenseProduct, MatchesTheTripleLoopOnOddTallAndFlatShapes) {
 }
 
 TEST(DenseProduct, RunsTheFormThatWasAskedFor) {
+  EXPECT_EQ(DenseProductAt(Level::kPortable), &portable::DenseProduct);
+#if ZEPH_X64
+  EXPECT_EQ(DenseProductAt(Level::kAvx2), &avx2::DenseProduct);
+  EXPECT_EQ(DenseProductAt(Level::kAvx512), &avx512::DenseProduct);
+#endif
   const Level before = Active();
   for (const Level level : RunnableLevels()) {
     ASSERT_TRUE(Force(level));
     EXPECT_EQ(Active(), level);
   }
   Force(before);
-  EXPECT_EQ(DenseProductAt(Level::kPortable), &portable::DenseProduct);
 }
 
 }  // namespace

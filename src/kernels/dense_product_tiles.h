@@ -1,0 +1,205 @@
+// SPDX-License-Identifier: MIT
+//
+// The walk over a product's tiles, shared by its wide forms.
+//
+// A tile is some rows of the result by one strip of columns. Its sums stay in registers while k
+// runs through a block, and rest in `out`, where a double keeps its bits, until the next block: so
+// every entry adds in increasing k whatever the blocks are.
+#ifndef ZEPH_SRC_KERNELS_DENSE_PRODUCT_TILES_H
+#define ZEPH_SRC_KERNELS_DENSE_PRODUCT_TILES_H
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+namespace zeph::kernels::product {
+
+struct Tile {
+  double* const* out;      // the tile's rows of the result
+  const double* const* a;  // the same rows of the left factor, element 0 being k = first
+  const double* const* b;  // the rows of the right factor, row 0 being k = first
+  const double* packed;    // null, or the strip's columns of those rows one behind the other
+  std::size_t column;      // the strip's first column
+  std::size_t width;       // the strip's number of columns
+  std::size_t inner;       // length of the block of k
+  bool resume;             // whether the sums go on from what `out` holds; else from 0.0
+};
+
+constexpr std::size_t kInnerBlock = 256;  // a packed strip then about fills the nearest cache
+constexpr std::size_t kPanelCols = 48;    // columns of the right factor packed at a time
+constexpr std::size_t kRowBlock = 512;    // rows of the left factor that use a packed panel
+constexpr std::size_t kRowStride = kInnerBlock + 8;  // a line more: rows fall into different sets
+
+// Below these numbers of multiplications copying costs more than it gains.
+constexpr std::size_t kPackPanelsFrom = std::size_t{96} * 96 * 96;
+constexpr std::size_t kPackRowsFrom = std::size_t{320} * 320 * 320;
+
+/// All of a product, or one block of it.
+struct Block {
+  double* const* out;
+  const double* const* a;
+  const double* const* b;
+  std::size_t rows, inner, cols;
+  bool resume;
+};
+
+/// Height of the next tile when `left` rows remain: `most`, but the last two share evenly.
+constexpr std::size_t NextHeight(std::size_t left, std::size_t most) {
+  return left >= 2 * most ? most : left > most ? (left + 1) / 2 : left;
+}
+
+/// Asks for the columns of a strip of some rows, to read them or (`Write`) to change them.
+template <int Write, class Row>
+void Prefetch(const Row* rows, std::size_t count, std::size_t column, std::size_t width) {
+  for (std::size_t r = 0; r < count; ++r) {
+    for (std::size_t c = 0; c < width; c += 8) __builtin_prefetch(rows[r] + column + c, Write);
+    __builtin_prefetch(rows[r] + column + width - 1, Write);
+  }
+}
+
+/// The tiles of one strip, top to bottom. `Form::Run(tile, rows)` does one; before each,
+/// `before(row, height)` hears of the one that follows it.
+template <class Form, class Before>
+void RunStrip(const Block& block, Tile tile, Before before) {
+  for (std::size_t i = 0; i < block.rows;) {
+    const std::size_t height = NextHeight(block.rows - i, Form::kRows);
+    tile.out = block.out + i;
+    tile.a = block.a + i;
+    i += height;
+    before(i, NextHeight(block.rows - i, Form::kRows));
+    Form::Run(tile, height);
+  }
+}
+
+/// Strip after strip, reading the right factor where it stands.
+template <class Form>
+void RunInPlace(const Block& block) {
+  Tile tile{nullptr, nullptr, block.b, nullptr, 0, 0, block.inner, block.resume};
+  for (; tile.column < block.cols; tile.column += Form::kCols) {
+    tile.width = std::min(Form::kCols, block.cols - tile.column);
+    RunStrip<Form>(block, tile, [](std::size_t, std::size_t) {});
+  }
+}
+
+/// Copies a panel of the right factor, strip behind strip; columns it does not have become 0.0 and
+/// are never stored.
+template <class Form>
+void PackPanel(double* to, const Tile& panel) {
+  for (std::size_t k = 0; k < panel.inner; ++k, to += Form::kCols) {
+    const double* from = panel.b[k] + panel.column;
+    double* strip = to;
+    std::size_t left = panel.width;
+    for (; left >= Form::kCols; left -= Form::kCols, from += Form::kCols) {
+      std::memcpy(strip, from, Form::kCols * sizeof(double));
+      strip += panel.inner * Form::kCols;
+    }
+    if (!left) continue;
+    for (std::size_t c = 0; c < Form::kCols; ++c) strip[c] = c < left ? from[c] : 0.0;
+  }
+}
+
+/// Asks ahead for what later tiles need: both factors' rows lie far apart.
+class LookAhead {
+ public:
+  /// Spreads the panel that follows `panel` over the `tiles` tiles of that one.
+  LookAhead(const Block& block, const Tile& panel, std::size_t tiles)
+      : block_(block),
+        column_(panel.column + kPanelCols),
+        width_(column_ < block.cols ? std::min(kPanelCols, block.cols - column_) : 0),
+        share_(width_ ? block.inner / tiles + 1 : 0) {}
+
+  /// The next share of that panel, to read.
+  void ForNextPanel() {
+    for (std::size_t end = std::min(k_ + share_, block_.inner); k_ < end; ++k_)
+      for (std::size_t c = 0; c < width_ + 7; c += 8)
+        __builtin_prefetch(block_.b[k_] + column_ + std::min(c, width_ - 1));
+  }
+
+  /// The result's `height` rows from `row` on in the columns of `tile`, to change.
+  void ForNextTile(std::size_t row, std::size_t height, const Tile& tile) const {
+    for (std::size_t r = row; r < row + height; ++r)
+      for (std::size_t c = 0; c < tile.width + 7; c += 8)
+        __builtin_prefetch(block_.out[r] + tile.column + std::min(c, tile.width - 1), 1);
+  }
+
+ private:
+  const Block& block_;
+  std::size_t column_, width_, share_, k_ = 0;
+};
+
+/// Panel after panel of some strips, each copied together first, so that all its tiles read it from
+/// the nearest caches.
+template <class Form>
+void RunPacked(const Block& block, double* room) {
+  static_assert(kPanelCols % Form::kCols == 0, "a panel is whole strips");
+  const std::size_t tiles = (block.rows / Form::kRows + 1) * (kPanelCols / Form::kCols);
+  Tile panel{nullptr, nullptr, block.b, room, 0, 0, block.inner, block.resume};
+  for (; panel.column < block.cols; panel.column += kPanelCols) {
+    panel.width = std::min(kPanelCols, block.cols - panel.column);
+    PackPanel<Form>(room, panel);
+    LookAhead ahead(block, panel, tiles);
+    Tile tile = panel;
+    for (std::size_t done = 0; done < panel.width; done += Form::kCols) {
+      tile.column = panel.column + done;
+      tile.width = std::min(Form::kCols, panel.width - done);
+      tile.packed = room + done * block.inner;
+      RunStrip<Form>(block, tile, [&](std::size_t row, std::size_t height) {
+        ahead.ForNextTile(row, height, tile);
+        ahead.ForNextPanel();
+      });
+    }
+  }
+}
+
+struct Release {
+  void operator()(void* p) const { std::free(p); }
+};
+
+/// Block after block. Large left factors are copied too, row by row: rows whose blocks lie a power
+/// of two apart would push one another out of the nearest cache.
+template <class Form>
+void RunBlocks(const Block& all, double* room, bool packRows) {
+  double* const copies = room + kInnerBlock * kPanelCols;
+  const double* a[kRowBlock];
+  std::size_t k = 0;
+  do {  // once even for inner = 0, which sets the zeros
+    Block block = all;
+    block.b = all.b + k;
+    block.inner = std::min(kInnerBlock, all.inner - k);
+    block.resume = k != 0;
+    block.a = a;
+    for (std::size_t i = 0; i < all.rows; i += block.rows) {
+      block.rows = NextHeight(all.rows - i, kRowBlock);
+      block.out = all.out + i;
+      for (std::size_t r = 0; r < block.rows; ++r) {
+        a[r] = all.a[i + r] + k;
+        if (!packRows) continue;
+        std::memcpy(copies + r * kRowStride, a[r], block.inner * sizeof(double));
+        a[r] = copies + r * kRowStride;
+      }
+      RunPacked<Form>(block, room);
+    }
+    k += block.inner;
+  } while (k < all.inner);
+}
+
+/// The whole product by the tiles of `Form`, which gives kRows, kCols and Run.
+template <class Form>
+void Run(double* const* out, const double* const* a, const double* const* b, std::size_t rows,
+         std::size_t inner, std::size_t cols) {
+  const Block all{out, a, b, rows, inner, cols, false};
+  const std::size_t work = rows * inner * cols;
+  if (work < kPackPanelsFrom || rows < 4 * Form::kRows) return RunInPlace<Form>(all);
+  const bool packRows = work >= kPackRowsFrom;
+  const std::size_t room = kInnerBlock * kPanelCols + (packRows ? kRowBlock * kRowStride : 0);
+  const std::unique_ptr<double, Release> block(
+      static_cast<double*>(std::malloc(room * sizeof(double))));
+  if (!block) return RunInPlace<Form>(all);
+  RunBlocks<Form>(all, block.get(), packRows);
+}
+
+}  // namespace zeph::kernels::product
+
+#endif  // ZEPH_SRC_KERNELS_DENSE_PRODUCT_TILES_H

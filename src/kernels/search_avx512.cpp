@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include "kernels/search_forms.h"
+
+#if ZEPH_X64
+
+#if !defined(__clang__)
+// g++ 12 takes the deliberately undefined operand inside its own intrinsics for a mistake.
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#pragma GCC diagnostic ignored "-Wuninitialized"
+#endif
+
+#include <immintrin.h>
+
+#define ZEPH_WIDE_CALL ZEPH_TARGET("avx512f,avx512dq,avx512bw,avx512vl")
+#define ZEPH_WIDE ZEPH_WIDE_CALL __attribute__((always_inline)) inline
+
+namespace zeph::kernels::avx512 {
+namespace {
+
+ZEPH_WIDE __m512d Load(const double* v) {
+  return _mm512_loadu_pd(v);
+}
+ZEPH_WIDE __m512i Load(const int* v) {
+  return _mm512_loadu_si512(v);
+}
+ZEPH_WIDE __m512d Broadcast(double x) {
+  return _mm512_set1_pd(x);
+}
+ZEPH_WIDE __m512i Broadcast(int x) {
+  return _mm512_set1_epi32(x);
+}
+ZEPH_WIDE unsigned EqualLanes(__m512d a, __m512d b) {
+  return _mm512_cmp_pd_mask(a, b, _CMP_EQ_OQ);
+}
+ZEPH_WIDE unsigned EqualLanes(__m512i a, __m512i b) {
+  return _mm512_cmpeq_epi32_mask(a, b);
+}
+/// Each comparison passes on the lanes in which nothing was found yet.
+ZEPH_WIDE bool AnyEqual(const double* v, __m512d x) {
+  __mmask8 differ = _mm512_cmp_pd_mask(Load(v), x, _CMP_NEQ_UQ);
+  differ = _mm512_mask_cmp_pd_mask(differ, Load(v + 8), x, _CMP_NEQ_UQ);
+  differ = _mm512_mask_cmp_pd_mask(differ, Load(v + 16), x, _CMP_NEQ_UQ);
+  differ = _mm512_mask_cmp_pd_mask(differ, Load(v + 24), x, _CMP_NEQ_UQ);
+  return differ != 0xFF;
+}
+ZEPH_WIDE bool AnyEqual(const int* v, __m512i x) {
+  __mmask16 differ = _mm512_cmpneq_epi32_mask(Load(v), x);
+  differ = _mm512_mask_cmpneq_epi32_mask(differ, Load(v + 16), x);
+  differ = _mm512_mask_cmpneq_epi32_mask(differ, Load(v + 32), x);
+  differ = _mm512_mask_cmpneq_epi32_mask(differ, Load(v + 48), x);
+  return differ != 0xFFFF;
+}
+ZEPH_WIDE __m512d Least(__m512d a, __m512d b) {
+  return _mm512_min_pd(a, b);
+}
+ZEPH_WIDE double LeastLane(__m512d x) {
+  return _mm512_reduce_min_pd(x);
+}
+
+#include "kernels/search_scan.inc"
+
+}  // namespace
+
+const SearchForms kSearch = {Level::kAvx512, FindFirst<double>, FindLast<int>, FirstLeast};
+
+}  // namespace zeph::kernels::avx512
+
+#endif  // ZEPH_X64

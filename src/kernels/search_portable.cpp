@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+//
+// The scans in blocks without a branch on the data, which the compiler may widen; only the block
+// that holds the answer is looked at one by one.
+#include <algorithm>
+
+#include "kernels/search_forms.h"
+
+namespace zeph::kernels::portable {
+namespace {
+
+constexpr std::size_t kBlock = 16;
+
+template <class T>
+bool AnyEqual(const T* v, T x) {
+  int equal = 0;
+  for (std::size_t i = 0; i < kBlock; ++i) equal |= v[i] == x;
+  return equal != 0;
+}
+
+std::size_t FindFirst(const double* v, std::size_t n, double x) {
+  std::size_t i = 0;
+  while (i + kBlock <= n && !AnyEqual(v + i, x)) i += kBlock;
+  while (i < n && !(v[i] == x)) ++i;
+  return i;
+}
+
+std::size_t FindLast(const int* v, std::size_t n, int x) {
+  std::size_t i = n;
+  while (i >= kBlock && !AnyEqual(v + i - kBlock, x)) i -= kBlock;
+  while (i > 0 && v[i - 1] != x) --i;
+  return i > 0 ? i - 1 : n;
+}
+
+std::size_t FirstLeast(const double* v, std::size_t n) {
+  if (v[0] != v[0]) return 0;
+  // Several minima side by side, since each waits for the one before; a NaN replaces none of them.
+  constexpr std::size_t kChains = 8;
+  double least[kChains];
+  std::fill(least, least + kChains, v[0]);
+  std::size_t i = 0;
+  for (; i + kChains <= n; i += kChains)
+    for (std::size_t k = 0; k < kChains; ++k) least[k] = v[i + k] < least[k] ? v[i + k] : least[k];
+  for (; i < n; ++i) least[0] = v[i] < least[0] ? v[i] : least[0];
+  return FindFirst(v, n, *std::min_element(least, least + kChains));
+}
+
+}  // namespace
+
+const SearchForms kSearch = {Level::kPortable, FindFirst, FindLast, FirstLeast};
+
+}  // namespace zeph::kernels::portable

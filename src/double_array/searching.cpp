@@ -4,14 +4,14 @@
 
 #include "double_array.h"
 #include "double_array/elements.h"
+#include "kernels/search.h"
 
 using zeph::double_array::Count;
 
 int CZEPHDoubleArray::Find(double x) {
   const std::size_t n = Count(*this);
-  for (std::size_t i = 0; i < n; ++i)
-    if (data[i] == x) return static_cast<int>(i);
-  return -1;
+  const std::size_t i = zeph::kernels::FindFirst(data, n, x);
+  return i < n ? static_cast<int>(i) : -1;
 }
 
 int CZEPHDoubleArray::BinarySearch(double x, int& index) {

@@ -10,6 +10,10 @@
 //   random numbers      ZEPH_MathRandomInit, ZEPH_MathRandom
 //   without effect      ZEPH_MathGetExponent
 //   CZEPHPermutation    every ordering of a short sequence, a line each
+//   CZEPHIntegralSearch sequential and binary searches in arrays of int
+//   CZEPHSelectionSort  selection sort of int and double blocks
+//   CZEPHSortTester     random fill, and a sorting demonstration by method number
+//   CZEPHDSTimer        a stopwatch in milliseconds of the wall clock
 //
 // Nothing here checks or rejects an input unless it says so. Functions are safe to call from
 // several threads at once, except those that draw random numbers: they share the C runtime's
@@ -192,6 +196,176 @@ class ZEPH_API CZEPHPermutation {
   ///
   /// The closing banner stands before the integer part, on purpose.
   static int Test1(FILE* f);
+};
+
+// ---- Integer searches ---------------------------------------------------------------------------
+
+/// Searches in arrays of int, by index. Static operations only; objects hold nothing.
+///
+/// All of them answer an index, -1 for a miss, and -1000 for a null array (and, where there is a
+/// count, for one below 1). Nothing is allocated.
+class ZEPH_API CZEPHIntegralSearch {
+ public:
+  CZEPHIntegralSearch();
+  CZEPHIntegralSearch(const CZEPHIntegralSearch& other);
+  virtual ~CZEPHIntegralSearch();
+  /// Copies nothing.
+  CZEPHIntegralSearch& operator=(const CZEPHIntegralSearch& other);
+
+  /// The highest index in 1..n whose element equals `key`; n + 1 elements must be there.
+  ///
+  /// `a[0]` is the scan's sentinel: it is overwritten with `key` and never an answer. The scan runs
+  /// down from `n`; linear time.
+  ///
+  ///     int a[] = {9, 5, 6, 5};
+  ///     CZEPHIntegralSearch::SequentialSearch(a, 3, 5);  // 3, and a[0] is 5
+  static int SequentialSearch(int* a, int n, int key);
+
+  /// An index of `key` in the ascending `a[0]`..`a[n-1]`, by halving; logarithmic time.
+  ///
+  /// Of equal elements the first that a middle meets, not the lowest. In an array that does not
+  /// ascend the answer is an index of `key` or -1.
+  static int BinarySearch(int* a, int n, int key);
+
+  /// The recursive form over `a[low]`..`a[high]`, whose answer is only right at the first middle.
+  ///
+  /// Its steps pass themselves (key, low, middle - 1) or (key, middle + 1, high) as the next (low,
+  /// high, key), in this order, and programs print what comes of it: the index of `key` where it
+  /// stands in the first middle, (low + high) / 2 cut off toward zero; otherwise -1, or an index
+  /// that the exchanged arguments lead to. For a search that finds, call the form with a count.
+  ///
+  /// Answers -1 where `low > high` and where the same (low, high, key) comes again, which would go
+  /// round for ever; -1000 for a null array only. Indices are not checked, and the exchanged
+  /// arguments can lead away from `low`, `high` and `key` by any distance: elements must stand
+  /// wherever they lead. Offset arrays are legal, so indices may be negative. Constant stack.
+  ///
+  ///     int a[] = {2, 4, 5, 7, 10, 12, 14, 15, 17, 25};
+  ///     CZEPHIntegralSearch::BinarySearch(a, 0, 9, 10);  // 4
+  ///     CZEPHIntegralSearch::BinarySearch(a, 0, 9, 12);  // -1
+  static int BinarySearch(int* a, int low, int high, int key);
+
+  /// Writes a demonstration to `f`, with timings by CZEPHDSTimer; 1, or 0 when `f` is null.
+  ///
+  /// The times (columns RunTime and Total, in milliseconds) are the machine's, the rest is fixed.
+  static int Test1(FILE* f);
+
+ protected:
+  /// '>', '=' or '<', as `x` is above, equal to or below `y`.
+  static char Compare(int x, int y);
+};
+
+// ---- Selection sort -----------------------------------------------------------------------------
+
+/// Ascending selection sort of plain blocks: n passes, each exchanging the first of the least
+/// remaining values into place. Quadratic time whatever the order; allocates nothing.
+class ZEPH_API CZEPHSelectionSort {
+ public:
+  /// Writes "@@@( Selection Sorting Algorithm...by CZEPHSelectionSort\n" to `f` unless it is null.
+  CZEPHSelectionSort(FILE* f = stdout);  // NOLINT: implicit on purpose
+  /// Writes and copies nothing.
+  CZEPHSelectionSort(const CZEPHSelectionSort& other);
+  virtual ~CZEPHSelectionSort();
+  /// Copies nothing.
+  CZEPHSelectionSort& operator=(const CZEPHSelectionSort& other);
+
+  /// Sorts `a[0]`..`a[n-1]`; 1, or 0 (and nothing done) when `a` is null or `n < 1`.
+  static int Run(int* a, int n);
+
+  /// The same for doubles, but every exchange passes the displaced value through an int.
+  ///
+  /// The value that leaves position i loses its fraction (outside int, and NaN: it becomes the most
+  /// negative int), and an element that stays where it is counts as displaced: the last always
+  /// loses its fraction. Programs print what comes of it; for a plain sort use CZEPHDoubleArray.
+  ///
+  ///     double a[] = {2.5, 1.25};
+  ///     CZEPHSelectionSort::Run(a, 2);  // 1.25, 2.0
+  static int Run(double* a, int n);
+
+  /// Fills `n` ints and `n` doubles at random, writes, sorts and writes them again, to `f`.
+  ///
+  /// 1, or 0 (and nothing written) when `f` is null. Allocates one block at a time; exhaustion, and
+  /// a negative `n`, pass to the caller as what the allocation operator throws, behind the text
+  /// written so far.
+  static int Test1(int n, FILE* f);
+};
+
+// ---- Sort tester --------------------------------------------------------------------------------
+
+/// Fills blocks at random and runs a sorting demonstration chosen by number.
+class ZEPH_API CZEPHSortTester {
+ public:
+  /// The methods there are. Any other number is reported as undefined.
+  enum SORT_METHOD_TYPE : int {
+    SELECTION_SORT = 0  ///< CZEPHSelectionSort
+  };
+
+  CZEPHSortTester();
+  CZEPHSortTester(const CZEPHSortTester& other);
+  virtual ~CZEPHSortTester();
+
+  /// Fills `a[0]`..`a[n-1]` with 0..32767; with a `sign` other than 0, about half of them negative.
+  ///
+  /// 1, or 0 (and nothing done) when `a` is null or `n <= 0`. Each call seeds the C runtime's
+  /// generator, which the application shares, with the time in seconds plus one draw from it.
+  static int Randomize(int* a, int n, int sign);
+
+  /// The same for doubles: 0.0 to 999.9 in steps of 0.1.
+  static int Randomize(double* a, int n, int sign);
+
+  /// Announces a test on `f` and runs the demonstration of `method` with `n` values; 1, for an
+  /// unknown method too (reported on `f`), or 0 when `f` is null.
+  ///
+  /// The demonstration itself goes to the standard output, whatever stream is given.
+  static int Run(SORT_METHOD_TYPE method, int n, FILE* f);
+
+  // Our addition, so that assignment compiles without a warning. Copies nothing.
+  ZEPH_ADDED CZEPHSortTester& operator=(const CZEPHSortTester&) { return *this; }
+};
+
+// ---- Stopwatch ----------------------------------------------------------------------------------
+
+/// A stopwatch: whole milliseconds of the wall clock between a start and a stop.
+///
+/// Follows the wall clock where it is set or stepped, so a reading can be too long, or negative. A
+/// negative reading counts as "never started" until the next Start: Stop then gives it again
+/// without looking at the clock. Seconds are taken modulo 2^32 and times reckoned in 32 bits, so
+/// readings wrap after 24 days. For intervals that must not step use std::chrono::steady_clock.
+///
+///     CZEPHDSTimer watch;
+///     watch.Start();
+///     Work();
+///     std::printf("%ld ms\n", watch.Stop());
+class ZEPH_API CZEPHDSTimer {
+ public:
+  /// A watch never started: `elapsed` is -1000, the records are not set.
+  CZEPHDSTimer();
+  CZEPHDSTimer(const CZEPHDSTimer& other);
+  virtual ~CZEPHDSTimer();
+  CZEPHDSTimer& operator=(const CZEPHDSTimer& other);
+
+  /// Starts, or starts again: `elapsed` is 0, `start` is now.
+  void Start();
+
+  /// The milliseconds since Start, kept in `elapsed`; `stop` is now. May be called again: each call
+  /// measures from the same start. -1000 from a watch never started.
+  long Stop();
+
+  /// A reading of 1 ms or more that is held, without looking at the clock; otherwise Stop().
+  long GetProcessTime();
+
+  /// The same as Start.
+  void Begin();
+
+  /// The same as Stop.
+  long End();
+
+  /// Writes a report to `f`: the reading around a sleep of `ms` milliseconds; 1, or 0 (and no
+  /// sleep) when `f` is null. A negative `ms` sleeps as long as its low 32 bits without sign say.
+  static int Test1(long ms, FILE* f);
+
+  ZEPH_TimeOfDay start;  ///< taken by Start
+  ZEPH_TimeOfDay stop;   ///< taken by Stop
+  int elapsed;           ///< -1000 never started, 0 running, else the last reading
 };
 
 #endif  // ZEPH_ALGORITHMS_H

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#include <cstdint>
+
+#include "algorithms.h"
+#include "algorithms/int_scan.h"
+#include "platform/wrap.h"
+
+namespace {
+constexpr int kMissing = -1;
+constexpr int kRefused = -1000;
+
+/// The arguments of the recursive binary search.
+struct Span {
+  int low;
+  int high;
+  int key;
+  bool operator==(const Span& other) const {
+    return low == other.low && high == other.high && key == other.key;
+  }
+};
+
+int Middle(const Span& span) {
+  return static_cast<int>((std::int64_t{span.low} + span.high) / 2);
+}
+}  // namespace
+
+CZEPHIntegralSearch::CZEPHIntegralSearch() {}
+CZEPHIntegralSearch::CZEPHIntegralSearch(const CZEPHIntegralSearch&) {}
+CZEPHIntegralSearch::~CZEPHIntegralSearch() {}
+CZEPHIntegralSearch& CZEPHIntegralSearch::operator=(const CZEPHIntegralSearch&) {
+  return *this;
+}
+
+char CZEPHIntegralSearch::Compare(int x, int y) {
+  if (x == y) return '=';
+  return x > y ? '>' : '<';
+}
+
+int CZEPHIntegralSearch::SequentialSearch(int* a, int n, int key) {
+  if (!a || n < 1) return kRefused;
+  a[0] = key;
+  const auto index = static_cast<int>(zeph::algorithms::LastIndexOf(a, n, key));
+  return index != 0 ? index : kMissing;
+}
+
+int CZEPHIntegralSearch::BinarySearch(int* a, int n, int key) {
+  if (!a || n < 1) return kRefused;
+  int low = 0;
+  int high = n - 1;
+  while (low <= high) {
+    const int middle = low + (high - low) / 2;
+    switch (Compare(key, a[middle])) {
+      case '<':
+        high = middle - 1;
+        break;
+      case '>':
+        low = middle + 1;
+        break;
+      default:
+        return middle;
+    }
+  }
+  return kMissing;
+}
+
+// The next arguments follow from the present ones alone, so the steps either end or come round to
+// arguments that they have had. One of them is kept back and compared with all that follow, and
+// replaced after 1, 2, 4, 8, ... steps (Brent): once it lies on the round it is met again. Until
+// then only elements are read that the steps read anyhow.
+int CZEPHIntegralSearch::BinarySearch(int* a, int low, int high, int key) {
+  if (!a) return kRefused;
+  Span now{low, high, key};
+  Span kept = now;
+  for (std::uint64_t steps = 0, patience = 1; now.low <= now.high;) {
+    const int middle = Middle(now);
+    const char order = Compare(now.key, a[middle]);
+    if (order == '=') return middle;
+    // The key goes into the place of low, and so on: the answers printed for years depend on it.
+    now = order == '<' ? Span{now.key, now.low, zeph::platform::WrapSub(middle, 1)}
+                       : Span{now.key, zeph::platform::WrapAdd(middle, 1), now.high};
+    if (now == kept) return kMissing;
+    if (++steps == patience) {
+      kept = now;
+      steps = 0;
+      patience *= 2;
+    }
+  }
+  return kMissing;
+}

@@ -1,0 +1,154 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <climits>
+#include <cstdio>
+#include <ctime>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "algorithms.h"
+#include "support/bits.h"
+#include "support/child.h"
+#include "support/random_source.h"
+#include "support/selection_report.h"
+#include "support/stream.h"
+
+using namespace zeph::test;
+using Tester = CZEPHSortTester;
+
+namespace {
+
+/// Draws that follow one another.
+class Draws {
+ public:
+  explicit Draws(std::vector<int> numbers) : numbers_(std::move(numbers)) {}
+  int Next() { return numbers_.at(next_++); }
+
+ private:
+  std::vector<int> numbers_;
+  std::size_t next_ = 0;
+};
+
+void Fill(Draws& draws, int sign, int& x) {
+  if (sign == 0) {
+    x = draws.Next();
+  } else {
+    const int r = draws.Next();
+    x = r >= 16383 ? -draws.Next() : draws.Next();
+  }
+}
+void Fill(Draws& draws, int sign, double& x) {
+  if (sign == 0) {
+    x = (draws.Next() % 10000) / 10.0;
+  } else {
+    const int r = draws.Next();
+    x = r >= 16383 ? -(draws.Next() % 10000) / 10.0 : (draws.Next() % 10000) / 10.0;
+  }
+}
+
+/// Randomises with a known generator; `want` is worked out from the second that it fell into.
+template <class T>
+void ExpectRandomised(int sign) {
+  constexpr int kCount = 500;
+  for (int attempt = 0; attempt < 10; ++attempt) {
+    const int first = DrawsAfterSeed(41, 1)[0];
+    std::srand(41);
+    std::vector<T> got(kCount + 1, T(77));
+    const std::time_t before = std::time(nullptr);
+    ASSERT_EQ(Tester::Randomize(got.data(), kCount, sign), 1);
+    if (std::time(nullptr) != before) continue;  // the second turned in between
+    Draws draws(
+        DrawsAfterSeed(static_cast<unsigned>(before) + static_cast<unsigned>(first), 2 * kCount));
+    std::vector<T> want(kCount + 1, T(77));
+    for (int i = 0; i < kCount; ++i) Fill(draws, sign, want[static_cast<std::size_t>(i)]);
+    EXPECT_EQ(got, want);
+    return;
+  }
+  FAIL() << "no attempt stayed within a second";
+}
+
+}  // namespace
+
+TEST(SortTester, RandomisesFromTheRuntimesGeneratorSeededWithTheTimeAndADraw) {
+  for (const int sign : {0, 1, -1}) {
+    ExpectRandomised<int>(sign);
+    ExpectRandomised<double>(sign);
+  }
+}
+
+TEST(SortTester, RandomisesWithinItsRanges) {
+  std::vector<int> ints(5000);
+  std::vector<double> doubles(5000);
+  const auto negatives = [](const auto& values) {
+    return std::count_if(values.begin(), values.end(), [](auto x) { return x < 0; });
+  };
+  Tester::Randomize(ints.data(), 5000, 0);
+  Tester::Randomize(doubles.data(), 5000, 0);
+  for (const int x : ints) EXPECT_TRUE(x >= 0 && x <= 32767) << x;
+  for (const double x : doubles) EXPECT_TRUE(x >= 0 && x <= 999.9) << x;
+  Tester::Randomize(ints.data(), 5000, 1);
+  Tester::Randomize(doubles.data(), 5000, 1);
+  EXPECT_NEAR(static_cast<double>(negatives(ints)), 2500, 500);
+  EXPECT_NEAR(static_cast<double>(negatives(doubles)), 2500, 500);
+  for (const double x : doubles)
+    if (x == 0) {
+      EXPECT_SAME_BITS(x, 0.0);
+    }
+}
+
+TEST(SortTester, RandomisesNothingWithoutElements) {
+  int a[] = {3};
+  double b[] = {3.5};
+  std::srand(41);
+  for (const int n : {0, -1, INT_MIN}) {
+    EXPECT_EQ(Tester::Randomize(a, n, 1), 0);
+    EXPECT_EQ(Tester::Randomize(b, n, 1), 0);
+  }
+  EXPECT_EQ(Tester::Randomize(static_cast<int*>(nullptr), 1, 1), 0);
+  EXPECT_EQ(Tester::Randomize(static_cast<double*>(nullptr), 1, 1), 0);
+  EXPECT_EQ(a[0], 3);
+  EXPECT_EQ(b[0], 3.5);
+  const int next = std::rand();
+  std::srand(41);
+  EXPECT_EQ(next, std::rand());  // the generator was left alone
+}
+
+TEST(SortTester, DemonstratesOnTheStandardOutputWhateverStreamIsGiven) {
+  std::string demonstration;
+  const std::string text = Written([&](FILE* f) {
+    CaptureStdout capture;
+    EXPECT_EQ(Tester::Run(Tester::SELECTION_SORT, 9, f), 1);
+    demonstration = capture.Text();
+  });
+  EXPECT_EQ(
+      text,
+      "\n@@@( Run Sorting Test...\n@@@( Selection Sorting Algorithm...by CZEPHSelectionSort\n");
+  EXPECT_EQ(demonstration, ExpectedSelectionReport(demonstration, 9));
+}
+
+TEST(SortTester, ReportsAnUndefinedMethodByItsNumber) {
+  for (const int method : {1, -7, INT_MAX, INT_MIN}) {
+    CaptureStdout capture;
+    const std::string text = Written([&](FILE* f) {
+      EXPECT_EQ(Tester::Run(static_cast<Tester::SORT_METHOD_TYPE>(method), 10, f), 1);
+    });
+    EXPECT_EQ(capture.Text(), "");
+    EXPECT_EQ(text, "\n@@@( Run Sorting Test...\n@@@@( ERROR: undefined sorting method: " +
+                        std::to_string(method) + "\n");
+  }
+}
+
+TEST(SortTester, DoesNothingWithANullStream) {
+  CaptureStdout capture;
+  EXPECT_EQ(Tester::Run(Tester::SELECTION_SORT, 10, nullptr), 0);
+  EXPECT_EQ(capture.Text(), "");
+}
+
+TEST(SortTester, ObjectsHoldNothing) {
+  Tester a, b(a);
+  a = b;
+  EXPECT_EQ(sizeof(Tester), sizeof(void*));
+  EXPECT_TRUE((std::is_same_v<std::underlying_type_t<Tester::SORT_METHOD_TYPE>, int>));
+}

@@ -4,10 +4,16 @@ namespace tour {
 
 // Each step stands in a file of its own.
 void ShowNumbers(const Context&);
+void ShowSorting(const Context&);
+void ShowSearching(const Context&);
+void ShowNorms(const Context&);
 
 const std::vector<Step>& Steps() {
   static const std::vector<Step> steps = {
       {"The numbers, read through operator>>", ShowNumbers},
+      {"Sorting", ShowSorting},
+      {"Searching, removing, merging", ShowSearching},
+      {"Norms and arithmetic", ShowNorms},
   };
   return steps;
 }

@@ -2,6 +2,8 @@
 
 #include <climits>
 #include <stdexcept>
+#include <string>
+#include <type_traits>
 
 #include "containers.h"
 
@@ -17,7 +19,13 @@ struct Shown : Array {
 template <class Array>
 class GrowthArray : public ::testing::Test {};
 using Kinds = ::testing::Types<Shown<CZEPHUIntArray>, Shown<CZEPHWordArray>>;
-TYPED_TEST_SUITE(GrowthArray, Kinds);
+struct KindName {
+  template <class S>
+  static std::string GetName(int) {
+    return std::is_base_of_v<CUIntArray, S> ? "CZEPHUIntArray" : "CZEPHWordArray";
+  }
+};
+TYPED_TEST_SUITE(GrowthArray, Kinds, KindName);
 
 }  // namespace
 

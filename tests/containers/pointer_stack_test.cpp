@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <string>
 #include <type_traits>
 #include <vector>
 
@@ -24,7 +25,13 @@ void Release(ZEPH_StackNode* top) {
 template <class S>
 class Stack : public ::testing::Test {};
 using Kinds = ::testing::Types<CZEPHStack, CZEPHPointerStack>;
-TYPED_TEST_SUITE(Stack, Kinds);
+struct KindName {
+  template <class S>
+  static std::string GetName(int) {
+    return std::is_same_v<S, CZEPHStack> ? "CZEPHStack" : "CZEPHPointerStack";
+  }
+};
+TYPED_TEST_SUITE(Stack, Kinds, KindName);
 
 }  // namespace
 

@@ -74,7 +74,8 @@ TEST(SortableArray, SortsFiveElementsByTheGapsFourAndOne) {
 TEST(SortableArray, TakesTheDocumentedStepsForEveryCompareFunction) {
   CZEPHSortableObArray array;
   for (const Temper& temper : Tempers())
-    for (std::size_t n : {0, 1, 2, 3, 4, 5, 6, 12, 13, 14, 15, 39, 40, 41, 42, 122, 400})
+    for (std::size_t n :
+         {0u, 1u, 2u, 3u, 4u, 5u, 6u, 12u, 13u, 14u, 15u, 39u, 40u, 41u, 42u, 122u, 400u})
       for (int distinct : {1, 2, 5, 1000}) {
         const Items items(n, distinct, n * 7 + static_cast<std::size_t>(distinct));
         Objects want = items.Pointers();

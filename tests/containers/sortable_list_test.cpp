@@ -84,7 +84,7 @@ TEST(SortableList, PositionsStayAndHoldOtherData) {
 TEST(SortableList, TakesTheDocumentedStepsForEveryCompareFunction) {
   CZEPHSortableObList list;
   for (const Temper& temper : Tempers())
-    for (std::size_t n : {0, 1, 2, 3, 4, 5, 6, 13, 40, 150})
+    for (std::size_t n : {0u, 1u, 2u, 3u, 4u, 5u, 6u, 13u, 40u, 150u})
       for (int distinct : {1, 2, 5, 1000}) {
         const Items items(n, distinct, n * 7 + static_cast<std::size_t>(distinct));
         Objects want = items.Pointers();

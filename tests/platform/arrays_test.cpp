@@ -52,7 +52,14 @@ template <class S>
 class Array : public ::testing::Test {};
 using Kinds = ::testing::Types<Shown<CObArray, CObject*>, Shown<CUIntArray, unsigned int>,
                                Shown<CWordArray, unsigned short>>;
-TYPED_TEST_SUITE(Array, Kinds);
+struct KindName {
+  template <class S>
+  static std::string GetName(int) {
+    using T = typename S::Type;
+    return std::is_pointer_v<T> ? "CObArray" : sizeof(T) == 4 ? "CUIntArray" : "CWordArray";
+  }
+};
+TYPED_TEST_SUITE(Array, Kinds, KindName);
 
 }  // namespace
 
@@ -85,6 +92,8 @@ TYPED_TEST(Array, FirstSizeTakesAtLeastOneGrowthStep) {
   EXPECT_EQ(a.m_nMaxSize, 128);
   a.SetSize(1000);
   EXPECT_EQ(a.m_nMaxSize, 1000);
+  a.SetSize(1000, 0);  // back to growth by size
+  EXPECT_EQ(a.m_nGrowBy, 0);
 }
 
 TYPED_TEST(Array, GrowsByAnEighthFrom4To1024WithoutASetting) {

@@ -222,7 +222,7 @@ TEST(List, AgreesWithAStandardListOverRandomChanges) {
     const POSITION at = list.FindIndex(index);
     const auto it = std::next(want.begin(), index);
     ASSERT_EQ(at == nullptr, it == want.end());
-    switch (random.Below(at ? 6 : 2)) {
+    switch (random.Below(at ? 8 : 2)) {
       case 0:
         list.AddHead(object);
         want.push_front(object);

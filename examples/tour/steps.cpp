@@ -7,13 +7,13 @@ void ShowNumbers(const Context&);
 void ShowSorting(const Context&);
 void ShowSearching(const Context&);
 void ShowNorms(const Context&);
+void ShowCollections(const Context&);
 
 const std::vector<Step>& Steps() {
   static const std::vector<Step> steps = {
-      {"The numbers, read through operator>>", ShowNumbers},
-      {"Sorting", ShowSorting},
-      {"Searching, removing, merging", ShowSearching},
-      {"Norms and arithmetic", ShowNorms},
+      {"The numbers, read through operator>>", ShowNumbers}, {"Sorting", ShowSorting},
+      {"Searching, removing, merging", ShowSearching},       {"Norms and arithmetic", ShowNorms},
+      {"Collections that sort themselves", ShowCollections},
   };
   return steps;
 }

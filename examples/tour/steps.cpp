@@ -8,26 +8,23 @@ void ShowSorting(const Context&);
 void ShowSearching(const Context&);
 void ShowNorms(const Context&);
 void ShowCollections(const Context&);
-
-const std::vector<Step>& Steps() {
-  static const std::vector<Step> steps = {
-      {"The numbers, read through operator>>", ShowNumbers}, {"Sorting", ShowSorting},
-      {"Searching, removing, merging", ShowSearching},       {"Norms and arithmetic", ShowNorms},
-      {"Collections that sort themselves", ShowCollections},
 void RotateNeighbours(const Context&);
 void ListOrderings(const Context&);
 void TimeSearches(const Context&);
 
 const std::vector<Step>& Steps() {
+  // clang-format off: a step a line
   static const std::vector<Step> steps = {
       {"The numbers, read through operator>>", ShowNumbers},
       {"Sorting", ShowSorting},
       {"Searching, removing, merging", ShowSearching},
       {"Norms and arithmetic", ShowNorms},
+      {"Collections that sort themselves", ShowCollections},
       {"A rotation, by a 4x4 matrix", RotateNeighbours},
       {"All orderings of a word", ListOrderings},
       {"Searches in time", TimeSearches},
   };
+  // clang-format on
   return steps;
 }
 

@@ -1,0 +1,144 @@
+// Element-by-element arithmetic in every form against plain loops.
+#include "kernels/elementwise.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "support/bits.h"
+#include "support/numbers.h"
+
+namespace zeph::kernels {
+namespace {
+
+using Array = std::vector<double>;
+
+constexpr std::size_t kSpare = 12;  // room for the skew and guards behind the end
+
+struct Operation {
+  const char* name;
+  bool binary;
+  std::function<void(const Elementwise&, double* out, const double* a, const double* b,
+                     std::size_t n)>
+      run;
+  std::function<double(double a, double b)> meaning;
+};
+
+constexpr double kScalar = -1.75;
+
+const std::vector<Operation>& Operations() {
+  using E = Elementwise;
+  static const std::vector<Operation> all = {
+      {"add", true,
+       [](const E& e, double* o, const double* a, const double* b, std::size_t n) {
+         e.add(o, a, b, n);
+       },
+       [](double a, double b) { return a + b; }},
+      {"subtract", true,
+       [](const E& e, double* o, const double* a, const double* b, std::size_t n) {
+         e.subtract(o, a, b, n);
+       },
+       [](double a, double b) { return a - b; }},
+      {"multiply", true,
+       [](const E& e, double* o, const double* a, const double* b, std::size_t n) {
+         e.multiply(o, a, b, n);
+       },
+       [](double a, double b) { return a * b; }},
+      {"scale", false,
+       [](const E& e, double* o, const double* a, const double*, std::size_t n) {
+         e.scale(o, kScalar, a, n);
+       },
+       [](double a, double) { return kScalar * a; }},
+      {"negate", false,
+       [](const E& e, double* o, const double* a, const double*, std::size_t n) {
+         e.subtract_from(o, 0.0, a, n);
+       },
+       [](double a, double) { return 0.0 - a; }},
+      {"fill", false,
+       [](const E& e, double* o, const double*, const double*, std::size_t n) {
+         e.fill(o, kScalar, n);
+       },
+       [](double, double) { return kScalar; }},
+  };
+  return all;
+}
+
+void Check(const Operation& operation, Level level, std::size_t n, std::size_t skewA,
+           std::size_t skewB, std::size_t skewOut) {
+  SCOPED_TRACE(std::string(operation.name) + " " + Name(level) + " n=" + std::to_string(n));
+  const Array a = test::Awkward(n + kSpare, 1), b = test::Awkward(n + kSpare, 2);
+  const Array before = test::Awkward(n + kSpare, 3);
+  Array want = before, got = before;
+  for (std::size_t i = 0; i < n; ++i)
+    want[skewOut + i] = operation.meaning(a[skewA + i], b[skewB + i]);
+  operation.run(ElementwiseAt(level), got.data() + skewOut, a.data() + skewA, b.data() + skewB, n);
+  ASSERT_TRUE(test::SameValues(got, want));
+  ASSERT_TRUE(test::SameBits(got.data(), before.data(), skewOut));
+  ASSERT_TRUE(
+      test::SameBits(got.data() + skewOut + n, before.data() + skewOut + n, kSpare - skewOut));
+}
+
+TEST(Elementwise, GivesTheLoopsBitsAtEveryLengthAndMisalignment) {
+  for (const Operation& operation : Operations())
+    for (const Level level : RunnableLevels())
+      for (std::size_t n = 0; n <= 67; ++n)
+        for (std::size_t skewA : {0u, 1u, 3u})
+          for (std::size_t skewB : {0u, 2u})
+            for (std::size_t skewOut : {0u, 1u, 3u, 7u})
+              Check(operation, level, n, skewA, skewB, skewOut);
+}
+
+TEST(Elementwise, GivesTheLoopsBitsOnLongArrays) {
+  for (const Operation& operation : Operations())
+    for (const Level level : RunnableLevels())
+      for (std::size_t n : {127u, 128u, 1000u, 4099u}) Check(operation, level, n, 1, 0, 2);
+}
+
+TEST(Elementwise, MayWriteOverAnOperand) {
+  for (const Operation& operation : Operations())
+    for (const Level level : RunnableLevels())
+      for (std::size_t n = 0; n <= 67; ++n) {
+        SCOPED_TRACE(std::string(operation.name) + " " + Name(level) + " n=" + std::to_string(n));
+        const Array a = test::Awkward(n, 4), b = test::Awkward(n, 5);
+        Array want(n), self(n), overA = a, overB = b, both = a;
+        for (std::size_t i = 0; i < n; ++i) want[i] = operation.meaning(a[i], b[i]);
+        for (std::size_t i = 0; i < n; ++i) self[i] = operation.meaning(a[i], a[i]);
+        operation.run(ElementwiseAt(level), overA.data(), overA.data(), b.data(), n);
+        ASSERT_TRUE(test::SameValues(overA, want));
+        if (operation.binary) {
+          operation.run(ElementwiseAt(level), overB.data(), a.data(), overB.data(), n);
+          ASSERT_TRUE(test::SameValues(overB, want));
+        }
+        operation.run(ElementwiseAt(level), both.data(), both.data(), both.data(), n);
+        ASSERT_TRUE(test::SameValues(both, self));
+      }
+}
+
+TEST(Elementwise, FillKeepsTheBitsOfANaN) {
+  const double nan = test::FromBits<double>(0xFFF8000000000123u);
+  for (const Level level : RunnableLevels()) {
+    Array filled(37);
+    ElementwiseAt(level).fill(filled.data(), nan, filled.size());
+    EXPECT_TRUE(test::SameBits(filled, Array(37, nan))) << Name(level);
+  }
+}
+
+TEST(Elementwise, RunsTheFormThatWasAskedFor) {
+  EXPECT_EQ(&ElementwiseAt(Level::kPortable), &portable::kElementwise);
+#if ZEPH_X64
+  EXPECT_EQ(&ElementwiseAt(Level::kAvx2), &avx2::kElementwise);
+  EXPECT_EQ(&ElementwiseAt(Level::kAvx512), &avx512::kElementwise);
+#endif
+  const Level before = Active();
+  for (const Level level : RunnableLevels()) {
+    ASSERT_TRUE(Force(level));
+    EXPECT_EQ(&ActiveElementwise(), &ElementwiseAt(level));
+  }
+  Force(before);
+}
+
+}  // namespace
+}  // namespace zeph::kernels

@@ -1,0 +1,82 @@
+// The largest absolute value in every form against the ordered walk.
+#include "kernels/largest_magnitude.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "support/bits.h"
+#include "support/numbers.h"
+
+namespace zeph::kernels {
+namespace {
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+double OrderedWalk(const double* x, std::size_t n) {
+  double m = std::fabs(x[0]);
+  for (std::size_t i = 1; i < n; ++i)
+    if (std::fabs(x[i]) > m) m = std::fabs(x[i]);
+  return m;
+}
+
+void Check(const double* x, std::size_t n) {
+  for (const Level level : RunnableLevels())
+    EXPECT_SAME_BITS(LargestMagnitudeAt(level)(x, n), OrderedWalk(x, n))
+        << Name(level) << " n=" << n;
+}
+
+TEST(LargestMagnitude, MatchesTheOrderedWalkAtEveryLengthAndMisalignment) {
+  for (std::size_t n = 1; n <= 131; ++n)
+    for (std::size_t skew : {0u, 1u, 3u})
+      for (unsigned seed = 0; seed < 8; ++seed) {
+        const auto awkward = test::Awkward(n + skew, seed);
+        Check(awkward.data() + skew, n);
+        const auto moderate = test::Moderate(n + skew, seed);
+        Check(moderate.data() + skew, n);
+      }
+}
+
+TEST(LargestMagnitude, FindsTheLargestInEveryPlace) {
+  for (std::size_t n : {1u, 7u, 32u, 33u, 67u, 100u})
+    for (std::size_t at = 0; at < n; ++at)
+      for (double peak : {9.0, -9.0, -std::numeric_limits<double>::infinity(), kNaN}) {
+        std::vector<double> x(n, -0.5);
+        x[at] = peak;
+        Check(x.data(), n);
+      }
+}
+
+TEST(LargestMagnitude, ReadsNothingBehindTheEnd) {
+  for (std::size_t n = 1; n <= 67; ++n) {
+    std::vector<double> x(n + 40, 1e300);
+    for (std::size_t i = 0; i < n; ++i) x[i] = -static_cast<double>(i);
+    Check(x.data(), n);
+  }
+}
+
+TEST(LargestMagnitude, KeepsALeadingNaNAndPassesOverOthers) {
+  for (const Level level : RunnableLevels()) {
+    std::vector<double> x(50, 2.0);
+    x[0] = -kNaN;
+    EXPECT_SAME_BITS(LargestMagnitudeAt(level)(x.data(), x.size()), std::fabs(x[0]));
+    for (double& later : x) later = kNaN;
+    x[0] = -0.0;
+    EXPECT_SAME_BITS(LargestMagnitudeAt(level)(x.data(), x.size()), 0.0);
+  }
+}
+
+TEST(LargestMagnitude, RunsTheFormThatWasAskedFor) {
+  EXPECT_EQ(LargestMagnitudeAt(Level::kPortable), &portable::LargestMagnitude);
+#if ZEPH_X64
+  EXPECT_EQ(LargestMagnitudeAt(Level::kAvx2), &avx2::LargestMagnitude);
+  EXPECT_EQ(LargestMagnitudeAt(Level::kAvx512), &avx512::LargestMagnitude);
+#endif
+}
+
+}  // namespace
+}  // namespace zeph::kernels

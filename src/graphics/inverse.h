@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+//
+// The inverses in lanes. Four cofactors at a time share their shape: three products of a 2x2
+// determinant's half with an entry added, three subtracted, strictly left to right.
+#ifndef ZEPH_SRC_GRAPHICS_INVERSE_H
+#define ZEPH_SRC_GRAPHICS_INVERSE_H
+
+#include "graphics/lanes.h"
+
+namespace zeph::graphics {
+
+/// The twelve products x[i] * y[k], i != k, of two columns: the halves that a 2x2 determinant adds
+/// and subtracts, arranged as the four cofactors of one column need them.
+template <class L>
+struct PairProducts {
+  L plus1, plus2, plus3, minus1, minus2, minus3;
+
+  PairProducts(L x, L y)
+      : plus1(x.template Pick<2, 3, 1, 2>() * y.template Pick<3, 2, 3, 1>()),
+        plus2(x.template Pick<3, 0, 3, 0>() * y.template Pick<1, 3, 0, 2>()),
+        plus3(x.template Pick<1, 2, 0, 1>() * y.template Pick<2, 0, 1, 0>()),
+        minus1(x.template Pick<3, 2, 3, 1>() * y.template Pick<2, 3, 1, 2>()),
+        minus2(x.template Pick<1, 3, 0, 2>() * y.template Pick<3, 0, 3, 0>()),
+        minus3(x.template Pick<2, 0, 1, 0>() * y.template Pick<1, 2, 0, 1>()) {}
+};
+
+/// The same products, each multiplied by its entry of a third column.
+template <class L>
+struct TripleProducts {
+  L plus1, plus2, plus3, minus1, minus2, minus3;
+
+  TripleProducts(const PairProducts<L>& pairs, L column) {
+    const L first = column.template Pick<1, 0, 0, 0>();
+    const L second = column.template Pick<2, 2, 1, 1>();
+    const L third = column.template Pick<3, 3, 3, 2>();
+    plus1 = pairs.plus1 * first;
+    plus2 = pairs.plus2 * second;
+    plus3 = pairs.plus3 * third;
+    minus1 = pairs.minus1 * first;
+    minus2 = pairs.minus2 * second;
+    minus3 = pairs.minus3 * third;
+  }
+};
+
+/// The sixteen cofactors of column-major `m`.
+template <class L>
+inline Columns<L> Cofactors(const Columns<L>& m) {
+  Columns<L> r;
+  const PairProducts<L> right(m.c2, m.c3);
+  const TripleProducts<L> p(right, m.c1);
+  r.c0 = ((((p.plus1 + p.plus2) + p.plus3) - p.minus1) - p.minus2) - p.minus3;
+  const TripleProducts<L> q(right, m.c0);
+  r.c1 = ((((q.minus1 + q.minus2) + q.minus3) - q.plus1) - q.plus2) - q.plus3;
+  const PairProducts<L> left(m.c0, m.c1);
+  const TripleProducts<L> s(left, m.c3);
+  r.c2 = ((((s.plus1 + s.plus2) + s.plus3) - s.minus1) - s.minus2) - s.minus3;
+  // The last column takes its products in another order, and rows 0 and 2 in another than rows 1
+  // and 3: 2, 3, 1 there and 3, 1, 2 here. Both begin with the sum of product 3 and one more, and a
+  // sum of two is the same either way round.
+  const TripleProducts<L> t(left, m.c2);
+  r.c3 = (((((t.minus3 + L::Alternate(t.minus2, t.minus1)) + L::Alternate(t.minus1, t.minus2)) -
+            L::Alternate(t.plus3, t.plus2)) -
+           L::Alternate(t.plus1, t.plus3)) -
+          L::Alternate(t.plus2, t.plus1));
+  return r;
+}
+
+/// ((r0 * e0 + r1 * e1) + r2 * e2) + r3 * e3: the determinant, from the first column's cofactors.
+template <class L>
+inline float Determinant(L cofactors, L column) {
+  const L term = cofactors * column;
+  return (((term + Spread<1>(term)) + Spread<2>(term)) + Spread<3>(term)).First();
+}
+
+enum class Form { kInverse, kInverseTranspose };
+
+/// The general inverse of `e`, or its transpose; the identity where the determinant is exactly 0.
+///
+/// Cofactors under a determinant of exactly 1 are documented to stay unscaled. That needs no
+/// branch: the reciprocal is exactly 1 then, and a product with 1 is the same number.
+template <class L, Form kForm>
+inline Columns<L> GeneralInverse(const float* e) {
+  const Columns<L> m = Columns<L>::Load(e);
+  Columns<L> r = Cofactors(m);
+  const float determinant = Determinant(r.c0, m.c0);
+  if (determinant == 0.0f) return Columns<L>::Identity();
+  const L scale = L::All(1.0f / determinant);
+  if constexpr (kForm == Form::kInverse) r = r.Transposed();
+  return {r.c0 * scale, r.c1 * scale, r.c2 * scale, r.c3 * scale};
+}
+
+/// The inverse of a rigid motion, or its transpose.
+template <class L, Form kForm>
+inline Columns<L> RigidInverse(const float* e) {
+  const Columns<L> m = Columns<L>::Load(e);
+  const L zero = L::All(0), one = L::All(1), t = m.c3;
+  const Columns<L> rotation = {L::WithLast(m.c0, zero), L::WithLast(m.c1, zero),
+                               L::WithLast(m.c2, zero), zero};
+  const Columns<L> turned = rotation.Transposed();
+  const L back =
+      -((turned.c0 * Spread<0>(t) + turned.c1 * Spread<1>(t)) + turned.c2 * Spread<2>(t));
+  if constexpr (kForm == Form::kInverse)
+    return {turned.c0, turned.c1, turned.c2, L::WithLast(back, one)};
+  return {L::WithLast(m.c0, Spread<0>(back)), L::WithLast(m.c1, Spread<1>(back)),
+          L::WithLast(m.c2, Spread<2>(back)), L::WithLast(zero, one)};
+}
+
+}  // namespace zeph::graphics
+
+#endif  // ZEPH_SRC_GRAPHICS_INVERSE_H

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+//
+// The free functions on records. Each component is stored before the next is computed: outputs may
+// be inputs, and programs see it.
+#include "graphics.h"
+#include "platform/exactness.h"
+
+void ZEPH_AddVectors(CZEPHVector3S* a, CZEPHVector3S* b, CZEPHVector3S* out) {
+  out->x = a->x + b->x;
+  out->y = a->y + b->y;
+  out->z = a->z + b->z;
+}
+
+void ZEPH_CopyVector(CZEPHVector3S* destination, CZEPHVector3S* source) {
+  destination->x = source->x;
+  destination->y = source->y;
+  destination->z = source->z;
+}
+
+void ZEPH_CrossVectors(CZEPHVector3S* a, CZEPHVector3S* b, CZEPHVector3S* out) {
+  out->x = a->y * b->z - a->z * b->y;
+  out->y = a->z * b->x - a->x * b->z;
+  out->z = a->x * b->y - a->y * b->x;
+}
+
+float ZEPH_DotVectors(CZEPHVector3S* a, CZEPHVector3S* b) {
+  return a->x * b->x + a->y * b->y + a->z * b->z;
+}
+
+void ZEPH_ScaleVector(CZEPHVector3S* v, float s) {
+  v->x *= s;
+  v->y *= s;
+  v->z *= s;
+}

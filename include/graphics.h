@@ -39,8 +39,6 @@
 
 #include "platform.h"
 
-class CZEPHVector4D;
-
 /// A vector of two floats.
 ///
 ///     CZEPHVector2D v(3, 4);
@@ -263,10 +261,6 @@ class ZEPH_API CZEPHVector3D {
   CZEPHVector3D GetRotatedAxis(double angle, const CZEPHVector3D& axis) const;
 
   float x, y, z;
-
-  // Added for comfort; the body stands at the foot of this header.
-  /// The projection of `v` (see CZEPHVector4D), also where `CZEPHVector3D p(v)` is written.
-  ZEPH_ADDED explicit CZEPHVector3D(const CZEPHVector4D& v);
 };
 
 /// The same as `v * s`.
@@ -613,10 +607,5 @@ class ZEPH_API CZEPHMatrix4x4 {
 
   float entries[16];
 };
-
-// Additions: inline, part of the caller's program, never exported.
-
-inline CZEPHVector3D::CZEPHVector3D(const CZEPHVector4D& v)
-    : CZEPHVector3D(const_cast<CZEPHVector4D&>(v).operator CZEPHVector3D()) {}
 
 #endif  // ZEPH_GRAPHICS_H

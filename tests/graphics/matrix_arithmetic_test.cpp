@@ -1,0 +1,163 @@
+#include <gtest/gtest.h>
+
+#include <type_traits>
+
+#include "graphics/values.h"
+
+using namespace zeph::test;
+
+constexpr std::size_t kCases = Scaled(100'000);
+
+template <class Body>
+static void ForEachCase(std::uint64_t seed, Body body) {
+  Random random(seed);
+  for (std::size_t k = 0; k < kCases && !::testing::Test::HasFailure(); ++k) body(random);
+}
+
+static CZEPHMatrix4x4 Counting() {
+  return CZEPHMatrix4x4(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16);
+}
+
+TEST(FloatMatrix, IsPolymorphicWithItsEntriesRightAfterTheTablePointer) {
+  EXPECT_TRUE(std::is_polymorphic_v<CZEPHMatrix4x4>);
+  EXPECT_TRUE(std::has_virtual_destructor_v<CZEPHMatrix4x4>);
+  EXPECT_EQ(sizeof(CZEPHMatrix4x4), sizeof(void*) + 16 * sizeof(float));
+  CZEPHMatrix4x4 m;
+  EXPECT_EQ(reinterpret_cast<char*>(m.entries) - reinterpret_cast<char*>(&m),
+            static_cast<std::ptrdiff_t>(sizeof(void*)));
+  EXPECT_EQ(static_cast<void*>(m.operator float*()), static_cast<void*>(&m));
+  EXPECT_EQ(static_cast<const void*>(m.operator const float*()), static_cast<void*>(&m));
+}
+
+TEST(FloatMatrix, StartsAsTheIdentityAndLoadsIt) {
+  EXPECT_TRUE(Same(CZEPHMatrix4x4(), oracle::Identity()));
+  CZEPHMatrix4x4 m = Counting();
+  m.LoadZero();
+  EXPECT_TRUE(Same(m, oracle::Matrix{}));
+  m.LoadIdentity();
+  EXPECT_TRUE(Same(m, oracle::Identity()));
+}
+
+TEST(FloatMatrix, TakesSixteenFloatsColumnByColumn) {
+  float p[16];
+  for (int i = 0; i < 16; ++i) p[i] = static_cast<float>(i + 1);
+  EXPECT_EQ(Counting(), CZEPHMatrix4x4(p));
+  EXPECT_TRUE(Same(Counting().GetRow(0), {1, 5, 9, 13}));
+  EXPECT_TRUE(Same(Counting().GetRow(3), {4, 8, 12, 16}));
+  EXPECT_TRUE(Same(Counting().GetColumn(0), {1, 2, 3, 4}));
+  EXPECT_TRUE(Same(Counting().GetColumn(3), {13, 14, 15, 16}));
+}
+
+TEST(FloatMatrix, CopiesEveryBit) {
+  ForEachCase(41, [](Random& random) {
+    const CZEPHMatrix4x4 m = AnyMatrix(random), copy(m);
+    EXPECT_TRUE(Moved(copy, m));
+    EXPECT_TRUE(Moved(+m, m));
+    CZEPHMatrix4x4 assigned;
+    EXPECT_EQ(&(assigned = m), &assigned);
+    EXPECT_TRUE(Moved(assigned, m));
+    CZEPHMatrix4x4& self = assigned;
+    assigned = self;
+    EXPECT_TRUE(Moved(assigned, m));
+  });
+}
+
+TEST(FloatMatrix, AbsorbsIndicesOutOfRange) {
+  CZEPHMatrix4x4 m = Counting();
+  for (const int index : {-1, 16, 17, 2147483647, -2147483647 - 1}) {
+    m.SetEntry(index, 5);
+    EXPECT_EQ(m.GetEntry(index), 0.0f);
+  }
+  EXPECT_EQ(m, Counting());
+  for (int i = 0; i < 16; ++i) {
+    EXPECT_EQ(m.GetEntry(i), static_cast<float>(i + 1));
+    m.SetEntry(i, static_cast<float>(-i));
+    EXPECT_EQ(m.entries[i], static_cast<float>(-i));
+  }
+  for (const int index : {-1, 4, 5, 2147483647, -2147483647 - 1}) {
+    EXPECT_TRUE(Same(m.GetRow(index), {0, 0, 0, 0}));
+    EXPECT_TRUE(Same(m.GetColumn(index), {0, 0, 0, 0}));
+  }
+}
+
+TEST(FloatMatrix, AddsSubtractsScalesAndNegatesEntryByEntry) {
+  ForEachCase(42, [](Random& random) {
+    const CZEPHMatrix4x4 a = AnyMatrix(random), b = AnyMatrix(random);
+    const float s = AnyFloat(random, random.Below(2) == 0);
+    oracle::Matrix sum{}, difference{}, scaled{}, flipped{};
+    for (std::size_t i = 0; i < 16; ++i) {
+      sum[i] = oracle::Add(a.entries[i], b.entries[i]);
+      difference[i] = oracle::Sub(a.entries[i], b.entries[i]);
+      scaled[i] = oracle::Mul(a.entries[i], s);
+      flipped[i] = FromBits<float>(Bits(a.entries[i]) ^ 0x80000000u);
+    }
+    EXPECT_TRUE(Same(a + b, sum));
+    EXPECT_TRUE(Same(a - b, difference));
+    EXPECT_TRUE(Same(a * s, scaled));
+    EXPECT_TRUE(SameBits((-a).entries, flipped.data(), 16));
+    CZEPHMatrix4x4 inPlace = a;
+    inPlace += b;
+    EXPECT_TRUE(Same(inPlace, sum));
+    inPlace = a;
+    inPlace -= b;
+    EXPECT_TRUE(Same(inPlace, difference));
+    inPlace = a;
+    inPlace *= s;
+    EXPECT_TRUE(Same(inPlace, scaled));
+  });
+}
+
+TEST(FloatMatrix, DividesByMultiplyingWithTheReciprocal) {
+  ForEachCase(43, [](Random& random) {
+    CZEPHMatrix4x4 m = AnyMatrix(random);
+    const float s = AnyFloat(random, random.Below(2) == 0);
+    const oracle::Matrix want = oracle::Over(Array(m), s);
+    EXPECT_TRUE(Same(m / s, want));
+    m /= s;
+    EXPECT_TRUE(Same(m, want));
+  });
+  // One third of 7 is not 7 times the rounded third.
+  CZEPHMatrix4x4 m;
+  m.entries[0] = 7;
+  EXPECT_EQ((m / 3.0f).entries[0], oracle::Mul(7, oracle::Div(1, 3)));
+}
+
+TEST(FloatMatrix, DividedByZeroOrOneIsAnUnchangedCopy) {
+  CZEPHMatrix4x4 m = Counting();
+  m.entries[5] = FromBits<float>(0xFFC12345u);
+  for (const float s : {0.0f, -0.0f, 1.0f}) {
+    EXPECT_TRUE(Moved(m / s, m));
+    CZEPHMatrix4x4 inPlace = m;
+    inPlace /= s;
+    EXPECT_TRUE(Moved(inPlace, m));
+  }
+  EXPECT_EQ((Counting() / 2.0f).entries[2], 1.5f);
+}
+
+TEST(FloatMatrix, ComparesExactly) {
+  const CZEPHMatrix4x4 m = Counting();
+  EXPECT_EQ(m == m, 1);
+  EXPECT_EQ(m != m, 0);
+  for (int i = 0; i < 16; ++i) {
+    CZEPHMatrix4x4 other = m;
+    other.entries[i] = std::nextafter(other.entries[i], 0.0f);
+    EXPECT_EQ(m == other, 0);
+    EXPECT_EQ(m != other, 1);
+    other.entries[i] = kNaN;
+    EXPECT_EQ(other == other, 0);
+    EXPECT_EQ(other != other, 1);
+  }
+  CZEPHMatrix4x4 zero, minusZero;
+  minusZero.entries[1] = -0.0f;
+  EXPECT_EQ(zero == minusZero, 1);
+}
+
+TEST(FloatMatrix, TransposesByMovingEveryBit) {
+  ForEachCase(44, [](Random& random) {
+    CZEPHMatrix4x4 m = AnyMatrix(random);
+    const oracle::Matrix want = oracle::Transposed(Array(m));
+    EXPECT_TRUE(SameBits(m.GetTranspose().entries, want.data(), 16));
+    m.Transpose();
+    EXPECT_TRUE(SameBits(m.entries, want.data(), 16));
+  });
+}

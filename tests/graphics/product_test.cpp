@@ -1,0 +1,136 @@
+#include <gtest/gtest.h>
+
+#include "graphics/product.h"
+#include "graphics/values.h"
+
+using namespace zeph::test;
+
+constexpr std::size_t kCases = Scaled(300'000);
+
+template <class Body>
+static void ForEachCase(std::uint64_t seed, Body body) {
+  Random random(seed);
+  for (std::size_t k = 0; k < kCases && !::testing::Test::HasFailure(); ++k) body(random);
+}
+
+TEST(MatrixProduct, TakesTheDocumentedPathInTheDocumentedOrder) {
+  ForEachCase(51, [](Random& random) {
+    const CZEPHMatrix4x4 a = AnyMatrix(random), b = AnyMatrix(random);
+    const oracle::Matrix want = oracle::Product(Array(a), Array(b));
+    EXPECT_TRUE(Same(a * b, want));
+    CZEPHMatrix4x4 inPlace = a;
+    inPlace *= b;
+    EXPECT_TRUE(Same(inPlace, want));
+  });
+}
+
+TEST(MatrixProduct, TheGeneratedFactorsMeetAllFourPathsManyTimes) {
+  std::size_t met[4] = {};
+  ForEachCase(51, [&met](Random& random) {
+    const oracle::Matrix a = Array(AnyMatrix(random)), b = Array(AnyMatrix(random));
+    ++met[2 * oracle::IsAffine(a) + oracle::IsAffine(b)];
+  });
+  for (const std::size_t count : met) EXPECT_GT(count, kCases / 20);
+}
+
+TEST(MatrixProduct, AMatrixMayMultiplyItself) {
+  ForEachCase(52, [](Random& random) {
+    CZEPHMatrix4x4 m = AnyMatrix(random);
+    const oracle::Matrix want = oracle::Product(Array(m), Array(m));
+    m *= m;
+    EXPECT_TRUE(Same(m, want));
+  });
+}
+
+TEST(MatrixProduct, OfTwoAffineFactorsIsAffineEvenAroundNaN) {
+  CZEPHMatrix4x4 a, b;
+  for (int i = 0; i < 15; ++i)
+    if (i % 4 != 3) a.entries[i] = kNaN;
+  b.entries[3] = -0.0f;
+  const CZEPHMatrix4x4 r = a * b;
+  EXPECT_SAME_BITS(r.entries[3], 0.0f);
+  EXPECT_SAME_BITS(r.entries[7], 0.0f);
+  EXPECT_SAME_BITS(r.entries[11], 0.0f);
+  EXPECT_SAME_BITS(r.entries[15], 1.0f);
+}
+
+TEST(MatrixProduct, DroppedTermsKeepInfinityFromMeetingZero) {
+  CZEPHMatrix4x4 infinite, affine;
+  infinite.entries[12] = kInfinity;
+  affine.entries[13] = 2;
+  // The full sum would hold infinity * 0 in every column.
+  EXPECT_SAME_BITS((infinite * affine).entries[0], 1.0f);
+  EXPECT_SAME_BITS((infinite * affine).entries[12], kInfinity);
+  CZEPHMatrix4x4 projective;
+  projective.entries[3] = 1;
+  EXPECT_TRUE(std::isnan((infinite * projective).entries[4]));
+}
+
+TEST(MatrixProduct, AnAffineFirstFactorCopiesTheBottomRowOfTheSecond) {
+  CZEPHMatrix4x4 affine, other;
+  affine.SetTranslation(CZEPHVector3D(1, 2, 3));
+  const float row[] = {FromBits<float>(0x7FC01234u), -0.0f, kInfinity, 7};
+  for (int j = 0; j < 4; ++j) other.entries[4 * j + 3] = row[j];
+  const CZEPHMatrix4x4 r = affine * other;
+  for (int j = 0; j < 4; ++j) EXPECT_SAME_BITS(r.entries[4 * j + 3], row[j]);
+}
+
+TEST(MatrixProduct, ABottomRowIsAffineToTheBitOnly) {
+  const float denormal = std::numeric_limits<float>::denorm_min();
+  CZEPHMatrix4x4 m;
+  EXPECT_TRUE(zeph::graphics::IsAffine(m.entries));
+  for (const int at : {3, 7, 11})
+    for (const float x : {denormal, -denormal, kNaN, kInfinity, 1.0f}) {
+      m.LoadIdentity();
+      m.entries[at] = -0.0f;
+      EXPECT_TRUE(zeph::graphics::IsAffine(m.entries));
+      m.entries[at] = x;
+      EXPECT_FALSE(zeph::graphics::IsAffine(m.entries));
+    }
+  m.LoadIdentity();
+  for (const float x :
+       {0.0f, -1.0f, std::nextafter(1.0f, 0.0f), std::nextafter(1.0f, 2.0f), kNaN}) {
+    m.entries[15] = x;
+    EXPECT_FALSE(zeph::graphics::IsAffine(m.entries));
+  }
+}
+
+TEST(MatrixProduct, AVectorIsTransformedInTheDocumentedOrder) {
+  ForEachCase(53, [](Random& random) {
+    const CZEPHMatrix4x4 m = AnyMatrix(random);
+    const auto v = AnyVector<CZEPHVector4D>(random);
+    const CZEPHVector4D got = m * v;
+    EXPECT_TRUE(Same(got, oracle::Product(Array(m), Array(v))));
+    if (oracle::IsAffine(Array(m))) {
+      EXPECT_SAME_BITS(got.w, v.w);
+    }
+  });
+}
+
+TEST(MatrixProduct, TranslationMovesPointsAndNotDirections) {
+  CZEPHMatrix4x4 m;
+  m.SetTranslation(CZEPHVector3D(1, 2, 3));
+  EXPECT_TRUE(Same(m * CZEPHVector4D(0, 0, 0, 1), {1, 2, 3, 1}));
+  EXPECT_TRUE(Same(m * CZEPHVector4D(4, 5, 6, 0), {4, 5, 6, 0}));
+  EXPECT_TRUE(Same(m * CZEPHVector3D(4, 5, 6), {5, 7, 9, 1}));
+  EXPECT_TRUE(Same(m.GetColumn(3), {1, 2, 3, 1}));
+}
+
+TEST(MatrixProduct, PartsTransformAVectorInTheDocumentedOrder) {
+  ForEachCase(54, [](Random& random) {
+    const CZEPHMatrix4x4 m = AnyMatrix(random);
+    const auto v = AnyVector<CZEPHVector3D>(random);
+    const CZEPHVector3D t(m.entries + 12);
+    CZEPHVector3D rotated = v, back = v, moved = v, movedBack = v;
+    m.RotateVector3D(rotated), m.InverseRotateVector3D(back);
+    m.TranslateVector3D(moved), m.InverseTranslateVector3D(movedBack);
+    EXPECT_TRUE(Same(rotated, oracle::Rotated(Array(m), Array(v))));
+    EXPECT_TRUE(Same(back, oracle::InverseRotated(Array(m), Array(v))));
+    EXPECT_TRUE(Same(moved, Array(v + t)));
+    EXPECT_TRUE(Same(movedBack, Array(v - t)));
+    EXPECT_TRUE(Same(m.GetRotatedVector3D(v), Array(rotated)));
+    EXPECT_TRUE(Same(m.GetInverseRotatedVector3D(v), Array(back)));
+    EXPECT_TRUE(Same(m.GetTranslatedVector3D(v), Array(moved)));
+    EXPECT_TRUE(Same(m.GetInverseTranslatedVector3D(v), Array(movedBack)));
+  });
+}

@@ -1,0 +1,112 @@
+// Generated vectors and matrices, and their comparison with plain arrays.
+#ifndef ZEPH_TESTS_GRAPHICS_VALUES_H
+#define ZEPH_TESTS_GRAPHICS_VALUES_H
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
+
+#include "graphics.h"
+#include "oracle/graphics.h"
+#include "support/bits.h"
+#include "support/numbers.h"
+#include "support/scale.h"
+
+namespace zeph::test {
+
+constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
+constexpr float kInfinity = std::numeric_limits<float>::infinity();
+
+inline oracle::Vector Array(const CZEPHVector2D& v) {
+  return {v.x, v.y};
+}
+inline oracle::Vector Array(const CZEPHVector3D& v) {
+  return {v.x, v.y, v.z};
+}
+inline oracle::Vector Array(const CZEPHVector4D& v) {
+  return {v.x, v.y, v.z, v.w};
+}
+inline oracle::Matrix Array(const CZEPHMatrix4x4& m) {
+  oracle::Matrix r;
+  std::copy(m.entries, m.entries + 16, r.begin());
+  return r;
+}
+
+/// Every component computed to the same bits, any NaN equal to any NaN.
+template <class V>
+::testing::AssertionResult Same(const V& got, const oracle::Vector& want) {
+  return SameValues(Array(got), want);
+}
+inline ::testing::AssertionResult Same(const CZEPHMatrix4x4& got, const oracle::Matrix& want) {
+  return SameValues(got.entries, want.data(), 16);
+}
+inline ::testing::AssertionResult Same(const CZEPHMatrix4x4& got, const CZEPHMatrix4x4& want) {
+  return SameValues(got.entries, want.entries, 16);
+}
+/// Every component moved, a NaN's bits included.
+template <class T>
+::testing::AssertionResult Moved(const T& got, const T& want) {
+  const auto a = Array(got), b = Array(want);
+  return SameBits(a.data(), b.data(), a.size());
+}
+
+/// Mostly moderate, now and then awkward: special values met one at a time and all at once.
+inline float AnyFloat(Random& random, bool awkward) {
+  if (awkward) return AwkwardValue<float>(random);
+  return static_cast<float>(random.Real(-10, 10));
+}
+
+template <class V>
+V AnyVector(Random& random) {
+  V v;
+  const bool awkward = random.Below(3) == 0;
+  for (std::size_t i = 0; i < Array(v).size(); ++i)
+    (&v.x)[i] = AnyFloat(random, awkward || random.Below(20) == 0);
+  return v;
+}
+
+/// A matrix of a random kind: any entries, small whole numbers (often singular), affine, affine but
+/// for one entry of the bottom row, rigid.
+inline CZEPHMatrix4x4 AnyMatrix(Random& random) {
+  CZEPHMatrix4x4 m;
+  const std::size_t kind = random.Below(6);
+  const bool awkward = random.Below(4) == 0;
+  for (float& entry : m.entries)
+    entry = kind == 1 ? static_cast<float>(random.Int(-2, 2)) : AnyFloat(random, awkward);
+  if (kind < 2) return m;
+  if (kind == 2 && random.Below(2))
+    m.SetRotationAxis(random.Real(-720, 720), AnyVector<CZEPHVector3D>(random));
+  static const float kZeros[] = {0.0f, -0.0f};
+  for (int i = 3; i < 15; i += 4) m.entries[i] = kZeros[random.Below(2)];
+  m.entries[15] = 1.0f;
+  if (kind < 4) {  // one step off
+    static const float kNearZero[] = {std::numeric_limits<float>::denorm_min(), 1e-38f, kNaN,
+                                      -std::numeric_limits<float>::denorm_min(), kInfinity};
+    static const float kNearOne[] = {1.0f + std::numeric_limits<float>::epsilon(), 0.99999994f,
+                                     -1.0f, kNaN, 0.0f};
+    if (kind == 3) {
+      const std::size_t at = random.Below(4);
+      m.entries[4 * at + 3] = at == 3 ? kNearOne[random.Below(5)] : kNearZero[random.Below(5)];
+    }
+  }
+  return m;
+}
+
+/// Degrees of every size; special values among them.
+inline double AnyAngle(Random& random) {
+  switch (random.Below(8)) {
+    case 0:
+      return AwkwardValue<double>(random);
+    case 1:
+      return 15.0 * random.Int(-48, 48);
+    case 2:
+      return random.Real(-1e6, 1e6);
+    default:
+      return random.Real(-360, 360);
+  }
+}
+
+}  // namespace zeph::test
+
+#endif  // ZEPH_TESTS_GRAPHICS_VALUES_H

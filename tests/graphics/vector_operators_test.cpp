@@ -1,0 +1,188 @@
+#include <type_traits>
+
+#include "graphics/values.h"
+
+using namespace zeph::test;
+
+template <class V>
+class FloatVector : public ::testing::Test {};
+using VectorClasses = ::testing::Types<CZEPHVector2D, CZEPHVector3D, CZEPHVector4D>;
+TYPED_TEST_SUITE(FloatVector, VectorClasses);
+
+constexpr std::size_t kCases = Scaled(100'000);
+
+// Calls `check(a, b, s)` for generated vectors and scalars.
+template <class V, class Check>
+static void ForEachPair(std::uint64_t seed, Check check) {
+  Random random(seed);
+  for (std::size_t k = 0; k < kCases && !::testing::Test::HasFailure(); ++k) {
+    const V a = AnyVector<V>(random), b = AnyVector<V>(random);
+    check(a, b, AnyFloat(random, random.Below(2) == 0));
+  }
+}
+
+TYPED_TEST(FloatVector, IsPolymorphicWithTheComponentsRightAfterTheTablePointer) {
+  using V = TypeParam;
+  EXPECT_TRUE(std::is_polymorphic_v<V>);
+  EXPECT_TRUE(std::has_virtual_destructor_v<V>);
+  const V v;
+  EXPECT_EQ(reinterpret_cast<const char*>(&v.x) - reinterpret_cast<const char*>(&v),
+            static_cast<std::ptrdiff_t>(sizeof(void*)));
+  EXPECT_EQ(&v.y, &v.x + 1);
+  const std::size_t bytes = sizeof(void*) + Array(v).size() * sizeof(float);
+  EXPECT_EQ(sizeof(V), (bytes + alignof(void*) - 1) / alignof(void*) * alignof(void*));
+}
+
+TYPED_TEST(FloatVector, StartsAtZeroAndCopiesEveryBit) {
+  using V = TypeParam;
+  EXPECT_TRUE(Same(V(), oracle::Vector(Array(V()).size(), 0.0f)));
+  ForEachPair<V>(1, [](const V& a, const V& b, float) {
+    const V copy(a);
+    EXPECT_TRUE(Moved(copy, a));
+    V assigned = b;
+    EXPECT_EQ(&(assigned = a), &assigned);
+    EXPECT_TRUE(Moved(assigned, a));
+    V& self = assigned;
+    assigned = self;
+    EXPECT_TRUE(Moved(assigned, a));
+    EXPECT_TRUE(Moved(+a, a));
+  });
+}
+
+TYPED_TEST(FloatVector, AddsSubtractsAndScalesComponentByComponent) {
+  using V = TypeParam;
+  ForEachPair<V>(2, [](const V& a, const V& b, float s) {
+    oracle::Vector sum = Array(a), difference = sum, scaled = sum;
+    for (std::size_t i = 0; i < sum.size(); ++i) {
+      sum[i] = oracle::Add(Array(a)[i], Array(b)[i]);
+      difference[i] = oracle::Sub(Array(a)[i], Array(b)[i]);
+      scaled[i] = oracle::Mul(Array(a)[i], s);
+    }
+    EXPECT_TRUE(Same(a + b, sum));
+    EXPECT_TRUE(Same(a - b, difference));
+    EXPECT_TRUE(Same(a * s, scaled));
+    EXPECT_TRUE(Same(s * a, scaled));
+    V inPlace = a;
+    inPlace += b;
+    EXPECT_TRUE(Same(inPlace, sum));
+    inPlace = a;
+    inPlace -= b;
+    EXPECT_TRUE(Same(inPlace, difference));
+    inPlace = a;
+    inPlace *= s;
+    EXPECT_TRUE(Same(inPlace, scaled));
+  });
+}
+
+TYPED_TEST(FloatVector, DividesEachComponentTrulyAndGuardsZero) {
+  using V = TypeParam;
+  ForEachPair<V>(3, [](const V& a, const V&, float s) {
+    EXPECT_TRUE(Same(a / s, oracle::Divided(Array(a), s)));
+    V inPlace = a;
+    inPlace /= s;
+    EXPECT_TRUE(Same(inPlace, s == 0.0f ? Array(a) : oracle::Divided(Array(a), s)));
+  });
+}
+
+TYPED_TEST(FloatVector, DividedByEitherZeroIsTheZeroVectorButStaysInPlace) {
+  using V = TypeParam;
+  for (const float zero : {0.0f, -0.0f}) {
+    V v;
+    v.x = -1, v.y = kNaN;
+    EXPECT_TRUE(Moved(v / zero, V()));
+    V kept = v;
+    kept /= zero;
+    EXPECT_TRUE(Moved(kept, v));
+  }
+  V v;
+  v.x = 1;
+  EXPECT_TRUE(std::isnan((v / kNaN).x));
+}
+
+TYPED_TEST(FloatVector, NegationFlipsEverySignBit) {
+  using V = TypeParam;
+  EXPECT_TRUE(std::signbit((-V()).x));
+  ForEachPair<V>(4, [](const V& a, const V&, float) {
+    oracle::Vector flipped = Array(a);
+    for (float& x : flipped) x = FromBits<float>(Bits(x) ^ 0x80000000u);
+    EXPECT_TRUE(SameBits(Array(-a), flipped));
+  });
+}
+
+TYPED_TEST(FloatVector, ComparesExactly) {
+  using V = TypeParam;
+  ForEachPair<V>(5, [](const V& a, V b, float s) {
+    if (Bits(s) & 1) b = a;
+    if (Bits(s) & 2) b.y = s;
+    const bool equal = Array(a) == Array(b);
+    EXPECT_EQ(a == b, equal ? 1 : 0);
+    EXPECT_EQ(a != b, equal ? 0 : 1);
+  });
+  V zero, minusZero;
+  minusZero.x = -0.0f;
+  EXPECT_EQ(zero == minusZero, 1);
+  V nan;
+  nan.y = kNaN;
+  EXPECT_EQ(nan == nan, 0);
+  EXPECT_EQ(nan != nan, 1);
+}
+
+TYPED_TEST(FloatVector, ConvertsToItsOwnAddressNotToItsFirstComponent) {
+  using V = TypeParam;
+  V v;
+  const V& constant = v;
+  EXPECT_EQ(static_cast<void*>(v.operator float*()), static_cast<void*>(&v));
+  EXPECT_EQ(static_cast<const void*>(constant.operator const float*()),
+            static_cast<const void*>(&v));
+  EXPECT_NE(constant.operator const float*(), &v.x);
+}
+
+TYPED_TEST(FloatVector, AccessorsReachTheirOwnComponent) {
+  using V = TypeParam;
+  V v;
+  v.SetX(1), v.SetY(2);
+  EXPECT_EQ(v.x, 1);
+  EXPECT_EQ(v.y, 2);
+  EXPECT_EQ(v.GetX(), 1);
+  EXPECT_EQ(v.GetY(), 2);
+  if constexpr (!std::is_same_v<V, CZEPHVector2D>) {
+    v.SetZ(3);
+    EXPECT_EQ(v.z, 3);
+    EXPECT_EQ(v.GetZ(), 3);
+    v.LoadOne();
+    EXPECT_TRUE(Same(v, oracle::Vector(Array(v).size(), 1.0f)));
+    v.LoadZero();
+    EXPECT_TRUE(Moved(v, V()));
+  }
+  if constexpr (std::is_same_v<V, CZEPHVector4D>) {
+    v.SetW(4);
+    EXPECT_EQ(v.w, 4);
+    EXPECT_EQ(v.GetW(), 4);
+  }
+}
+
+TEST(FloatVectors, AreBuiltFromComponentsInOrder) {
+  const float p[] = {3, 7, 9, 11};
+  EXPECT_TRUE(Same(CZEPHVector2D(1, 2), {1, 2}));
+  EXPECT_TRUE(Same(CZEPHVector3D(1, 2, 3), {1, 2, 3}));
+  EXPECT_TRUE(Same(CZEPHVector4D(1, 2, 3, 4), {1, 2, 3, 4}));
+  EXPECT_TRUE(Same(CZEPHVector3D(p), {3, 7, 9}));
+  EXPECT_TRUE(Same(CZEPHVector4D(p), {3, 7, 9, 11}));
+  EXPECT_TRUE(Same(CZEPHVector4D(CZEPHVector3D(1, 2, 3)), {1, 2, 3, 1}));
+  CZEPHVector2D two;
+  two.Set(1, 2);
+  CZEPHVector3D three;
+  three.Set(1, 2, 3);
+  CZEPHVector4D four;
+  four.Set(1, 2, 3, 4);
+  EXPECT_TRUE(Same(two, {1, 2}));
+  EXPECT_TRUE(Same(three, {1, 2, 3}));
+  EXPECT_TRUE(Same(four, {1, 2, 3, 4}));
+}
+
+TEST(FloatVectors, TheTwoDimensionalArrayConstructorReadsOneElementAndAddsOne) {
+  const float p[] = {3, 7};
+  EXPECT_TRUE(Same(CZEPHVector2D(p), {3, 4}));
+  const float only = 0.1f;
+  EXPECT_TRUE(Same(CZEPHVector2D(&only), {0.1f, oracle::Add(0.1f, 1.0f)}));
+}

@@ -1,0 +1,107 @@
+#include <gtest/gtest.h>
+
+#include "graphics/values.h"
+
+using namespace zeph::test;
+
+constexpr std::size_t kCases = Scaled(100'000);
+
+template <class Body>
+static void ForEachCase(std::uint64_t seed, Body body) {
+  Random random(seed);
+  for (std::size_t k = 0; k < kCases && !::testing::Test::HasFailure(); ++k)
+    body(AnyVector<CZEPHVector3D>(random), AnyAngle(random), AnyVector<CZEPHVector3D>(random),
+         random);
+}
+
+TEST(VectorRotations, AboutTheCoordinateAxesKeepTheirOrderOfRounding) {
+  ForEachCase(21, [](const CZEPHVector3D& v, double angle, const CZEPHVector3D&, Random&) {
+    EXPECT_TRUE(Same(v.GetRotatedX(angle), oracle::RotatedX(Array(v), angle))) << angle;
+    EXPECT_TRUE(Same(v.GetRotatedY(angle), oracle::RotatedY(Array(v), angle))) << angle;
+    EXPECT_TRUE(Same(v.GetRotatedZ(angle), oracle::RotatedZ(Array(v), angle))) << angle;
+  });
+}
+
+TEST(VectorRotations, AboutAnAxisKeepTheirOrderOfRounding) {
+  ForEachCase(22, [](const CZEPHVector3D& v, double angle, const CZEPHVector3D& axis, Random&) {
+    EXPECT_TRUE(
+        Same(v.GetRotatedAxis(angle, axis), oracle::RotatedAxis(Array(v), angle, Array(axis))))
+        << angle;
+  });
+}
+
+TEST(VectorRotations, TheMatrixAboutAnAxisTurnsAVectorToTheSameBits) {
+  ForEachCase(23, [](const CZEPHVector3D& v, double angle, const CZEPHVector3D& axis, Random&) {
+    CZEPHMatrix4x4 m;
+    m.SetRotationAxis(angle, axis);
+    if (angle == 0.0) return;  // an exact copy there, without sine and cosine
+    EXPECT_TRUE(Same(v.GetRotatedAxis(angle, axis), Array(m.GetRotatedVector3D(v)))) << angle;
+  });
+}
+
+TEST(VectorRotations, InPlaceFormsBecomeWhatTheOthersReturn) {
+  ForEachCase(24, [](const CZEPHVector3D& v, double angle, const CZEPHVector3D& axis, Random&) {
+    CZEPHVector3D x = v, y = v, z = v, a = v;
+    x.RotateX(angle), y.RotateY(angle), z.RotateZ(angle), a.RotateAxis(angle, axis);
+    EXPECT_TRUE(Same(x, Array(v.GetRotatedX(angle))));
+    EXPECT_TRUE(Same(y, Array(v.GetRotatedY(angle))));
+    EXPECT_TRUE(Same(z, Array(v.GetRotatedZ(angle))));
+    EXPECT_TRUE(Same(a, Array(v.GetRotatedAxis(angle, axis))));
+    CZEPHVector3D itself = axis;
+    itself.RotateAxis(angle, itself);
+    EXPECT_TRUE(Same(itself, Array(axis.GetRotatedAxis(angle, axis))));
+  });
+}
+
+TEST(VectorRotations, FourComponentsTurnTheFirstThreeAndKeepW) {
+  ForEachCase(
+      25, [](const CZEPHVector3D& v, double angle, const CZEPHVector3D& axis, Random& random) {
+        const float w = AwkwardValue<float>(random);
+        const CZEPHVector4D four(v.x, v.y, v.z, w);
+        CZEPHVector4D x = four, y = four, z = four, a = four;
+        x.RotateX(angle), y.RotateY(angle), z.RotateZ(angle), a.RotateAxis(angle, axis);
+        const auto check = [w](const CZEPHVector4D& got, const CZEPHVector3D& want) {
+          EXPECT_TRUE(Same(CZEPHVector3D(&got.x), Array(want)));
+          EXPECT_SAME_BITS(got.w, w);
+        };
+        check(x, v.GetRotatedX(angle)), check(four.GetRotatedX(angle), v.GetRotatedX(angle));
+        check(y, v.GetRotatedY(angle)), check(four.GetRotatedY(angle), v.GetRotatedY(angle));
+        check(z, v.GetRotatedZ(angle)), check(four.GetRotatedZ(angle), v.GetRotatedZ(angle));
+        check(a, v.GetRotatedAxis(angle, axis));
+        check(four.GetRotatedAxis(angle, axis), v.GetRotatedAxis(angle, axis));
+      });
+}
+
+TEST(VectorRotations, AnAngleOfZeroGivesAnExactCopy) {
+  const float signalling = FromBits<float>(0x7FC01234u);
+  for (const double zero : {0.0, -0.0}) {
+    const CZEPHVector3D v(signalling, -0.0f, kInfinity);
+    EXPECT_TRUE(Moved(v.GetRotatedX(zero), v));
+    EXPECT_TRUE(Moved(v.GetRotatedY(zero), v));
+    EXPECT_TRUE(Moved(v.GetRotatedZ(zero), v));
+    EXPECT_TRUE(Moved(v.GetRotatedAxis(zero, CZEPHVector3D(kNaN, 0, 0)), v));
+  }
+}
+
+TEST(VectorRotations, AQuarterTurnLeavesTheTinyCosineOfARoundedHalfPi) {
+  const CZEPHVector3D v = CZEPHVector3D(1, 0, 0).GetRotatedZ(90);
+  EXPECT_EQ(v.x, oracle::Cosine(90));
+  EXPECT_GT(v.x, 0.0f);
+  EXPECT_LT(v.x, 1e-15f);
+  EXPECT_EQ(v.y, 1.0f);
+}
+
+TEST(VectorRotations, AZeroAxisScalesByTheCosine) {
+  const CZEPHVector3D v(1, -2, 3);
+  EXPECT_EQ(v.GetRotatedAxis(60, CZEPHVector3D()), v * oracle::Cosine(60));
+}
+
+TEST(VectorRotations, AreRightHanded) {
+  const auto isNear = [](const CZEPHVector3D& a, float x, float y, float z) {
+    return (a - CZEPHVector3D(x, y, z)).GetLength() < 1e-6f;
+  };
+  EXPECT_TRUE(isNear(CZEPHVector3D(0, 1, 0).GetRotatedX(90), 0, 0, 1));
+  EXPECT_TRUE(isNear(CZEPHVector3D(0, 0, 1).GetRotatedY(90), 1, 0, 0));
+  EXPECT_TRUE(isNear(CZEPHVector3D(1, 0, 0).GetRotatedZ(90), 0, 1, 0));
+  EXPECT_TRUE(isNear(CZEPHVector3D(1, 2, 3).GetRotatedAxis(120, {1, 1, 1}), 3, 1, 2));
+}

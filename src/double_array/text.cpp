@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include <cstdio>
 #include <istream>
 #include <ostream>
 
 #include "double_array.h"
 #include "double_array/elements.h"
+#include "platform/block_writer.h"
+#include "platform/format_number.h"
 
 namespace zeph::double_array {
 namespace {
@@ -16,13 +17,16 @@ bool EndsLine(int k) {
 
 /// Appends `count` elements in braces.
 void AppendListing(CString& out, const double* first, int count) {
-  out += "{ ";
+  using platform::RealFormat;
+  platform::BlockWriter writer(platform::StringSink{out});
+  const RealFormat number("%lf", RealFormat::Notation::kFixed, 6);
+  writer.Text("{ ");
   for (int k = 0; k < count; ++k) {
-    char field[384];  // the longest "%lf" has 309 digits before the point
-    std::snprintf(field, sizeof field, EndsLine(k) ? "%lf  \r\n" : "%lf  ", first[k]);
-    out += field;
+    writer.Real(number, first[k]);
+    writer.Text(EndsLine(k) ? "  \r\n" : "  ");
   }
-  out += "}\r\n";
+  writer.Text("}\r\n");
+  writer.Flush();
 }
 
 }  // namespace

@@ -3,17 +3,16 @@
 #include <iostream>
 
 #include "linalg.h"
+#include "linalg/cell_writer.h"
 #include "linalg/row_table.h"
 
 void CZEPHMatrix::Display(std::FILE* stream, char separator) {
   if (!stream) return;
+  zeph::linalg::CellWriter writer(stream, separator);
   const int rows = zeph::linalg::StoredRows(m_ppData, m_nRows);
-  for (int i = 0; i < rows; ++i) {
-    for (int j = 0; j < m_nColumns; ++j)
-      std::fprintf(stream, "%12.4lf%c ", m_ppData[i][j], separator);
-    std::fputs("\n", stream);
-  }
-  std::fputs("\n", stream);
+  for (int i = 0; i < rows; ++i) writer.Line(m_ppData[i], m_nColumns);
+  writer.Line(nullptr, 0);
+  writer.Flush();
 }
 
 void CZEPHMatrix::Display() {

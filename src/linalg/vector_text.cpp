@@ -3,12 +3,13 @@
 #include <iostream>
 
 #include "linalg.h"
+#include "linalg/cell_writer.h"
 
 void CZEPHVector::Display(std::FILE* stream, char separator) {
   if (!stream) return;
-  for (std::size_t i = 0; i < size(); ++i)
-    std::fprintf(stream, "%12.4lf%c ", m_pData[i], separator);
-  std::fputs("\n", stream);
+  zeph::linalg::CellWriter writer(stream, separator);
+  writer.Line(m_pData, m_pData ? m_nSize : 0);
+  writer.Flush();
 }
 
 void CZEPHVector::Display() {

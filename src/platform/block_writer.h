@@ -59,6 +59,16 @@ class BlockWriter {
     Room(RealFormat::kRoom);
     used_ = At(format.Write(block_ + used_, x));
   }
+  /// Right-aligned in at least `width` characters.
+  void Real(const RealFormat& format, double x, std::size_t width) {
+    Room(std::max(RealFormat::kRoom, width));
+    char* const text = block_ + used_;
+    const auto size = static_cast<std::size_t>(format.Write(text, x) - text);
+    const std::size_t blanks = width > size ? width - size : 0;
+    std::memmove(text + blanks, text, size);
+    std::memset(text, ' ', blanks);
+    used_ += blanks + size;
+  }
   void Flush() {
     block_[used_] = '\0';
     if (used_ > 0) sink_(block_, used_);

@@ -36,8 +36,9 @@ TEST(DoubleMatrixArithmetic, AddsAndSubtractsElementByElementInEveryForm) {
 TEST(DoubleMatrixArithmetic, TakesTheSameMatrixOnBothSides) {
   const Rows x = AwkwardRows(3, 4, 3);
   CZEPHDoubleMatrix a = ToDoubleMatrix(x, 3, 4), b(a);
-  a += a;
-  b -= b;
+  const CZEPHDoubleMatrix &sameA = a, &sameB = b;
+  a += sameA;
+  b -= sameB;
   EXPECT_TRUE(SameValues(Elements(a), Zip(x, x, kAdd)));
   EXPECT_TRUE(SameValues(Elements(b), Zip(x, x, kSubtract)));
 }

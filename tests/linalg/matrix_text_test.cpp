@@ -51,6 +51,19 @@ TEST(MatrixText, PrintsColumnsWithSeparatorsAndAClosingBlankLine) {
   m.Display(nullptr, ',');
 }
 
+TEST(MatrixText, PrintsEveryNumberAsPrintfDoes) {
+  const std::vector<double> values = Awkward(4000, 9);
+  CZEPHMatrix m(40, 100, values.data());
+  std::string want;
+  for (std::size_t n = 0; n < values.size(); ++n) {
+    char cell[400];
+    std::snprintf(cell, sizeof cell, "%12.4lf%c ", values[n], '\0');
+    want += cell;  // up to the separator, which is a zero here
+    want += std::string("\0 ", 2) + (n % 100 == 99 ? "\n" : "");
+  }
+  EXPECT_EQ(Written([&](FILE* f) { m.Display(f, '\0'); }), want + "\n");
+}
+
 TEST(VectorText, PrintsElementsWithSeparatorsOnOneLine) {
   CZEPHVector v = ToVector({1, 2.5});
   EXPECT_EQ(Written([&](FILE* f) { v.Display(f, ','); }), "      1.0000,       2.5000, \n");
@@ -99,6 +112,12 @@ TEST(VectorText, StreamPrintIsTwelveWideWithoutSeparators) {
   EXPECT_EQ(cout.Flushes(), 1);
   EXPECT_EQ(std::cout.flags() & kSet, kSet);
   EXPECT_EQ(std::cout.precision(), 4);
+}
+
+TEST(VectorText, StreamPrintRunsLongNumbersTogether) {
+  CapturedCout cout;
+  ToVector({1234567.5, -1234567.5, 2}).Display();
+  EXPECT_EQ(cout.Text(), "1234567.5000-1234567.5000      2.0000\n");
 }
 
 TEST(VectorText, StreamPrintOfAnEmptyVectorIsALineEndAndSetsNoFlag) {

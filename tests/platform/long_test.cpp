@@ -83,6 +83,7 @@ TEST(Long, CompoundAssignmentWrapsLikeAThirtyTwoBitLong) {
   EXPECT_EQ(y >>= 1, -3);
 }
 
+#if LONG_MAX != INT_MAX  // where it is long itself, the compiler warns of the narrowing
 TEST(Long, CompoundAssignmentTakesWideAndUnsignedOperandsAsALongDoes) {
   ZEPH_Long x = 7;
   x += std::int64_t{0x100000001};  // only the low 32 bits count
@@ -102,6 +103,7 @@ TEST(Long, CompoundAssignmentTakesWideAndUnsignedOperandsAsALongDoes) {
   x *= char{3};
   EXPECT_EQ(x, 6);
 }
+#endif
 
 TEST(Long, HasTheLimitsOfAnInt) {
   EXPECT_EQ(std::numeric_limits<ZEPH_Long>::max(), INT_MAX);

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "algorithms.h"
 #include "baselines/sorts.h"
 #include "bench.h"
 #include "double_array.h"
@@ -56,7 +57,10 @@ std::vector<double> Killer(std::size_t n, unsigned long long) {
 /// An array that each timed call finds filled anew; short inputs differ from round to round.
 CZEPHDoubleArray& Filled(Row& row, Make make) {
   auto& inputs = row.Keep<std::vector<std::vector<double>>>();
-  for (unsigned long long seed = 0; seed < (row.n() <= 10'000 ? 64 : 2); ++seed)
+  for (unsigned long long seed = 0; seed < (row.n() <= 1000     ? 1024
+                                            : row.n() <= 10'000 ? 64
+                                                                : 2);
+       ++seed)
     inputs.push_back(make(row.n(), 1000 * seed));
   auto& a = row.Keep<CZEPHDoubleArray>(static_cast<int>(row.n()), 0.0);
   row.Before([&](std::size_t round) {
@@ -106,6 +110,32 @@ bool AddAgainstWalk(const char* family, const char* name, Make make, Member sort
         .Target(row.n() == 10'000 ? target : 0);
   });
 }
+
+void SelectInts(Row& row) {
+  const int n = static_cast<int>(row.n());
+  auto& input = row.Keep<std::vector<int>>();
+  for (double x : RandomDoubles(row.n(), 3, -1e9, 1e9)) input.push_back(static_cast<int>(x));
+  auto& v = row.Keep<std::vector<int>>(input);
+  row.Before([&](std::size_t) { v = input; });
+  row.Result([&] { return Values(v.data(), v.size()); });
+  row.Ours([&v, n] { CZEPHSelectionSort::Run(v.data(), n); });
+  row.Peer("the walk", [&v, n] { textbook::SelectionSort(v.data(), n); })
+      .Target(n == 10'000 ? 1000 : 0);
+}
+
+void SelectDoubles(Row& row) {
+  auto& a = Filled(row, [](std::size_t n, unsigned long long seed) {
+    return RandomDoubles(n, seed, -1e6, 1e6);
+  });
+  row.Ours([&a] { CZEPHSelectionSort::Run(a.data, a.size); });
+  row.Peer("the walk", [&a] { textbook::SelectionSort(a.data, a.size); })
+      .Target(row.n() == 10'000 ? 4 : 0);
+}
+
+[[maybe_unused]] const bool kSelection[] = {
+    Add("SelectionSort", "ints", {100, 1000, 10'000}, SelectInts),
+    Add("SelectionSort", "doubles", {100, 1000, 10'000}, SelectDoubles),
+};
 
 [[maybe_unused]] const bool kAdded[] = {
     AddAgainstSorts("random", {1000, 100'000, 1'000'000}, Random, {11, 0.9}),

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <cstddef>
 #include <cstdint>
 
 #include "algorithms.h"
-#include "algorithms/int_scan.h"
+#include "kernels/search.h"
 #include "platform/wrap.h"
 
 namespace {
@@ -39,8 +40,9 @@ char CZEPHIntegralSearch::Compare(int x, int y) {
 int CZEPHIntegralSearch::SequentialSearch(int* a, int n, int key) {
   if (!a || n < 1) return kRefused;
   a[0] = key;
-  const auto index = static_cast<int>(zeph::algorithms::LastIndexOf(a, n, key));
-  return index != 0 ? index : kMissing;
+  const auto count = static_cast<std::size_t>(n);
+  const std::size_t index = zeph::kernels::FindLast(a + 1, count, key);
+  return index < count ? static_cast<int>(index) + 1 : kMissing;
 }
 
 int CZEPHIntegralSearch::BinarySearch(int* a, int n, int key) {

@@ -1,22 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include <cstdio>
 #include <memory>
-#include <utility>
 
 #include "algorithms.h"
-#include "algorithms/int_scan.h"
+#include "algorithms/least_finder.h"
+#include "kernels/sort.h"
 #include "platform/allocation.h"
 #include "platform/exactness.h"
 #include "platform/narrow.h"
 
 namespace {
-
-int FirstIndexOfLeast(const double* a, int n) {
-  int least = 0;
-  for (int j = 1; j < n; ++j)
-    if (a[j] < a[least]) least = j;
-  return least;
-}
 
 void WriteElement(FILE* f, int index, int value) {
   std::fprintf(f, "Array[%2d]= %d\n", index, value);
@@ -53,20 +46,23 @@ CZEPHSelectionSort& CZEPHSelectionSort::operator=(const CZEPHSelectionSort&) {
   return *this;
 }
 
+// Ints that are equal are the same: whichever way they are put in order, the outcome is one.
 int CZEPHSelectionSort::Run(int* a, int n) {
   if (!a || n < 1) return 0;
-  for (int i = 0; i < n; ++i)
-    std::swap(a[i], a[i + zeph::algorithms::FirstIndexOfLeast(a + i, n - i)]);
+  zeph::kernels::SortAscending(a, static_cast<std::size_t>(n));
   return 1;
 }
 
 int CZEPHSelectionSort::Run(double* a, int n) {
   if (!a || n < 1) return 0;
-  for (int i = 0; i < n; ++i) {
-    double& least = a[i + FirstIndexOfLeast(a + i, n - i)];
+  const auto count = static_cast<std::size_t>(n);
+  zeph::algorithms::LeastFinder finder(a, count);
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::size_t least = finder.From(i);
     const int displaced = zeph::platform::TruncateToInt(a[i]);
-    a[i] = least;
-    least = displaced;  // a[i] itself where it is the least
+    a[i] = a[least];
+    a[least] = displaced;  // a[i] itself where it is the least
+    finder.Changed(least);
   }
   return 1;
 }

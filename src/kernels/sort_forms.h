@@ -38,29 +38,6 @@ void HeapSort(T* v, std::size_t n) {
   std::sort_heap(v, v + n);
 }
 
-/// True when `v` (n >= 2) is, or could at once be made, sorted.
-template <class T>
-bool SortedOrReversed(T* v, std::size_t n) {
-  std::size_t i = 1;
-  if (v[1] < v[0]) {
-    while (i < n && !(v[i - 1] < v[i])) ++i;
-    if (i == n) std::reverse(v, v + n);
-  } else {
-    while (i < n && !(v[i] < v[i - 1])) ++i;
-  }
-  return i == n;
-}
-
-template <class T>
-void InsertionSort(T* v, std::size_t n) {
-  for (std::size_t i = 1; i < n; ++i) {
-    const T key = v[i];
-    std::size_t j = i;
-    for (; j > 0 && key < v[j - 1]; --j) v[j] = v[j - 1];
-    v[j] = key;
-  }
-}
-
 }  // namespace sorting
 }  // namespace zeph::kernels
 

@@ -30,6 +30,29 @@ bool OrderIsUnique(const double* v, std::size_t n) {
   return true;
 }
 
+/// True when `v` (n >= 2) was in order or in reverse order; it is in order now.
+template <class T>
+bool SortRun(T* v, std::size_t n) {
+  std::size_t i = 1;
+  if (v[1] < v[0]) {
+    while (i < n && !(v[i - 1] < v[i])) ++i;
+    if (i == n) std::reverse(v, v + n);
+  } else {
+    while (i < n && !(v[i] < v[i - 1])) ++i;
+  }
+  return i == n;
+}
+
+template <class T>
+void InsertionSort(T* v, std::size_t n) {
+  for (std::size_t i = 1; i < n; ++i) {
+    const T key = v[i];
+    std::size_t j = i;
+    for (; j > 0 && key < v[j - 1]; --j) v[j] = v[j - 1];
+    v[j] = key;
+  }
+}
+
 template <class T>
 T MedianOf3(T a, T b, T c) {
   return std::max(std::min(a, b), std::min(std::max(a, b), c));
@@ -89,12 +112,12 @@ void QuickSort(T* v, std::size_t n, const T* floor, int depth) {
       n = less;
     }
   }
-  sorting::InsertionSort(v, n);
+  InsertionSort(v, n);
 }
 
 template <class T>
 void Sort(T* v, std::size_t n) {
-  if (n < 2 || sorting::SortedOrReversed(v, n)) return;
+  if (n < 2 || SortRun(v, n)) return;
   QuickSort<T>(v, n, nullptr, sorting::DepthLimit(n));
 }
 

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#ifndef ZEPH_SRC_ALGORITHMS_LEAST_FINDER_H
+#define ZEPH_SRC_ALGORITHMS_LEAST_FINDER_H
+
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+
+#include "kernels/search.h"
+
+namespace zeph::algorithms {
+
+/// Gives what a scan from a[i] to the end for the least element finds, for increasing i and with
+/// elements changing in between, without looking at all of them: the least of each block is kept.
+/// A step costs about the square root of n, or n / 256 where that is more.
+class LeastFinder {
+ public:
+  LeastFinder(const double* a, std::size_t n)
+      : a_(a), n_(n), block_(std::max<std::size_t>(64, (n + kBlocks - 1) / kBlocks)) {
+    for (std::size_t begin = 0; begin < n; begin += block_) Changed(begin);
+  }
+
+  /// The index of the first of the least elements from `i` on, NaNs passed over; `i` itself where
+  /// a[i] is a NaN. This is where a scan ends that moves on to what is strictly less.
+  std::size_t From(std::size_t i) const {
+    const std::size_t own = i / block_, end = End(own);
+    const std::size_t here = i + kernels::FirstLeast(a_ + i, end - i);
+    if (end == n_ || a_[here] != a_[here]) return here;
+    const std::size_t blocks = (n_ + block_ - 1) / block_;
+    const std::size_t best = own + 1 + kernels::FirstLeast(least_ + own + 1, blocks - own - 1);
+    if (!(least_[best] < a_[here])) return here;
+    const std::size_t begin = best * block_;
+    return begin + kernels::FindFirst(a_ + begin, End(best) - begin, least_[best]);
+  }
+
+  /// Tells that a[at] has a new value.
+  void Changed(std::size_t at) {
+    const std::size_t block = at / block_, end = End(block);
+    std::size_t begin = block * block_;
+    while (begin < end && a_[begin] != a_[begin]) ++begin;
+    // A block of NaNs only is never less than anything.
+    least_[block] = begin == end ? std::numeric_limits<double>::infinity()
+                                 : a_[begin + kernels::FirstLeast(a_ + begin, end - begin)];
+  }
+
+ private:
+  static constexpr std::size_t kBlocks = 256;
+  std::size_t End(std::size_t block) const { return std::min(n_, (block + 1) * block_); }
+
+  const double* a_;
+  std::size_t n_, block_;
+  double least_[kBlocks];
+};
+
+}  // namespace zeph::algorithms
+
+#endif  // ZEPH_SRC_ALGORITHMS_LEAST_FINDER_H

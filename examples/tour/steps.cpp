@@ -8,6 +8,7 @@ void ShowSorting(const Context&);
 void ShowSearching(const Context&);
 void ShowNorms(const Context&);
 void ShowCollections(const Context&);
+void ShowTrend(const Context&);
 void RotateNeighbours(const Context&);
 void ListOrderings(const Context&);
 void TimeSearches(const Context&);
@@ -20,6 +21,7 @@ const std::vector<Step>& Steps() {
       {"Searching, removing, merging", ShowSearching},
       {"Norms and arithmetic", ShowNorms},
       {"Collections that sort themselves", ShowCollections},
+      {"A trend by least squares, with CZEPHMatrix", ShowTrend},
       {"A rotation, by a 4x4 matrix", RotateNeighbours},
       {"All orderings of a word", ListOrderings},
       {"Searches in time", TimeSearches},

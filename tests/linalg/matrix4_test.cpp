@@ -134,7 +134,7 @@ TEST(Matrix4, OperatesOnItself) {
     m += m;
     ExpectRows(m, oracle::ForEach(Rows(a), [](double x) { return x + x; }));
     m = a;
-    m -= m;
+    m -= static_cast<const CZEPHMatrix4&>(m);
     ExpectRows(m, oracle::Matrix4{});
   }
 }

@@ -43,6 +43,20 @@ configure_file("${PROJECT_SOURCE_DIR}/cmake/ZEPHDataStructureEngine.pc.in"
 install(FILES "${PROJECT_BINARY_DIR}/ZEPHDataStructureEngine.pc"
   DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT Development)
 
+# Debugger views: gdb finds the script by the library's own path below its auto-load folder; Visual
+# Studio takes the natvis through the target.
+if(NOT WIN32 AND BUILD_SHARED_LIBS)
+  install(FILES "${PROJECT_SOURCE_DIR}/tools/debugger/zeph_printers.py"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/gdb/auto-load${CMAKE_INSTALL_FULL_LIBDIR}"
+    RENAME "libZEPHDataStructureEngine.so.${PROJECT_VERSION}-gdb.py" COMPONENT Development)
+endif()
+set(ZEPH_NATVIS_DIR "${CMAKE_INSTALL_DATADIR}/ZEPHDataStructureEngine")
+install(FILES "${PROJECT_SOURCE_DIR}/tools/debugger/ZEPHDataStructureEngine.natvis"
+  DESTINATION "${ZEPH_NATVIS_DIR}" COMPONENT Development)
+target_sources(ZEPHDataStructureEngine INTERFACE
+  $<$<CXX_COMPILER_ID:MSVC>:$<INSTALL_INTERFACE:${ZEPH_NATVIS_DIR}/ZEPHDataStructureEngine.natvis>>
+  $<$<CXX_COMPILER_ID:MSVC>:$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/tools/debugger/ZEPHDataStructureEngine.natvis>>)
+
 if(MINGW)
   # A Windows machine has none of the compiler's runtime libraries.
   foreach(name IN ITEMS libstdc++-6.dll libgcc_s_seh-1.dll libgcc_s_dw2-1.dll libwinpthread-1.dll)

@@ -11,9 +11,9 @@ int main() {
   CZEPHDoubleArray array(3, values), none;
   array.InsertionSort();
   CZEPHDoubleMatrix doubles(2, 2, rows);
-  CZEPHMatrix matrix(2, 2, rows);
+  CZEPHMatrix matrix(2, 2, values);
   CZEPHVector vector(3, values);
-  CZEPHMatrix4 matrix4;
+  CZEPHMatrix4 matrix4(0.0);
   for (int i = 0; i < 16; ++i) matrix4.m_data[i] = i;
   CZEPHVector3 vector3(1, 2, 3);
   CZEPHVector2D two(1, 2);

@@ -3,7 +3,7 @@ need $packages_build dpkg-dev file
 out=$PWD/build/packages
 rm -rf "$out"
 mkdir -p "$out"
-configure build/package -DCMAKE_BUILD_TYPE=Release -DZEPH_BUILD_TESTS=OFF -DZEPH_BUILD_EXAMPLES=OFF
+configure build/package -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX=/usr -DZEPH_BUILD_TESTS=OFF -DZEPH_BUILD_EXAMPLES=OFF
 build build/package
 (cd build/package && cpack -B "$out" >cpack.log 2>&1) || { tail -n 20 build/package/cpack.log >&2; fail "packaging failed"; }
 if command -v x86_64-w64-mingw32-g++-posix >/dev/null; then

@@ -10,6 +10,7 @@ void ShowNorms(const Context&);
 void ShowCollections(const Context&);
 void ShowTrend(const Context&);
 void RotateNeighbours(const Context&);
+void DrawWireframe(const Context&);
 void ListOrderings(const Context&);
 void TimeSearches(const Context&);
 
@@ -23,6 +24,7 @@ const std::vector<Step>& Steps() {
       {"Collections that sort themselves", ShowCollections},
       {"A trend by least squares, with CZEPHMatrix", ShowTrend},
       {"A rotation, by a 4x4 matrix", RotateNeighbours},
+      {"A solid in perspective and orthographically", DrawWireframe},
       {"All orderings of a word", ListOrderings},
       {"Searches in time", TimeSearches},
   };

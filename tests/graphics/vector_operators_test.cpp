@@ -7,7 +7,7 @@ using namespace zeph::test;
 template <class V>
 class FloatVector : public ::testing::Test {};
 using VectorClasses = ::testing::Types<CZEPHVector2D, CZEPHVector3D, CZEPHVector4D>;
-TYPED_TEST_SUITE(FloatVector, VectorClasses);
+TYPED_TEST_SUITE(FloatVector, VectorClasses, );
 
 constexpr std::size_t kCases = Scaled(100'000);
 

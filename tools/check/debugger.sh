@@ -20,15 +20,15 @@ run
 up
 GDB
 for name in array none doubles matrix vector matrix4 vector3 two three four transform list keys stack counts shapes text; do
-  printf 'echo %s: \noutput %s\necho \\n\n' $name $name >>build/debugger/commands
+  printf 'echo %s =\noutput %s\necho \\n\n' $name $name >>build/debugger/commands
 done
 echo 'echo ----\n' >>build/debugger/commands
 echo 'source tests/debugger/natvis_members.py' >>build/debugger/commands
 gdb -nx -batch -x build/debugger/commands build/debugger/views >build/debugger/output 2>build/debugger/errors || true
-sed -n '/^array: /,/^----$/p' build/debugger/output | sed 's/0x[0-9a-f]*/ADDRESS/g' >build/debugger/views.txt
+sed -n '/^array =/,/^----$/p' build/debugger/output | sed 's/0x[0-9a-f]*/ADDRESS/g' >build/debugger/views.txt
 grep -E 'no member|passed' build/debugger/output
-if diff tests/debugger/views.txt build/debugger/views.txt; then
-  echo "$(grep -c ': ' tests/debugger/views.txt) passed, 0 failed"
+if [ -s build/debugger/views.txt ] && diff tests/debugger/views.txt build/debugger/views.txt; then
+  echo "$(grep -c =. tests/debugger/views.txt) passed, 0 failed"
 else
   tail -n 5 build/debugger/errors
   echo "0 passed, 1 failed"

@@ -20,6 +20,7 @@
 #include <cstddef>
 #include <iosfwd>
 #include <type_traits>
+#include <utility>
 
 #include "frame.h"
 
@@ -348,5 +349,25 @@ ZEPH_API std::ostream& operator<<(std::ostream& os, const CZEPHDoubleArray& a);
 /// is not checked. Without storage, or when a read fails, `size` becomes 0. `sorted` stays as it
 /// is.
 ZEPH_API std::istream& operator>>(std::istream& is, CZEPHDoubleArray& a);
+
+// --- additions -----------------------------------------------------------------------------------
+
+/// As the forms for constants; the result takes over the storage of an operand that is about to
+/// die, so that `a + b + c + d` allocates once.
+inline ZEPH_ADDED CZEPHDoubleArray operator+(CZEPHDoubleArray&& a, const CZEPHDoubleArray& b) {
+  if (!a.data || !b.data) return static_cast<const CZEPHDoubleArray&>(a) + b;
+  return std::move(a += b);
+}
+inline ZEPH_ADDED CZEPHDoubleArray operator+(const CZEPHDoubleArray& a, CZEPHDoubleArray&& b) {
+  if (!a.data || !b.data) return a + static_cast<const CZEPHDoubleArray&>(b);
+  return std::move(b += a);
+}
+inline ZEPH_ADDED CZEPHDoubleArray operator+(CZEPHDoubleArray&& a, CZEPHDoubleArray&& b) {
+  return std::move(a) + static_cast<const CZEPHDoubleArray&>(b);
+}
+inline ZEPH_ADDED CZEPHDoubleArray operator-(CZEPHDoubleArray&& a, const CZEPHDoubleArray& b) {
+  if (!a.data || !b.data) return static_cast<const CZEPHDoubleArray&>(a) - b;
+  return std::move(a -= b);
+}
 
 #endif  // ZEPH_DOUBLE_ARRAY_H

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include <algorithm>
-#include <functional>
 #include <iostream>
 
 #include "double_array.h"
 #include "double_array/elements.h"
 #include "frame/fatal_report.h"
+#include "kernels/elementwise.h"
 #include "platform/allocation.h"
 #include "platform/exactness.h"
 
@@ -34,11 +33,10 @@ CZEPHDoubleArray Make(const CZEPHDoubleArray& a, Fill fill) {
 }
 
 /// The result of `op(a[i], b[i])`; where one has no storage, `a` as it is copied.
-template <class Op>
-CZEPHDoubleArray Combine(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b, Op op) {
+CZEPHDoubleArray Combine(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b,
+                         kernels::Elementwise::Binary op) {
   if (!a.data || !b.data) return a;
-  return Make(
-      a, [&](double* out, std::size_t n) { std::transform(a.data, a.data + n, b.data, out, op); });
+  return Make(a, [&](double* out, std::size_t n) { op(out, a.data, b.data, n); });
 }
 
 }  // namespace
@@ -49,27 +47,28 @@ using zeph::double_array::Count;
 using zeph::double_array::Make;
 using zeph::double_array::RequireSameSizeToAdd;
 using zeph::double_array::RequireSameSizeToSubtract;
+using zeph::kernels::ActiveElementwise;
 
 CZEPHDoubleArray& CZEPHDoubleArray::operator+=(const CZEPHDoubleArray& other) {
   RequireSameSizeToAdd(*this, other);
-  if (data) std::transform(data, data + Count(other), other.data, data, std::plus<>());
+  if (data) ActiveElementwise().add(data, data, other.data, Count(other));
   return *this;
 }
 
 CZEPHDoubleArray& CZEPHDoubleArray::operator-=(const CZEPHDoubleArray& other) {
   RequireSameSizeToSubtract(*this, other);
-  if (data) std::transform(data, data + Count(other), other.data, data, std::minus<>());
+  if (data) ActiveElementwise().subtract(data, data, other.data, Count(other));
   return *this;
 }
 
 CZEPHDoubleArray operator+(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
   RequireSameSizeToAdd(a, b);
-  return Combine(a, b, std::plus<>());
+  return Combine(a, b, ActiveElementwise().add);
 }
 
 CZEPHDoubleArray operator-(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
   RequireSameSizeToSubtract(a, b);
-  return Combine(a, b, std::minus<>());
+  return Combine(a, b, ActiveElementwise().subtract);
 }
 
 CZEPHDoubleArray operator+(const CZEPHDoubleArray& a) {
@@ -79,19 +78,17 @@ CZEPHDoubleArray operator+(const CZEPHDoubleArray& a) {
 CZEPHDoubleArray operator-(const CZEPHDoubleArray& a) {
   if (!a.data) return CZEPHDoubleArray(a.size, 0.0);
   return Make(a, [&](double* out, std::size_t n) {
-    std::transform(a.data, a.data + n, out, [](double x) { return 0.0 - x; });
+    ActiveElementwise().subtract_from(out, 0.0, a.data, n);
   });
 }
 
 CZEPHDoubleArray operator*(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
-  return Combine(a, b, std::multiplies<>());
+  return Combine(a, b, ActiveElementwise().multiply);
 }
 
 CZEPHDoubleArray operator*(double s, const CZEPHDoubleArray& a) {
   if (!a.data) return a;
-  return Make(a, [&](double* out, std::size_t n) {
-    std::transform(a.data, a.data + n, out, [s](double x) { return s * x; });
-  });
+  return Make(a, [&](double* out, std::size_t n) { ActiveElementwise().scale(out, s, a.data, n); });
 }
 
 CZEPHDoubleArray operator*(const CZEPHDoubleArray& a, double s) {

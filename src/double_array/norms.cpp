@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include <algorithm>
 #include <cmath>
 
 #include "double_array.h"
 #include "double_array/elements.h"
+#include "kernels/largest_magnitude.h"
 #include "platform/exactness.h"
 
 namespace zeph::double_array {
@@ -16,22 +16,6 @@ double SumInOrder(std::size_t n, Term term) {
   double sum = term(0);
   for (std::size_t i = 1; i < n; ++i) sum += term(i);
   return sum;
-}
-
-/// The largest absolute value, NaNs passed over: the documented walk never leaves a NaN in element
-/// 0 and never takes up another, and of numbers the largest does not depend on the order, so eight
-/// walks can run side by side.
-double LargestMagnitude(const double* v, std::size_t n) {
-  constexpr std::size_t kLanes = 8;
-  double largest[kLanes] = {};
-  const auto take = [](double& lane, double x) {
-    lane = std::fabs(x) > lane ? std::fabs(x) : lane;
-  };
-  std::size_t i = 0;
-  for (; i + kLanes <= n; i += kLanes)
-    for (std::size_t k = 0; k < kLanes; ++k) take(largest[k], v[i + k]);
-  for (; i < n; ++i) take(largest[0], v[i]);
-  return *std::max_element(largest, largest + kLanes);
 }
 
 }  // namespace
@@ -50,9 +34,7 @@ double CZEPHDoubleArray::TwoNorm() const {
 
 double CZEPHDoubleArray::MaxNorm() const {
   const std::size_t n = Count(*this);
-  if (n == 0) return 0.0;
-  const double first = std::fabs(data[0]);
-  return first == first ? zeph::double_array::LargestMagnitude(data, n) : first;
+  return n > 0 ? zeph::kernels::LargestMagnitude(data, n) : 0.0;
 }
 
 double ZEPH_ArrayDotProduct(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {

@@ -5,6 +5,7 @@
 #include "double_array.h"
 #include "double_array/elements.h"
 #include "frame/fatal_report.h"
+#include "kernels/elementwise.h"
 #include "platform/allocation.h"
 
 using zeph::double_array::Count;
@@ -75,7 +76,7 @@ int CZEPHDoubleArray::CheckBound(int i) {
 }
 
 void CZEPHDoubleArray::SetEntry(double v) {
-  std::fill_n(data, Count(*this), v);
+  zeph::kernels::ActiveElementwise().fill(data, v, Count(*this));
 }
 
 void CZEPHDoubleArray::Reset(double v) {

@@ -5,6 +5,7 @@
 #include <iostream>
 #include <utility>
 
+#include "kernels/elementwise.h"
 #include "linalg.h"
 #include "linalg/kept_results.h"
 #include "linalg/row_table.h"
@@ -12,6 +13,8 @@
 
 namespace {
 
+using zeph::kernels::ActiveElementwise;
+using zeph::kernels::Elementwise;
 using zeph::linalg::Combine;
 using zeph::linalg::Fill;
 
@@ -25,8 +28,8 @@ struct Result : CZEPHDoubleMatrix {
 };
 
 /// A new matrix of op(a(i, j), b(i, j)) for operands of one size.
-template <class Op>
-CZEPHDoubleMatrix Combined(const CZEPHDoubleMatrix& a, const CZEPHDoubleMatrix& b, Op op) {
+CZEPHDoubleMatrix Combined(const CZEPHDoubleMatrix& a, const CZEPHDoubleMatrix& b,
+                           Elementwise::Binary op) {
   Result out;
   if (out.AllocMemory(a.m_nRows, a.m_nColumns) == 1) {
     const int done = Combine(out.m_ppData, a.m_ppData, b.m_ppData, a.m_nRows, a.m_nColumns, op);
@@ -35,11 +38,10 @@ CZEPHDoubleMatrix Combined(const CZEPHDoubleMatrix& a, const CZEPHDoubleMatrix& 
   return CZEPHDoubleMatrix(std::move(out));
 }
 
-/// The bodies are lambdas, not functions, so that the loops see through them.
-constexpr auto kSum = [](double x, double y) { return x + y; };
-constexpr auto kDifference = [](double x, double y) { return x - y; };
 /// The negation of 0.0 is 0.0.
-constexpr auto kFromZero = [](double x, double) { return 0.0 - x; };
+void FromZero(double* out, const double* x, const double*, std::size_t n) {
+  ActiveElementwise().subtract_from(out, 0.0, x, n);
+}
 
 void Require(bool sizesAgree, const char* message) {
   if (!sizesAgree) CZEPHDoubleMatrix::ErrorMessage(const_cast<char*>(message), std::cout);
@@ -49,38 +51,38 @@ void Require(bool sizesAgree, const char* message) {
 
 CZEPHDoubleMatrix& CZEPHDoubleMatrix::operator+=(const CZEPHDoubleMatrix& other) {
   Require(SameSize(*this, other), "Bad matrix sizes in CZEPHDoubleMatrix::operator+=()");
-  Combine(m_ppData, m_ppData, other.m_ppData, m_nRows, m_nColumns, kSum);
+  Combine(m_ppData, m_ppData, other.m_ppData, m_nRows, m_nColumns, ActiveElementwise().add);
   return *this;
 }
 
 CZEPHDoubleMatrix& CZEPHDoubleMatrix::operator-=(const CZEPHDoubleMatrix& other) {
   Require(SameSize(*this, other), "bad matrix sizes");
-  Combine(m_ppData, m_ppData, other.m_ppData, m_nRows, m_nColumns, kDifference);
+  Combine(m_ppData, m_ppData, other.m_ppData, m_nRows, m_nColumns, ActiveElementwise().subtract);
   return *this;
 }
 
 CZEPHDoubleMatrix CZEPHDoubleMatrix::operator+(const CZEPHDoubleMatrix& other) {
   Require(SameSize(*this, other), "Bad matrix sizes in CZEPHDoubleMatrix::operator+=()");
-  return Combined(*this, other, kSum);
+  return Combined(*this, other, ActiveElementwise().add);
 }
 
 CZEPHDoubleMatrix CZEPHDoubleMatrix::operator-(const CZEPHDoubleMatrix& other) {
   Require(SameSize(*this, other), "bad matrix sizes");
-  return Combined(*this, other, kDifference);
+  return Combined(*this, other, ActiveElementwise().subtract);
 }
 
 CZEPHDoubleMatrix& CZEPHDoubleMatrix::operator-() {
-  return zeph::linalg::Keep(Combined(*this, *this, kFromZero));
+  return zeph::linalg::Keep(Combined(*this, *this, FromZero));
 }
 
 CZEPHDoubleMatrix operator+(const CZEPHDoubleMatrix& a, const CZEPHDoubleMatrix& b) {
   Require(SameSize(a, b), "Bad matrix sizes : operator-()");
-  return Combined(a, b, kSum);
+  return Combined(a, b, ActiveElementwise().add);
 }
 
 CZEPHDoubleMatrix operator-(const CZEPHDoubleMatrix& a, const CZEPHDoubleMatrix& b) {
   Require(SameSize(a, b), "Bad matrix sizes : operator-()");
-  return Combined(a, b, kDifference);
+  return Combined(a, b, ActiveElementwise().subtract);
 }
 
 CZEPHDoubleMatrix operator+(const CZEPHDoubleMatrix& a) {
@@ -88,5 +90,5 @@ CZEPHDoubleMatrix operator+(const CZEPHDoubleMatrix& a) {
 }
 
 CZEPHDoubleMatrix operator-(const CZEPHDoubleMatrix& a) {
-  return Combined(a, a, kFromZero);
+  return Combined(a, a, FromZero);
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "frame/fatal_report.h"
+#include "kernels/elementwise.h"
 #include "linalg.h"
 #include "linalg/row_table.h"
 #include "platform/exactness.h"
@@ -12,9 +13,8 @@ CZEPHMatrix CZEPHMatrix::operator+(const CZEPHMatrix& other) {
   Check(m_nRows != other.m_nRows || m_nColumns != other.m_nColumns,
         "Addition error (Not of the same size)");
   CZEPHMatrix sum(m_nRows, m_nColumns);
-  const int added =
-      zeph::linalg::Combine(sum.m_ppData, other.m_ppData, m_ppData, sum.m_nRows, sum.m_nColumns,
-                            [](double theirs, double ours) { return theirs + ours; });
+  const int added = zeph::linalg::Combine(sum.m_ppData, other.m_ppData, m_ppData, sum.m_nRows,
+                                          sum.m_nColumns, zeph::kernels::ActiveElementwise().add);
   zeph::linalg::Fill(sum.m_ppData, added, sum.m_nRows, sum.m_nColumns, 0.0);
   return sum;
 }

@@ -43,6 +43,14 @@ void CopyOrZero(double* const* to, const double* const* from, int rows, int cols
   Fill(to, StoredRows(from, rows), StoredRows(to, rows), cols, 0.0);
 }
 
+int Combine(double* const* out, const double* const* a, const double* const* b, int rows, int cols,
+            kernels::Elementwise::Binary op) {
+  const int stored = std::min(StoredRows(a, rows), StoredRows(b, rows));
+  const std::size_t count = cols > 0 ? static_cast<std::size_t>(cols) : 0;
+  for (int i = 0; i < stored; ++i) op(out[i], a[i], b[i], count);
+  return stored;
+}
+
 void Multiply(double* const* out, const double* const* a, const double* const* b, int rows,
               int inner, int cols) {
   if (rows < 1 || cols < 1) return;

@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "kernels/elementwise.h"
+
 namespace zeph::linalg {
 
 /// A table of `rows` null pointers. Exhaustion passes to the caller; so does a negative count.
@@ -34,20 +36,10 @@ void Copy(double* const* to, const double* const* from, int rows, int cols);
 /// The same into fresh storage: rows that `from` does not have become 0.0.
 void CopyOrZero(double* const* to, const double* const* from, int rows, int cols);
 
-/// out(i, j) = op(a(i, j), b(i, j)) for the rows that both operands have; gives their number. `out`
+/// op(out row, a row, b row, cols) for the rows that both operands have; gives their number. `out`
 /// has those rows and may be one of the operands.
-template <class Op>
 int Combine(double* const* out, const double* const* a, const double* const* b, int rows, int cols,
-            Op op) {
-  const int stored = std::min(StoredRows(a, rows), StoredRows(b, rows));
-  for (int i = 0; i < stored; ++i) {
-    double* const to = out[i];
-    const double* const x = a[i];
-    const double* const y = b[i];
-    for (int j = 0; j < cols; ++j) to[j] = op(x[j], y[j]);
-  }
-  return stored;
-}
+            kernels::Elementwise::Binary op);
 
 /// sums[i] = 0.0 + term(row i, 0) + term(row i, 1) + ... in that order, for `rows` stored rows.
 ///

@@ -1,22 +1,34 @@
 // SPDX-License-Identifier: MIT
-#include <algorithm>
 #include <cmath>
+#include <cstddef>
 
 #include "frame/fatal_report.h"
+#include "kernels/elementwise.h"
 #include "linalg.h"
 #include "platform/exactness.h"
 
 namespace {
 
-/// A new vector of op(x[i], y[i]); zeros where an operand has no storage.
-template <class Op>
-CZEPHVector Combined(const CZEPHVector& x, const CZEPHVector& y, Op op) {
+using zeph::kernels::ActiveElementwise;
+
+/// A new vector as long as `x`, filled by `fill(out, n)` if its operands are `ready`; else of
+/// zeros.
+template <class Fill>
+CZEPHVector Made(const CZEPHVector& x, bool ready, Fill fill) {
   CZEPHVector out(x.m_nSize);
-  if (x.m_pData && y.m_pData)
-    std::transform(x.m_pData, x.m_pData + out.m_nSize, y.m_pData, out.m_pData, op);
+  const std::size_t n = out.m_pData ? static_cast<std::size_t>(out.m_nSize) : 0;
+  if (ready)
+    fill(out.m_pData, n);
   else
-    std::fill_n(out.m_pData, out.m_nSize, 0.0);
+    ActiveElementwise().fill(out.m_pData, 0.0, n);
   return out;
+}
+
+/// A new vector of op(x[i], y[i]).
+CZEPHVector Combined(const CZEPHVector& x, const CZEPHVector& y,
+                     zeph::kernels::Elementwise::Binary op) {
+  return Made(x, x.m_pData && y.m_pData,
+              [&](double* out, std::size_t n) { op(out, x.m_pData, y.m_pData, n); });
 }
 
 }  // namespace
@@ -27,12 +39,12 @@ void CZEPHVector::Check(bool failed, char* message) {
 
 CZEPHVector CZEPHVector::operator+(const CZEPHVector& other) {
   Check(m_nSize != other.m_nSize, "Addition error (Not of the same size)");
-  return Combined(*this, other, [](double x, double y) { return x + y; });
+  return Combined(*this, other, ActiveElementwise().add);
 }
 
 CZEPHVector CZEPHVector::operator-(const CZEPHVector& other) {
   Check(m_nSize != other.m_nSize, "Subtraction error (Not of the same size)");
-  return Combined(*this, other, [](double x, double y) { return x - y; });
+  return Combined(*this, other, ActiveElementwise().subtract);
 }
 
 CZEPHVector CZEPHVector::operator/(const double& d) {
@@ -40,7 +52,8 @@ CZEPHVector CZEPHVector::operator/(const double& d) {
 }
 
 CZEPHVector operator*(const double& s, const CZEPHVector& v) {
-  return Combined(v, v, [s](double x, double) { return x * s; });
+  return Made(v, v.m_pData != nullptr,
+              [&](double* out, std::size_t n) { ActiveElementwise().scale(out, s, v.m_pData, n); });
 }
 
 CZEPHVector operator*(const CZEPHVector& v, const double& s) {

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
 // Positions of extremes and norms.
-#include <cmath>
+#include <cstddef>
 
+#include "kernels/largest_magnitude.h"
 #include "linalg.h"
 #include "platform/exactness.h"
 
@@ -39,10 +40,5 @@ double ZEPH_GetVectorSquareNorm(CZEPHVector& v) {
 
 double ZEPH_GetVectorInfititeNorm(CZEPHVector& v) {
   if (StoredSize(v) < 1) return 0.0;
-  double largest = std::fabs(v.m_pData[0]);
-  for (int i = 1; i < v.m_nSize; ++i) {
-    const double size = std::fabs(v.m_pData[i]);
-    if (size > largest) largest = size;
-  }
-  return largest;
+  return zeph::kernels::LargestMagnitude(v.m_pData, static_cast<std::size_t>(v.m_nSize));
 }

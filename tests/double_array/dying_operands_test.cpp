@@ -1,0 +1,84 @@
+// Sums and differences of temporaries give what those of named arrays give, in storage they reuse.
+#include <gtest/gtest.h>
+
+#include <utility>
+
+#include "double_array.h"
+#include "support/allocation.h"
+#include "support/bits.h"
+#include "support/numbers.h"
+
+namespace zeph::test {
+namespace {
+
+CZEPHDoubleArray AwkwardArray(int n, std::uint64_t seed) {
+  return CZEPHDoubleArray(n, Awkward(static_cast<std::size_t>(n), seed).data());
+}
+
+void ExpectSame(const CZEPHDoubleArray& got, const CZEPHDoubleArray& want) {
+  ASSERT_EQ(got.size, want.size);
+  EXPECT_EQ(got.sorted, 0);
+  EXPECT_TRUE(SameValues(got.data, want.data, static_cast<std::size_t>(want.size)));
+}
+
+TEST(DoubleArrayDyingOperands, GiveTheResultsOfNamedOnes) {
+  for (int n : {1, 2, 7, 67, 1000}) {
+    const CZEPHDoubleArray a = AwkwardArray(n, 1), b = AwkwardArray(n, 2), c = AwkwardArray(n, 3);
+    const CZEPHDoubleArray sum = a + b, difference = a - b;
+    ExpectSame(CZEPHDoubleArray(a) + b, sum);
+    ExpectSame(a + CZEPHDoubleArray(b), sum);
+    ExpectSame(CZEPHDoubleArray(a) + CZEPHDoubleArray(b), sum);
+    ExpectSame(CZEPHDoubleArray(a) - b, difference);
+    ExpectSame(CZEPHDoubleArray(a) - CZEPHDoubleArray(b), difference);
+    ExpectSame(a - CZEPHDoubleArray(b), difference);
+    ExpectSame(a + b - c + a, CZEPHDoubleArray((sum - c) + a));
+    ExpectSame(c + (a + b), c + sum);
+  }
+}
+
+TEST(DoubleArrayDyingOperands, HandOverTheirStorage) {
+  const CZEPHDoubleArray named(3, 1.0);
+  CZEPHDoubleArray left(3, 2.0), right(3, 4.0), minuend(3, 8.0);
+  const double *l = left.data, *r = right.data, *m = minuend.data;
+  EXPECT_EQ((std::move(left) + named).data, l);
+  EXPECT_EQ((named + std::move(right)).data, r);
+  EXPECT_EQ((std::move(minuend) - named).data, m);
+  EXPECT_EQ(left.data, nullptr);
+  EXPECT_EQ(right.data, nullptr);
+}
+
+TEST(DoubleArrayDyingOperands, MakeALongSumAllocateOnce) {
+  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  const CZEPHDoubleArray a(100, 1.0), b(100, 2.0), c(100, 3.0), d(100, 4.0);
+  const long before = AllocationCount();
+  const CZEPHDoubleArray sum = a + b + c - d;
+  EXPECT_EQ(AllocationCount() - before, 1);
+  EXPECT_EQ(sum[99], 2.0);
+}
+
+TEST(DoubleArrayDyingOperands, LoseTheSortedFlagAsAnyNewArray) {
+  CZEPHDoubleArray a(3, 1.0);
+  const CZEPHDoubleArray b(3, 1.0);
+  a.sorted = 1;
+  EXPECT_EQ((std::move(a) + b).sorted, 0);
+}
+
+TEST(DoubleArrayDyingOperands, MayBeBothOperandsAtOnce) {
+  CZEPHDoubleArray a(3, 1.5), b(3, 1.5);
+  const CZEPHDoubleArray twice = std::move(a) + a;
+  EXPECT_EQ(twice[0], 3.0);
+  const CZEPHDoubleArray none = std::move(b) - b;
+  EXPECT_SAME_BITS(none[2], 0.0);
+}
+
+TEST(DoubleArrayDyingOperands, WithoutStorageGiveWhatNamedOnesGive) {
+  CZEPHDoubleArray bare;
+  bare.size = 2;
+  const CZEPHDoubleArray full(2, 5.0);
+  EXPECT_EQ((CZEPHDoubleArray() + CZEPHDoubleArray()).size, 0);
+  EXPECT_EQ((CZEPHDoubleArray(full) + bare)[1], 5.0);
+  EXPECT_EQ((CZEPHDoubleArray(full) - bare)[1], 5.0);
+}
+
+}  // namespace
+}  // namespace zeph::test

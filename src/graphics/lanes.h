@@ -94,13 +94,20 @@ struct Sse2Lanes {
     return {_mm_shuffle_ps(a.v, b.v, _MM_SHUFFLE(l, k, j, i))};
   }
   static Sse2Lanes WithLast(Sse2Lanes a, Sse2Lanes b) {
-    return Join<0, 1, 0, 2>(a, Join<2, 2, 3, 3>(a, b));
+    return Choose(_mm_setr_epi32(-1, -1, -1, 0), a, _mm_setr_epi32(0, 0, 0, -1), b);
   }
   static Sse2Lanes Alternate(Sse2Lanes even, Sse2Lanes odd) {
-    const __m128 mask = _mm_castsi128_ps(_mm_setr_epi32(-1, 0, -1, 0));
-    return {_mm_or_ps(_mm_and_ps(mask, even.v), _mm_andnot_ps(mask, odd.v))};
+    return Choose(_mm_setr_epi32(-1, 0, -1, 0), even, _mm_setr_epi32(0, -1, 0, -1), odd);
   }
   float First() const { return _mm_cvtss_f32(v); }
+
+ private:
+  // Lanes of `a` where the first mask is set, of `b` where the second is. Both masks are written
+  // out so that the compiler folds what a constant operand makes known.
+  static Sse2Lanes Choose(__m128i fromA, Sse2Lanes a, __m128i fromB, Sse2Lanes b) {
+    return {_mm_castsi128_ps(_mm_or_si128(_mm_and_si128(fromA, _mm_castps_si128(a.v)),
+                                          _mm_and_si128(fromB, _mm_castps_si128(b.v))))};
+  }
 };
 using Lanes = Sse2Lanes;
 

@@ -157,15 +157,15 @@ const bool kProducts[] = {
     Add("raw", "ArrayMergeSorted", {100, 100'000},
         [](Row& row) {
           const std::size_t n = row.n();
-          constexpr std::size_t kRounds = 16;
+          const std::size_t rounds = n < 1000 ? 512 : 16;  // more than can be learned
           auto& inputs = row.Keep<std::vector<std::vector<double>>>();
-          for (std::size_t k = 0; k < 2 * kRounds; ++k) {
+          for (std::size_t k = 0; k < 2 * rounds; ++k) {
             inputs.push_back(RandomDoubles(n, 12 + k));
             std::sort(inputs.back().begin(), inputs.back().end());
           }
           auto& at = row.Keep<std::size_t>(0u);
           auto& out = row.Keep<std::vector<double>>(2 * n);
-          row.Before([&](std::size_t round) { at = 2 * (round % kRounds); });
+          row.Before([&, rounds](std::size_t round) { at = 2 * (round % rounds); });
           row.Result([&] { return out; });
           row.Ours([&, n] {
             const int count = static_cast<int>(n);

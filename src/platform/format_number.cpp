@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "platform/format_number.h"
 
-#include <algorithm>
 #include <cfenv>
 #include <charconv>
 #include <clocale>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
+
+#include "platform/exactness.h"
 
 namespace zeph::platform {
 namespace {
@@ -55,6 +57,54 @@ char* WidenExponent(char* end) {
   return end;
 }
 
+#ifdef __SIZEOF_INT128__
+__extension__ typedef unsigned __int128 Wide;
+
+/// x * 10^decimals rounded to a whole number, ties to even, as printf rounds. Exact: x is m * 2^-s
+/// with m below 2^53, so m * 10^decimals fits, and the bits shifted out tell which way to round.
+/// `x` is not negative and below 2^40; at most kFastDecimals decimals.
+constexpr double kFastBelow = 0x1p40;
+constexpr int kFastDecimals = 6;
+std::uint64_t ScaledAndRounded(double x, std::uint64_t scale) {
+  int exponent;
+  const auto m = static_cast<std::uint64_t>(std::frexp(x, &exponent) * 0x1p53);
+  const int shift = 53 - exponent;  // at least 13
+  const Wide scaled = Wide{m} * scale;
+  if (shift > 100) return 0;  // scaled is below 2^73: far below a half
+  const Wide half = Wide{1} << (shift - 1), rest = scaled & ((half << 1) - 1);
+  const auto whole = static_cast<std::uint64_t>(scaled >> shift);
+  return whole + (rest > half || (rest == half && whole % 2 == 1));
+}
+
+/// The text of `x` with `decimals` decimals and a full stop.
+char* WriteFastFixed(char* out, double x, int decimals) {
+  std::uint64_t scale = 1;
+  for (int k = 0; k < decimals; ++k) scale *= 10;
+  const std::uint64_t scaled = ScaledAndRounded(std::fabs(x), scale);
+  if (std::signbit(x)) *out++ = '-';
+  char* stop = std::to_chars(out, out + RealFormat::kRoom, scaled / scale).ptr;
+  *stop = '.';
+  std::uint64_t rest = scaled % scale;
+  for (int k = decimals; k > 0; --k, rest /= 10) stop[k] = static_cast<char>('0' + rest % 10);
+  return stop + 1 + decimals;
+}
+#endif
+
+/// "%.{decimals}f": what most numbers need has a shorter way than the general one.
+char* WriteFixed(char* out, double x, int decimals) {
+#ifdef __SIZEOF_INT128__
+  if (std::fabs(x) < kFastBelow && decimals <= kFastDecimals)
+    return WriteFastFixed(out, x, decimals);
+#endif
+  return std::to_chars(out, out + RealFormat::kRoom, x, std::chars_format::fixed, decimals).ptr;
+}
+
+char* WriteScientific(char* out, double x, int decimals, int exponentDigits) {
+  char* end =
+      std::to_chars(out, out + RealFormat::kRoom, x, std::chars_format::scientific, decimals).ptr;
+  return exponentDigits == 3 ? WidenExponent(end) : end;
+}
+
 }  // namespace
 
 NumberConventions NumberConventions::Current() {
@@ -78,10 +128,9 @@ char* RealFormat::Write(char* out, double x) const {
 }
 
 char* RealFormat::WriteExactly(char* out, double x) const {
-  const bool scientific = notation_ == Notation::kScientific;
-  const auto form = scientific ? std::chars_format::scientific : std::chars_format::fixed;
-  char* end = std::to_chars(out, out + kRoom, x, form, decimals_).ptr;
-  if (scientific && conventions_.exponentDigits == 3) end = WidenExponent(end);
+  char* end = notation_ == Notation::kScientific
+                  ? WriteScientific(out, x, decimals_, conventions_.exponentDigits)
+                  : WriteFixed(out, x, decimals_);
   return fullStop_ ? end : InsertPoint(out, end);
 }
 

@@ -4,9 +4,9 @@
 #include <cstring>
 #include <utility>
 
+#include "kernels/overlap.h"
 #include "platform/exactness.h"
 #include "raw_buffers.h"
-#include "raw_buffers/overlap.h"
 
 namespace zeph::raw_buffers {
 namespace {
@@ -67,7 +67,8 @@ void ZEPH_MatrixMultiply3(double a[3][3], double b[3][3], double out[3][3]) {
 
 void ZEPH_MatrixMult4(double* const a, double* const b, double* const out) {
   constexpr std::size_t kCells = rb::k4 * rb::k4;
-  if (rb::Overlap(out, kCells, a, kCells) || rb::Overlap(out, kCells, b, kCells)) {
+  if (zeph::kernels::Overlap(out, kCells, a, kCells) ||
+      zeph::kernels::Overlap(out, kCells, b, kCells)) {
     // Not allowed, yet the documented order of stores is cheap to keep.
     for (int i = 0; i < rb::k4; ++i) rb::Row4(a + rb::k4 * i, b, out + rb::k4 * i);
     return;

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <cstddef>
 
+#include "kernels/largest_magnitude.h"
+#include "kernels/sort.h"
 #include "platform/exactness.h"
 #include "raw_buffers.h"
 #include "raw_buffers/hypotenuse.h"
@@ -36,40 +38,41 @@ double Accumulate(const double* x, int n) {
   return running;
 }
 
-/// Accumulates x[0] .. x[n - 1] into eight maxima. Of numbers, the largest does not depend on the
-/// order; a NaN makes it do so, and then the ordered walk gives the answer.
-double MaximumOf(const double* x, int n) {
-  constexpr int kLanes = 8;
-  double lane[kLanes] = {};
-  bool ordered = true;
-  int i = 0;
-  for (; i + kLanes <= n; i += kLanes)
-    for (int k = 0; k < kLanes; ++k) {
-      const double value = std::fabs(x[i + k]);
-      ordered &= value == value;
-      lane[k] = lane[k] > value ? lane[k] : value;
-    }
-  if (!ordered) return Accumulate<AbsoluteMaximum>(x, n);
-  double running = *std::max_element(lane, lane + kLanes);
-  for (; i < n; ++i) running = LargerOrLater(running, std::fabs(x[i]));
+/// The running maximum carried over x[0] .. x[n - 1].
+double TakeUpInOrder(double running, const double* x, std::size_t n) {
+  for (std::size_t i = 0; i < n; ++i) running = AbsoluteMaximum::Next(running, x[i]);
+  return running;
+}
+
+/// Of numbers, the largest does not depend on the order, so a chunk of them is taken up at once;
+/// the ordered walk takes up a chunk with a NaN in it. (OrderIsUnique vouches for the numbers; it
+/// also refuses zeros of both signs, for which the walk does no harm.)
+double MaximumOf(const double* x, std::size_t n) {
+  constexpr std::size_t kChunk = 1024;  // read twice, the second time from the nearest cache
+  double running = AbsoluteMaximum::First(x[0]);
+  for (std::size_t i = 0; i < n; i += kChunk) {
+    const std::size_t count = std::min(kChunk, n - i);
+    running = kernels::OrderIsUnique(x + i, count)
+                  ? LargerOrLater(running, kernels::LargestMagnitude(x + i, count))
+                  : TakeUpInOrder(running, x + i, count);
+  }
   return running;
 }
 
 /// Several rows' norms at a time, each still in its own order: one ordered sum waits for itself at
 /// every step, several fill the waiting.
-constexpr int kRowsAtOnce = 4;
+constexpr int kRowsAtOnce = 8;
 template <class Step>
 void AccumulateRows(double* const* rows, int n, double* norms) {
-  const double *r0 = rows[0], *r1 = rows[1], *r2 = rows[2], *r3 = rows[3];
-  double s0 = Step::First(r0[0]), s1 = Step::First(r1[0]);
-  double s2 = Step::First(r2[0]), s3 = Step::First(r3[0]);
-  for (int j = 1; j < n; ++j) {
-    s0 = Step::Next(s0, r0[j]);
-    s1 = Step::Next(s1, r1[j]);
-    s2 = Step::Next(s2, r2[j]);
-    s3 = Step::Next(s3, r3[j]);
+  const double* row[kRowsAtOnce];
+  double running[kRowsAtOnce];
+  for (int k = 0; k < kRowsAtOnce; ++k) {
+    row[k] = rows[k];
+    running[k] = Step::First(row[k][0]);
   }
-  norms[0] = s0, norms[1] = s1, norms[2] = s2, norms[3] = s3;
+  for (int j = 1; j < n; ++j)
+    for (int k = 0; k < kRowsAtOnce; ++k) running[k] = Step::Next(running[k], row[k][j]);
+  std::copy_n(running, kRowsAtOnce, norms);
 }
 
 /// Row norms over columns 0 .. n - 1, combined in row order; the first row alone for n <= 1.
@@ -102,8 +105,9 @@ double LargestColumnSum(double* const* m, int n, int start) {
   constexpr int kStrip = 64;
   double largest = 0.0;
   for (int first = 0; first < n; first += kStrip) {
-    double sums[kStrip] = {};
+    double sums[kStrip];
     const int width = std::min(kStrip, n - first);
+    std::fill_n(sums, width, 0.0);
     for (int i = 0; i < n; ++i) {
       const double* row = m[std::ptrdiff_t{start} + i] + start + first;
       for (int j = 0; j < width; ++j) sums[j] = AbsoluteSum::Next(sums[j], row[j]);
@@ -132,7 +136,7 @@ double ZEPH_ArrayTwoNorm2(double* a, int n, int start) {
 }
 
 double ZEPH_ArrayMaxNorm(double* a, int n, int start) {
-  return n > 1 ? rb::MaximumOf(a + start, n) : std::fabs(a[start]);
+  return n > 1 ? rb::MaximumOf(a + start, static_cast<std::size_t>(n)) : std::fabs(a[start]);
 }
 
 double ZEPH_MatrixOneNorm(double** m, int n, int start) {

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include <cstddef>
 
+#include "kernels/overlap.h"
 #include "platform/exactness.h"
 #include "raw_buffers.h"
-#include "raw_buffers/overlap.h"
 
 namespace zeph::raw_buffers {
 namespace {
+
+using kernels::Overlap;
 
 // The additive routine assigns out[i][j] = b[k][j] + a[i][k] for every k, so the last k decides:
 // within a cell's walk over k nothing but the cell itself is written, hence where neither operand
@@ -35,17 +37,31 @@ void AssignCell(const Operands& in, int j, double* cell) {
 }
 
 /// out[j] = b[j] + x for rows that share nothing.
-void AddScalar(const double* __restrict b, double x, double* __restrict out, int count) {
-  for (int j = 0; j < count; ++j) out[j] = b[j] + x;
+void AddScalar(const double* __restrict b, double x, double* __restrict out, std::size_t count) {
+  for (std::size_t j = 0; j < count; ++j) out[j] = b[j] + x;
+}
+
+/// The index of `cell` in the row, or `count` when it lies elsewhere.
+std::size_t IndexIn(const double* row, std::size_t count, const double* cell) {
+  if (!Overlap(row, count, cell, 1)) return count;
+  return static_cast<std::size_t>(cell - row);
 }
 
 void AssignRow(const Operands& in, double* out, int cols) {
-  const auto width = static_cast<std::size_t>(cols);
+  const auto count = static_cast<std::size_t>(cols);
   const double* lastA = in.a + (in.count - 1);
   const double* lastB = in.b[in.count - 1];
-  if (!Overlap(out, width, lastA, 1) && !Overlap(out, width, lastB, width))
-    return AddScalar(lastB, *lastA, out, cols);
-  for (int j = 0; j < cols; ++j) AssignCell(in, j, out + j);
+  if (Overlap(out, count, lastB, count)) {
+    for (int j = 0; j < cols; ++j) AssignCell(in, j, out + j);
+    return;
+  }
+  // Only the last element of a's row may lie in the row written: the cells before it read what it
+  // was, those after it what it has become.
+  const std::size_t own = IndexIn(out, count, lastA);
+  AddScalar(lastB, *lastA, out, own);
+  if (own == count) return;
+  AssignCell(in, static_cast<int>(own), out + own);
+  AddScalar(lastB + own + 1, *lastA, out + own + 1, count - own - 1);
 }
 
 constexpr int k3 = 3;

@@ -2,33 +2,48 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "kernels/overlap.h"
 #include "raw_buffers.h"
-#include "raw_buffers/overlap.h"
 #include "raw_buffers/rows.h"
 
 namespace zeph::raw_buffers {
 namespace {
 
-/// to[i][j] = from[j][i] for the tile with the corner (row, col), row by row of `to`.
+/// to[i][j] = from[j][i] for the cells of a tile, row by row of `to`.
 template <class Rows>
-void CopyTile(Rows from, Rows to, int row, int rowEnd, int col, int colEnd) {
+void CopyCells(Rows from, Rows to, int row, int rowEnd, int col, int colEnd) {
   for (int i = row; i < rowEnd; ++i) {
     double* out = to[i];
     for (int j = col; j < colEnd; ++j) out[j] = from[j][i];
   }
 }
 
-/// Tiles of `tile` by `tile` cells: the lines of memory that a tile reads stay at hand until all of
-/// each is used. With nothing shared the order of the copies does not show; one tile as large as
-/// the matrix is the documented row-by-row order.
+/// As CopyCells, two rows and two columns at a time: memory is read and written in pairs.
 template <class Rows>
-void TransposeByTiles(int n, Rows from, Rows to, int tile) {
-  for (int row = 0; row < n; row += std::min(tile, n - row))
-    for (int col = 0; col < n; col += std::min(tile, n - col))
-      CopyTile(from, to, row, row + std::min(tile, n - row), col, col + std::min(tile, n - col));
+void CopyTile(Rows from, Rows to, int row, int rowEnd, int col, int colEnd) {
+  const int rowPairs = rowEnd - (rowEnd - row) % 2, colPairs = colEnd - (colEnd - col) % 2;
+  for (int i = row; i < rowPairs; i += 2)
+    for (int j = col; j < colPairs; j += 2) {
+      const double *x = from[j] + i, *y = from[j + 1] + i;
+      const double x0 = x[0], x1 = x[1], y0 = y[0], y1 = y[1];
+      double *out0 = to[i] + j, *out1 = to[i + 1] + j;
+      out0[0] = x0, out0[1] = y0;
+      out1[0] = x1, out1[1] = y1;
+    }
+  CopyCells(from, to, row, rowPairs, colPairs, colEnd);
+  CopyCells(from, to, rowPairs, rowEnd, col, colEnd);
 }
 
-constexpr int kTile = 16;
+/// By tiles: the lines of memory that a tile reads stay at hand until all of each is used. With
+/// nothing shared the order of the copies does not show; otherwise it is the documented one.
+template <class Rows>
+void Transpose(int n, Rows from, Rows to, bool apart) {
+  constexpr int kTile = 16;
+  if (!apart) return CopyCells(from, to, 0, n, 0, n);
+  for (int row = 0; row < n; row += std::min(kTile, n - row))
+    for (int col = 0; col < n; col += std::min(kTile, n - col))
+      CopyTile(from, to, row, row + std::min(kTile, n - row), col, col + std::min(kTile, n - col));
+}
 
 /// In place, or with a row that takes its own place: not allowed, yet harmless to get right.
 bool SharesRows(int n, double* const* a, double* const* b) {
@@ -45,13 +60,12 @@ namespace rb = zeph::raw_buffers;
 void ZEPH_MatrixTranspose(int n, double* a, double* b) {
   if (n < 1) return;
   const std::size_t cells = static_cast<std::size_t>(n) * static_cast<std::size_t>(n);
-  const int tile = rb::Overlap(a, cells, b, cells) ? n : rb::kTile;
-  rb::TransposeByTiles(n, rb::FlatRows{a, n}, rb::FlatRows{b, n}, tile);
+  const bool apart = !zeph::kernels::Overlap(a, cells, b, cells);
+  rb::Transpose(n, rb::FlatRows{a, n}, rb::FlatRows{b, n}, apart);
 }
 
 void ZEPH_MatrixTranspose(int n, double** a, double** b) {
-  const int tile = rb::SharesRows(n, a, b) ? n : rb::kTile;
-  rb::TransposeByTiles(n, rb::TableRows{a}, rb::TableRows{b}, tile);
+  rb::Transpose(n, rb::TableRows{a}, rb::TableRows{b}, !rb::SharesRows(n, a, b));
 }
 
 void ZEPH_MatrixSetIdentity(int n, double** m) {

@@ -7,6 +7,7 @@ void ShowNumbers(const Context&);
 void ShowSorting(const Context&);
 void ShowSearching(const Context&);
 void ShowNorms(const Context&);
+void ShowRawTables(const Context&);
 void ShowCollections(const Context&);
 void ShowTrend(const Context&);
 void RotateNeighbours(const Context&);
@@ -21,6 +22,7 @@ const std::vector<Step>& Steps() {
       {"Sorting", ShowSorting},
       {"Searching, removing, merging", ShowSearching},
       {"Norms and arithmetic", ShowNorms},
+      {"1-based tables, grown, rotated and listed", ShowRawTables},
       {"Collections that sort themselves", ShowCollections},
       {"A trend by least squares, with CZEPHMatrix", ShowTrend},
       {"A rotation, by a 4x4 matrix", RotateNeighbours},

@@ -43,7 +43,11 @@ namespace {
       auto& a = row.Keep<std::vector<int>>();
       for (int i = 0; i < n; ++i) a.push_back(3 * i);
       auto& keys = row.Keep<std::vector<int>>();
-      for (double x : RandomDoubles(1000, 7, 0, 3.0 * n)) keys.push_back(static_cast<int>(x));
+      row.Before([&keys, n](std::size_t round) {
+        keys.clear();
+        for (double x : RandomDoubles(1000, round * 1000, 0, 3.0 * n))
+          keys.push_back(static_cast<int>(x));
+      });
       auto& sum = row.Keep<int>();
       row.Result([&sum] { return Values(&sum, 1); });
       row.Ours([&a, &keys, &sum, n] {

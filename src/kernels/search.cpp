@@ -5,15 +5,12 @@
 
 namespace zeph::kernels {
 
-const SearchForms& SearchForms::For(Level level) {
 #if ZEPH_X64
-  static const SearchForms* const kForms[kLevels] = {&portable::kSearch, &avx2::kSearch,
-                                                     &avx512::kSearch};
+const SearchForms* const SearchForms::kForms[kLevels] = {&portable::kSearch, &avx2::kSearch,
+                                                         &avx512::kSearch};
 #else
-  static const SearchForms* const kForms[kLevels] = {&portable::kSearch, &portable::kSearch,
-                                                     &portable::kSearch};
+const SearchForms* const SearchForms::kForms[kLevels] = {&portable::kSearch, &portable::kSearch,
+                                                         &portable::kSearch};
 #endif
-  return *kForms[static_cast<int>(level)];
-}
 
 }  // namespace zeph::kernels

@@ -18,7 +18,14 @@ struct SearchForms {
   std::size_t (*first_least)(const double* v, std::size_t n);
 
   static const SearchForms& For(Level level);
+
+ private:
+  static const SearchForms* const kForms[kLevels];
 };
+
+inline const SearchForms& SearchForms::For(Level level) {
+  return *kForms[static_cast<int>(level)];
+}
 
 /// The least i with v[i] == x, or n. 0.0 finds -0.0; a NaN finds nothing.
 inline std::size_t FindFirst(const double* v, std::size_t n, double x) {
@@ -27,6 +34,12 @@ inline std::size_t FindFirst(const double* v, std::size_t n, double x) {
 
 /// The greatest i with v[i] == x, or n.
 inline std::size_t FindLast(const int* v, std::size_t n, int x) {
+  constexpr std::size_t kShort = 12;  // the plain loop is over before a wide form is called
+  if (n <= kShort) {
+    for (std::size_t i = n; i > 0; --i)
+      if (v[i - 1] == x) return i - 1;
+    return n;
+  }
   return SearchForms::For(Active()).find_last(v, n, x);
 }
 

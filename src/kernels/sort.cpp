@@ -5,14 +5,12 @@
 
 namespace zeph::kernels {
 
-const SortForms& SortForms::For(Level level) {
 #if ZEPH_X64
-  static const SortForms* const kForms[kLevels] = {&portable::kSort, &avx2::kSort, &avx512::kSort};
+const SortForms* const SortForms::kForms[kLevels] = {&portable::kSort, &avx2::kSort,
+                                                     &avx512::kSort};
 #else
-  static const SortForms* const kForms[kLevels] = {&portable::kSort, &portable::kSort,
-                                                   &portable::kSort};
+const SortForms* const SortForms::kForms[kLevels] = {&portable::kSort, &portable::kSort,
+                                                     &portable::kSort};
 #endif
-  return *kForms[static_cast<int>(level)];
-}
 
 }  // namespace zeph::kernels

@@ -18,7 +18,14 @@ struct SortForms {
   void (*sort_ints)(int* v, std::size_t n);
 
   static const SortForms& For(Level level);
+
+ private:
+  static const SortForms* const kForms[kLevels];
 };
+
+inline const SortForms& SortForms::For(Level level) {
+  return *kForms[static_cast<int>(level)];
+}
 
 /// True when `v` has no NaN and not zeros of both signs: then every correct ascending sort gives
 /// the same bits. One pass.

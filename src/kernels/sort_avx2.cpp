@@ -31,14 +31,15 @@ ZEPH_WIDE Lanes Max(Lanes a, Lanes b) {
 template <int D>
 constexpr int kOdd = D == 1 ? 0xA : 0xC;
 
+/// The lanes of `a` whose number has the bit D clear, and the others of `b`.
+template <int D>
+ZEPH_WIDE Lanes Pick(Lanes a, Lanes b) {
+  return _mm256_blend_pd(a, b, kOdd<D>);
+}
 /// The lesser in lanes whose number has the bit D clear, the greater in the others.
 template <int D>
 ZEPH_WIDE Lanes LowHigh(Lanes a, Lanes b) {
-  return _mm256_blend_pd(Min(a, b), Max(a, b), kOdd<D>);
-}
-template <int D>
-ZEPH_WIDE Lanes HighLow(Lanes a, Lanes b) {
-  return _mm256_blend_pd(Max(a, b), Min(a, b), kOdd<D>);
+  return Pick<D>(Min(a, b), Max(a, b));
 }
 
 /// Each lane's neighbour at distance D.

@@ -45,9 +45,10 @@ template <int D>
 ZEPH_WIDE Lanes LowHigh(Lanes a, Lanes b) {
   return _mm512_mask_max_pd(_mm512_min_pd(a, b), kOdd<D>, a, b);
 }
+/// The lanes of `a` whose number has the bit D clear, and the others of `b`.
 template <int D>
-ZEPH_WIDE Lanes HighLow(Lanes a, Lanes b) {
-  return _mm512_mask_min_pd(_mm512_max_pd(a, b), kOdd<D>, a, b);
+ZEPH_WIDE Lanes Pick(Lanes a, Lanes b) {
+  return _mm512_mask_blend_pd(kOdd<D>, a, b);
 }
 
 /// Each lane's neighbour at distance D.

@@ -14,6 +14,7 @@
 #include "support/bits.h"
 #include "support/child.h"
 #include "support/numbers.h"
+#include "support/scale.h"
 #include "support/selection_report.h"
 #include "support/stream.h"
 
@@ -95,6 +96,20 @@ TEST(SelectionSortOfDoubles, AgreesWithTheOracle) {
                            oracle::SelectionSort(b);
                            EXPECT_TRUE(SameBits(a, b));
                          });
+}
+
+TEST(SelectionSortOfDoubles, AgreesWithTheOracleOnLongArrays) {
+  // Long enough for several sizes of the blocks whose least elements are kept.
+  for (const std::size_t n : {1000, 16'384, 17'000}) {
+    if (n > 1000 && !kFullScale) continue;
+    for (const auto& order : Orders()) {
+      if (n > 1000 && order.name != std::string("awkward")) continue;
+      std::vector<double> a = order.make(n, n), b = a;
+      CZEPHSelectionSort::Run(a.data(), static_cast<int>(n));
+      oracle::SelectionSort(b);
+      EXPECT_TRUE(SameBits(a, b)) << order.name << " n=" << n;
+    }
+  }
 }
 
 TEST(SelectionSort, AnnouncesItselfOnlyWhereItIsMade) {

@@ -242,7 +242,7 @@ class ZEPH_API CZEPHPointerStack {
 // second, 0 when they are equal, above 0 when the first sorts after. It should order the elements
 // consistently and leave the collection alone; a function that contradicts itself leaves some order
 // of the same elements, and never leads outside the range. It may throw: the collection then holds
-// the same elements in some order. A null function must not be passed.
+// the same elements in some order. A null function must not be passed (hardened builds check).
 
 /// An array of object pointers that sorts itself. Owns none of the objects.
 ///
@@ -272,7 +272,8 @@ class ZEPH_API CZEPHSortableObArray : public CObArray {
   ///
   /// The range is not checked against the array's size: what it covers of the storage (up to
   /// `m_nMaxSize`) is sorted, elements dropped by a smaller SetSize included. The storage is looked
-  /// up once; if `compare` makes the array move it, sorting stops there.
+  /// up once; if `compare` makes the array move it, sorting stops there. Hardened builds insist on
+  /// a range inside the array.
   void Sort(int first, int count, int (*compare)(CObject*, CObject*));
 };
 

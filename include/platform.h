@@ -3,6 +3,7 @@
 // platform.h -- what the interface needs of its platform, where the framework is absent.
 //
 //   export macros     ZEPH_API, ZEPH_EMIT, ZEPH_ADDED
+//   preconditions     ZEPH_REQUIRE_INSIDE, ZEPH_REQUIRE_POINTER, checked with ZEPH_HARDENED
 //   ZEPH_Long         the 32-bit signed integer behind every `long` overload
 //   ZEPH_TimeOfDay    the millisecond time record that the stopwatch keeps
 //   CObject           the polymorphic base of everything that collections point to
@@ -76,6 +77,26 @@
 #define ZEPH_ADDED __attribute__((visibility("hidden")))
 #else
 #define ZEPH_ADDED
+#endif
+
+// ZEPH_REQUIRE_INSIDE and ZEPH_REQUIRE_POINTER state what an operation trusts. Normal builds do not
+// look; with ZEPH_HARDENED a breach stops the program with one line on standard error, which names
+// the operation, the argument and its bounds: "CZEPHSortableObArray::Sort: count is 7, outside
+// 0..5".
+#ifdef ZEPH_HARDENED
+[[noreturn]] ZEPH_API void ZEPH_StopOutside(const char* operation, const char* argument,
+                                            long long value, long long low, long long high);
+[[noreturn]] ZEPH_API void ZEPH_StopAtNull(const char* operation, const char* argument);
+#define ZEPH_REQUIRE_INSIDE(operation, argument, low, high)                          \
+  ((argument) < (low) || (argument) > (high)                                         \
+       ? ZEPH_StopOutside(operation, #argument, static_cast<long long>(argument),    \
+                          static_cast<long long>(low), static_cast<long long>(high)) \
+       : static_cast<void>(0))
+#define ZEPH_REQUIRE_POINTER(operation, argument) \
+  ((argument) ? static_cast<void>(0) : ZEPH_StopAtNull(operation, #argument))
+#else
+#define ZEPH_REQUIRE_INSIDE(operation, argument, low, high) static_cast<void>(0)
+#define ZEPH_REQUIRE_POINTER(operation, argument) static_cast<void>(0)
 #endif
 
 // ZEPH_PRINTF_FORMAT has the compiler compare the arguments of a formatting member with its format.

@@ -36,11 +36,16 @@ CZEPHSortableObArray::CZEPHSortableObArray() = default;
 CZEPHSortableObArray::~CZEPHSortableObArray() = default;
 
 void CZEPHSortableObArray::Sort(int (*compare)(CObject*, CObject*)) {
+  ZEPH_REQUIRE_POINTER("CZEPHSortableObArray::Sort", compare);
   const auto at = [this](std::int64_t i) { return i < m_nSize ? m_pData + i : nullptr; };
   ShellSort(m_nSize, at, compare);
 }
 
 void CZEPHSortableObArray::Sort(int first, int count, int (*compare)(CObject*, CObject*)) {
+  ZEPH_REQUIRE_POINTER("CZEPHSortableObArray::Sort", compare);
+  if (count < 1) return;
+  ZEPH_REQUIRE_INSIDE("CZEPHSortableObArray::Sort", first, 0, m_nSize);
+  ZEPH_REQUIRE_INSIDE("CZEPHSortableObArray::Sort", count, 1, m_nSize - first);
   const std::int64_t from = std::max(first, 0);
   const std::int64_t to = std::min<std::int64_t>(std::int64_t{first} + count, m_nMaxSize);
   CObject** const storage = m_pData;

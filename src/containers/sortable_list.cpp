@@ -28,12 +28,14 @@ CZEPHSortableObList::CZEPHSortableObList(int blockSize) : CObList(blockSize) {}
 CZEPHSortableObList::~CZEPHSortableObList() = default;
 
 void CZEPHSortableObList::Sort(int (*compare)(CObject*, CObject*)) {
+  ZEPH_REQUIRE_POINTER("CZEPHSortableObList::Sort", compare);
   if (!m_pNodeHead) return;
   for (CNode* node = m_pNodeHead->pNext; node; node = node->pNext)
     InsertBack<CNode>(node, nullptr, compare);
 }
 
 void CZEPHSortableObList::Sort(POSITION start, int count, int (*compare)(CObject*, CObject*)) {
+  ZEPH_REQUIRE_POINTER("CZEPHSortableObList::Sort", compare);
   if (!m_pNodeHead || !start) return;
   auto* node = reinterpret_cast<CNode*>(start);
   const CNode* boundary = node->pPrev;

@@ -43,6 +43,17 @@ TEST(DoubleMatrixArithmetic, TakesTheSameMatrixOnBothSides) {
   EXPECT_TRUE(SameValues(Elements(b), Zip(x, x, kSubtract)));
 }
 
+TEST(DoubleMatrixArithmetic, NegativeCountsThatWereReadMeanNoElements) {
+  CZEPHDoubleMatrix a(2, 2, 1.0), b(2, 2, 1.0);
+  a.m_nColumns = b.m_nColumns = -7;  // as `>>` leaves them
+  a += b;
+  a -= b;
+  a.SetEntry(9.0);
+  a = b;
+  a.m_nColumns = 2;
+  EXPECT_TRUE(SameBits(Elements(a), {{1, 1}, {1, 1}}));
+}
+
 TEST(DoubleMatrixArithmetic, UnaryPlusIsTheMatrixItselfOrACopyOfAConstOne) {
   CZEPHDoubleMatrix a(2, 2, 1.5);
   EXPECT_EQ(&+a, &a);

@@ -231,7 +231,7 @@ TEST(DoubleMatrixAllocMemory, AsksForTheTableFirstAndThenEachRow) {
 
 TEST(DoubleMatrixAllocMemory, RefusesNegativeCountsSilentlyAndKeepsThem) {
   CaptureStdout capture;
-  CZEPHDoubleMatrix m(2, 2, 1.0);
+  CZEPHDoubleMatrix m;
   EXPECT_EQ(m.Create(-1, 2), 0);
   EXPECT_EQ(m.m_nRows, -1);
   EXPECT_EQ(m.m_nColumns, 2);

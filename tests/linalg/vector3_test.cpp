@@ -166,7 +166,7 @@ TEST(Vector3, OperatesOnItself) {
   V v(1, 2, 3);
   v += v;
   ExpectIs(v, 2, 4, 6);
-  v -= v;
+  v -= static_cast<const V&>(v);
   ExpectIs(v, 0, 0, 0);
 }
 

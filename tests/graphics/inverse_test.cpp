@@ -6,14 +6,8 @@ using namespace zeph::test;
 
 constexpr std::size_t kCases = Scaled(300'000);
 
-template <class Body>
-static void ForEachCase(std::uint64_t seed, Body body) {
-  Random random(seed);
-  for (std::size_t k = 0; k < kCases && !::testing::Test::HasFailure(); ++k) body(random);
-}
-
 TEST(MatrixInverse, KeepsTheDocumentedOrderOfEverySum) {
-  ForEachCase(61, [](Random& random) {
+  ForEachCase<kCases>(61, [](Random& random) {
     const CZEPHMatrix4x4 m = AnyMatrix(random);
     const oracle::Matrix want = oracle::InverseTranspose(Array(m));
     EXPECT_TRUE(Same(m.GetInverseTranspose(), want));
@@ -28,7 +22,7 @@ TEST(MatrixInverse, KeepsTheDocumentedOrderOfEverySum) {
 }
 
 TEST(MatrixInverse, OfARigidMotionKeepsTheDocumentedOrder) {
-  ForEachCase(62, [](Random& random) {
+  ForEachCase<kCases>(62, [](Random& random) {
     const CZEPHMatrix4x4 m = AnyMatrix(random);
     const oracle::Matrix want = oracle::AffineInverse(Array(m));
     EXPECT_TRUE(Same(m.GetAffineInverse(), want));
@@ -44,7 +38,7 @@ TEST(MatrixInverse, OfARigidMotionKeepsTheDocumentedOrder) {
 
 TEST(MatrixInverse, TheGeneratedMatricesAreSingularAndNotManyTimes) {
   std::size_t singular = 0;
-  ForEachCase(61, [&singular](Random& random) {
+  ForEachCase<kCases>(61, [&singular](Random& random) {
     singular += oracle::InverseTranspose(Array(AnyMatrix(random))) == oracle::Identity();
   });
   EXPECT_GT(singular, kCases / 100);

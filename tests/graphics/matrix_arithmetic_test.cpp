@@ -6,14 +6,6 @@
 
 using namespace zeph::test;
 
-constexpr std::size_t kCases = Scaled(100'000);
-
-template <class Body>
-static void ForEachCase(std::uint64_t seed, Body body) {
-  Random random(seed);
-  for (std::size_t k = 0; k < kCases && !::testing::Test::HasFailure(); ++k) body(random);
-}
-
 static CZEPHMatrix4x4 Counting() {
   return CZEPHMatrix4x4(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16);
 }

@@ -7,14 +7,8 @@ using namespace zeph::test;
 
 constexpr std::size_t kCases = Scaled(300'000);
 
-template <class Body>
-static void ForEachCase(std::uint64_t seed, Body body) {
-  Random random(seed);
-  for (std::size_t k = 0; k < kCases && !::testing::Test::HasFailure(); ++k) body(random);
-}
-
 TEST(MatrixProduct, TakesTheDocumentedPathInTheDocumentedOrder) {
-  ForEachCase(51, [](Random& random) {
+  ForEachCase<kCases>(51, [](Random& random) {
     const CZEPHMatrix4x4 a = AnyMatrix(random), b = AnyMatrix(random);
     const oracle::Matrix want = oracle::Product(Array(a), Array(b));
     EXPECT_TRUE(Same(a * b, want));
@@ -26,7 +20,7 @@ TEST(MatrixProduct, TakesTheDocumentedPathInTheDocumentedOrder) {
 
 TEST(MatrixProduct, TheGeneratedFactorsMeetAllFourPathsManyTimes) {
   std::size_t met[4] = {};
-  ForEachCase(51, [&met](Random& random) {
+  ForEachCase<kCases>(51, [&met](Random& random) {
     const oracle::Matrix a = Array(AnyMatrix(random)), b = Array(AnyMatrix(random));
     ++met[2 * oracle::IsAffine(a) + oracle::IsAffine(b)];
   });
@@ -34,7 +28,7 @@ TEST(MatrixProduct, TheGeneratedFactorsMeetAllFourPathsManyTimes) {
 }
 
 TEST(MatrixProduct, AMatrixMayMultiplyItself) {
-  ForEachCase(52, [](Random& random) {
+  ForEachCase<kCases>(52, [](Random& random) {
     CZEPHMatrix4x4 m = AnyMatrix(random);
     const oracle::Matrix want = oracle::Product(Array(m), Array(m));
     m *= m;
@@ -96,7 +90,7 @@ TEST(MatrixProduct, ABottomRowIsAffineToTheBitOnly) {
 }
 
 TEST(MatrixProduct, AVectorIsTransformedInTheDocumentedOrder) {
-  ForEachCase(53, [](Random& random) {
+  ForEachCase<kCases>(53, [](Random& random) {
     const CZEPHMatrix4x4 m = AnyMatrix(random);
     const auto v = AnyVector<CZEPHVector4D>(random);
     const CZEPHVector4D got = m * v;
@@ -117,7 +111,7 @@ TEST(MatrixProduct, TranslationMovesPointsAndNotDirections) {
 }
 
 TEST(MatrixProduct, PartsTransformAVectorInTheDocumentedOrder) {
-  ForEachCase(54, [](Random& random) {
+  ForEachCase<kCases>(54, [](Random& random) {
     const CZEPHMatrix4x4 m = AnyMatrix(random);
     const auto v = AnyVector<CZEPHVector3D>(random);
     const CZEPHVector3D t(m.entries + 12);

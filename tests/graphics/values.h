@@ -107,6 +107,13 @@ inline double AnyAngle(Random& random) {
   }
 }
 
+/// Calls `body(random)` for so many cases, or until a check fails.
+template <std::size_t kCases = Scaled(100'000), class Body>
+void ForEachCase(std::uint64_t seed, Body body) {
+  Random random(seed);
+  for (std::size_t k = 0; k < kCases && !::testing::Test::HasFailure(); ++k) body(random);
+}
+
 }  // namespace zeph::test
 
 #endif  // ZEPH_TESTS_GRAPHICS_VALUES_H

@@ -4,14 +4,6 @@
 
 using namespace zeph::test;
 
-constexpr std::size_t kCases = Scaled(100'000);
-
-template <class Body>
-static void ForEachCase(std::uint64_t seed, Body body) {
-  Random random(seed);
-  for (std::size_t k = 0; k < kCases && !::testing::Test::HasFailure(); ++k) body(random);
-}
-
 template <class V>
 static void CheckLengths(Random& random) {
   V v = AnyVector<V>(random);

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <functional>
+
 #include "double_array.h"
 #include "double_array/elements.h"
 
-// A descent counts where it is not the last pair, so the scan ends before that.
+// The documented scan stops at the first descent, and a stop at the last pair still counts as
+// sorted: so the elements before the last one tell.
 int CZEPHDoubleArray::CheckSorted() {
   const std::size_t n = zeph::double_array::Count(*this);
-  sorted = 1;
-  for (std::size_t i = 0; sorted && i + 2 < n; ++i) sorted = !(data[i] > data[i + 1]);
+  sorted = n <= 2 || std::adjacent_find(data, data + n - 1, std::greater<>()) == data + n - 1;
   return sorted;
 }

@@ -10,7 +10,7 @@
 namespace zeph::double_array {
 
 /// Up to this count a walk beats the scan and the set-up of the shortcuts.
-constexpr std::size_t kSmall = 16;
+constexpr std::size_t kSmall = 8;
 
 /// Sorts `v` and gives true if its ascending order is unique to the bit (no NaN, not zeros of both
 /// signs); otherwise leaves it as it is.

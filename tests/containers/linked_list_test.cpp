@@ -127,7 +127,7 @@ TEST(LinkList, SortingLinksEveryNodeWhereInsertionOneByOneDoes) {
         if (!testing::Test::HasFatalFailure()) CompareSorting(values, before);
     });
   for (const Order& order : Orders())
-    for (std::size_t n : {20, 100, 1500}) {
+    for (std::size_t n : std::vector<std::size_t>{20, 100, 1500}) {
       ASSERT_NO_FATAL_FAILURE(CompareSorting(order.make(n, 1), 0)) << order.name;
       ASSERT_NO_FATAL_FAILURE(CompareSorting(order.make(n, 2), n / 2)) << order.name;
     }

@@ -116,7 +116,7 @@ TEST(DoubleArrayRemove, AgreesWithTheOracle) {
         if (!testing::Test::HasFatalFailure()) CompareRemove(v, x);
     });
   zeph::test::Random random(7);
-  for (std::size_t n : {15, 16, 17, 63, 64, 65, 1000})
+  for (std::size_t n : std::vector<std::size_t>{15, 16, 17, 63, 64, 65, 1000})
     for (int round = 0; round < 50; ++round) {
       const Values v = Awkward(n, random.Next());
       ASSERT_NO_FATAL_FAILURE(CompareRemove(v, v[random.Below(n)]));

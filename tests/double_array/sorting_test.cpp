@@ -192,7 +192,7 @@ TEST(DoubleArraySorting, ANaNPartsTheArrayForBubbleAndInsertionAndLeadsTheList) 
 }
 
 TEST(DoubleArraySorting, ZerosOfBothSignsShowWhichSortsKeepTheOrderOfEquals) {
-  for (std::size_t padding : {0, 50}) {
+  for (std::size_t padding : std::vector<std::size_t>{0, 50}) {
     Values v = {0.0, -0.0, 0.0, 0.0, -0.0};
     const Values kept = v;
     const Values reversed(v.rbegin(), v.rend());

@@ -7,7 +7,8 @@
 int main(int argc, char** argv) {
   const char* site = argc > 1 ? argv[1] : "";
   const auto is = [site](const char* name) { return std::strcmp(site, name) == 0; };
-  CZEPHDoubleArray three(3, 1.0), four(4, 1.0), none, failed(-1, 1.0);
+  CZEPHDoubleArray three(3, 1.0), four(4, 1.0), none, negative;
+  negative.size = -1;
   std::cout << "before\n";
   if (is("GetEntry above")) three.GetEntry(4);
   if (is("GetEntry below")) three.GetEntry(-1);
@@ -17,7 +18,7 @@ int main(int argc, char** argv) {
   if (is("CheckBound without storage")) none.CheckBound(0);
   if (is("assignment")) four = three;
   if (is("assignment of an empty array")) three = none;
-  if (is("assignment of a negative size")) three = failed;
+  if (is("assignment of a negative size")) three = negative;
   if (is("+=")) three += four;
   if (is("-=")) three -= four;
   if (is("+")) std::cout << (three + four).size;

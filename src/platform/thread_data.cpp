@@ -28,14 +28,12 @@ auto Alone(Body body) {
 
 /// Takes `data` off the list; null if it is not there (closing the library came first).
 ThreadData* Unlink(const void* data) {
-  return Alone([data]() -> ThreadData* {
-    for (ThreadData** link = &all; *link; link = &(*link)->next)
-      if (*link == data) {
-        ThreadData* const found = *link;
-        *link = found->next;
-        return found;
-      }
-    return nullptr;
+  return Alone([data] {
+    ThreadData** link = &all;
+    while (*link && *link != data) link = &(*link)->next;
+    ThreadData* const found = *link;
+    if (found) *link = found->next;
+    return found;
   });
 }
 

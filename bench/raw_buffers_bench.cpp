@@ -8,6 +8,7 @@
 #include "baselines/raw_buffers.h"
 #include "bench.h"
 #include "raw_buffers.h"
+#include "sheet.h"
 
 #ifdef ZEPH_HAVE_EIGEN
 #include <Eigen/Dense>
@@ -23,31 +24,6 @@ namespace zeph::bench {
 namespace {
 
 namespace baseline = zeph::baseline;
-
-/// A temporary file written from its start each time; its bytes are the result.
-class Sheet {
- public:
-  Sheet() : file_(std::tmpfile()) {}
-  ~Sheet() { std::fclose(file_); }
-  Sheet(const Sheet&) = delete;
-  Sheet& operator=(const Sheet&) = delete;
-  std::FILE* Rewound() {
-    std::rewind(file_);
-    return file_;
-  }
-  /// Length and a checksum of what the last listing wrote.
-  Numbers Content() {
-    std::fflush(file_);
-    const long size = std::ftell(file_);
-    std::rewind(file_);
-    unsigned sum = 0;
-    for (long i = 0; i < size; ++i) sum = sum * 31 + static_cast<unsigned>(std::fgetc(file_));
-    return {static_cast<double>(size), static_cast<double>(sum)};
-  }
-
- private:
-  std::FILE* file_;
-};
 
 /// A row-pointer matrix with its cells.
 struct Matrix {

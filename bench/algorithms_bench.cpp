@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+//
+// The algorithm kit: orderings against a formatted write per item, searches and selection sort
+// against textbook loops and std.
+#include "algorithms.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <numeric>
+#include <vector>
+
+#include "baselines/algorithms.h"
+#include "bench.h"
+#include "sheet.h"
+
+namespace zeph::bench {
+namespace {
+
+namespace baseline = zeph::baseline;
+
+/// A stream that swallows everything.
+class Void {
+ public:
+  Void() : file_(std::fopen("/dev/null", "w")) {}
+  ~Void() {
+    if (file_) std::fclose(file_);
+  }
+  Void(const Void&) = delete;
+  Void& operator=(const Void&) = delete;
+  std::FILE* file() { return file_; }
+
+ private:
+  std::FILE* file_;
+};
+
+template <class T>
+std::vector<T> Items(std::size_t n, T first) {
+  std::vector<T> items(n);
+  std::iota(items.begin(), items.end(), first);
+  return items;
+}
+
+// `stream()` gives the stream to write to; both contenders flush it, so that all is written.
+template <class T, class Stream>
+void OrderingsRow(Row& row, T first, Stream stream, double target) {
+  auto& items = row.Keep<std::vector<T>>(Items(row.n(), first));
+  const int n = static_cast<int>(row.n());
+  row.Ours([&items, stream, n] {
+    std::FILE* f = stream();
+    CZEPHPermutation::Run(items.data(), 0, n, f);
+    std::fflush(f);
+  });
+  row.Peer("fprintf per item",
+           [&items, stream, n] {
+             std::FILE* f = stream();
+             baseline::ListOrderings(f, items.data(), 0, n);
+             std::fflush(f);
+           })
+      .Target(target);
+}
+
+template <class T>
+void ToFile(Row& row, T first) {
+  auto& sheet = row.Keep<Sheet>();
+  row.Result([&] { return sheet.Content(); });
+  OrderingsRow(
+      row, first, [&sheet] { return sheet.Rewound(); }, 12);
+}
+
+template <class T>
+void ToNowhere(Row& row, T first) {
+  auto& nowhere = row.Keep<Void>();
+  if (nowhere.file())
+    OrderingsRow(
+        row, first, [&nowhere] { return nowhere.file(); }, 20);
+}
+
+const bool kOrderings[] = {
+    Add("permutation", "characters to a file", {9}, [](Row& row) { ToFile(row, 'a'); }),
+    Add("permutation", "characters to nowhere", {9}, [](Row& row) { ToNowhere(row, 'a'); }),
+    Add("permutation", "numbers to a file", {9}, [](Row& row) { ToFile(row, 1); }),
+    Add("permutation", "numbers to nowhere", {9}, [](Row& row) { ToNowhere(row, 1); }),
+};
+
+const bool kSearches[] = {
+    Add("integer search", "sequential, at 1", {10, 1000, 100'000},
+        [](Row& row) {
+          auto& a = row.Keep<std::vector<int>>(Items(row.n() + 1, 0));
+          auto& at = row.Keep<int>();
+          const int n = static_cast<int>(row.n());
+          row.Result([&] { return Values(&at, 1); });
+          row.Ours([&, n] { at = CZEPHIntegralSearch::SequentialSearch(a.data(), n, 1); });
+          row.Peer("textbook loop", [&, n] { at = baseline::LastIndexOf(a.data(), n, 1); });
+          row.Peer("std::find", [&] {
+            at = static_cast<int>(a.rend() - std::find(a.rbegin(), a.rend(), 1)) - 1;
+          });
+        }),
+    Add("integer search", "binary", {10, 1000, 100'000},
+        [](Row& row) {
+          auto& a = row.Keep<std::vector<int>>(Items(row.n(), 0));
+          auto& sum = row.Keep<int>();
+          const int n = static_cast<int>(row.n());
+          row.Result([&] { return Values(&sum, 1); });
+          row.Ours([&, n] {
+            sum = 0;
+            for (int key = 0; key < n; key += n / 10)
+              sum += CZEPHIntegralSearch::BinarySearch(a.data(), n, key);
+          });
+          row.Peer("std::lower_bound", [&, n] {
+            sum = 0;
+            for (int key = 0; key < n; key += n / 10)
+              sum += static_cast<int>(std::lower_bound(a.begin(), a.end(), key) - a.begin());
+          });
+        }),
+};
+
+const bool kSorts[] = {
+    Add("selection sort", "random ints", {10, 1000, 10'000},
+        [](Row& row) {
+          const auto draws = RandomDoubles(row.n(), 11, -1e9, 1e9);
+          auto& start = row.Keep<std::vector<int>>(row.n());
+          std::transform(draws.begin(), draws.end(), start.begin(),
+                         [](double x) { return static_cast<int>(x); });
+          auto& a = row.Keep<std::vector<int>>(start);
+          const int n = static_cast<int>(row.n());
+          row.Before([&](std::size_t round) {
+            a = start;
+            std::rotate(a.begin(), a.begin() + static_cast<std::ptrdiff_t>(round % a.size()),
+                        a.end());
+          });
+          row.Result([&] { return Values(a.data(), a.size()); });
+          row.Ours([&, n] { CZEPHSelectionSort::Run(a.data(), n); });
+          row.Peer("textbook loop", [&, n] { baseline::SelectionSort(a.data(), n); });
+        }),
+};
+
+}  // namespace
+}  // namespace zeph::bench

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+//
+// What algorithms.h does, as a user would write it.
+#ifndef ZEPH_BENCH_BASELINES_ALGORITHMS_H
+#define ZEPH_BENCH_BASELINES_ALGORITHMS_H
+
+#include <cstdio>
+
+namespace zeph::baseline {
+
+void ListOrderings(std::FILE* f, char* s, int k, int n);
+void ListOrderings(std::FILE* f, int* s, int k, int n);
+
+int LastIndexOf(int* a, int n, int key);
+void SelectionSort(int* a, int n);
+
+}  // namespace zeph::baseline
+
+#endif  // ZEPH_BENCH_BASELINES_ALGORITHMS_H

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The algorithm kit: orderings against a formatted write per item, searches and selection sort
-// against textbook loops and std.
+// The algorithm kit: orderings against a formatted write per item, binary search against std.
 #include "algorithms.h"
 
 #include <algorithm>
@@ -70,9 +69,10 @@ void ToFile(Row& row, T first) {
 template <class T>
 void ToNowhere(Row& row, T first) {
   auto& nowhere = row.Keep<Void>();
-  if (nowhere.file())
-    OrderingsRow(
-        row, first, [&nowhere] { return nowhere.file(); }, 20);
+  if (!nowhere.file()) return;
+  row.Result([&] { return Numbers{static_cast<double>(std::ferror(nowhere.file()))}; });
+  OrderingsRow(
+      row, first, [&nowhere] { return nowhere.file(); }, 20);
 }
 
 const bool kOrderings[] = {
@@ -83,18 +83,6 @@ const bool kOrderings[] = {
 };
 
 const bool kSearches[] = {
-    Add("integer search", "sequential, at 1", {10, 1000, 100'000},
-        [](Row& row) {
-          auto& a = row.Keep<std::vector<int>>(Items(row.n() + 1, 0));
-          auto& at = row.Keep<int>();
-          const int n = static_cast<int>(row.n());
-          row.Result([&] { return Values(&at, 1); });
-          row.Ours([&, n] { at = CZEPHIntegralSearch::SequentialSearch(a.data(), n, 1); });
-          row.Peer("textbook loop", [&, n] { at = baseline::LastIndexOf(a.data(), n, 1); });
-          row.Peer("std::find", [&] {
-            at = static_cast<int>(a.rend() - std::find(a.rbegin(), a.rend(), 1)) - 1;
-          });
-        }),
     Add("integer search", "binary", {10, 1000, 100'000},
         [](Row& row) {
           auto& a = row.Keep<std::vector<int>>(Items(row.n(), 0));
@@ -111,26 +99,6 @@ const bool kSearches[] = {
             for (int key = 0; key < n; key += n / 10)
               sum += static_cast<int>(std::lower_bound(a.begin(), a.end(), key) - a.begin());
           });
-        }),
-};
-
-const bool kSorts[] = {
-    Add("selection sort", "random ints", {10, 1000, 10'000},
-        [](Row& row) {
-          const auto draws = RandomDoubles(row.n(), 11, -1e9, 1e9);
-          auto& start = row.Keep<std::vector<int>>(row.n());
-          std::transform(draws.begin(), draws.end(), start.begin(),
-                         [](double x) { return static_cast<int>(x); });
-          auto& a = row.Keep<std::vector<int>>(start);
-          const int n = static_cast<int>(row.n());
-          row.Before([&](std::size_t round) {
-            a = start;
-            std::rotate(a.begin(), a.begin() + static_cast<std::ptrdiff_t>(round % a.size()),
-                        a.end());
-          });
-          row.Result([&] { return Values(a.data(), a.size()); });
-          row.Ours([&, n] { CZEPHSelectionSort::Run(a.data(), n); });
-          row.Peer("textbook loop", [&, n] { baseline::SelectionSort(a.data(), n); });
         }),
 };
 

@@ -256,8 +256,9 @@ class ZEPH_API CZEPHIntegralSearch {
 
 // ---- Selection sort -----------------------------------------------------------------------------
 
-/// Ascending selection sort of plain blocks: n passes, each exchanging the first of the least
-/// remaining values into place. Quadratic time whatever the order; allocates nothing.
+/// Ascending sort of plain blocks with the outcome of selection: pass i exchanges the first of the
+/// least values from position i on into position i, also where it stands there already. Ints take
+/// n log n time, doubles, whose exchange changes values, up to n times the square root of n.
 class ZEPH_API CZEPHSelectionSort {
  public:
   /// Writes "@@@( Selection Sorting Algorithm...by CZEPHSelectionSort\n" to `f` unless it is null.

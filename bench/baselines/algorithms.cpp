@@ -36,20 +36,4 @@ void ListOrderings(std::FILE* f, int* s, int k, int n) {
   List(f, s, k, n);
 }
 
-int LastIndexOf(int* a, int n, int key) {
-  a[0] = key;
-  int i = n;
-  while (a[i] != key) --i;
-  return i != 0 ? i : -1;
-}
-
-void SelectionSort(int* a, int n) {
-  for (int i = 0; i < n; ++i) {
-    int least = i;
-    for (int j = i + 1; j < n; ++j)
-      if (a[j] < a[least]) least = j;
-    std::swap(a[i], a[least]);
-  }
-}
-
 }  // namespace zeph::baseline

@@ -11,9 +11,6 @@ namespace zeph::baseline {
 void ListOrderings(std::FILE* f, char* s, int k, int n);
 void ListOrderings(std::FILE* f, int* s, int k, int n);
 
-int LastIndexOf(int* a, int n, int key);
-void SelectionSort(int* a, int n);
-
 }  // namespace zeph::baseline
 
 #endif  // ZEPH_BENCH_BASELINES_ALGORITHMS_H

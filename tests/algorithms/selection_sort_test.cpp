@@ -47,7 +47,7 @@ TEST(SelectionSort, DoesNothingWithoutElements) {
 
 TEST(SelectionSortOfInts, AgreesWithTheOracle) {
   Random random(1);
-  for (const int n : {1, 2, 3, 5, 17, 127, 128, 129, 255, 256, 257, 700})
+  for (const int n : {1, 2, 3, 5, 17, 31, 32, 33, 127, 128, 129, 255, 256, 257, 700})
     for (const int span : {1, 3, 1000, INT_MAX}) {
       std::vector<int> a(static_cast<std::size_t>(n));
       for (int& x : a) x = random.Int(-span, span);
@@ -82,7 +82,7 @@ TEST(SelectionSortOfDoubles, DisplacesWhatNoIntHoldsAsTheMostNegativeInt) {
 
 TEST(SelectionSortOfDoubles, AgreesWithTheOracle) {
   for (const auto& order : Orders())
-    for (const std::size_t n : {1, 2, 3, 4, 7, 30, 200}) {
+    for (const std::size_t n : {1u, 2u, 3u, 4u, 7u, 30u, 200u}) {
       std::vector<double> a = order.make(n, n), b = a;
       EXPECT_EQ(CZEPHSelectionSort::Run(a.data(), static_cast<int>(n)), 1);
       oracle::SelectionSort(b);
@@ -100,7 +100,7 @@ TEST(SelectionSortOfDoubles, AgreesWithTheOracle) {
 
 TEST(SelectionSortOfDoubles, AgreesWithTheOracleOnLongArrays) {
   // Long enough for several sizes of the blocks whose least elements are kept.
-  for (const std::size_t n : {1000, 16'384, 17'000}) {
+  for (const std::size_t n : {1000u, 16'384u, 17'000u}) {
     if (n > 1000 && !kFullScale) continue;
     for (const auto& order : Orders()) {
       if (n > 1000 && order.name != std::string("awkward")) continue;

@@ -222,9 +222,10 @@ ZEPH_WIDE_CALL bool OrderIsUnique(const double* v, std::size_t n) {
   Extremes seen = {_mm512_castpd_si512(one), _mm512_castpd_si512(one), 0};
   std::size_t i = 0;
   for (; i + 2 * kLanes <= n; i += 2 * kLanes) Look(seen, Load(v + i), Load(v + i + kLanes));
-  const int rest = static_cast<int>(n - i);
-  Look(seen, _mm512_mask_loadu_pd(one, FirstLanes(rest), v + i),
-       _mm512_mask_loadu_pd(one, FirstLanes(rest - kLanes), v + i + kLanes));
+  for (; i < n; i += kLanes) {
+    const __mmask8 rest = FirstLanes(static_cast<int>(std::min<std::size_t>(n - i, kLanes)));
+    Look(seen, _mm512_mask_loadu_pd(one, rest, v + i), one);
+  }
   const bool plus = _mm512_reduce_min_epu64(seen.least_unsigned) == 0;
   const bool minus = _mm512_reduce_min_epi64(seen.least_signed) == INT64_MIN;
   return seen.unordered == 0 && !(plus && minus);

@@ -83,7 +83,7 @@ TEST_P(SortKernel, SortsEveryShortArrayOfFewValues) {
 
 TEST_P(SortKernel, SortsAwkwardValuesAtEveryLengthAndAlignment) {
   for (std::size_t n : AwkwardLengths())
-    for (std::size_t skew : {0, 1, 3}) {
+    for (std::size_t skew : {0u, 1u, 3u}) {
       Random random(n * 8 + skew);
       std::vector<double> v(n);
       for (double& x : v) x = OrderedValue(random);
@@ -98,7 +98,7 @@ TEST_P(SortKernel, SortsAwkwardValuesAtEveryLengthAndAlignment) {
 TEST_P(SortKernel, SortsIntsAtEveryLengthAndAlignment) {
   constexpr int kLeast = std::numeric_limits<int>::min(), kMost = std::numeric_limits<int>::max();
   for (std::size_t n : AwkwardLengths())
-    for (std::size_t skew : {0, 1, 3}) {
+    for (std::size_t skew : {0u, 1u, 3u}) {
       Random random(n * 8 + skew);
       std::vector<int> v(n);
       for (int& x : v) x = random.Int(kLeast, kMost);

@@ -120,16 +120,15 @@ class Runner {
   void Register(Contender& contender) {
     const std::size_t times = CallsPerReading(contender);
     const double share = plan_.seconds / static_cast<double>(row_.contenders.size());
-    benchmark::RegisterBenchmark((row_.Label() + "/" + contender.who).c_str(),
-                                 [this, &contender, times](benchmark::State& state) {
-                                   std::size_t round = 0;
-                                   for ([[maybe_unused]] auto iteration : state) {
-                                     const double seconds = Time(contender, round++, times);
-                                     state.SetIterationTime(seconds * static_cast<double>(times));
-                                     if (contender.best == 0 || seconds < contender.best)
-                                       contender.best = seconds;
-                                   }
-                                 })
+    benchmark::RegisterBenchmark(
+        (row_.Label() + "/" + contender.who).c_str(),
+        [this, &contender, times, round = std::size_t{0}](benchmark::State& state) mutable {
+          for ([[maybe_unused]] auto iteration : state) {
+            const double seconds = Time(contender, round++, times);
+            state.SetIterationTime(seconds * static_cast<double>(times));
+            if (contender.best == 0 || seconds < contender.best) contender.best = seconds;
+          }
+        })
         ->UseManualTime()
         ->Repetitions(plan_.rounds)
         ->MinTime(share / plan_.rounds);

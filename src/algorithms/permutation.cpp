@@ -63,6 +63,7 @@ class Lister {
       : m_items(items), m_count(count), m_last(platform::WrapSub(count, 1)), m_text(sink) {}
 
   void Run(int k) {
+    if (k != m_last && k >= m_count) return;  // no line, so no item is read either
     // A line starts at position 0, wherever the permuted part does; below 0 nothing is drafted.
     char* at = k >= 0 && m_count <= kLongestDraft ? m_draft : nullptr;
     for (int i = 0; at && i < k && i < m_count; ++i) at = Line::Put(at, m_items[i]);

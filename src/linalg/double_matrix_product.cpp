@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
 // Products of the double matrix with matrices and arrays.
+#include <algorithm>
+#include <cstddef>
 #include <iostream>
 
+#include "kernels/row_sums.h"
 #include "linalg.h"
 #include "linalg/row_table.h"
 #include "platform/exactness.h"
@@ -29,8 +32,9 @@ CZEPHDoubleArray CZEPHDoubleMatrix::operator*(const CZEPHDoubleArray& v) const {
   if (m_nColumns != v.size) ErrorMessage("matrix and vector sizes do not match", std::cout);
   CZEPHDoubleArray result(m_nRows, 0.0);
   if (result.data && v.data)
-    zeph::linalg::SumRows(result.data, m_ppData, zeph::linalg::StoredRows(m_ppData, m_nRows),
-                          m_nColumns,
-                          [x = v.data](const double* row, int j) { return row[j] * x[j]; });
+    zeph::kernels::ActiveRowSums().dot(
+        result.data, m_ppData, v.data,
+        static_cast<std::size_t>(zeph::linalg::StoredRows(m_ppData, m_nRows)),
+        static_cast<std::size_t>(std::max(m_nColumns, 0)));
   return result;
 }

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
 // Columns and row sums as vectors, random fill.
+#include <algorithm>
+#include <cstddef>
+
+#include "kernels/row_sums.h"
 #include "linalg.h"
 #include "linalg/row_table.h"
 #include "platform/exactness.h"
@@ -8,10 +12,6 @@
 using zeph::linalg::StoredRows;
 
 namespace {
-
-double Element(const double* row, int j) {
-  return row[j];
-}
 
 /// A vector of one element per row for what `fill` writes; 0.0 for rows that are not there.
 template <class Fill>
@@ -46,6 +46,7 @@ CZEPHVector ZEPH_SumVector(CZEPHMatrix& m) {
 
 void ZEPH_SumVector(CZEPHMatrix& m, CZEPHVector& out) {
   if (!out.m_pData) return;
-  zeph::linalg::SumRows(out.m_pData, m.m_ppData, StoredRows(m.m_ppData, m.m_nRows), m.m_nColumns,
-                        Element);
+  zeph::kernels::ActiveRowSums().sum(out.m_pData, m.m_ppData,
+                                     static_cast<std::size_t>(StoredRows(m.m_ppData, m.m_nRows)),
+                                     static_cast<std::size_t>(std::max(m.m_nColumns, 0)));
 }

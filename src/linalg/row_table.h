@@ -41,29 +41,6 @@ void CopyOrZero(double* const* to, const double* const* from, int rows, int cols
 int Combine(double* const* out, const double* const* a, const double* const* b, int rows, int cols,
             kernels::Elementwise::Binary op);
 
-/// sums[i] = 0.0 + term(row i, 0) + term(row i, 1) + ... in that order, for `rows` stored rows.
-///
-/// One ordered sum waits for each of its additions; the rows do not depend on each other, so eight
-/// of them run side by side. Each keeps its own order, hence its bits.
-template <class Term>
-void SumRows(double* sums, const double* const* table, int rows, int cols, Term term) {
-  constexpr int kAbreast = 8;
-  int i = 0;
-  for (; i + kAbreast <= rows; i += kAbreast) {
-    const double* row[kAbreast];
-    double sum[kAbreast] = {};
-    std::copy_n(table + i, kAbreast, row);
-    for (int j = 0; j < cols; ++j)
-      for (int r = 0; r < kAbreast; ++r) sum[r] += term(row[r], j);
-    std::copy_n(sum, kAbreast, sums + i);
-  }
-  for (; i < rows; ++i) {
-    double sum = 0.0;
-    for (int j = 0; j < cols; ++j) sum += term(table[i], j);
-    sums[i] = sum;
-  }
-}
-
 /// The matrix product, by the dense kernel; operands that lack rows count as without elements, so
 /// that every entry of `out` is 0.0. `out` has all its rows and shares none with the operands.
 void Multiply(double* const* out, const double* const* a, const double* const* b, int rows,

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Four doubles at a time.
+// Four doubles or ints at a time.
 #include "kernels/sort_forms.h"
 
 #if ZEPH_X64
@@ -17,14 +17,19 @@
 namespace zeph::kernels::avx2 {
 namespace {
 
-using Lanes = __m256d;
 constexpr int kLanes = 4;
 
-ZEPH_WIDE Lanes Min(Lanes a, Lanes b) {
+ZEPH_WIDE __m256d Min(__m256d a, __m256d b) {
   return _mm256_min_pd(a, b);
 }
-ZEPH_WIDE Lanes Max(Lanes a, Lanes b) {
+ZEPH_WIDE __m128i Min(__m128i a, __m128i b) {
+  return _mm_min_epi32(a, b);
+}
+ZEPH_WIDE __m256d Max(__m256d a, __m256d b) {
   return _mm256_max_pd(a, b);
+}
+ZEPH_WIDE __m128i Max(__m128i a, __m128i b) {
+  return _mm_max_epi32(a, b);
 }
 
 /// Lanes whose number has the bit D set.
@@ -33,97 +38,104 @@ constexpr int kOdd = D == 1 ? 0xA : 0xC;
 
 /// The lanes of `a` whose number has the bit D clear, and the others of `b`.
 template <int D>
-ZEPH_WIDE Lanes Pick(Lanes a, Lanes b) {
+ZEPH_WIDE __m256d Pick(__m256d a, __m256d b) {
   return _mm256_blend_pd(a, b, kOdd<D>);
 }
-/// The lesser in lanes whose number has the bit D clear, the greater in the others.
 template <int D>
-ZEPH_WIDE Lanes LowHigh(Lanes a, Lanes b) {
+ZEPH_WIDE __m128i Pick(__m128i a, __m128i b) {
+  return _mm_blend_epi32(a, b, kOdd<D>);
+}
+/// The lesser in lanes whose number has the bit D clear, the greater in the others.
+template <int D, class V>
+ZEPH_WIDE V LowHigh(V a, V b) {
   return Pick<D>(Min(a, b), Max(a, b));
 }
 
 /// Each lane's neighbour at distance D.
 template <int D>
-ZEPH_WIDE Lanes Flip(Lanes x) {
+ZEPH_WIDE __m256d Flip(__m256d x) {
   static_assert(D == 1);
   return _mm256_permute_pd(x, 0x5);
 }
+template <int D>
+ZEPH_WIDE __m128i Flip(__m128i x) {
+  static_assert(D == 1);
+  return _mm_shuffle_epi32(x, 0xB1);
+}
 /// The lanes of each group of G in reverse.
 template <int G>
-ZEPH_WIDE Lanes Reverse(Lanes x) {
+ZEPH_WIDE __m256d Reverse(__m256d x) {
   if constexpr (G == 2)
     return _mm256_permute_pd(x, 0x5);
   else
     return _mm256_permute4x64_pd(x, 0x1B);
 }
+template <int G>
+ZEPH_WIDE __m128i Reverse(__m128i x) {
+  return _mm_shuffle_epi32(x, G == 2 ? 0xB1 : 0x1B);
+}
 
-ZEPH_WIDE void Transpose(Lanes* r) {
-  const Lanes even01 = _mm256_unpacklo_pd(r[0], r[1]), odd01 = _mm256_unpackhi_pd(r[0], r[1]);
-  const Lanes even23 = _mm256_unpacklo_pd(r[2], r[3]), odd23 = _mm256_unpackhi_pd(r[2], r[3]);
+/// Lanes of `a` and `b` by turns, of the lower half or of the upper.
+template <int Unit, bool kUpper>
+ZEPH_WIDE __m256d Interleave(__m256d a, __m256d b) {
+  static_assert(Unit == 1);
+  return _mm256_permute2f128_pd(_mm256_unpacklo_pd(a, b), _mm256_unpackhi_pd(a, b),
+                                kUpper ? 0x31 : 0x20);
+}
+template <int Unit, bool kUpper>
+ZEPH_WIDE __m128i Interleave(__m128i a, __m128i b) {
+  static_assert(Unit == 1);
+  return kUpper ? _mm_unpackhi_epi32(a, b) : _mm_unpacklo_epi32(a, b);
+}
+
+ZEPH_WIDE void Transpose(__m256d* r) {
+  const __m256d even01 = _mm256_unpacklo_pd(r[0], r[1]), odd01 = _mm256_unpackhi_pd(r[0], r[1]);
+  const __m256d even23 = _mm256_unpacklo_pd(r[2], r[3]), odd23 = _mm256_unpackhi_pd(r[2], r[3]);
   r[0] = _mm256_permute2f128_pd(even01, even23, 0x20);
   r[1] = _mm256_permute2f128_pd(odd01, odd23, 0x20);
   r[2] = _mm256_permute2f128_pd(even01, even23, 0x31);
   r[3] = _mm256_permute2f128_pd(odd01, odd23, 0x31);
 }
-
-/// The columns of one or two rows, one after another.
-template <int R>
-ZEPH_WIDE void UnfoldFewRows([[maybe_unused]] Lanes* r) {
-  if constexpr (R == 2) {
-    const Lanes even = _mm256_unpacklo_pd(r[0], r[1]), odd = _mm256_unpackhi_pd(r[0], r[1]);
-    r[0] = _mm256_permute2f128_pd(even, odd, 0x20);
-    r[1] = _mm256_permute2f128_pd(even, odd, 0x31);
-  }
+ZEPH_WIDE void Transpose(__m128i* r) {
+  const __m128i low01 = _mm_unpacklo_epi32(r[0], r[1]), high01 = _mm_unpackhi_epi32(r[0], r[1]);
+  const __m128i low23 = _mm_unpacklo_epi32(r[2], r[3]), high23 = _mm_unpackhi_epi32(r[2], r[3]);
+  r[0] = _mm_unpacklo_epi64(low01, low23);
+  r[1] = _mm_unpackhi_epi64(low01, low23);
+  r[2] = _mm_unpacklo_epi64(high01, high23);
+  r[3] = _mm_unpackhi_epi64(high01, high23);
 }
 
-/// All bits of the first `count` lanes; of all for 4 and more, of none below 1.
-ZEPH_WIDE __m256i FirstLanes(int count) {
-  return _mm256_cmpgt_epi64(_mm256_set1_epi64x(count), _mm256_setr_epi64x(0, 1, 2, 3));
-}
-ZEPH_WIDE Lanes Load(const double* v) {
+ZEPH_WIDE __m256d Load(const double* v) {
   return _mm256_loadu_pd(v);
 }
-ZEPH_WIDE Lanes Load(const int* v) {
-  return _mm256_cvtepi32_pd(_mm_loadu_si128(reinterpret_cast<const __m128i*>(v)));
+ZEPH_WIDE __m128i Load(const int* v) {
+  return _mm_loadu_si128(reinterpret_cast<const __m128i*>(v));
 }
-/// Beyond `count` infinities, which sort to the end.
-ZEPH_WIDE Lanes LoadFirst(const double* v, int count) {
-  const Lanes end = _mm256_set1_pd(std::numeric_limits<double>::infinity());
-  const __m256i first = FirstLanes(count);
+/// Beyond the first `count` lanes what sorts to the end; `count` may be anything.
+ZEPH_WIDE __m256d LoadFirst(const double* v, int count) {
+  const __m256d end = _mm256_set1_pd(std::numeric_limits<double>::infinity());
+  const __m256i first =
+      _mm256_cmpgt_epi64(_mm256_set1_epi64x(count), _mm256_setr_epi64x(0, 1, 2, 3));
   return _mm256_blendv_pd(end, _mm256_maskload_pd(v, first), _mm256_castsi256_pd(first));
 }
-ZEPH_WIDE Lanes LoadFirst(const int* v, int count) {
-  const Lanes end = _mm256_set1_pd(std::numeric_limits<double>::infinity());
+ZEPH_WIDE __m128i LoadFirst(const int* v, int count) {
+  const __m128i end = _mm_set1_epi32(std::numeric_limits<int>::max());
   const __m128i first = _mm_cmpgt_epi32(_mm_set1_epi32(count), _mm_setr_epi32(0, 1, 2, 3));
-  return _mm256_blendv_pd(end, _mm256_cvtepi32_pd(_mm_maskload_epi32(v, first)),
-                          _mm256_castsi256_pd(_mm256_cvtepi32_epi64(first)));
+  return _mm_blendv_epi8(end, _mm_maskload_epi32(v, first), first);
 }
-ZEPH_WIDE void Store(double* v, Lanes x) {
+ZEPH_WIDE void Store(double* v, __m256d x) {
   _mm256_storeu_pd(v, x);
 }
-ZEPH_WIDE void Store(int* v, Lanes x) {
-  _mm_storeu_si128(reinterpret_cast<__m128i*>(v), _mm256_cvtpd_epi32(x));
+ZEPH_WIDE void Store(int* v, __m128i x) {
+  _mm_storeu_si128(reinterpret_cast<__m128i*>(v), x);
 }
 /// A branch and single stores: storing under a mask is microcode on some processors.
-template <class T>
-ZEPH_WIDE void StoreFirst(T* v, Lanes x, int count) {
+template <class T, class V>
+ZEPH_WIDE void StoreFirst(T* v, V x, int count) {
   if (count >= kLanes) return Store(v, x);
   T all[kLanes];
   Store(all, x);
   for (int i = 0; i < count; ++i) v[i] = all[i];
-}
-
-ZEPH_WIDE __m256d LoadRaw(const double* v) {
-  return _mm256_loadu_pd(v);
-}
-ZEPH_WIDE __m128i LoadRaw(const int* v) {
-  return _mm_loadu_si128(reinterpret_cast<const __m128i*>(v));
-}
-ZEPH_WIDE void StoreRaw(double* v, __m256d x) {
-  _mm256_storeu_pd(v, x);
-}
-ZEPH_WIDE void StoreRaw(int* v, __m128i x) {
-  _mm_storeu_si128(reinterpret_cast<__m128i*>(v), x);
 }
 ZEPH_WIDE __m256d Broadcast(double x) {
   return _mm256_set1_pd(x);

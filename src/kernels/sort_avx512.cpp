@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Eight doubles at a time. Lanes are compacted in a register and stored whole: storing selected
-// lanes directly is microcode on some processors.
+// Eight doubles or ints at a time. Lanes are compacted in a register and stored whole: storing
+// selected lanes directly is microcode on some processors.
 #include "kernels/sort_forms.h"
 
 #if ZEPH_X64
@@ -24,14 +24,19 @@
 namespace zeph::kernels::avx512 {
 namespace {
 
-using Lanes = __m512d;
 constexpr int kLanes = 8;
 
-ZEPH_WIDE Lanes Min(Lanes a, Lanes b) {
+ZEPH_WIDE __m512d Min(__m512d a, __m512d b) {
   return _mm512_min_pd(a, b);
 }
-ZEPH_WIDE Lanes Max(Lanes a, Lanes b) {
+ZEPH_WIDE __m256i Min(__m256i a, __m256i b) {
+  return _mm256_min_epi32(a, b);
+}
+ZEPH_WIDE __m512d Max(__m512d a, __m512d b) {
   return _mm512_max_pd(a, b);
+}
+ZEPH_WIDE __m256i Max(__m256i a, __m256i b) {
+  return _mm256_max_epi32(a, b);
 }
 
 /// Lanes whose number has the bit D set.
@@ -42,26 +47,38 @@ constexpr __mmask8 kOdd = D == 1   ? 0xAA
 
 /// The lesser in lanes whose number has the bit D clear, the greater in the others.
 template <int D>
-ZEPH_WIDE Lanes LowHigh(Lanes a, Lanes b) {
+ZEPH_WIDE __m512d LowHigh(__m512d a, __m512d b) {
   return _mm512_mask_max_pd(_mm512_min_pd(a, b), kOdd<D>, a, b);
+}
+template <int D>
+ZEPH_WIDE __m256i LowHigh(__m256i a, __m256i b) {
+  return _mm256_mask_max_epi32(_mm256_min_epi32(a, b), kOdd<D>, a, b);
 }
 /// The lanes of `a` whose number has the bit D clear, and the others of `b`.
 template <int D>
-ZEPH_WIDE Lanes Pick(Lanes a, Lanes b) {
+ZEPH_WIDE __m512d Pick(__m512d a, __m512d b) {
   return _mm512_mask_blend_pd(kOdd<D>, a, b);
+}
+template <int D>
+ZEPH_WIDE __m256i Pick(__m256i a, __m256i b) {
+  return _mm256_mask_blend_epi32(kOdd<D>, a, b);
 }
 
 /// Each lane's neighbour at distance D.
 template <int D>
-ZEPH_WIDE Lanes Flip(Lanes x) {
+ZEPH_WIDE __m512d Flip(__m512d x) {
   if constexpr (D == 1)
     return _mm512_permute_pd(x, 0x55);
   else
     return _mm512_permutex_pd(x, 0x4E);
 }
+template <int D>
+ZEPH_WIDE __m256i Flip(__m256i x) {
+  return _mm256_shuffle_epi32(x, D == 1 ? 0xB1 : 0x4E);
+}
 /// The lanes of each group of G in reverse.
 template <int G>
-ZEPH_WIDE Lanes Reverse(Lanes x) {
+ZEPH_WIDE __m512d Reverse(__m512d x) {
   if constexpr (G == 2)
     return _mm512_permute_pd(x, 0x55);
   else if constexpr (G == 4)
@@ -69,20 +86,46 @@ ZEPH_WIDE Lanes Reverse(Lanes x) {
   else
     return _mm512_permutexvar_pd(_mm512_setr_epi64(7, 6, 5, 4, 3, 2, 1, 0), x);
 }
+template <int G>
+ZEPH_WIDE __m256i Reverse(__m256i x) {
+  if constexpr (G < 8)
+    return _mm256_shuffle_epi32(x, G == 2 ? 0xB1 : 0x1B);
+  else
+    return _mm256_permutevar8x32_epi32(x, _mm256_setr_epi32(7, 6, 5, 4, 3, 2, 1, 0));
+}
 
-ZEPH_WIDE void Transpose(Lanes* r) {
-  const Lanes even01 = _mm512_unpacklo_pd(r[0], r[1]), odd01 = _mm512_unpackhi_pd(r[0], r[1]);
-  const Lanes even23 = _mm512_unpacklo_pd(r[2], r[3]), odd23 = _mm512_unpackhi_pd(r[2], r[3]);
-  const Lanes even45 = _mm512_unpacklo_pd(r[4], r[5]), odd45 = _mm512_unpackhi_pd(r[4], r[5]);
-  const Lanes even67 = _mm512_unpacklo_pd(r[6], r[7]), odd67 = _mm512_unpackhi_pd(r[6], r[7]);
-  const Lanes a04 = _mm512_shuffle_f64x2(even01, even23, 0x88);
-  const Lanes a26 = _mm512_shuffle_f64x2(even01, even23, 0xDD);
-  const Lanes a15 = _mm512_shuffle_f64x2(odd01, odd23, 0x88);
-  const Lanes a37 = _mm512_shuffle_f64x2(odd01, odd23, 0xDD);
-  const Lanes b04 = _mm512_shuffle_f64x2(even45, even67, 0x88);
-  const Lanes b26 = _mm512_shuffle_f64x2(even45, even67, 0xDD);
-  const Lanes b15 = _mm512_shuffle_f64x2(odd45, odd67, 0x88);
-  const Lanes b37 = _mm512_shuffle_f64x2(odd45, odd67, 0xDD);
+/// Where lane k of Interleave comes from: 0 to 7 from `a`, 8 to 15 from `b`.
+template <int Unit, bool kUpper>
+constexpr int Origin(int k) {
+  return k / Unit % 2 * 8 + k / (2 * Unit) * Unit + k % Unit + (kUpper ? 4 : 0);
+}
+/// Units of `a` and `b` by turns, of the lower half of their lanes or of the upper.
+template <int Unit, bool kUpper>
+ZEPH_WIDE __m512d Interleave(__m512d a, __m512d b) {
+  constexpr auto at = Origin<Unit, kUpper>;
+  return _mm512_permutex2var_pd(
+      a, _mm512_setr_epi64(at(0), at(1), at(2), at(3), at(4), at(5), at(6), at(7)), b);
+}
+template <int Unit, bool kUpper>
+ZEPH_WIDE __m256i Interleave(__m256i a, __m256i b) {
+  constexpr auto at = Origin<Unit, kUpper>;
+  return _mm256_permutex2var_epi32(
+      a, _mm256_setr_epi32(at(0), at(1), at(2), at(3), at(4), at(5), at(6), at(7)), b);
+}
+
+ZEPH_WIDE void Transpose(__m512d* r) {
+  const __m512d even01 = _mm512_unpacklo_pd(r[0], r[1]), odd01 = _mm512_unpackhi_pd(r[0], r[1]);
+  const __m512d even23 = _mm512_unpacklo_pd(r[2], r[3]), odd23 = _mm512_unpackhi_pd(r[2], r[3]);
+  const __m512d even45 = _mm512_unpacklo_pd(r[4], r[5]), odd45 = _mm512_unpackhi_pd(r[4], r[5]);
+  const __m512d even67 = _mm512_unpacklo_pd(r[6], r[7]), odd67 = _mm512_unpackhi_pd(r[6], r[7]);
+  const __m512d a04 = _mm512_shuffle_f64x2(even01, even23, 0x88);
+  const __m512d a26 = _mm512_shuffle_f64x2(even01, even23, 0xDD);
+  const __m512d a15 = _mm512_shuffle_f64x2(odd01, odd23, 0x88);
+  const __m512d a37 = _mm512_shuffle_f64x2(odd01, odd23, 0xDD);
+  const __m512d b04 = _mm512_shuffle_f64x2(even45, even67, 0x88);
+  const __m512d b26 = _mm512_shuffle_f64x2(even45, even67, 0xDD);
+  const __m512d b15 = _mm512_shuffle_f64x2(odd45, odd67, 0x88);
+  const __m512d b37 = _mm512_shuffle_f64x2(odd45, odd67, 0xDD);
   r[0] = _mm512_shuffle_f64x2(a04, b04, 0x88);
   r[1] = _mm512_shuffle_f64x2(a15, b15, 0x88);
   r[2] = _mm512_shuffle_f64x2(a26, b26, 0x88);
@@ -92,74 +135,61 @@ ZEPH_WIDE void Transpose(Lanes* r) {
   r[6] = _mm512_shuffle_f64x2(a26, b26, 0xDD);
   r[7] = _mm512_shuffle_f64x2(a37, b37, 0xDD);
 }
-
-/// The columns of one, two or four rows, one after another.
-template <int R>
-ZEPH_WIDE void UnfoldFewRows(Lanes* r) {
-  const __m512i ones_low = _mm512_setr_epi64(0, 8, 1, 9, 2, 10, 3, 11);
-  const __m512i ones_high = _mm512_setr_epi64(4, 12, 5, 13, 6, 14, 7, 15);
-  if constexpr (R == 2) {
-    const Lanes a = r[0], b = r[1];
-    r[0] = _mm512_permutex2var_pd(a, ones_low, b);
-    r[1] = _mm512_permutex2var_pd(a, ones_high, b);
-  } else if constexpr (R == 4) {
-    const __m512i twos_low = _mm512_setr_epi64(0, 1, 8, 9, 2, 3, 10, 11);
-    const __m512i twos_high = _mm512_setr_epi64(4, 5, 12, 13, 6, 7, 14, 15);
-    const Lanes a = _mm512_permutex2var_pd(r[0], ones_low, r[1]);
-    const Lanes b = _mm512_permutex2var_pd(r[2], ones_low, r[3]);
-    const Lanes c = _mm512_permutex2var_pd(r[0], ones_high, r[1]);
-    const Lanes d = _mm512_permutex2var_pd(r[2], ones_high, r[3]);
-    r[0] = _mm512_permutex2var_pd(a, twos_low, b);
-    r[1] = _mm512_permutex2var_pd(a, twos_high, b);
-    r[2] = _mm512_permutex2var_pd(c, twos_low, d);
-    r[3] = _mm512_permutex2var_pd(c, twos_high, d);
-  }
+/// Columns k and k + 4 of four rows, for k = 0..3.
+ZEPH_WIDE void TransposeFour(const __m256i* r, __m256i* columns) {
+  const __m256i low01 = _mm256_unpacklo_epi32(r[0], r[1]);
+  const __m256i high01 = _mm256_unpackhi_epi32(r[0], r[1]);
+  const __m256i low23 = _mm256_unpacklo_epi32(r[2], r[3]);
+  const __m256i high23 = _mm256_unpackhi_epi32(r[2], r[3]);
+  columns[0] = _mm256_unpacklo_epi64(low01, low23);
+  columns[1] = _mm256_unpackhi_epi64(low01, low23);
+  columns[2] = _mm256_unpacklo_epi64(high01, high23);
+  columns[3] = _mm256_unpackhi_epi64(high01, high23);
+}
+ZEPH_WIDE void Transpose(__m256i* r) {
+  __m256i upper[4], lower[4];
+  TransposeFour(r, upper);
+  TransposeFour(r + 4, lower);
+  r[0] = _mm256_permute2x128_si256(upper[0], lower[0], 0x20);
+  r[1] = _mm256_permute2x128_si256(upper[1], lower[1], 0x20);
+  r[2] = _mm256_permute2x128_si256(upper[2], lower[2], 0x20);
+  r[3] = _mm256_permute2x128_si256(upper[3], lower[3], 0x20);
+  r[4] = _mm256_permute2x128_si256(upper[0], lower[0], 0x31);
+  r[5] = _mm256_permute2x128_si256(upper[1], lower[1], 0x31);
+  r[6] = _mm256_permute2x128_si256(upper[2], lower[2], 0x31);
+  r[7] = _mm256_permute2x128_si256(upper[3], lower[3], 0x31);
 }
 
 /// The first `count` lanes; all for 8 and more, none below 1.
 ZEPH_WIDE __mmask8 FirstLanes(int count) {
   return static_cast<__mmask8>(count >= kLanes ? 0xFF : count < 0 ? 0 : (1 << count) - 1);
 }
-ZEPH_WIDE Lanes Load(const double* v) {
+ZEPH_WIDE __m512d Load(const double* v) {
   return _mm512_loadu_pd(v);
 }
-ZEPH_WIDE Lanes Load(const int* v) {
-  return _mm512_cvtepi32_pd(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(v)));
-}
-/// Beyond `count` infinities, which sort to the end.
-ZEPH_WIDE Lanes LoadFirst(const double* v, int count) {
-  const Lanes end = _mm512_set1_pd(std::numeric_limits<double>::infinity());
-  return _mm512_mask_loadu_pd(end, FirstLanes(count), v);
-}
-ZEPH_WIDE Lanes LoadFirst(const int* v, int count) {
-  const Lanes end = _mm512_set1_pd(std::numeric_limits<double>::infinity());
-  return _mm512_mask_cvtepi32_pd(end, FirstLanes(count),
-                                 _mm256_maskz_loadu_epi32(FirstLanes(count), v));
-}
-ZEPH_WIDE void Store(double* v, Lanes x) {
-  _mm512_storeu_pd(v, x);
-}
-ZEPH_WIDE void Store(int* v, Lanes x) {
-  _mm256_storeu_si256(reinterpret_cast<__m256i*>(v), _mm512_cvtpd_epi32(x));
-}
-ZEPH_WIDE void StoreFirst(double* v, Lanes x, int count) {
-  _mm512_mask_storeu_pd(v, FirstLanes(count), x);
-}
-ZEPH_WIDE void StoreFirst(int* v, Lanes x, int count) {
-  _mm256_mask_storeu_epi32(v, FirstLanes(count), _mm512_cvtpd_epi32(x));
-}
-
-ZEPH_WIDE __m512d LoadRaw(const double* v) {
-  return _mm512_loadu_pd(v);
-}
-ZEPH_WIDE __m256i LoadRaw(const int* v) {
+ZEPH_WIDE __m256i Load(const int* v) {
   return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(v));
 }
-ZEPH_WIDE void StoreRaw(double* v, __m512d x) {
+/// Beyond `count` what sorts to the end.
+ZEPH_WIDE __m512d LoadFirst(const double* v, int count) {
+  const __m512d end = _mm512_set1_pd(std::numeric_limits<double>::infinity());
+  return _mm512_mask_loadu_pd(end, FirstLanes(count), v);
+}
+ZEPH_WIDE __m256i LoadFirst(const int* v, int count) {
+  const __m256i end = _mm256_set1_epi32(std::numeric_limits<int>::max());
+  return _mm256_mask_loadu_epi32(end, FirstLanes(count), v);
+}
+ZEPH_WIDE void Store(double* v, __m512d x) {
   _mm512_storeu_pd(v, x);
 }
-ZEPH_WIDE void StoreRaw(int* v, __m256i x) {
+ZEPH_WIDE void Store(int* v, __m256i x) {
   _mm256_storeu_si256(reinterpret_cast<__m256i*>(v), x);
+}
+ZEPH_WIDE void StoreFirst(double* v, __m512d x, int count) {
+  _mm512_mask_storeu_pd(v, FirstLanes(count), x);
+}
+ZEPH_WIDE void StoreFirst(int* v, __m256i x, int count) {
+  _mm256_mask_storeu_epi32(v, FirstLanes(count), x);
 }
 ZEPH_WIDE __m512d Broadcast(double x) {
   return _mm512_set1_pd(x);

@@ -16,18 +16,19 @@ namespace zeph::algorithms {
 class LeastFinder {
  public:
   LeastFinder(const double* a, std::size_t n)
-      : a_(a), n_(n), block_(std::max<std::size_t>(64, (n + kBlocks - 1) / kBlocks)) {
+      : a_(a), n_(n), block_(std::max<std::size_t>(128, (n + kBlocks - 1) / kBlocks)) {
     for (std::size_t begin = 0; begin < n; begin += block_) Changed(begin);
   }
 
   /// The index of the first of the least elements from `i` on, NaNs passed over; `i` itself where
   /// a[i] is a NaN. This is where a scan ends that moves on to what is strictly less.
-  std::size_t From(std::size_t i) const {
-    const std::size_t own = i / block_, end = End(own);
+  std::size_t From(std::size_t i) {
+    own_ = i / block_;
+    const std::size_t end = End(own_);
     const std::size_t here = i + kernels::FirstLeast(a_ + i, end - i);
     if (end == n_ || a_[here] != a_[here]) return here;
     const std::size_t blocks = (n_ + block_ - 1) / block_;
-    const std::size_t best = own + 1 + kernels::FirstLeast(least_ + own + 1, blocks - own - 1);
+    const std::size_t best = own_ + 1 + kernels::FirstLeast(least_ + own_ + 1, blocks - own_ - 1);
     if (!(least_[best] < a_[here])) return here;
     const std::size_t begin = best * block_;
     return begin + kernels::FindFirst(a_ + begin, End(best) - begin, least_[best]);
@@ -36,6 +37,7 @@ class LeastFinder {
   /// Tells that a[at] has a new value.
   void Changed(std::size_t at) {
     const std::size_t block = at / block_, end = End(block);
+    if (block == own_) return;  // looked at itself as long as `i` is in it, and never again
     std::size_t begin = block * block_;
     while (begin < end && a_[begin] != a_[begin]) ++begin;
     // A block of NaNs only is never less than anything.
@@ -49,6 +51,7 @@ class LeastFinder {
 
   const double* a_;
   std::size_t n_, block_;
+  std::size_t own_ = std::numeric_limits<std::size_t>::max();  // the block that `i` is in
   double least_[kBlocks];
 };
 

@@ -1,7 +1,6 @@
 // tour [FILE] [SOLID.obj] [--out FOLDER]: shows the library at work on the numbers in FILE.
 #include <algorithm>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <iostream>
 
@@ -44,7 +43,8 @@ Arguments Parse(int argc, char** argv) {
 
 void Heading(std::size_t number, const char* text) {
   std::cout << std::flush;
-  std::printf("\n%zu. %s\n%s\n", number, text, std::string(std::strlen(text) + 4, '-').c_str());
+  const std::string line = std::to_string(number) + ". " + text;
+  std::printf("\n%s\n%s\n", line.c_str(), std::string(line.size(), '-').c_str());
   std::fflush(stdout);
 }
 

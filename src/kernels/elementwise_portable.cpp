@@ -1,29 +1,45 @@
 // SPDX-License-Identifier: MIT
 //
-// What the operations mean. The plain loops are what compilers vectorise for the baseline.
+// What the operations mean. Elements are taken eight at a time, all read before any is written: so
+// the compilers need not ask whether arrays overlap, and vectorise for the baseline without a
+// branch after every vector.
 #include "kernels/elementwise.h"
 #include "platform/exactness.h"
 
 namespace zeph::kernels {
 namespace {
 
+constexpr std::size_t kAtOnce = 8;
+
+/// out[i] = value(i).
+template <class Value>
+inline void ForEach(double* out, std::size_t n, Value value) {
+  std::size_t i = 0;
+  for (; i + kAtOnce <= n; i += kAtOnce) {
+    double values[kAtOnce];
+    for (std::size_t k = 0; k < kAtOnce; ++k) values[k] = value(i + k);
+    for (std::size_t k = 0; k < kAtOnce; ++k) out[i + k] = values[k];
+  }
+  for (; i < n; ++i) out[i] = value(i);
+}
+
 void Add(double* out, const double* a, const double* b, std::size_t n) {
-  for (std::size_t i = 0; i < n; ++i) out[i] = a[i] + b[i];
+  ForEach(out, n, [=](std::size_t i) { return a[i] + b[i]; });
 }
 void Subtract(double* out, const double* a, const double* b, std::size_t n) {
-  for (std::size_t i = 0; i < n; ++i) out[i] = a[i] - b[i];
+  ForEach(out, n, [=](std::size_t i) { return a[i] - b[i]; });
 }
 void Multiply(double* out, const double* a, const double* b, std::size_t n) {
-  for (std::size_t i = 0; i < n; ++i) out[i] = a[i] * b[i];
+  ForEach(out, n, [=](std::size_t i) { return a[i] * b[i]; });
 }
 void Scale(double* out, double s, const double* a, std::size_t n) {
-  for (std::size_t i = 0; i < n; ++i) out[i] = s * a[i];
+  ForEach(out, n, [=](std::size_t i) { return s * a[i]; });
 }
 void SubtractFrom(double* out, double s, const double* a, std::size_t n) {
-  for (std::size_t i = 0; i < n; ++i) out[i] = s - a[i];
+  ForEach(out, n, [=](std::size_t i) { return s - a[i]; });
 }
 void Fill(double* out, double s, std::size_t n) {
-  for (std::size_t i = 0; i < n; ++i) out[i] = s;
+  ForEach(out, n, [=](std::size_t) { return s; });
 }
 
 }  // namespace

@@ -1,61 +1,58 @@
 // SPDX-License-Identifier: MIT
 //
-// Tiles of rows and columns whose sums stay in registers while k runs. Between blocks of k the sums
-// rest in `out`, where a double keeps its bits, so every entry still adds in increasing k.
-#include <algorithm>
-
+// Tiles small enough for the sums to stay in sixteen registers of two elements.
 #include "kernels/dense_product.h"
+#include "kernels/dense_product_tiles.h"
 #include "platform/exactness.h"
 
 namespace zeph::kernels {
 namespace {
 
-constexpr std::size_t kTileRows = 4;
 constexpr std::size_t kTileCols = 4;
-constexpr std::size_t kInnerBlock = 256;  // rows of b that stay in the cache while a's rows pass
 
-/// Entries (i.., j..) of a tile: adds the products of k0 <= k < k1 to what the tile holds, or to
-/// 0.0 when k0 is 0.
+/// `Rows` x `Cols` entries of a tile, from its `row` and `column` on: each sum goes on from what
+/// `out` holds, or starts at 0.0, and takes up its products in increasing k.
 template <std::size_t Rows, std::size_t Cols>
-void Tile(double* const* out, const double* const* a, const double* const* b, std::size_t j,
-          std::size_t k0, std::size_t k1) {
+void RunTile(const product::Tile& tile, std::size_t row, std::size_t column) {
+  double* const* const out = tile.out + row;
+  const std::size_t j = tile.column + column;
   double sum[Rows][Cols];
-  for (std::size_t r = 0; r < Rows; ++r)
-    for (std::size_t c = 0; c < Cols; ++c) sum[r][c] = k0 ? out[r][j + c] : 0.0;
-  const double* row[Rows];
-  for (std::size_t r = 0; r < Rows; ++r) row[r] = a[r];
-  for (std::size_t k = k0; k < k1; ++k) {
-    const double* factors = b[k] + j;
+  const double* left[Rows];
+  for (std::size_t r = 0; r < Rows; ++r) {
+    left[r] = tile.a[row + r];
+    for (std::size_t c = 0; c < Cols; ++c) sum[r][c] = tile.resume ? out[r][j + c] : 0.0;
+  }
+  for (std::size_t k = 0; k < tile.inner; ++k) {
+    const double* right = tile.packed ? tile.packed + k * kTileCols + column : tile.b[k] + j;
     for (std::size_t r = 0; r < Rows; ++r) {
-      const double x = row[r][k];
-      for (std::size_t c = 0; c < Cols; ++c) sum[r][c] += x * factors[c];
+      const double x = left[r][k];
+      for (std::size_t c = 0; c < Cols; ++c) sum[r][c] += x * right[c];
     }
   }
   for (std::size_t r = 0; r < Rows; ++r)
     for (std::size_t c = 0; c < Cols; ++c) out[r][j + c] = sum[r][c];
 }
 
-template <std::size_t Rows>
-void RowTiles(double* const* out, const double* const* a, const double* const* b, std::size_t cols,
-              std::size_t k0, std::size_t k1) {
-  std::size_t j = 0;
-  for (; j + kTileCols <= cols; j += kTileCols) Tile<Rows, kTileCols>(out, a, b, j, k0, k1);
-  for (; j < cols; ++j) Tile<Rows, 1>(out, a, b, j, k0, k1);
-}
+struct Form {
+  static constexpr std::size_t kRows = 4;
+  static constexpr std::size_t kCols = kTileCols;
+  static void Run(const product::Tile& tile, std::size_t rows) {
+    if (rows == kRows && tile.width == kCols) return RunTile<kRows, kCols>(tile, 0, 0);
+    for (std::size_t r = 0; r < rows; ++r) {
+      if (tile.width == kCols) {
+        RunTile<1, kCols>(tile, r, 0);
+      } else {
+        for (std::size_t c = 0; c < tile.width; ++c) RunTile<1, 1>(tile, r, c);
+      }
+    }
+  }
+};
 
 }  // namespace
 
 void portable::DenseProduct(double* const* out, const double* const* a, const double* const* b,
                             std::size_t rows, std::size_t inner, std::size_t cols) {
-  std::size_t k0 = 0;
-  do {  // once even for inner = 0, which sets the zeros
-    const std::size_t k1 = std::min(inner, k0 + kInnerBlock);
-    std::size_t i = 0;
-    for (; i + kTileRows <= rows; i += kTileRows)
-      RowTiles<kTileRows>(out + i, a + i, b, cols, k0, k1);
-    for (; i < rows; ++i) RowTiles<1>(out + i, a + i, b, cols, k0, k1);
-    k0 = k1;
-  } while (k0 < inner);
+  product::Run<Form>(out, a, b, rows, inner, cols);
 }
 
 }  // namespace zeph::kernels

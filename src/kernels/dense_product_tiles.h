@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The walk over a product's tiles, shared by its wide forms.
+// The walk over a product's tiles, shared by its forms.
 //
 // A tile is some rows of the result by one strip of columns. Its sums stay in registers while k
 // runs through a block, and rest in `out`, where a double keeps its bits, until the next block: so
@@ -100,6 +100,13 @@ void PackPanel(double* to, const Tile& panel) {
   }
 }
 
+/// Has the cache fetch what is about to be needed.
+inline void Ask([[maybe_unused]] const double* x) {
+#if defined(__GNUC__) || defined(__clang__)
+  __builtin_prefetch(x);
+#endif
+}
+
 /// Asks ahead for what later tiles need: both factors' rows lie far apart.
 class LookAhead {
  public:
@@ -114,14 +121,14 @@ class LookAhead {
   void ForNextPanel() {
     for (std::size_t end = std::min(k_ + share_, block_.inner); k_ < end; ++k_)
       for (std::size_t c = 0; c < width_ + 7; c += 8)
-        __builtin_prefetch(block_.b[k_] + column_ + std::min(c, width_ - 1));
+        Ask(block_.b[k_] + column_ + std::min(c, width_ - 1));
   }
 
   /// The result's `height` rows from `row` on in the columns of `tile`, to change.
   void ForNextTile(std::size_t row, std::size_t height, const Tile& tile) const {
     for (std::size_t r = row; r < row + height; ++r)
       for (std::size_t c = 0; c < tile.width + 7; c += 8)
-        __builtin_prefetch(block_.out[r] + tile.column + std::min(c, tile.width - 1), 1);
+        Ask(block_.out[r] + tile.column + std::min(c, tile.width - 1));
   }
 
  private:

@@ -15,7 +15,7 @@ namespace zeph::kernels {
 /// Entry (i, j) starts at 0.0 and gets a[i][k] * b[k][j] added in increasing k, each product and
 /// each sum rounded by itself: the bits of the textbook triple loop (any NaN counts as any NaN).
 /// Every row is a block of its own; a row of `out` shares no element with another row or an input.
-/// Any count may be 0. Never throws: large products borrow up to 1.2 MiB and do without if there
+/// Any count may be 0. Never throws: large products borrow 96 KiB and do without if there
 /// are none. Reads and writes no element outside the rows.
 void DenseProduct(double* const* out, const double* const* a, const double* const* b,
                   std::size_t rows, std::size_t inner, std::size_t cols);

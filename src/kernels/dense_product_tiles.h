@@ -30,11 +30,9 @@ struct Tile {
 constexpr std::size_t kInnerBlock = 256;  // a packed strip then about fills the nearest cache
 constexpr std::size_t kPanelCols = 48;    // columns of the right factor packed at a time
 constexpr std::size_t kRowBlock = 512;    // rows of the left factor that use a packed panel
-constexpr std::size_t kRowStride = kInnerBlock + 8;  // a line more: rows fall into different sets
 
-// Below these numbers of multiplications copying costs more than it gains.
+// Below this number of multiplications copying costs more than it gains.
 constexpr std::size_t kPackPanelsFrom = std::size_t{96} * 96 * 96;
-constexpr std::size_t kPackRowsFrom = std::size_t{320} * 320 * 320;
 
 /// All of a product, or one block of it.
 struct Block {
@@ -164,11 +162,9 @@ struct Release {
   void operator()(void* p) const { std::free(p); }
 };
 
-/// Block after block. Large left factors are copied too, row by row: rows whose blocks lie a power
-/// of two apart would push one another out of the nearest cache.
+/// Block after block, with `room` for a panel.
 template <class Form>
-void RunBlocks(const Block& all, double* room, bool packRows) {
-  double* const copies = room + kInnerBlock * kPanelCols;
+void RunBlocks(const Block& all, double* room) {
   const double* a[kRowBlock];
   std::size_t k = 0;
   do {  // once even for inner = 0, which sets the zeros
@@ -182,9 +178,6 @@ void RunBlocks(const Block& all, double* room, bool packRows) {
       block.out = all.out + i;
       for (std::size_t r = 0; r < block.rows; ++r) {
         a[r] = all.a[i + r] + k;
-        if (!packRows) continue;
-        std::memcpy(copies + r * kRowStride, a[r], block.inner * sizeof(double));
-        a[r] = copies + r * kRowStride;
       }
       RunPacked<Form>(block, room);
     }
@@ -199,12 +192,11 @@ void Run(double* const* out, const double* const* a, const double* const* b, std
   const Block all{out, a, b, rows, inner, cols, false};
   const std::size_t work = rows * inner * cols;
   if (work < kPackPanelsFrom || rows < 4 * Form::kRows) return RunInPlace<Form>(all);
-  const bool packRows = work >= kPackRowsFrom;
-  const std::size_t room = kInnerBlock * kPanelCols + (packRows ? kRowBlock * kRowStride : 0);
+  const std::size_t room = kInnerBlock * kPanelCols;
   const std::unique_ptr<double, Release> block(
       static_cast<double*>(std::malloc(room * sizeof(double))));
   if (!block) return RunInPlace<Form>(all);
-  RunBlocks<Form>(all, block.get(), packRows);
+  RunBlocks<Form>(all, block.get());
 }
 
 }  // namespace zeph::kernels::product

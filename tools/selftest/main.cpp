@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+//
+// zeph-selftest: a fixed workload over every numeric operation, one digest per subsystem, compared
+// with the digests that every supported machine gives.
+#include <cinttypes>
+#include <cstdio>
+#include <cstring>
+
+#include "expected.h"
+#include "platform.h"
+#include "report.h"
+
+#ifdef ZEPH_STATIC
+#include "kernels/level.h"
+#endif
+
+namespace zeph::selftest {
+namespace {
+
+struct Subsystem {
+  const char* name;
+  void (*run)(Report&);
+};
+constexpr Subsystem kSubsystems[] = {
+    {"double_array", RunDoubleArray}, {"raw_buffers", RunRawBuffers}, {"linalg", RunLinalg},
+    {"graphics", RunGraphics},        {"containers", RunContainers},  {"algorithms", RunAlgorithms},
+};
+
+struct Line {
+  Rests rests;
+  const char* suffix;
+};
+constexpr Line kLines[] = {{Rests::kExact, ""},
+                           {Rests::kFunctions, ": sine, logarithm"},
+                           {Rests::kTexts, ": texts"},
+                           {Rests::kRandom, ": random numbers"}};
+
+std::uint64_t ExpectedOf(const std::string& name) {
+  for (const Expected& expected : kExpected)
+    if (name == expected.line) return expected.digest;
+  return 0;
+}
+
+const char* Verdict(Rests rests, bool matches) {
+  if (rests == Rests::kExact) return matches ? "ok" : "DIFFERS";
+  return matches ? "runtime-dependent, the same" : "runtime-dependent, another";
+}
+
+/// Prints the report's lines; false if one that must match does not.
+bool Print(const Report& report) {
+  bool good = true;
+  for (const Line& line : kLines) {
+    const Digest total = report.Total(line.rests);
+    if (total.Results() == 0) continue;
+    const std::string name = report.Subsystem() + line.suffix;
+    const bool matches = total.Value() == ExpectedOf(name);
+    if (line.rests == Rests::kExact && !matches) good = false;
+    std::printf("%-32s %9" PRIu64 " results  %016" PRIx64 "  %s\n", name.c_str(), total.Results(),
+                total.Value(), Verdict(line.rests, matches));
+  }
+  return good;
+}
+
+void PrintOperations(const Report& report) {
+  for (const Report::Operation& operation : report.Operations())
+    std::printf("  %-40s %9" PRIu64 " results  %016" PRIx64 "\n", operation.name.c_str(),
+                operation.digest.Results(), operation.digest.Value());
+}
+
+bool ChooseKernels([[maybe_unused]] const char* form) {
+#ifdef ZEPH_STATIC
+  for (auto level : kernels::RunnableLevels())
+    if (std::strcmp(kernels::Name(level), form) == 0) return kernels::Force(level);
+#endif
+  std::fprintf(stderr, "zeph-selftest: this build cannot run the kernels \"%s\"\n", form);
+  return false;
+}
+
+int Run(int argc, char** argv) {
+  bool operations = false;
+  for (int i = 1; i < argc; ++i) {
+    if (std::strcmp(argv[i], "--operations") == 0) {
+      operations = true;
+    } else if (std::strcmp(argv[i], "--kernels") == 0 && i + 1 < argc) {
+      if (!ChooseKernels(argv[++i])) return 2;
+    } else {
+      std::fprintf(stderr,
+                   "usage: zeph-selftest [--operations] [--kernels portable|avx2|avx512]\n"
+                   "  --operations  also prints a digest per operation\n"
+                   "  --kernels     runs on one form of the inner loops (static builds only)\n"
+                   "Status 0: every digest that must match does; 1: one differs; 2: misuse.\n");
+      return 2;
+    }
+  }
+  bool good = true;
+  for (const Subsystem& subsystem : kSubsystems) {
+    Report report(subsystem.name);
+    subsystem.run(report);
+    if (!Print(report)) good = false;
+    if (operations) PrintOperations(report);
+  }
+  std::puts(good ? "Every result is the published one, to the last bit."
+                 : "Results DIFFER from the published ones; please report this machine.");
+  return good ? 0 : 1;
+}
+
+}  // namespace
+}  // namespace zeph::selftest
+
+int main(int argc, char** argv) {
+  return zeph::selftest::Run(argc, argv);
+}

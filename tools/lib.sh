@@ -109,15 +109,18 @@ list_sources() {
 
 # check_step NAME: runs tools/check/NAME.sh into a log; one line on the outcome, counts added up.
 check_step() {
-  local step=$1 log=build/check/$1.log start=$SECONDS status=0 counts
+  local step=$1 log=build/check/$1.log start=$SECONDS status=0 counts cpu
   mkdir -p build/check
   printf '%-16s ' "$step"
   # A shell of its own: within "||" the step's own `set -e` would be ignored.
-  bash -euo pipefail -c '. tools/lib.sh; . "tools/check/$0.sh"' "$step" >"$log" 2>&1 </dev/null || status=$?
+  local TIMEFORMAT='%U %S'
+  { time bash -euo pipefail -c '. tools/lib.sh; . "tools/check/$0.sh"' "$step" >"$log" 2>&1 </dev/null; } \
+    2>"$log.time" || status=$?
+  cpu=$(awk '{t += $1 + $2} END {printf "%d", t}' "$log.time")
   counts=$(awk '/^[0-9]+ passed, [0-9]+ failed$/ {p += $1; f += $3; n++}
     END {if (n) print p " passed, " f " failed"}' "$log")
   if [ "$status" = 0 ]; then
-    printf 'ok    %4d s  %s\n' $((SECONDS - start)) "$counts"
+    printf 'ok    %4d s, %4d s of work  %s\n' $((SECONDS - start)) "$cpu" "$counts"
     [ -n "$counts" ] || counts="1 passed, 0 failed"
   else
     printf 'FAILED %3d s  %s\n' $((SECONDS - start)) "$counts"

@@ -175,6 +175,7 @@ ZEPH_API void ZEPH_MathGetExponent(double& value, double ignored, int exponent);
 class ZEPH_API CZEPHPermutation {
  public:
   CZEPHPermutation();
+  /// Copies nothing: there is nothing to copy.
   CZEPHPermutation(const CZEPHPermutation& other);
   virtual ~CZEPHPermutation();
   /// Copies nothing.
@@ -207,6 +208,7 @@ class ZEPH_API CZEPHPermutation {
 class ZEPH_API CZEPHIntegralSearch {
  public:
   CZEPHIntegralSearch();
+  /// Copies nothing: there is nothing to copy.
   CZEPHIntegralSearch(const CZEPHIntegralSearch& other);
   virtual ~CZEPHIntegralSearch();
   /// Copies nothing.
@@ -301,6 +303,7 @@ class ZEPH_API CZEPHSortTester {
   };
 
   CZEPHSortTester();
+  /// Copies nothing: there is nothing to copy.
   CZEPHSortTester(const CZEPHSortTester& other);
   virtual ~CZEPHSortTester();
 
@@ -319,7 +322,7 @@ class ZEPH_API CZEPHSortTester {
   /// The demonstration itself goes to the standard output, whatever stream is given.
   static int Run(SORT_METHOD_TYPE method, int n, FILE* f);
 
-  // Our addition, so that assignment compiles without a warning. Copies nothing.
+  /// Our addition, so that assignment compiles without a warning. Copies nothing.
   ZEPH_ADDED CZEPHSortTester& operator=(const CZEPHSortTester&) { return *this; }
 };
 
@@ -342,6 +345,7 @@ class ZEPH_API CZEPHDSTimer {
   CZEPHDSTimer();
   CZEPHDSTimer(const CZEPHDSTimer& other);
   virtual ~CZEPHDSTimer();
+  /// Copies the reading and both records.
   CZEPHDSTimer& operator=(const CZEPHDSTimer& other);
 
   /// Starts, or starts again: `elapsed` is 0, `start` is now.

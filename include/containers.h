@@ -23,6 +23,7 @@ class ZEPH_API CZEPHLink {
  public:
   /// A node of its own: `m_pNext` is null.
   CZEPHLink(T value) : m_value(value), m_pNext(nullptr) {}  // NOLINT: implicit on purpose
+  /// Copies both fields as they stand.
   CZEPHLink(const CZEPHLink& other) = default;
   /// Copies both fields as they stand, so both nodes then have the same successor.
   CZEPHLink& operator=(const CZEPHLink& other) {
@@ -55,6 +56,7 @@ class ZEPH_API CZEPHLinkList {
  public:
   /// An empty list.
   CZEPHLinkList() : m_pHead(nullptr) {}
+  /// Shares the chain of `other`.
   CZEPHLinkList(const CZEPHLinkList& other) = default;
   /// Releases every node, as RemoveAll does.
   ~CZEPHLinkList() { RemoveAll(); }

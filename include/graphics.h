@@ -65,8 +65,10 @@ class ZEPH_API CZEPHVector2D {
     return *this;
   }
 
+  /// One component.
   ZEPH_EMIT float GetX() const { return x; }
   ZEPH_EMIT float GetY() const { return y; }
+  /// Stores one component; the others stay.
   ZEPH_EMIT void SetX(float value) { x = value; }
   ZEPH_EMIT void SetY(float value) { y = value; }
   /// Stores both components.
@@ -127,7 +129,8 @@ class ZEPH_API CZEPHVector2D {
   CZEPHVector2D QuadraticInterpolate(const CZEPHVector2D& middle, const CZEPHVector2D& end,
                                      float factor) const;
 
-  float x, y;
+  float x;  ///< The first component.
+  float y;  ///< The second component.
 };
 
 /// The same as `v * s`.
@@ -157,9 +160,11 @@ class ZEPH_API CZEPHVector3D {
     return *this;
   }
 
+  /// One component.
   ZEPH_EMIT float GetX() const { return x; }
   ZEPH_EMIT float GetY() const { return y; }
   ZEPH_EMIT float GetZ() const { return z; }
+  /// Stores one component; the others stay.
   ZEPH_EMIT void SetX(float value) { x = value; }
   ZEPH_EMIT void SetY(float value) { y = value; }
   ZEPH_EMIT void SetZ(float value) { z = value; }
@@ -260,7 +265,9 @@ class ZEPH_API CZEPHVector3D {
   void RotateAxis(double angle, const CZEPHVector3D& axis);
   CZEPHVector3D GetRotatedAxis(double angle, const CZEPHVector3D& axis) const;
 
-  float x, y, z;
+  float x;  ///< The first component.
+  float y;  ///< The second component.
+  float z;  ///< The third component.
 };
 
 /// The same as `v * s`.
@@ -297,10 +304,12 @@ class ZEPH_API CZEPHVector4D {
     return *this;
   }
 
+  /// One component.
   ZEPH_EMIT float GetX() const { return x; }
   ZEPH_EMIT float GetY() const { return y; }
   ZEPH_EMIT float GetZ() const { return z; }
   ZEPH_EMIT float GetW() const { return w; }
+  /// Stores one component; the others stay.
   ZEPH_EMIT void SetX(float value) { x = value; }
   ZEPH_EMIT void SetY(float value) { y = value; }
   ZEPH_EMIT void SetZ(float value) { z = value; }
@@ -364,7 +373,10 @@ class ZEPH_API CZEPHVector4D {
   void RotateAxis(double angle, const CZEPHVector3D& axis);
   CZEPHVector4D GetRotatedAxis(double angle, const CZEPHVector3D& axis) const;
 
-  float x, y, z, w;
+  float x;  ///< The first component.
+  float y;  ///< The second component.
+  float z;  ///< The third component.
+  float w;  ///< The fourth component, the divisor of a homogeneous point.
 };
 
 /// The same as `v * s`.
@@ -386,7 +398,9 @@ class ZEPH_API CZEPHVector3S {
     return *this;
   }
 
-  float x, y, z;
+  float x;  ///< The first component.
+  float y;  ///< The second component.
+  float z;  ///< The third component.
 };
 
 // Functions on records. Pointers may be equal; components are written in x, y, z order, each before
@@ -605,7 +619,7 @@ class ZEPH_API CZEPHMatrix4x4 {
   void AffineInvert();
   void AffineInvertTranspose();
 
-  float entries[16];
+  float entries[16];  ///< By columns: element (row, column) is entries[4 * column + row].
 };
 
 #endif  // ZEPH_GRAPHICS_H

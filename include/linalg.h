@@ -317,9 +317,11 @@ class ZEPH_API CZEPHVector {
   /// Empty without storage.
   ZEPH_ADDED double* data() { return m_pData; }
   ZEPH_ADDED const double* data() const { return m_pData; }
+  /// The number of elements; 0 without storage.
   ZEPH_ADDED std::size_t size() const {
     return m_pData && m_nSize > 0 ? static_cast<std::size_t>(m_nSize) : 0;
   }
+  /// The elements as an iterator range; empty without storage.
   ZEPH_ADDED double* begin() { return m_pData; }
   ZEPH_ADDED double* end() { return m_pData + size(); }
   ZEPH_ADDED const double* begin() const { return m_pData; }
@@ -497,6 +499,7 @@ class ZEPH_API CZEPHMatrix4 {
   CZEPHMatrix4(const CZEPHMatrix4& other);
   ~CZEPHMatrix4();
 
+  /// Copies the elements; the count of live objects stays.
   ZEPH_EMIT CZEPHMatrix4& operator=(const CZEPHMatrix4& other) {
     for (int k = 0; k < 16; ++k) m_data[k] = other.m_data[k];
     return *this;
@@ -573,6 +576,7 @@ class ZEPH_API CZEPHVector3 {
   CZEPHVector3(const CZEPHVector3& other);
   ~CZEPHVector3();
 
+  /// Copies the components; the count of live objects stays.
   ZEPH_EMIT CZEPHVector3& operator=(const CZEPHVector3& other) {
     m_x = other.m_x;
     m_y = other.m_y;
@@ -583,16 +587,19 @@ class ZEPH_API CZEPHVector3 {
   /// Component `i`: 0 is x, 1 is y, 2 is z; not checked.
   ZEPH_EMIT double& operator[](const int& i) { return reinterpret_cast<double*>(this)[i]; }
 
+  /// One component, also to assign to.
   ZEPH_EMIT double& x() { return m_x; }
   ZEPH_EMIT double& y() { return m_y; }
   ZEPH_EMIT double& z() { return m_z; }
   ZEPH_EMIT double x() const { return m_x; }
   ZEPH_EMIT double y() const { return m_y; }
   ZEPH_EMIT double z() const { return m_z; }
+  /// One component.
   ZEPH_EMIT double GetX() const { return m_x; }
   ZEPH_EMIT double GetY() const { return m_y; }
   ZEPH_EMIT double GetZ() const { return m_z; }
 
+  /// Stores one component; the others stay.
   ZEPH_EMIT void SetX(double v) { m_x = v; }
   ZEPH_EMIT void SetY(double v) { m_y = v; }
   /// Stores `v` as x; z stays. `v.z() = ...` sets z.

@@ -136,9 +136,12 @@ class ZEPH_Long {
 
  public:
   ZEPH_Long() = default;
+  /// Conversion from and to `int`; the value is the same.
   constexpr ZEPH_Long(int value) : m_nValue(value) {}  // NOLINT: implicit on purpose
+  /// The value.
   constexpr operator int() const { return m_nValue; }  // NOLINT: implicit on purpose
 
+  /// Compound assignment with any integer, as a 32-bit `long` computes it; wraps on overflow.
   template <class T, IfInteger<T> = 0>
   constexpr ZEPH_Long& operator+=(T other) {
     return Set(Low(m_nValue) + Low(other));
@@ -186,6 +189,7 @@ class ZEPH_Long {
     return old;
   }
 
+  /// Text as of an `int`.
   friend std::ostream& operator<<(std::ostream& os, ZEPH_Long x) { return os << x.m_nValue; }
   friend std::istream& operator>>(std::istream& is, ZEPH_Long& x) { return is >> x.m_nValue; }
 
@@ -257,16 +261,20 @@ class ZEPH_API CMemoryException : public CObject {
 class ZEPH_API CString {
  public:
   CString();
+  /// A copy of a text.
   CString(const CString& other);
   CString(CString&& other) noexcept;
   CString(const char* text);       // NOLINT: implicit on purpose
   CString(std::string_view text);  // NOLINT: implicit on purpose
   ~CString();
+  /// Replaces the text.
   CString& operator=(const CString& other);
   CString& operator=(CString&& other) noexcept;
   CString& operator=(const char* text);
 
+  /// The number of characters, without the closing zero.
   int GetLength() const;
+  /// Whether there is no character.
   bool IsEmpty() const;
   /// Takes the text away; the storage is kept for what comes next.
   void Empty();
@@ -279,6 +287,7 @@ class ZEPH_API CString {
   char GetAt(int index) const;
   char operator[](int index) const;
 
+  /// Appends a text or one character.
   CString& operator+=(const CString& text);
   CString& operator+=(const char* text);
   CString& operator+=(char c);
@@ -371,8 +380,10 @@ class ZEPH_API CObArray : public CObject {
   CObArray();
   ~CObArray() override;
 
+  /// The number of elements, by both names.
   std::ptrdiff_t GetSize() const;
   std::ptrdiff_t GetCount() const;
+  /// Whether there is no element.
   bool IsEmpty() const;
   /// The last index; -1 when empty.
   std::ptrdiff_t GetUpperBound() const;
@@ -412,10 +423,10 @@ class ZEPH_API CObArray : public CObject {
   void RemoveAt(std::ptrdiff_t index, std::ptrdiff_t count = 1);
 
  protected:
-  CObject** m_pData;          // the storage, null while there is none
-  std::ptrdiff_t m_nSize;     // elements in use
-  std::ptrdiff_t m_nMaxSize;  // elements that the storage holds
-  std::ptrdiff_t m_nGrowBy;   // growth setting
+  CObject** m_pData;          ///< The storage, null while there is none.
+  std::ptrdiff_t m_nSize;     ///< Elements in use.
+  std::ptrdiff_t m_nMaxSize;  ///< Elements that the storage holds.
+  std::ptrdiff_t m_nGrowBy;   ///< Growth setting.
 };
 
 /// A growable array of unsigned 32-bit values; every member as in CObArray, with 0 for null.
@@ -424,30 +435,42 @@ class ZEPH_API CUIntArray : public CObject {
   CUIntArray();
   ~CUIntArray() override;
 
+  /// The number of elements, by both names.
   std::ptrdiff_t GetSize() const;
   std::ptrdiff_t GetCount() const;
+  /// Whether there is no element.
   bool IsEmpty() const;
+  /// As CObArray::GetUpperBound.
   std::ptrdiff_t GetUpperBound() const;
+  /// As CObArray::SetSize; new elements are 0.
   void SetSize(std::ptrdiff_t size, std::ptrdiff_t growBy = -1);
+  /// As CObArray::FreeExtra.
   void FreeExtra();
+  /// As CObArray::RemoveAll.
   void RemoveAll();
+  /// Access to one element; throws std::out_of_range outside 0..GetUpperBound().
   unsigned int GetAt(std::ptrdiff_t index) const;
   void SetAt(std::ptrdiff_t index, unsigned int element);
   unsigned int& ElementAt(std::ptrdiff_t index);
   unsigned int operator[](std::ptrdiff_t index) const;
   unsigned int& operator[](std::ptrdiff_t index);
+  /// As CObArray::GetData.
   const unsigned int* GetData() const;
   unsigned int* GetData();
+  /// As CObArray::SetAtGrow.
   void SetAtGrow(std::ptrdiff_t index, unsigned int element);
+  /// As CObArray::Add.
   std::ptrdiff_t Add(unsigned int element);
+  /// As CObArray::InsertAt; a gap is filled with 0.
   void InsertAt(std::ptrdiff_t index, unsigned int element, std::ptrdiff_t count = 1);
+  /// As CObArray::RemoveAt.
   void RemoveAt(std::ptrdiff_t index, std::ptrdiff_t count = 1);
 
  protected:
-  unsigned int* m_pData;
-  std::ptrdiff_t m_nSize;
-  std::ptrdiff_t m_nMaxSize;
-  std::ptrdiff_t m_nGrowBy;
+  unsigned int* m_pData;      ///< The storage, null while there is none.
+  std::ptrdiff_t m_nSize;     ///< Elements in use.
+  std::ptrdiff_t m_nMaxSize;  ///< Elements that the storage holds.
+  std::ptrdiff_t m_nGrowBy;   ///< The growth setting.
 };
 
 /// A growable array of unsigned 16-bit values; every member as in CObArray, with 0 for null.
@@ -456,30 +479,42 @@ class ZEPH_API CWordArray : public CObject {
   CWordArray();
   ~CWordArray() override;
 
+  /// The number of elements, by both names.
   std::ptrdiff_t GetSize() const;
   std::ptrdiff_t GetCount() const;
+  /// Whether there is no element.
   bool IsEmpty() const;
+  /// As CObArray::GetUpperBound.
   std::ptrdiff_t GetUpperBound() const;
+  /// As CObArray::SetSize; new elements are 0.
   void SetSize(std::ptrdiff_t size, std::ptrdiff_t growBy = -1);
+  /// As CObArray::FreeExtra.
   void FreeExtra();
+  /// As CObArray::RemoveAll.
   void RemoveAll();
+  /// Access to one element; throws std::out_of_range outside 0..GetUpperBound().
   unsigned short GetAt(std::ptrdiff_t index) const;
   void SetAt(std::ptrdiff_t index, unsigned short element);
   unsigned short& ElementAt(std::ptrdiff_t index);
   unsigned short operator[](std::ptrdiff_t index) const;
   unsigned short& operator[](std::ptrdiff_t index);
+  /// As CObArray::GetData.
   const unsigned short* GetData() const;
   unsigned short* GetData();
+  /// As CObArray::SetAtGrow.
   void SetAtGrow(std::ptrdiff_t index, unsigned short element);
+  /// As CObArray::Add.
   std::ptrdiff_t Add(unsigned short element);
+  /// As CObArray::InsertAt; a gap is filled with 0.
   void InsertAt(std::ptrdiff_t index, unsigned short element, std::ptrdiff_t count = 1);
+  /// As CObArray::RemoveAt.
   void RemoveAt(std::ptrdiff_t index, std::ptrdiff_t count = 1);
 
  protected:
-  unsigned short* m_pData;
-  std::ptrdiff_t m_nSize;
-  std::ptrdiff_t m_nMaxSize;
-  std::ptrdiff_t m_nGrowBy;
+  unsigned short* m_pData;    ///< The storage, null while there is none.
+  std::ptrdiff_t m_nSize;     ///< Elements in use.
+  std::ptrdiff_t m_nMaxSize;  ///< Elements that the storage holds.
+  std::ptrdiff_t m_nGrowBy;   ///< The growth setting.
 };
 
 /// The handle of one element of a list. Stays good until that element is removed.
@@ -495,10 +530,11 @@ using POSITION = __POSITION*;
 /// before, is not recognised.
 class ZEPH_API CObList : public CObject {
  protected:
+  /// What a POSITION stands for.
   struct CNode {
-    CNode* pNext;
-    CNode* pPrev;
-    CObject* data;
+    CNode* pNext;   ///< The next node, or null.
+    CNode* pPrev;   ///< The previous node, or null.
+    CObject* data;  ///< The element.
   };
 
  public:
@@ -506,10 +542,13 @@ class ZEPH_API CObList : public CObject {
   explicit CObList(std::ptrdiff_t blockSize = 10);
   ~CObList() override;
 
+  /// The number of elements, by both names.
   std::ptrdiff_t GetCount() const;
   std::ptrdiff_t GetSize() const;
+  /// Whether there is no element.
   bool IsEmpty() const;
 
+  /// The element at an end; throws std::out_of_range when the list is empty.
   CObject*& GetHead();
   const CObject* GetHead() const;
   CObject*& GetTail();
@@ -534,6 +573,7 @@ class ZEPH_API CObList : public CObject {
   CObject*& GetPrev(POSITION& position);
   const CObject* GetPrev(POSITION& position) const;
 
+  /// Access to the element at `position`; throws std::out_of_range for null.
   CObject*& GetAt(POSITION position);
   const CObject* GetAt(POSITION position) const;
   void SetAt(POSITION position, CObject* object);
@@ -550,12 +590,12 @@ class ZEPH_API CObList : public CObject {
   POSITION FindIndex(std::ptrdiff_t index) const;
 
  protected:
-  CNode* m_pNodeHead;
-  CNode* m_pNodeTail;
-  std::ptrdiff_t m_nCount;
-  CNode* m_pNodeFree;           // nodes of the blocks that hold no element, by pNext
-  CNode* m_pBlocks;             // the first node of each block links the blocks, by pNext
-  std::ptrdiff_t m_nBlockSize;  // elements to a block
+  CNode* m_pNodeHead;           ///< The first node, or null.
+  CNode* m_pNodeTail;           ///< The last node, or null.
+  std::ptrdiff_t m_nCount;      ///< Elements in the list.
+  CNode* m_pNodeFree;           ///< Nodes of the blocks that hold no element, by pNext.
+  CNode* m_pBlocks;             ///< The first node of each block links the blocks, by pNext.
+  std::ptrdiff_t m_nBlockSize;  ///< Elements to a block.
 
  private:
   CNode* NewNode(CNode* previous, CNode* next, CObject* object);
@@ -569,7 +609,7 @@ class ZEPH_API CWinApp : public CObject {
   explicit CWinApp(const char* appName = nullptr);
   ~CWinApp() override;
 
-  const char* m_pszAppName;
+  const char* m_pszAppName;  ///< The name given to the constructor, or null.
 };
 
 #endif  // ZEPH_USE_MFC

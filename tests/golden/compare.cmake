@@ -1,0 +1,10 @@
+# Runs PROGRAM (through EMULATOR, where given); its output must be the file GOLDEN.
+execute_process(COMMAND ${EMULATOR} "${PROGRAM}" OUTPUT_VARIABLE output RESULT_VARIABLE status)
+if(NOT status EQUAL 0)
+  message(FATAL_ERROR "${PROGRAM} ended with status ${status}")
+endif()
+string(REPLACE "\r\n" "\n" output "${output}")
+file(READ "${GOLDEN}" golden)
+if(NOT output STREQUAL golden)
+  message(FATAL_ERROR "expected:\n${golden}\ngot:\n${output}")
+endif()

@@ -1,0 +1,26 @@
+# ./dev docs: the HTML documentation in build/docs/html, with pictures that the examples draw.
+need $packages_build doxygen librsvg2-bin python3
+configure build/docs/programs -DCMAKE_BUILD_TYPE=Release -DZEPH_BUILD_TESTS=OFF
+say "dev: building the examples"
+build build/docs/programs zeph_tour zeph_sort_race
+docs_pictures=build/docs/pictures
+mkdir -p $docs_pictures
+say "dev: drawing the pictures"
+build/docs/programs/examples/tour --out $docs_pictures >$docs_pictures/tour.txt
+build/docs/programs/examples/sort_race $docs_pictures/sort_race.svg
+for picture in $docs_pictures/*.svg; do
+  rsvg-convert -o "${picture%.svg}.png" "$picture"  # a picture that cannot be drawn stops here
+done
+say "dev: writing the pages"
+rm -rf build/docs/html
+# The settings of the tree, and what depends on where and when.
+docs_settings() {
+  cat docs/Doxyfile
+  echo "OUTPUT_DIRECTORY = build/docs"
+  sed -nE 's/^project\(.* VERSION ([0-9.]+).*/PROJECT_NUMBER = \1/p' CMakeLists.txt
+}
+docs_settings | doxygen - >build/docs/doxygen.log 2>&1 || { tail -n 20 build/docs/doxygen.log >&2; fail "doxygen failed"; }
+# docs/performance.md is written by ./dev bench and may be absent.
+[ -f docs/performance.md ] || sed -i '/docs\/performance.md/d' build/docs/doxygen.log
+if grep -E 'warning:|error:' build/docs/doxygen.log >&2; then fail "the documentation has gaps (above)"; fi
+echo "build/docs/html/index.html"

@@ -1,7 +1,9 @@
 // One object of every type that has a debugger view; gdb stops at Stop() and prints them.
 #include "ZEPHDataStructureEngine.h"
 
-__attribute__((noinline)) void Stop() { asm volatile(""); }
+__attribute__((noinline)) void Stop() {
+  asm volatile("");
+}
 
 struct Shape : CObject {};
 

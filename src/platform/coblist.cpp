@@ -71,7 +71,7 @@ void CObList::AddBlock() {
 CObList::CNode* CObList::NewNode(CNode* previous, CNode* next, CObject* object) {
   if (!m_pNodeFree) AddBlock();
   CNode* node = m_pNodeFree;
-  m_pNodeFree = node->pNext;
+  m_pNodeFree = node->pNext;  // NOLINT(clang-analyzer-core.NullDereference): a block has a node
   *node = {next, previous, object};
   (previous ? previous->pNext : m_pNodeHead) = node;
   (next ? next->pPrev : m_pNodeTail) = node;

@@ -85,6 +85,7 @@ build() {
 run_ctest() {
   local dir=$1 status=0 log passed failed total
   shift
+  need_locale
   log=$dir/ctest.log
   ctest --test-dir "$dir" -j "$jobs" --output-on-failure --no-tests=error "$@" >"$log" 2>&1 || status=$?
   # "100% tests passed, 0 tests failed out of 2"
@@ -129,6 +130,17 @@ check_step() {
   fi
   check_passed=$((check_passed + ${counts%% *}))
   check_failed=$((check_failed + $(echo "$counts" | awk '{print $3}')))
+}
+
+# need_locale: a locale with a decimal comma, made in build/locales where the system has none, so that
+# the tests of such a locale run.
+need_locale() {
+  command -v locale >/dev/null && command -v localedef >/dev/null || return 0
+  if locale -a | grep -qiE '^(de_DE|fr_FR)\.utf-?8$'; then return 0; fi
+  need locales
+  mkdir -p build/locales
+  [ -d build/locales/de_DE.UTF-8 ] || localedef -i de_DE -f UTF-8 build/locales/de_DE.UTF-8
+  export LOCPATH=$PWD/build/locales
 }
 
 # run_programs DIR [EMULATOR...]: runs each test program of DIR whole; the last line counts the tests.

@@ -14,9 +14,10 @@ namespace zeph::test {
 #endif
 #endif
 
-/// True where everything runs: optimised, and no sanitizer.
+/// True where everything runs: optimised, no sanitizer, and no sample asked for (valgrind).
 constexpr bool kFullScale =
-#if !defined(ZEPH_TEST_SANITIZED) && (defined(__OPTIMIZE__) || defined(_MSC_VER))
+#if !defined(ZEPH_TEST_SANITIZED) && !defined(ZEPH_TEST_SAMPLE) && \
+    (defined(__OPTIMIZE__) || defined(_MSC_VER))
     true;
 #else
     false;

@@ -1,0 +1,81 @@
+// In a locale with a decimal comma the runtime's texts have commas; C++ streams keep their own.
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <sstream>
+#include <string>
+
+#include "ZEPHDataStructureEngine.h"
+#include "support/child.h"
+
+using namespace zeph::test;
+
+namespace {
+
+class CommaLocale : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "German", "de-DE"})
+      if (std::setlocale(LC_NUMERIC, name)) return;
+    GTEST_SKIP() << "no locale with a decimal comma is installed";
+  }
+  void TearDown() override { std::setlocale(LC_NUMERIC, "C"); }
+};
+
+/// What `print(file)` writes, with plain line ends.
+template <class Print>
+std::string Printed(Print print) {
+  const std::string path = TemporaryFile();
+  std::FILE* const file = std::fopen(path.c_str(), "wb");
+  print(file);
+  std::fclose(file);
+  return ReadFile(path);
+}
+
+char kName[] = "x";
+
+}  // namespace
+
+TEST_F(CommaLocale, IsInTheTextsOfArraysAndBuffers) {
+  double values[] = {1.5, -0.25};
+  CZEPHDoubleArray a(2, values);
+  CString text;
+  a.Display(text);
+  EXPECT_STREQ(text, "{ 1,500000  -0,250000  }\r\n");
+  CString listing;
+  ZEPH_ArrayDisplay(listing, values, 1, kName);
+  EXPECT_EQ(std::string(listing.GetString()).substr(0, 11), "x[0]=1,5000");
+}
+
+TEST_F(CommaLocale, IsInThePrintsOfMatricesAndVectors) {
+  double values[] = {1.5, -0.25, 2};
+  double* rows[] = {values, values};
+  EXPECT_EQ(Printed([&](std::FILE* f) { ZEPH_MatrixPrint(f, 2, rows, kName); }),
+            "x = \n\t1,50000\t-0,25000\n\t1,50000\t-0,25000\n");
+  EXPECT_EQ(Printed([&](std::FILE* f) { ZEPH_VectorPrint3(f, values, kName); }),
+            "x = (1,50000 -0,25000 2,00000)\n");
+  EXPECT_EQ(Printed([&](std::FILE* f) { CZEPHVector(2, values).Display(f, ';'); }),
+            "      1,5000;      -0,2500; \n");
+}
+
+TEST_F(CommaLocale, IsInScientificNotation) {
+  int exponent = 0;
+  double mantissa = 0;
+  const CString text = ZEPH_MathToScientificNotation(12345.678, exponent, mantissa, 2, 3);
+  EXPECT_STREQ(text, "12,346xE3");
+}
+
+TEST_F(CommaLocale, IsNotInWhatStreamsWriteAndRead) {
+  double values[] = {1.5, -0.25};
+  std::ostringstream out;
+  out << CZEPHDoubleArray(2, values);
+  EXPECT_EQ(out.str().find(','), std::string::npos);
+  EXPECT_NE(out.str().find("1.5"), std::string::npos);
+  out.str("");
+  out << CZEPHVector3(1.5, 2, 3);
+  EXPECT_EQ(out.str().find(','), std::string::npos);
+  CZEPHDoubleArray read(2, 0.0);
+  std::istringstream("2 1.5 -0.25") >> read;
+  EXPECT_EQ(read.size, 2);
+  EXPECT_EQ(read[0], 1.5);
+}

@@ -1,0 +1,55 @@
+// The library holds one module object, made when it is loaded.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstring>
+
+#include "frame.h"
+
+#if defined(__linux__)
+#include <link.h>
+#endif
+
+#if defined(__linux__)
+
+namespace {
+
+struct Search {
+  std::uintptr_t virtualTable;
+  int found;
+};
+
+/// Counts the words of a module's writable data that are the virtual table's address.
+int CountIn(dl_phdr_info* module, std::size_t, void* argument) {
+  auto& search = *static_cast<Search*>(argument);
+  for (int i = 0; i < module->dlpi_phnum; ++i) {
+    const auto& part = module->dlpi_phdr[i];
+    if (part.p_type != PT_LOAD || !(part.p_flags & PF_W)) continue;
+    const std::uintptr_t first = module->dlpi_addr + part.p_vaddr;
+    for (std::uintptr_t at = (first + sizeof(void*) - 1) / sizeof(void*) * sizeof(void*);
+         at + sizeof(void*) <= first + part.p_memsz; at += sizeof(void*)) {
+      std::uintptr_t word;
+      std::memcpy(&word, reinterpret_cast<const void*>(at), sizeof word);
+      search.found += word == search.virtualTable;
+    }
+  }
+  return 0;
+}
+
+}  // namespace
+
+TEST(ModuleObject, IsThereExactlyOnce) {
+  const CZEPHDataStructureEngineApp sample;  // on the stack, outside the modules' data
+  Search search{0, 0};
+  std::memcpy(&search.virtualTable, static_cast<const void*>(&sample), sizeof(void*));
+  dl_iterate_phdr(CountIn, &search);
+  EXPECT_EQ(search.found, 1);
+}
+
+#else
+
+TEST(ModuleObject, IsThereExactlyOnce) {
+  GTEST_SKIP() << "the modules' data is not walked on this system";
+}
+
+#endif

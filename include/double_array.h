@@ -80,8 +80,16 @@ class ZEPH_API CZEPHDoubleArray {
   // --- access ---
 
   /// Element `i`, unchecked: 0 <= i < size.
-  ZEPH_EMIT double& operator[](int i) { return data[i]; }
-  ZEPH_EMIT const double& operator[](int i) const { return data[i]; }
+  ZEPH_EMIT ZEPH_CHECKED double& operator[](int i) {
+    ZEPH_REQUIRE_POINTER("CZEPHDoubleArray::operator[]", data);
+    ZEPH_REQUIRE_INSIDE("CZEPHDoubleArray::operator[]", i, 0, size - 1);
+    return data[i];
+  }
+  ZEPH_EMIT ZEPH_CHECKED const double& operator[](int i) const {
+    ZEPH_REQUIRE_POINTER("CZEPHDoubleArray::operator[]", data);
+    ZEPH_REQUIRE_INSIDE("CZEPHDoubleArray::operator[]", i, 0, size - 1);
+    return data[i];
+  }
 
   /// Element `i`, after CheckBound(i). GetEntry(size) passes the check and reads the slot behind
   /// the last element, which the array need not own.

@@ -147,7 +147,8 @@ class ZEPH_API CZEPHVector3D {
   /// (`newX`, `newY`, `newZ`).
   ZEPH_EMIT CZEPHVector3D(float newX, float newY, float newZ) : x(newX), y(newY), z(newZ) {}
   /// (p[0], p[1], p[2]).
-  ZEPH_EMIT CZEPHVector3D(const float* p) : x(p[0]), y(p[1]), z(p[2]) {}  // NOLINT: implicit
+  ZEPH_EMIT ZEPH_CHECKED CZEPHVector3D(const float* p)  // NOLINT: implicit, as documented
+      : x((ZEPH_REQUIRE_POINTER("CZEPHVector3D::CZEPHVector3D", p), p[0])), y(p[1]), z(p[2]) {}
   /// A copy, bit for bit.
   ZEPH_EMIT CZEPHVector3D(const CZEPHVector3D& other) : x(other.x), y(other.y), z(other.z) {}
   /// Does nothing.
@@ -285,8 +286,11 @@ class ZEPH_API CZEPHVector4D {
   ZEPH_EMIT CZEPHVector4D(float newX, float newY, float newZ, float newW)
       : x(newX), y(newY), z(newZ), w(newW) {}
   /// (p[0], p[1], p[2], p[3]).
-  ZEPH_EMIT CZEPHVector4D(const float* p)  // NOLINT: implicit, as documented
-      : x(p[0]), y(p[1]), z(p[2]), w(p[3]) {}
+  ZEPH_EMIT ZEPH_CHECKED CZEPHVector4D(const float* p)  // NOLINT: implicit, as documented
+      : x((ZEPH_REQUIRE_POINTER("CZEPHVector4D::CZEPHVector4D", p), p[0])),
+        y(p[1]),
+        z(p[2]),
+        w(p[3]) {}
   /// A copy, bit for bit.
   ZEPH_EMIT CZEPHVector4D(const CZEPHVector4D& other)
       : x(other.x), y(other.y), z(other.z), w(other.w) {}
@@ -448,7 +452,8 @@ class ZEPH_API CZEPHMatrix4x4 {
                            float e14, float e15)
       : entries{e0, e1, e2, e3, e4, e5, e6, e7, e8, e9, e10, e11, e12, e13, e14, e15} {}
   /// Sixteen floats copied in order.
-  ZEPH_EMIT CZEPHMatrix4x4(const float* p) {  // NOLINT: implicit, as documented
+  ZEPH_EMIT ZEPH_CHECKED CZEPHMatrix4x4(const float* p) {  // NOLINT: implicit, as documented
+    ZEPH_REQUIRE_POINTER("CZEPHMatrix4x4::CZEPHMatrix4x4", p);
     std::memcpy(entries, p, sizeof entries);
   }
   /// Does nothing.

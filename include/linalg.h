@@ -97,7 +97,11 @@ class ZEPH_API CZEPHDoubleMatrix {
     return m_ppData[i];
   }
   /// Row `i` of a const matrix, without any check. The elements can be written.
-  ZEPH_EMIT double* operator[](int i) const { return m_ppData[i]; }
+  ZEPH_EMIT ZEPH_CHECKED double* operator[](int i) const {
+    ZEPH_REQUIRE_POINTER("CZEPHDoubleMatrix::operator[]", m_ppData);
+    ZEPH_REQUIRE_INSIDE("CZEPHDoubleMatrix::operator[]", i, 0, m_nRows - 1);
+    return m_ppData[i];
+  }
 
   /// The number of *columns*: the two counts answer crosswise, 3 for a 2 x 3 matrix.
   ZEPH_EMIT int GetNoRows() { return m_nColumns; }
@@ -266,9 +270,17 @@ class ZEPH_API CZEPHVector {
   void Free();
 
   /// Element `i`, unchecked.
-  ZEPH_EMIT double& operator[](int i) { return m_pData[i]; }
+  ZEPH_EMIT ZEPH_CHECKED double& operator[](int i) {
+    ZEPH_REQUIRE_POINTER("CZEPHVector::operator[]", m_pData);
+    ZEPH_REQUIRE_INSIDE("CZEPHVector::operator[]", i, 0, m_nSize - 1);
+    return m_pData[i];
+  }
   /// The value of element `i`, unchecked.
-  ZEPH_EMIT double Get(int i) const { return m_pData[i]; }
+  ZEPH_EMIT ZEPH_CHECKED double Get(int i) const {
+    ZEPH_REQUIRE_POINTER("CZEPHVector::Get", m_pData);
+    ZEPH_REQUIRE_INSIDE("CZEPHVector::Get", i, 0, m_nSize - 1);
+    return m_pData[i];
+  }
   /// The number of elements.
   ZEPH_EMIT int GetSize() const { return m_nSize; }
 
@@ -312,7 +324,11 @@ class ZEPH_API CZEPHVector {
   /// A deep copy of a const vector.
   ZEPH_ADDED CZEPHVector(const CZEPHVector& other) : CZEPHVector(const_cast<CZEPHVector&>(other)) {}
   /// Element `i` of a const vector, unchecked.
-  ZEPH_ADDED const double& operator[](int i) const { return m_pData[i]; }
+  ZEPH_ADDED ZEPH_CHECKED const double& operator[](int i) const {
+    ZEPH_REQUIRE_POINTER("CZEPHVector::operator[]", m_pData);
+    ZEPH_REQUIRE_INSIDE("CZEPHVector::operator[]", i, 0, m_nSize - 1);
+    return m_pData[i];
+  }
   /// The elements as a contiguous range: for range-for, the standard algorithms and std::span.
   /// Empty without storage.
   ZEPH_ADDED double* data() { return m_pData; }
@@ -375,7 +391,11 @@ class ZEPH_API CZEPHMatrix {
   void Free();
 
   /// Row `i`, unchecked: `m[i][j]` is element (i, j).
-  ZEPH_EMIT double* operator[](int i) { return m_ppData[i]; }
+  ZEPH_EMIT ZEPH_CHECKED double* operator[](int i) {
+    ZEPH_REQUIRE_POINTER("CZEPHMatrix::operator[]", m_ppData);
+    ZEPH_REQUIRE_INSIDE("CZEPHMatrix::operator[]", i, 0, m_nRows - 1);
+    return m_ppData[i];
+  }
   /// The number of rows.
   ZEPH_EMIT int GetNoRow() const { return m_nRows; }
   /// The number of columns.
@@ -430,7 +450,11 @@ class ZEPH_API CZEPHMatrix {
   /// A deep copy of a const matrix.
   ZEPH_ADDED CZEPHMatrix(const CZEPHMatrix& other) : CZEPHMatrix(const_cast<CZEPHMatrix&>(other)) {}
   /// Row `i` of a const matrix, unchecked.
-  ZEPH_ADDED const double* operator[](int i) const { return m_ppData[i]; }
+  ZEPH_ADDED ZEPH_CHECKED const double* operator[](int i) const {
+    ZEPH_REQUIRE_POINTER("CZEPHMatrix::operator[]", m_ppData);
+    ZEPH_REQUIRE_INSIDE("CZEPHMatrix::operator[]", i, 0, m_nRows - 1);
+    return m_ppData[i];
+  }
   /// SetCol from a temporary or a const vector.
   ZEPH_ADDED void SetCol(int j, const CZEPHVector& v) { SetCol(j, const_cast<CZEPHVector&>(v)); }
   /// Check with a literal.
@@ -506,7 +530,11 @@ class ZEPH_API CZEPHMatrix4 {
   }
 
   /// The element in row `i`, column `j`, each 0..3; not checked.
-  ZEPH_EMIT double& operator()(const int& i, const int& j) { return m_data[i + 4 * j]; }
+  ZEPH_EMIT ZEPH_CHECKED double& operator()(const int& i, const int& j) {
+    ZEPH_REQUIRE_INSIDE("CZEPHMatrix4::operator()", i, 0, 3);
+    ZEPH_REQUIRE_INSIDE("CZEPHMatrix4::operator()", j, 0, 3);
+    return m_data[i + 4 * j];
+  }
 
   /// The address of the first stored element, typed as a pointer to float.
   ///
@@ -585,7 +613,10 @@ class ZEPH_API CZEPHVector3 {
   }
 
   /// Component `i`: 0 is x, 1 is y, 2 is z; not checked.
-  ZEPH_EMIT double& operator[](const int& i) { return reinterpret_cast<double*>(this)[i]; }
+  ZEPH_EMIT ZEPH_CHECKED double& operator[](const int& i) {
+    ZEPH_REQUIRE_INSIDE("CZEPHVector3::operator[]", i, 0, 2);
+    return reinterpret_cast<double*>(this)[i];
+  }
 
   /// One component, also to assign to.
   ZEPH_EMIT double& x() { return m_x; }

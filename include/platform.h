@@ -3,7 +3,7 @@
 // platform.h -- what the interface needs of its platform, where the framework is absent.
 //
 //   export macros     ZEPH_API, ZEPH_EMIT, ZEPH_ADDED
-//   preconditions     ZEPH_REQUIRE_INSIDE, ZEPH_REQUIRE_POINTER, checked with ZEPH_HARDENED
+//   preconditions     ZEPH_REQUIRE, ..._POINTER, ..._INSIDE, ZEPH_CHECKED: with ZEPH_HARDENED
 //   ZEPH_Long         the 32-bit signed integer behind every `long` overload
 //   ZEPH_TimeOfDay    the millisecond time record that the stopwatch keeps
 //   CObject           the polymorphic base of everything that collections point to
@@ -79,24 +79,57 @@
 #define ZEPH_ADDED
 #endif
 
-// ZEPH_REQUIRE_INSIDE and ZEPH_REQUIRE_POINTER state what an operation trusts. Normal builds do not
-// look; with ZEPH_HARDENED a breach stops the program with one line on standard error, which names
+// ZEPH_REQUIRE_... state what an operation trusts. Normal builds do not look, and hold no code for
+// it; with ZEPH_HARDENED a breach stops the program with one line on standard error, which names
 // the operation, the argument and its bounds: "CZEPHSortableObArray::Sort: count is 7, outside
-// 0..5".
+// 0..5". docs/hardened.md tells what is checked.
+//
+// ZEPH_CHECKED stands on inline members that check. It has every caller take them inline, so that
+// each part of a program gets what it was compiled for, even where hardened and plain parts are
+// linked together: there is no function of that name for the linker to choose.
 #ifdef ZEPH_HARDENED
-[[noreturn]] ZEPH_API void ZEPH_StopOutside(const char* operation, const char* argument,
-                                            long long value, long long low, long long high);
-[[noreturn]] ZEPH_API void ZEPH_StopAtNull(const char* operation, const char* argument);
+#include <cstdlib>
+#if defined(__GNUC__) || defined(__clang__)
+#define ZEPH_CHECKED __attribute__((always_inline))
+#define ZEPH_OUT_OF_LINE __attribute__((cold, noinline))
+#else
+#define ZEPH_CHECKED __forceinline
+#define ZEPH_OUT_OF_LINE __declspec(noinline)
+#endif
+[[noreturn]] ZEPH_ADDED ZEPH_OUT_OF_LINE inline void ZEPH_Stop(const char* operation,
+                                                               const char* breach) {
+  std::fprintf(stderr, "%s: %s\n", operation, breach);
+  std::fflush(stderr);
+  std::abort();  // here a debugger stops, with the caller on the stack
+}
+[[noreturn]] ZEPH_ADDED ZEPH_OUT_OF_LINE inline void ZEPH_StopAtNull(const char* operation,
+                                                                     const char* argument) {
+  std::fprintf(stderr, "%s: %s is null\n", operation, argument);
+  std::fflush(stderr);
+  std::abort();
+}
+[[noreturn]] ZEPH_ADDED ZEPH_OUT_OF_LINE inline void ZEPH_StopOutside(
+    const char* operation, const char* argument, long long value, long long low, long long high) {
+  std::fprintf(stderr, "%s: %s is %lld, outside %lld..%lld\n", operation, argument, value, low,
+               high);
+  std::fflush(stderr);
+  std::abort();
+}
+#undef ZEPH_OUT_OF_LINE
+#define ZEPH_REQUIRE(operation, condition, breach) \
+  ((condition) ? static_cast<void>(0) : ZEPH_Stop(operation, breach))
+#define ZEPH_REQUIRE_POINTER(operation, argument) \
+  ((argument) != nullptr ? static_cast<void>(0) : ZEPH_StopAtNull(operation, #argument))
 #define ZEPH_REQUIRE_INSIDE(operation, argument, low, high)                          \
   ((argument) < (low) || (argument) > (high)                                         \
        ? ZEPH_StopOutside(operation, #argument, static_cast<long long>(argument),    \
                           static_cast<long long>(low), static_cast<long long>(high)) \
        : static_cast<void>(0))
-#define ZEPH_REQUIRE_POINTER(operation, argument) \
-  ((argument) ? static_cast<void>(0) : ZEPH_StopAtNull(operation, #argument))
 #else
-#define ZEPH_REQUIRE_INSIDE(operation, argument, low, high) static_cast<void>(0)
+#define ZEPH_CHECKED
+#define ZEPH_REQUIRE(operation, condition, breach) static_cast<void>(0)
 #define ZEPH_REQUIRE_POINTER(operation, argument) static_cast<void>(0)
+#define ZEPH_REQUIRE_INSIDE(operation, argument, low, high) static_cast<void>(0)
 #endif
 
 // ZEPH_PRINTF_FORMAT has the compiler compare the arguments of a formatting member with its format.

@@ -21,9 +21,20 @@ Node** StopOf(const Node& node, Node** link) {
   return link;
 }
 
+/// Hardened builds insist that `node` is not in the list yet: it would be linked to itself.
 template <class Node>
-void InsertOrdered(Node*& head, Node* node) {
+void RequireNew([[maybe_unused]] const char* operation, [[maybe_unused]] const Node* head,
+                [[maybe_unused]] const Node* node) {
+#ifdef ZEPH_HARDENED
+  for (; head; head = head->m_pNext)
+    ZEPH_REQUIRE(operation, head != node, "the node is in the list already");
+#endif
+}
+
+template <class Node>
+void InsertOrdered(const char* operation, Node*& head, Node* node) {
   if (!node) return;
+  RequireNew(operation, head, node);
   Node** link = StopOf(*node, &head);
   node->m_pNext = *link;
   *link = node;
@@ -79,7 +90,7 @@ class ChainSorter {
 
 template <class T>
 void CZEPHLinkList<T>::InsertOrdered(CZEPHLink<T>* link) {
-  zeph::containers::InsertOrdered(m_pHead, link);
+  zeph::containers::InsertOrdered("CZEPHLinkList::InsertOrdered", m_pHead, link);
 }
 
 // The result of inserting one by one, without the walks. A NaN becomes the head, and nothing
@@ -140,7 +151,7 @@ CZEPHSortedLinkList& CZEPHSortedLinkList::operator=(const CZEPHSortedLinkList& o
 }
 
 void CZEPHSortedLinkList::Insert(CZEPHLinkData* node) {
-  zeph::containers::InsertOrdered(m_pHead, node);
+  zeph::containers::InsertOrdered("CZEPHSortedLinkList::Insert", m_pHead, node);
 }
 
 CZEPHLinkData* CZEPHSortedLinkList::Find(int key) {

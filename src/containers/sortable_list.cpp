@@ -6,6 +6,14 @@
 
 namespace {
 
+#ifdef ZEPH_HARDENED
+template <class Node>
+bool IsLinked(const Node* head, const Node* node) {
+  while (head && head != node) head = head->pNext;
+  return head != nullptr;
+}
+#endif
+
 /// Moves the data of `node` back between `boundary` (null: the head) and the first element that is
 /// not greater. A compare function that throws leaves the elements complete.
 template <class Node>
@@ -38,6 +46,8 @@ void CZEPHSortableObList::Sort(POSITION start, int count, int (*compare)(CObject
   ZEPH_REQUIRE_POINTER("CZEPHSortableObList::Sort", compare);
   if (!m_pNodeHead || !start) return;
   auto* node = reinterpret_cast<CNode*>(start);
+  ZEPH_REQUIRE("CZEPHSortableObList::Sort", IsLinked(m_pNodeHead, node),
+               "start is no position of this list");
   const CNode* boundary = node->pPrev;
   for (auto left = static_cast<unsigned>(count); node && left > 0; node = node->pNext, --left)
     InsertBack<CNode>(node, boundary, compare);

@@ -83,6 +83,7 @@ CZEPHDoubleArray operator-(const CZEPHDoubleArray& a) {
 }
 
 CZEPHDoubleArray operator*(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
+  zeph::double_array::RequireAsManyAs(a, b, "operator*(CZEPHDoubleArray, CZEPHDoubleArray)");
   return Combine(a, b, ActiveElementwise().multiply);
 }
 

@@ -38,6 +38,7 @@ double CZEPHDoubleArray::MaxNorm() const {
 }
 
 double ZEPH_ArrayDotProduct(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
+  zeph::double_array::RequireAsManyAs(a, b, __func__);
   const std::size_t n = b.data ? Count(a) : 0;
   return SumInOrder(n, [&](std::size_t i) { return a.data[i] * b.data[i]; });
 }

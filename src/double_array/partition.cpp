@@ -2,9 +2,11 @@
 #include <utility>
 
 #include "double_array.h"
+#include "double_array/elements.h"
 
 int CZEPHDoubleArray::Partition(int left, int right, double pivot) {
   if (left > right) return left - 1;  // both cursors would stand still for ever
+  zeph::double_array::RequireRange(*this, "CZEPHDoubleArray::Partition", left, right);
   int i = left - 1;
   int j = right + 1;
   for (;;) {
@@ -18,5 +20,8 @@ int CZEPHDoubleArray::Partition(int left, int right, double pivot) {
 }
 
 void CZEPHDoubleArray::Swap(int i, int j) {
+  ZEPH_REQUIRE_POINTER("CZEPHDoubleArray::Swap", data);
+  ZEPH_REQUIRE_INSIDE("CZEPHDoubleArray::Swap", i, 0, size - 1);
+  ZEPH_REQUIRE_INSIDE("CZEPHDoubleArray::Swap", j, 0, size - 1);
   std::swap(data[i], data[j]);
 }

@@ -30,6 +30,7 @@ void CZEPHDoubleArray::InsertionSort() {
 
 void CZEPHDoubleArray::InsertionSort(int left, int right) {
   if (left >= right) return;
+  zeph::double_array::RequireRange(*this, "CZEPHDoubleArray::InsertionSort", left, right);
   const auto count = static_cast<std::size_t>(static_cast<long long>(right) - left + 1);
   zeph::double_array::InsertionSort(data + left, count);
 }

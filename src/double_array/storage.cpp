@@ -66,6 +66,7 @@ CZEPHDoubleArray& CZEPHDoubleArray::operator=(const CZEPHDoubleArray& other) {
 }
 
 void CZEPHDoubleArray::ErrorMessage(char* message, std::ostream& os) {
+  ZEPH_REQUIRE_POINTER("CZEPHDoubleArray::ErrorMessage", message);
   zeph::frame::FatalReport(message, os);
 }
 

@@ -49,6 +49,10 @@ void CZEPHDoubleArray::Display(CString& out) {
 
 void CZEPHDoubleArray::Display(CString& out, int from, int to) {
   const bool any = data && from <= to;
+  if (any) {
+    ZEPH_REQUIRE_INSIDE("CZEPHDoubleArray::Display", from, 0, size - 1);
+    ZEPH_REQUIRE_INSIDE("CZEPHDoubleArray::Display", to, from, size - 1);
+  }
   AppendListing(out, any ? data + from : data, any ? to - from + 1 : 0);
 }
 

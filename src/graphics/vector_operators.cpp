@@ -51,4 +51,5 @@ ZEPH_DEFINE(CZEPHVector3D)
 ZEPH_DEFINE(CZEPHVector4D)
 #undef ZEPH_DEFINE
 
-CZEPHVector2D::CZEPHVector2D(const float* p) : x(p[0]), y(p[0] + 1.0f) {}
+CZEPHVector2D::CZEPHVector2D(const float* p)
+    : x((ZEPH_REQUIRE_POINTER("CZEPHVector2D::CZEPHVector2D", p), p[0])), y(p[0] + 1.0f) {}

@@ -109,5 +109,6 @@ CZEPHDoubleMatrix& CZEPHDoubleMatrix::operator=(const CZEPHDoubleMatrix& other) 
 }
 
 void CZEPHDoubleMatrix::ErrorMessage(char* message, std::ostream& os) {
+  ZEPH_REQUIRE_POINTER("CZEPHDoubleMatrix::ErrorMessage", message);
   zeph::frame::FatalReport(message, os);
 }

@@ -45,6 +45,7 @@ CZEPHMatrix4::CZEPHMatrix4(const double& value) {
 }
 
 CZEPHMatrix4::CZEPHMatrix4(const double* const data, ordermode mode) {
+  ZEPH_REQUIRE_POINTER("CZEPHMatrix4::CZEPHMatrix4", data);
   if (mode == RowMajor) {
     for (int i = 0; i < 4; ++i)
       for (int j = 0; j < 4; ++j) m_data[i + 4 * j] = data[4 * i + j];

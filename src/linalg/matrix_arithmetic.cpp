@@ -6,6 +6,7 @@
 #include "platform/exactness.h"
 
 void CZEPHMatrix::Check(bool failed, char* message) {
+  if (failed) ZEPH_REQUIRE_POINTER("CZEPHMatrix::Check", message);
   zeph::frame::Check(failed, message);
 }
 

@@ -2,6 +2,7 @@
 //
 // Columns and row sums as vectors, random fill.
 #include <algorithm>
+#include <climits>
 #include <cstddef>
 
 #include "kernels/row_sums.h"
@@ -22,6 +23,12 @@ CZEPHVector VectorOfRows(const CZEPHMatrix& m, Fill fill) {
   return out;
 }
 
+/// Hardened builds insist on a column of the matrix, where there is a row to find it in.
+void RequireColumn([[maybe_unused]] const char* operation, [[maybe_unused]] const CZEPHMatrix& m,
+                   int rows, [[maybe_unused]] int j) {
+  if (rows > 0) ZEPH_REQUIRE_INSIDE(operation, j, 0, m.m_nColumns - 1);
+}
+
 }  // namespace
 
 CZEPHVector CZEPHMatrix::PickCol(int j) {
@@ -31,12 +38,16 @@ CZEPHVector CZEPHMatrix::PickCol(int j) {
 void CZEPHMatrix::PickCol(int j, CZEPHVector& out) {
   if (!out.m_pData) return;
   const int rows = StoredRows(m_ppData, m_nRows);
+  RequireColumn("CZEPHMatrix::PickCol", *this, rows, j);
+  ZEPH_REQUIRE_INSIDE("CZEPHMatrix::PickCol", out.m_nSize, rows, INT_MAX);
   for (int i = 0; i < rows; ++i) out.m_pData[i] = m_ppData[i][j];
 }
 
 void CZEPHMatrix::SetCol(int j, CZEPHVector& v) {
   if (!v.m_pData) return;
   const int rows = StoredRows(m_ppData, m_nRows);
+  RequireColumn("CZEPHMatrix::SetCol", *this, rows, j);
+  ZEPH_REQUIRE_INSIDE("CZEPHMatrix::SetCol", v.m_nSize, rows, INT_MAX);
   for (int i = 0; i < rows; ++i) m_ppData[i][j] = v.m_pData[i];
 }
 
@@ -46,7 +57,8 @@ CZEPHVector ZEPH_SumVector(CZEPHMatrix& m) {
 
 void ZEPH_SumVector(CZEPHMatrix& m, CZEPHVector& out) {
   if (!out.m_pData) return;
-  zeph::kernels::ActiveRowSums().sum(out.m_pData, m.m_ppData,
-                                     static_cast<std::size_t>(StoredRows(m.m_ppData, m.m_nRows)),
+  const int rows = StoredRows(m.m_ppData, m.m_nRows);
+  ZEPH_REQUIRE_INSIDE(__func__, out.m_nSize, rows, INT_MAX);
+  zeph::kernels::ActiveRowSums().sum(out.m_pData, m.m_ppData, static_cast<std::size_t>(rows),
                                      static_cast<std::size_t>(std::max(m.m_nColumns, 0)));
 }

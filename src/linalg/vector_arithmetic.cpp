@@ -34,6 +34,7 @@ CZEPHVector Combined(const CZEPHVector& x, const CZEPHVector& y,
 }  // namespace
 
 void CZEPHVector::Check(bool failed, char* message) {
+  if (failed) ZEPH_REQUIRE_POINTER("CZEPHVector::Check", message);
   zeph::frame::Check(failed, message);
 }
 

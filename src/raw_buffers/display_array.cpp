@@ -6,6 +6,7 @@
 #include "platform/block_writer.h"
 #include "platform/format_number.h"
 #include "raw_buffers.h"
+#include "raw_buffers/precondition.h"
 
 namespace zeph::raw_buffers {
 namespace {
@@ -62,6 +63,7 @@ bool EndsLine(std::int64_t i) {
 template <class Sink, class T>
 void List(Sink sink, const T* a, std::int64_t lo, std::int64_t hi, const char* name,
           Layout layout) {
+  RequireBlock("ZEPH_ArrayDisplay", "a", a, lo <= hi);
   const char* label = platform::TextOrNull(name);
   const std::size_t labelSize = std::strlen(label);
   const ValueFormat<T> value;
@@ -82,6 +84,7 @@ void List(Sink sink, const T* a, std::int64_t lo, std::int64_t hi, const char* n
 template <class T>
 void ListToStream(std::FILE* stream, const T* a, std::int64_t lo, std::int64_t hi,
                   const char* name) {
+  ZEPH_REQUIRE_POINTER("ZEPH_ArrayDisplay", stream);
   List(StreamSink{stream}, a, lo, hi, name, {Trailing<T>::kStream, "\n"});
 }
 

@@ -4,6 +4,7 @@
 #include "platform/block_writer.h"
 #include "platform/format_number.h"
 #include "raw_buffers.h"
+#include "raw_buffers/precondition.h"
 #include "raw_buffers/rows.h"
 
 namespace zeph::raw_buffers {
@@ -40,26 +41,38 @@ void PrintRows(std::FILE* stream, int rows, int cols, Rows m, const char* name) 
 namespace rb = zeph::raw_buffers;
 
 void ZEPH_MatrixPrint(FILE* stream, int rows, int cols, double** m, char* name) {
+  ZEPH_REQUIRE_POINTER(__func__, stream);
+  rb::RequireRows(__func__, "m", m, 0, cols > 0 ? rows : 0);
   rb::PrintRows(stream, rows, cols, rb::TableRows{m}, name);
 }
 
 void ZEPH_MatrixPrint(FILE* stream, int n, double** m, char* name) {
+  ZEPH_REQUIRE_POINTER(__func__, stream);
+  rb::RequireRows(__func__, "m", m, 0, n);
   rb::PrintRows(stream, n, n, rb::TableRows{m}, name);
 }
 
 void ZEPH_MatrixPrint3(FILE* stream, double** m, char* name) {
+  ZEPH_REQUIRE_POINTER(__func__, stream);
+  rb::RequireRows(__func__, "m", m, 0, 3);
   rb::PrintRows(stream, 3, 3, rb::TableRows{m}, name);
 }
 
 void ZEPH_MatrixPrint4(FILE* stream, double** m, char* name) {
+  ZEPH_REQUIRE_POINTER(__func__, stream);
+  rb::RequireRows(__func__, "m", m, 0, 4);
   rb::PrintRows(stream, 4, 4, rb::TableRows{m}, name);
 }
 
 void ZEPH_MatrixPrint4(FILE* stream, double* const m, char* name) {
+  ZEPH_REQUIRE_POINTER(__func__, stream);
+  ZEPH_REQUIRE_POINTER(__func__, m);
   rb::PrintRows(stream, 4, 4, rb::FlatRows{m, 4}, name);
 }
 
 void ZEPH_VectorPrint3(FILE* stream, double* const v, char* name) {
+  ZEPH_REQUIRE_POINTER(__func__, stream);
+  ZEPH_REQUIRE_POINTER(__func__, v);
   const rb::RealFormat format = rb::CellFormat();
   rb::BlockWriter<rb::StreamSink> writer(rb::StreamSink{stream});
   writer.Text(zeph::platform::TextOrNull(name));

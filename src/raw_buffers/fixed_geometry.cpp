@@ -48,17 +48,22 @@ namespace rb = zeph::raw_buffers;
 
 void ZEPH_MatrixSet3(double m[3][3], double m00, double m01, double m02, double m10, double m11,
                      double m12, double m20, double m21, double m22) {
+  ZEPH_REQUIRE_POINTER(__func__, m);
   m[0][0] = m00, m[0][1] = m01, m[0][2] = m02;
   m[1][0] = m10, m[1][1] = m11, m[1][2] = m12;
   m[2][0] = m20, m[2][1] = m21, m[2][2] = m22;
 }
 
 void ZEPH_MatrixSetIdentity(double* const m) {
+  ZEPH_REQUIRE_POINTER(__func__, m);
   std::fill_n(m, rb::k4 * rb::k4, 0.0);
   for (int i = 0; i < rb::k4; ++i) m[i * rb::k4 + i] = 1.0;
 }
 
 void ZEPH_MatrixMultiply3(double a[3][3], double b[3][3], double out[3][3]) {
+  ZEPH_REQUIRE_POINTER(__func__, a);
+  ZEPH_REQUIRE_POINTER(__func__, b);
+  ZEPH_REQUIRE_POINTER(__func__, out);
   double product[3][3];
   for (int i = 0; i < rb::k3; ++i)
     for (int j = 0; j < rb::k3; ++j) product[i][j] = rb::SnappedEntry(a[i], b, j);
@@ -66,6 +71,9 @@ void ZEPH_MatrixMultiply3(double a[3][3], double b[3][3], double out[3][3]) {
 }
 
 void ZEPH_MatrixMult4(double* const a, double* const b, double* const out) {
+  ZEPH_REQUIRE_POINTER(__func__, a);
+  ZEPH_REQUIRE_POINTER(__func__, b);
+  ZEPH_REQUIRE_POINTER(__func__, out);
   constexpr std::size_t kCells = rb::k4 * rb::k4;
   if (zeph::kernels::Overlap(out, kCells, a, kCells) ||
       zeph::kernels::Overlap(out, kCells, b, kCells)) {
@@ -82,6 +90,7 @@ void ZEPH_MatrixMult4(double* const a, double* const b, double* const out) {
 }
 
 void ZEPH_MatrixRotate3X(double m[3][3], double angle) {
+  ZEPH_REQUIRE_POINTER(__func__, m);
   const auto [co, si] = rb::TurnBy(angle);
   double turn[3][3];
   ZEPH_MatrixSet3(turn, 1.0, 0.0, 0.0, 0.0, co, -si, 0.0, si, co);
@@ -89,6 +98,7 @@ void ZEPH_MatrixRotate3X(double m[3][3], double angle) {
 }
 
 void ZEPH_MatrixRotate3Y(double m[3][3], double angle) {
+  ZEPH_REQUIRE_POINTER(__func__, m);
   const auto [co, si] = rb::TurnBy(angle);
   double turn[3][3];
   ZEPH_MatrixSet3(turn, co, 0.0, si, 0.0, 1.0, 0.0, -si, 0.0, co);
@@ -96,6 +106,7 @@ void ZEPH_MatrixRotate3Y(double m[3][3], double angle) {
 }
 
 void ZEPH_MatrixRotate3Z(double m[3][3], double angle) {
+  ZEPH_REQUIRE_POINTER(__func__, m);
   const auto [co, si] = rb::TurnBy(angle);
   double turn[3][3];
   ZEPH_MatrixSet3(turn, co, -si, 0.0, si, co, 0.0, 0.0, 0.0, 1.0);
@@ -103,12 +114,17 @@ void ZEPH_MatrixRotate3Z(double m[3][3], double angle) {
 }
 
 void ZEPH_MatrixRotate3(double m[3][3], double ax, double ay, double az) {
+  ZEPH_REQUIRE_POINTER(__func__, m);
   ZEPH_MatrixRotate3X(m, ax);
   ZEPH_MatrixRotate3Y(m, ay);
   ZEPH_MatrixRotate3Z(m, az);
 }
 
 void ZEPH_MatrixTransform3(double m[3][3], double* x, double* y, double* z) {
+  ZEPH_REQUIRE_POINTER(__func__, m);
+  ZEPH_REQUIRE_POINTER(__func__, x);
+  ZEPH_REQUIRE_POINTER(__func__, y);
+  ZEPH_REQUIRE_POINTER(__func__, z);
   const double x0 = *x, y0 = *y, z0 = *z;
   const double x1 = m[0][0] * x0 + m[0][1] * y0 + m[0][2] * z0;
   const double y1 = m[1][0] * x0 + m[1][1] * y0 + m[1][2] * z0;
@@ -119,6 +135,7 @@ void ZEPH_MatrixTransform3(double m[3][3], double* x, double* y, double* z) {
 }
 
 void ZEPH_MatrixTranspose3(double m[3][3]) {
+  ZEPH_REQUIRE_POINTER(__func__, m);
   for (int i = 0; i < rb::k3; ++i)
     for (int j = i + 1; j < rb::k3; ++j) std::swap(m[i][j], m[j][i]);
 }

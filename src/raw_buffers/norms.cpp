@@ -8,6 +8,7 @@
 #include "platform/exactness.h"
 #include "raw_buffers.h"
 #include "raw_buffers/hypotenuse.h"
+#include "raw_buffers/precondition.h"
 
 namespace zeph::raw_buffers {
 namespace {
@@ -124,37 +125,46 @@ double LargestColumnSum(double* const* m, int n, int start) {
 namespace rb = zeph::raw_buffers;
 
 double ZEPH_ArrayOneNorm(double* a, int n, int start) {
+  ZEPH_REQUIRE_POINTER(__func__, a);
   return rb::Accumulate<rb::AbsoluteSum>(a + start, n);
 }
 
 double ZEPH_ArrayTwoNorm(double* a, int n, int start) {
+  ZEPH_REQUIRE_POINTER(__func__, a);
   return std::sqrt(rb::Accumulate<rb::SquareSum>(a + start, n));
 }
 
 double ZEPH_ArrayTwoNorm2(double* a, int n, int start) {
+  ZEPH_REQUIRE_POINTER(__func__, a);
   return rb::Accumulate<rb::ScaledLength>(a + start, n);
 }
 
 double ZEPH_ArrayMaxNorm(double* a, int n, int start) {
+  ZEPH_REQUIRE_POINTER(__func__, a);
   return n > 1 ? rb::MaximumOf(a + start, static_cast<std::size_t>(n)) : std::fabs(a[start]);
 }
 
 double ZEPH_MatrixOneNorm(double** m, int n, int start) {
+  rb::RequireRows(__func__, "m", m, start, n);
   return rb::LargestColumnSum(m, n, start);
 }
 
 double ZEPH_MatrixMaxNorm(double** m, int n, int start) {
+  rb::RequireRows(__func__, "m", m, start, std::max(n, 1));
   return rb::RowWise<rb::AbsoluteSum>(m + start, n, rb::LargerOrLater);
 }
 
 double ZEPH_MatrixFrobNorm(double** m, int n, int start) {
+  rb::RequireRows(__func__, "m", m, start, std::max(n, 1));
   return rb::RowWise<rb::ScaledLength>(m + start, n, rb::Hypotenuse);
 }
 
 double ZEPH_MatrixFrobNorm2(double** m, int n, int start) {
+  rb::RequireRows(__func__, "m", m, start, n);
   return rb::ElementWise<rb::ScaledLength>(m, n, start, 0.0);
 }
 
 double ZEPH_MatrixFrobNorm3(double** m, int n, int start) {
+  rb::RequireRows(__func__, "m", m, start, n);
   return std::sqrt(rb::ElementWise<rb::SquareSum>(m, n, start, 0.0));
 }

@@ -1,7 +1,7 @@
-// Breaks one precondition, named by the argument.
-#include <cstring>
-
+// Breaks one precondition, or keeps it, as the argument names.
 #include "containers.h"
+
+#include "support/breach.h"
 
 namespace {
 
@@ -9,20 +9,60 @@ int Equal(CObject*, CObject*) {
   return 0;
 }
 
+struct FiveObjects : CZEPHSortableObArray {
+  FiveObjects() { SetSize(5); }
+};
+
+const zeph::test::Breach kBreaches[] = {
+    {"array null", [] { FiveObjects().Sort(nullptr); }},
+    {"range null", [] { FiveObjects().Sort(0, 0, nullptr); }},
+    {"list null", [] { CZEPHSortableObList().Sort(nullptr); }},
+    {"position null", [] { CZEPHSortableObList().Sort(nullptr, 1, nullptr); }},
+    {"first", [] { FiveObjects().Sort(-1, 2, Equal); }},
+    {"count", [] { FiveObjects().Sort(2, 4, Equal); }},
+    {"foreign position",
+     [] {
+       CZEPHSortableObList list, other;
+       list.AddTail(nullptr);
+       list.Sort(other.AddTail(nullptr), 1, Equal);
+     }},
+    {"link twice",
+     [] {
+       CZEPHLinkList<double> list;
+       auto* link = new CZEPHLink<double>(1.0);
+       list.InsertOrdered(link);
+       list.InsertOrdered(link);
+     }},
+    {"node twice",
+     [] {
+       CZEPHSortedLinkList list;
+       CZEPHLinkData node(1);
+       list.Insert(&node);
+       list.Insert(&node);
+     }},
+    {"whole range", [] { FiveObjects().Sort(0, 5, Equal); }},
+    {"no count", [] { FiveObjects().Sort(-1, 0, Equal); }},
+    {"own position",
+     [] {
+       CZEPHSortableObList list;
+       const POSITION at = list.AddTail(nullptr);
+       list.Sort(at, 1, Equal);
+     }},
+    {"null position",
+     [] {
+       CZEPHSortableObList list;
+       list.AddTail(nullptr);
+       list.Sort(nullptr, 1, Equal);
+     }},
+    {"null nodes",
+     [] {
+       CZEPHLinkList<double>().InsertOrdered(nullptr);
+       CZEPHSortedLinkList().Insert(nullptr);
+     }},
+};
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc < 2) return 2;
-  const auto is = [&](const char* name) { return std::strcmp(argv[1], name) == 0; };
-  CZEPHSortableObArray array;
-  array.SetSize(5);
-  CZEPHSortableObList list;
-  if (is("array null")) array.Sort(nullptr);
-  if (is("range null")) array.Sort(0, 0, nullptr);
-  if (is("first")) array.Sort(-1, 2, Equal);
-  if (is("count")) array.Sort(2, 4, Equal);
-  if (is("list null")) list.Sort(nullptr);
-  if (is("position null")) list.Sort(nullptr, 1, nullptr);
-  if (is("whole range")) array.Sort(0, 5, Equal);
-  return 0;
+  return zeph::test::MakeBreach(argc, argv, kBreaches);
 }

@@ -1,36 +1,50 @@
-#include <gtest/gtest.h>
+#include "support/hardened.h"
 
-#ifdef ZEPH_HARDENED
-
-#include <string>
-
-#include "support/child.h"
+using zeph::test::ExpectPasses;
+using zeph::test::ExpectStops;
 
 namespace {
 
-void ExpectStop(const std::string& site, const std::string& line) {
-  const auto child = zeph::test::RunChild("zeph_containers_hardened_child", {site});
-  EXPECT_NE(child.status, 0) << site;
-  EXPECT_EQ(child.out, "") << site;
-  EXPECT_EQ(child.err.substr(0, child.err.find_first_of("\r\n")), line) << site;
-}
+const char kChild[] = "zeph_containers_hardened_child";
 
 }  // namespace
 
-TEST(HardenedCollections, StopAtANullCompareFunction) {
-  ExpectStop("array null", "CZEPHSortableObArray::Sort: compare is null");
-  ExpectStop("range null", "CZEPHSortableObArray::Sort: compare is null");
-  ExpectStop("list null", "CZEPHSortableObList::Sort: compare is null");
-  ExpectStop("position null", "CZEPHSortableObList::Sort: compare is null");
+TEST(HardenedContainers, StopAtANullCompareFunction) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  ExpectStops(kChild, {
+                          {"array null", "CZEPHSortableObArray::Sort: compare is null"},
+                          {"range null", "CZEPHSortableObArray::Sort: compare is null"},
+                          {"list null", "CZEPHSortableObList::Sort: compare is null"},
+                          {"position null", "CZEPHSortableObList::Sort: compare is null"},
+                      });
 }
 
-TEST(HardenedCollections, StopAtARangeOutsideTheArray) {
-  ExpectStop("first", "CZEPHSortableObArray::Sort: first is -1, outside 0..5");
-  ExpectStop("count", "CZEPHSortableObArray::Sort: count is 4, outside 1..3");
+TEST(HardenedContainers, StopAtARangeOutsideTheArray) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  ExpectStops(kChild, {
+                          {"first", "CZEPHSortableObArray::Sort: first is -1, outside 0..5"},
+                          {"count", "CZEPHSortableObArray::Sort: count is 4, outside 1..3"},
+                      });
 }
 
-TEST(HardenedCollections, LetEveryRangeInsideTheArrayPass) {
-  EXPECT_EQ(zeph::test::RunChild("zeph_containers_hardened_child", {"whole range"}).status, 0);
+TEST(HardenedContainers, StopAtAPositionOfAnotherList) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  ExpectStops(kChild, {
+                          {"foreign position",
+                           "CZEPHSortableObList::Sort: start is no position of this list"},
+                      });
 }
 
-#endif  // ZEPH_HARDENED
+TEST(HardenedContainers, StopWhereANodeIsInTheListAlready) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  ExpectStops(kChild,
+              {
+                  {"link twice", "CZEPHLinkList::InsertOrdered: the node is in the list already"},
+                  {"node twice", "CZEPHSortedLinkList::Insert: the node is in the list already"},
+              });
+}
+
+TEST(HardenedContainers, LetEverythingDocumentedPass) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  ExpectPasses(kChild, {"whole range", "no count", "own position", "null position", "null nodes"});
+}

@@ -10,5 +10,9 @@
 
 #include "ZEPHDataStructureEngine.h"
 
-inline int Same(double value, double stated) { return value == stated ? 0 : 1; }
-inline int ByKey(CObject*, CObject*) { return 0; }
+inline int Same(double value, double stated) {
+  return value == stated ? 0 : 1;
+}
+inline int ByKey(CObject*, CObject*) {
+  return 0;
+}

@@ -1,21 +1,51 @@
-need clang
+# Each public header alone, by every compiler and standard; alone behind a header that defines macros as
+# the Windows system header does; and the layout of every class. No warning anywhere.
+need clang g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix g++-12-multilib
 failed=0 passed=0
 work=build/headers
 mkdir -p $work
+warnings="-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror"
+i686="g++-12 -m32 -idirafter /usr/include/x86_64-linux-gnu"
+
+# compiles WHAT SOURCE COMPILER...: one verdict.
+compiles() {
+  local what=$1 source=$2
+  shift 2
+  if "$@" -fsyntax-only $warnings -I include "$source"; then
+    passed=$((passed + 1))
+  else
+    echo "$what: $*"
+    failed=$((failed + 1))
+  fi
+}
+
+cat >$work/windows_macros.h <<'TEXT'
+// What <windows.h> leaves behind unless told otherwise.
+#define min(a, b) (((a) < (b)) ? (a) : (b))
+#define max(a, b) (((a) > (b)) ? (a) : (b))
+#define near
+#define far
+#define NEAR near
+#define FAR far
+TEXT
+
 for header in include/*.h; do
   name=$(basename "$header")
   printf '#include "%s"\nint main() { return 0; }\n' "$name" >$work/${name%.h}.cpp
-  for compiler in g++ clang++; do
+  printf '#include <algorithm>\n#include <limits>\n#include <string>\n#include <istream>\n#include <ostream>\n#include "../build/headers/windows_macros.h"\n#include "%s"\nint main() { return 0; }\n' \
+    "$name" >$work/${name%.h}_macros.cpp
+  for compiler in g++ clang++ x86_64-w64-mingw32-g++-posix; do
     for standard in 17 20 2b; do
-      if $compiler -std=c++$standard -fsyntax-only -Wall -Wextra -Wpedantic -Wconversion -Wshadow \
-        -Werror -I include $work/${name%.h}.cpp; then
-        passed=$((passed + 1))
-      else
-        echo "$name, $compiler, C++$standard"
-        failed=$((failed + 1))
-      fi
+      compiles "$name" $work/${name%.h}.cpp $compiler -std=c++$standard
     done
+    compiles "$name behind macros" $work/${name%.h}_macros.cpp $compiler -std=c++17
   done
+  compiles "$name" $work/${name%.h}.cpp i686-w64-mingw32-g++-posix -std=c++17
+  compiles "$name" $work/${name%.h}.cpp $i686 -std=c++17
+done
+for compiler in g++ "g++ -march=native" clang++ "clang++ -march=native" "$i686" \
+  x86_64-w64-mingw32-g++-posix i686-w64-mingw32-g++-posix; do
+  compiles "layout" tests/headers/layout.cpp $compiler -std=c++17
 done
 echo "$passed passed, $failed failed"
 [ $failed = 0 ]

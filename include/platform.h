@@ -65,7 +65,7 @@
 #if !defined(ZEPH_BUILDING) || !(defined(__GNUC__) || defined(__clang__))
 #define ZEPH_EMIT
 #elif defined(_WIN32)
-#define ZEPH_EMIT __attribute__((used))
+#define ZEPH_EMIT __attribute__((used, dllexport))
 #else  // -fvisibility-inlines-hidden would hide them, whatever their class says
 #define ZEPH_EMIT __attribute__((used, visibility("default")))
 #endif

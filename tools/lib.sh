@@ -143,22 +143,37 @@ need_locale() {
   export LOCPATH=$PWD/build/locales
 }
 
-# run_programs DIR [EMULATOR...]: runs each test program of DIR whole; the last line counts the tests.
+# run_programs DIR [EMULATOR...]: runs each test program of DIR whole. Names every skipped test with its
+# reason; the last line counts the tests.
 run_programs() {
   local dir=$1 passed=0 failed=0 program log
   shift
   for program in $(find "$dir/tests" -maxdepth 1 -name 'zeph_*_tests*' \( -perm -u+x -o -name '*.exe' \) | sort); do
     log=$program.log
-    if ! "$@" "$program" --gtest_brief=1 >"$log" 2>&1 </dev/null; then
+    if ! "$@" "$program" >"$log" 2>&1 </dev/null; then
       grep -vE '^\[       OK|^\[ RUN' "$log" | tail -n 40
       echo "$(basename "$program") failed"
       # A program that dies counts as one failure even when it printed none.
       grep -qE '^\[  FAILED  \] [0-9]+ test' "$log" || failed=$((failed + 1))
     fi
-    passed=$((passed + $(sed -nE 's/^\[  PASSED  \] ([0-9]+) tests?.*/\1/p' "$log" | tail -1 | tr -d '\r' | grep . || echo 0)))
-    failed=$((failed + $(sed -nE 's/^\[  FAILED  \] ([0-9]+) tests?, listed.*/\1/p' "$log" | tail -1 | tr -d '\r' | grep . || echo 0)))
-    grep -hE '^\[  SKIPPED \] .*[^.]$' "$log" | sed "s/^/$(basename "$program"): /" || true
+    passed=$((passed + $(count_in "$log" PASSED)))
+    failed=$((failed + $(count_in "$log" FAILED)))
+    list_skipped "$log"
   done
   echo "$passed passed, $failed failed"
   [ $failed = 0 ] && [ $passed -gt 0 ]
+}
+
+# count_in LOG PASSED|FAILED: GoogleTest's own count; 0 where it printed none.
+count_in() {
+  tr -d '\r' <"$1" | sed -nE "s/^\[  $2  \] ([0-9]+) tests?[.,].*/\1/p" | tail -1 | grep . || echo 0
+}
+
+# list_skipped LOG: "skipped: Suite.Test: reason", a line each.
+list_skipped() {
+  tr -d '\r' <"$1" | awk '
+    /^\[ RUN      \]/ {reason = ""; heard = 0}
+    heard && !reason && !/^\[/ {reason = $0}
+    /: Skipped$/ {heard = 1}
+    /^\[  SKIPPED \].*ms\)$/ {print "skipped: " $4 ": " (reason ? reason : "no reason given")}'
 }

@@ -27,8 +27,9 @@ class Random {
   /// 0 .. n - 1.
   std::size_t Below(std::size_t n) { return static_cast<std::size_t>(Next() % n); }
   int Int(int lo, int hi) {
-    return static_cast<int>(
-        lo + static_cast<std::int64_t>(Below(static_cast<std::size_t>(std::int64_t{hi} - lo + 1))));
+    // 64 bits: the span of all ints does not fit in a 32-bit size_t.
+    const auto span = static_cast<std::uint64_t>(std::int64_t{hi} - lo + 1);
+    return static_cast<int>(lo + static_cast<std::int64_t>(Next() % span));
   }
   /// lo <= x < hi.
   double Real(double lo = -1, double hi = 1) {

@@ -13,4 +13,22 @@ for level in O0 O2; do
   python3 tools/exports.py build/exports-$level/src/libZEPHDataStructureEngine.so tools/manifests/elf.txt --headers || status=1
   python3 tools/exports.py build/exports-windows-$level/src/ZEPHDataStructureEngine.dll tools/manifests/pe.txt || status=1
 done
+
+# Everything binary about the interface, against the previous release: sizes, members, virtual tables,
+# parameter types. A difference that breaks old programs fails with abidiff's report.
+previous=tools/manifests/abi-0.1.0.abi
+mkdir -p build/exports-abi
+abidw --no-corpus-path --no-comp-dir-path --exported-interfaces-only --headers-dir include \
+  --drop-private-types build/exports-O2/src/libZEPHDataStructureEngine.so >build/exports-abi/now.abi
+# abidiff's status is a set of flags: 1 error, 2 misuse, 4 a change, 8 a change that breaks programs.
+changes=0
+abidiff --no-added-syms $previous build/exports-abi/now.abi >build/exports-abi/report.txt 2>&1 || changes=$?
+cat build/exports-abi/report.txt
+if [ $((changes & 11)) = 0 ]; then
+  echo "1 passed, 0 failed"
+else
+  echo "the interface breaks programs built against $previous"
+  echo "0 passed, 1 failed"
+  status=1
+fi
 exit $status

@@ -37,7 +37,10 @@ function(zeph_configure_target target)
   target_compile_features(${target} PRIVATE cxx_std_17)
   set_target_properties(${target} PROPERTIES
     CXX_STANDARD_REQUIRED ON CXX_EXTENSIONS OFF
-    CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON POSITION_INDEPENDENT_CODE ON)
+    CXX_VISIBILITY_PRESET hidden POSITION_INDEPENDENT_CODE ON)
+  if(NOT WIN32)  # MinGW would keep the documented inline members out of the exports
+    set_target_properties(${target} PROPERTIES VISIBILITY_INLINES_HIDDEN ON)
+  endif()
   target_link_libraries(${target} PRIVATE
     $<BUILD_INTERFACE:zeph_exactness> $<BUILD_INTERFACE:zeph_warnings>
     $<BUILD_INTERFACE:zeph_sanitize>)

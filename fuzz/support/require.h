@@ -1,0 +1,62 @@
+// What a fuzz body does about a broken promise: it says which, and aborts.
+#ifndef ZEPH_FUZZ_SUPPORT_REQUIRE_H
+#define ZEPH_FUZZ_SUPPORT_REQUIRE_H
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "support/bits.h"
+
+namespace zeph::fuzz {
+
+/// The input in hand, where the caller names it.
+inline std::string& CurrentInput() {
+  static std::string name;
+  return name;
+}
+
+[[noreturn]] inline void Broken(const char* promise, const std::string& how = "") {
+  std::fprintf(stderr, "broken promise: %s%s%s\n", promise, how.empty() ? "" : ": ", how.c_str());
+  if (!CurrentInput().empty()) std::fprintf(stderr, "input: %s\n", CurrentInput().c_str());
+  std::fflush(stderr);
+  std::abort();
+}
+
+inline void Require(bool kept, const char* promise) {
+  if (!kept) Broken(promise);
+}
+
+inline void RequireText(const std::string& got, const std::string& want, const char* promise) {
+  if (got != want) Broken(promise, "got \"" + got + "\", want \"" + want + "\"");
+}
+
+/// Computed numbers: the same bits, any NaN for any NaN.
+template <class T>
+void RequireValue(T got, T want, const char* promise) {
+  if (!test::SameValue(got, want))
+    Broken(promise, "got " + test::Show(got) + ", want " + test::Show(want));
+}
+template <class T>
+void RequireValues(const T* got, const T* want, std::size_t n, const char* promise) {
+  for (std::size_t i = 0; i < n; ++i)
+    if (!test::SameValue(got[i], want[i]))
+      Broken(promise, "element " + std::to_string(i) + " of " + std::to_string(n) + ": got " +
+                          test::Show(got[i]) + ", want " + test::Show(want[i]));
+}
+/// Moved numbers: the same bits, a NaN's too.
+template <class T>
+void RequireBits(const T* got, const T* want, std::size_t n, const char* promise) {
+  for (std::size_t i = 0; i < n; ++i)
+    if (!test::SameBits(got[i], want[i]))
+      Broken(promise, "element " + std::to_string(i) + " of " + std::to_string(n) + ": got " +
+                          test::Show(got[i]) + ", want " + test::Show(want[i]));
+}
+
+}  // namespace zeph::fuzz
+
+/// The one function of a fuzz body; the replaying test program gives each a name of its own.
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size);
+
+#endif  // ZEPH_FUZZ_SUPPORT_REQUIRE_H

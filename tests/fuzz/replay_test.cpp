@@ -1,0 +1,48 @@
+// The saved inputs of the fuzz targets, through the same bodies: a promise broken once stays
+// tested.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "fuzz/bodies.h"
+#include "support/require.h"
+
+namespace {
+
+/// Every file of the target's folder; none is a failure.
+void Replay(const std::string& target, zeph::test::FuzzBody* body) {
+  std::vector<std::filesystem::path> files;
+  for (const auto& entry : std::filesystem::directory_iterator(ZEPH_FUZZ_CORPUS "/" + target))
+    if (entry.is_regular_file()) files.push_back(entry.path());
+  std::sort(files.begin(), files.end());
+  ASSERT_FALSE(files.empty()) << "no saved inputs for " << target;
+  for (const auto& path : files) {
+    std::ifstream file(path, std::ios::binary);
+    ASSERT_TRUE(file) << path;
+    const std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    zeph::fuzz::CurrentInput() = path.string();
+    EXPECT_EQ(body(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size()), 0);
+  }
+  zeph::fuzz::CurrentInput().clear();
+}
+
+}  // namespace
+
+// A broken promise ends the program with a message that names the input.
+#define ZEPH_REPLAY(target, sentence)   \
+  TEST(FuzzReplay, sentence) {          \
+    Replay(#target, ZephFuzz_##target); \
+  }
+ZEPH_REPLAY(containers, CollectionsFollowTheStandardContainers)
+ZEPH_REPLAY(double_array, CallSequencesFollowAVector)
+ZEPH_REPLAY(extractors, ExtractorsTakeAnyText)
+ZEPH_REPLAY(graphics, FloatArithmeticFollowsPlainArrays)
+ZEPH_REPLAY(matrices, MatricesFollowRowsOfNumbers)
+ZEPH_REPLAY(raw_buffers, RawBlocksLiveAndDieAsDocumented)
+ZEPH_REPLAY(sorts, SortsFollowTheirSteps)
+ZEPH_REPLAY(texts, TextsFollowTheRuntime)

@@ -1,0 +1,1 @@
+. tools/dev/fuzz.sh 60

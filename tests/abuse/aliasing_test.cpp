@@ -8,12 +8,13 @@
 #include "graphics.h"
 #include "linalg/matrices.h"
 #include "oracle/graphics.h"
-#include "oracle/raw_norms.h"
 #include "raw_buffers.h"
 #include "support/numbers.h"
 
 namespace zeph::test {
 namespace {
+
+namespace flat = ::oracle;  // plain arrays of floats
 
 constexpr int kSizes[] = {0, 1, 3, 8, 17, 100};
 
@@ -183,22 +184,22 @@ TEST(AbuseAliasing, AGeneralMatrixAndItsVectorsAreTheirOwnOperands) {
 TEST(AbuseAliasing, FourByFourMatricesAndTheirScalarsAlias) {
   for (int seed = 0; seed < 200; ++seed) {
     const auto v = Awkward<float>(16, static_cast<std::uint64_t>(seed));
-    oracle::Matrix cells{};
+    flat::Matrix cells{};
     std::copy(v.begin(), v.end(), cells.begin());
-    const auto check = [&v](const oracle::Matrix& want, const auto& change) {
+    const auto check = [&v](const flat::Matrix& want, const auto& change) {
       CZEPHMatrix4x4 m(v.data());
       change(m);
       EXPECT_TRUE(SameValues(m.entries, want.data(), 16));
     };
     using M = CZEPHMatrix4x4;
-    check(oracle::Product(cells, cells), [](M& m) { m *= m; });
-    check(oracle::Product(cells, cells), [](M& m) { m = m * m; });
-    check(oracle::Over(cells, cells[5]), [](M& m) { m /= m.entries[5]; });
-    check(oracle::Transposed(cells), [](M& m) { m = m.GetTranspose(); });
-    oracle::Matrix sum{}, scaled{};
+    check(flat::Product(cells, cells), [](M& m) { m *= m; });
+    check(flat::Product(cells, cells), [](M& m) { m = m * m; });
+    check(flat::Over(cells, cells[5]), [](M& m) { m /= m.entries[5]; });
+    check(flat::Transposed(cells), [](M& m) { m = m.GetTranspose(); });
+    flat::Matrix sum{}, scaled{};
     for (std::size_t i = 0; i < 16; ++i) {
-      sum[i] = oracle::Add(cells[i], cells[i]);
-      scaled[i] = oracle::Mul(cells[i], cells[3]);
+      sum[i] = flat::Add(cells[i], cells[i]);
+      scaled[i] = flat::Mul(cells[i], cells[3]);
     }
     check(sum, [](M& m) { m += m; });
     check(scaled, [](M& m) { m *= m.entries[3]; });

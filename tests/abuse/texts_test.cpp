@@ -126,11 +126,14 @@ TEST(AbuseExtractors, GarbageOfEveryLengthLeavesObjectsWhole) {
       text += "0123456789 -+.e[];nxi\n\t\0"[random.Below(23)];
     CZEPHVector3 v(1, 2, 3);
     std::istringstream first(text);
-    if (!(first >> v)) EXPECT_EQ(v, CZEPHVector3(1, 2, 3)) << text;
+    if (!(first >> v)) {
+      EXPECT_EQ(v, CZEPHVector3(1, 2, 3)) << text;
+    }
     CZEPHMatrix4 m(4.0);
     std::istringstream second(text);
-    if (!(second >> m))
+    if (!(second >> m)) {
       for (const double x : m.m_data) ASSERT_EQ(x, 4.0) << text;
+    }
   }
 }
 

@@ -1,0 +1,202 @@
+// Matrices and vectors: the double matrix says 0 or has no storage, the general ones throw.
+#include <optional>
+#include <utility>
+
+#include "failure/operations.h"
+#include "linalg/matrices.h"
+
+using namespace zeph::test;
+
+using LinalgFailure = AllocationFailure;
+
+namespace {
+
+constexpr int kPlaces = 17;  // the negations that a thread keeps
+
+const Rows& X() {
+  static const Rows rows = {{1, 2, 3}, {4, 5, 6}, {7, 8, 9}};
+  return rows;
+}
+
+/// Nine elements in three rows: a table and three rows to ask for.
+struct Matrices {
+  CZEPHDoubleMatrix a = ToDoubleMatrix(X(), 3, 3), b = ToDoubleMatrix(X(), 3, 3);
+  std::optional<CZEPHDoubleMatrix> result;
+  int answer = -1;
+  bool sized = false;
+};
+Matrices MakeMatrices() {
+  return Matrices();
+}
+bool Unchanged(const Matrices& s) {
+  return SameBits(Elements(s.a), X()) && SameBits(Elements(s.b), X());
+}
+/// Counts as documented; a row that could not be had is null, and no table at all is fine.
+bool HasMissingRows(const CZEPHDoubleMatrix& m) {
+  if (m.m_nRows != 3 || m.m_nColumns != 3) return false;
+  for (int i = 0; m.m_ppData && i < 3; ++i)
+    if (!m.m_ppData[i]) return true;
+  return !m.m_ppData;
+}
+
+/// An operator's result has its size; on the way out of the operator it may be copied once more,
+/// and then have storage after all.
+void Note(Matrices& s, const CZEPHDoubleMatrix& result) {
+  s.sized = result.m_nRows == 3 && result.m_nColumns == 3;
+}
+
+template <class Call>
+void ExpectMissingRows(const char* name, Call call, long requests = 4) {
+  ExpectOnFailure({name, requests, Ending::kSilent}, MakeMatrices, call, [](const Matrices& s) {
+    return Unchanged(s) && (s.sized || (s.result && HasMissingRows(*s.result)));
+  });
+}
+
+template <class Call>
+void ExpectZero(const char* name, Call call) {
+  ExpectOnFailure(
+      {name, 4, Ending::kSilent},
+      [] {
+        Matrices s;
+        s.result.emplace();
+        return s;
+      },
+      call,
+      [](const Matrices& s) { return s.answer == 0 && Unchanged(s) && HasMissingRows(*s.result); });
+}
+
+struct General {
+  CZEPHMatrix m = ToMatrix(X()), other = ToMatrix(X()), small = CZEPHMatrix(1, 1);
+  CZEPHVector v = ToVector({1, 2, 3}), shortOne = ToVector({1});
+};
+General MakeGeneral() {
+  return General();
+}
+bool OperandsStay(const General& s) {
+  return SameBits(Elements(s.m), X()) && SameBits(Elements(s.other), X()) &&
+         SameBits(Elements(s.v), {1, 2, 3});
+}
+
+template <class Call>
+void ExpectPassed(const char* name, long requests, Call call) {
+  ExpectOnFailure({name, requests, Ending::kPasses}, MakeGeneral, call, OperandsStay);
+}
+
+void FillTheKeptNegations() {
+  CZEPHDoubleMatrix a = ToDoubleMatrix(X(), 3, 3);
+  for (int i = 0; i < kPlaces; ++i) -a;
+}
+
+}  // namespace
+
+TEST_F(LinalgFailure, DoubleMatricesAreMadeWithoutWhatCouldNotBeHad) {
+  ExpectMissingRows("copy", [](Matrices& s) { s.result.emplace(std::as_const(s.a)); });
+  ExpectMissingRows("(rows, cols, v)", [](Matrices& s) { s.result.emplace(3, 3, 1.0); });
+  ExpectMissingRows("(rows, cols, whole v)", [](Matrices& s) { s.result.emplace(3, 3, 1); });
+  ExpectMissingRows("(rows, cols, rows)",
+                    [](Matrices& s) { s.result.emplace(3, 3, s.a.m_ppData); });
+  ExpectNoRequest("()", MakeMatrices, [](Matrices& s) { s.result.emplace(); });
+  ExpectNoRequest("move", MakeMatrices, [](Matrices& s) { s.result.emplace(std::move(s.a)); });
+}
+
+TEST_F(LinalgFailure, SetDataAndCreateAnswerZero) {
+  ExpectZero("Create", [](Matrices& s) { s.answer = s.result->Create(3, 3); });
+  ExpectZero("SetData of a matrix", [](Matrices& s) { s.answer = s.result->SetData(s.a); });
+  ExpectZero("SetData of a value", [](Matrices& s) { s.answer = s.result->SetData(3, 3, 1.0); });
+  ExpectZero("SetData of a whole value",
+             [](Matrices& s) { s.answer = s.result->SetData(3, 3, 1); });
+  ExpectZero("SetData of rows",
+             [](Matrices& s) { s.answer = s.result->SetData(3, 3, s.a.m_ppData); });
+}
+
+TEST_F(LinalgFailure, DoubleMatrixOperatorsGiveMatricesOfTheirSize) {
+  ExpectMissingRows("member +", [](Matrices& s) { Note(s, s.a + s.b); });
+  ExpectMissingRows("member -", [](Matrices& s) { Note(s, s.a - s.b); });
+  ExpectMissingRows("+", [](Matrices& s) { Note(s, std::as_const(s.a) + s.b); });
+  ExpectMissingRows("-", [](Matrices& s) { Note(s, std::as_const(s.a) - s.b); });
+  ExpectMissingRows("unary +", [](Matrices& s) { Note(s, +std::as_const(s.a)); });
+  ExpectMissingRows("unary -", [](Matrices& s) { Note(s, -std::as_const(s.a)); });
+  ExpectMissingRows("= to an empty matrix", [](Matrices& s) { Note(s, s.result.emplace() = s.a); });
+  ExpectNoRequest("+=", MakeMatrices, [](Matrices& s) { s.a += s.b; });
+  ExpectNoRequest("-=", MakeMatrices, [](Matrices& s) { s.a -= s.b; });
+  ExpectNoRequest("= of equal sizes", MakeMatrices, [](Matrices& s) { s.a = s.b; });
+}
+
+TEST_F(LinalgFailure, TheProductLeavesTheMatrixAsItIs) {
+  ExpectOnFailure(
+      {"*=", 4, Ending::kSilent}, MakeMatrices, [](Matrices& s) { s.a *= s.b; }, Unchanged);
+}
+
+TEST_F(LinalgFailure, AMatrixTimesAnArrayHasItsSizeAndNoStorage) {
+  struct State {
+    CZEPHDoubleMatrix a = ToDoubleMatrix(X(), 3, 3);
+    CZEPHDoubleArray v = CZEPHDoubleArray(3, 1.0);
+    bool empty = false;
+  };
+  ExpectOnFailure(
+      {"* array", 1, Ending::kSilent}, [] { return State(); },
+      [](State& s) {
+        const CZEPHDoubleArray& result = s.a * s.v;
+        s.empty = result.size == 3 && !result.data;
+      },
+      [](const State& s) { return s.empty; });
+}
+
+TEST_F(LinalgFailure, TheMemberMinusAnswersAMatrixOfTheSize) {
+  struct State : Matrices {
+    CZEPHDoubleMatrix* negated = nullptr;
+    State() = default;
+    State(State&&) = default;
+    ~State() { FillTheKeptNegations(); }  // the failed ones hold less than the others
+  };
+  FillTheKeptNegations();
+  ExpectOnFailure(
+      {"member unary -", 4, Ending::kSilent}, [] { return State(); },
+      [](State& s) { s.negated = &-s.a; },
+      [](const State& s) { return Unchanged(s) && s.negated->m_nRows == 3; });
+}
+
+TEST_F(LinalgFailure, GeneralMatricesLetItPassAndLoseNothing) {
+  static const double data[9] = {1, 2, 3, 4, 5, 6, 7, 8, 9};
+  ExpectPassed("(rows, cols)", 4, [](General&) { CZEPHMatrix(3, 3); });
+  ExpectPassed("(rows, cols, data)", 4, [](General&) { CZEPHMatrix(3, 3, data); });
+  ExpectPassed("copy", 4, [](General& s) { CZEPHMatrix copy(s.m); });
+  ExpectPassed("copy of a constant", 4, [](General& s) { CZEPHMatrix copy(std::as_const(s.m)); });
+  ExpectPassed("= of equal sizes", 4, [](General& s) { s.m = s.other; });
+  ExpectPassed("= of another size", 8, [](General& s) { s.small = s.other; });
+  ExpectPassed("ReSize", 4, [](General& s) { s.small.ReSize(3, 3); });
+  ExpectPassed("+", 4, [](General& s) { s.m + s.other; });
+  ExpectPassed("*", 4, [](General& s) { s.m* s.other; });
+  ExpectPassed("PickCol", 1, [](General& s) { s.m.PickCol(1); });
+  ExpectPassed("ZEPH_SumVector", 1, [](General& s) { ZEPH_SumVector(s.m); });
+  ExpectNoRequest("move", MakeGeneral, [](General& s) { CZEPHMatrix moved(std::move(s.m)); });
+  ExpectNoRequest("PickCol into", MakeGeneral, [](General& s) { s.m.PickCol(1, s.v); });
+  ExpectNoRequest("ZEPH_SumVector into", MakeGeneral, [](General& s) { ZEPH_SumVector(s.m, s.v); });
+  ExpectNoRequest("SetCol", MakeGeneral, [](General& s) { s.m.SetCol(1, s.v); });
+  ExpectNoRequest("ZEPH_RandomizeMatrix", MakeGeneral,
+                  [](General& s) { ZEPH_RandomizeMatrix(s.m, 1.0); });
+}
+
+TEST_F(LinalgFailure, GeneralVectorsLetItPassAndLoseNothing) {
+  static const double data[3] = {1, 2, 3};
+  ExpectPassed("(n)", 1, [](General&) { CZEPHVector w(3); });
+  ExpectPassed("(n, data)", 1, [](General&) { CZEPHVector w(3, data); });
+  ExpectPassed("copy", 1, [](General& s) { CZEPHVector copy(s.v); });
+  ExpectPassed("copy of a constant", 1, [](General& s) { CZEPHVector copy(std::as_const(s.v)); });
+  ExpectPassed("= of another size", 2, [](General& s) { s.shortOne = s.v; });
+  ExpectPassed("= of equal sizes", 1, [](General& s) { s.v = std::as_const(s.v); });
+  ExpectPassed("ReSize", 1, [](General& s) { s.shortOne.ReSize(3); });
+  ExpectPassed("+", 1, [](General& s) { s.v + s.v; });
+  ExpectPassed("-", 1, [](General& s) { s.v - s.v; });
+  ExpectPassed("/", 1, [](General& s) { s.v / 2.0; });
+  ExpectPassed("s *", 1, [](General& s) { 2.0 * s.v; });
+  ExpectPassed("* s", 1, [](General& s) { s.v * 2.0; });
+  ExpectNoRequest("move", MakeGeneral, [](General& s) { CZEPHVector moved(std::move(s.v)); });
+}
+
+TEST_F(LinalgFailure, FixedSizesAskForNothing) {
+  const auto none = [] { return 0; };
+  ExpectNoRequest("CZEPHMatrix4", none, [](int) { CZEPHMatrix4 a(2.0), b(a * a), c(-b); });
+  ExpectNoRequest("CZEPHVector3", none,
+                  [](int) { CZEPHVector3 v(1, 2, 3), w(v ^ v), x(Bisect(v, w)); });
+}

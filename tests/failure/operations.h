@@ -1,0 +1,136 @@
+// Running an operation with each of its allocations failing, in every way.
+#ifndef ZEPH_TESTS_FAILURE_OPERATIONS_H
+#define ZEPH_TESTS_FAILURE_OPERATIONS_H
+
+#include <gtest/gtest.h>
+
+#include <new>
+#include <vector>
+
+#include "platform.h"
+#include "support/allocation.h"
+
+namespace zeph::test {
+
+/// What exhausted memory does to an operation.
+enum class Ending {
+  kPasses,  // the exception reaches the caller
+  kSilent   // the operation ends as documented
+};
+
+/// Whether `body` lets the exception of exhausted memory pass.
+template <class Body>
+bool Throws(Body body) {
+  try {
+    body();
+  } catch (const std::bad_alloc&) {
+    return true;
+  } catch (CMemoryException* exception) {
+    exception->Delete();
+    return true;
+  }
+  return false;
+}
+
+/// Blocks asked for during the record and not released in it.
+inline std::vector<void*> StillHeld(const std::vector<AllocationEvent>& events) {
+  std::vector<void*> held;
+  for (const auto& event : events) {
+    if (event.kind == AllocationEvent::kNew || event.kind == AllocationEvent::kNewArray) {
+      if (event.block) held.push_back(event.block);
+      continue;
+    }
+    for (auto block = held.begin(); block != held.end(); ++block)
+      if (*block == event.block) {
+        held.erase(block);
+        break;
+      }
+  }
+  return held;
+}
+
+inline long LosesNothing(long) {
+  return 0;
+}
+/// The blocks obtained before the failing one.
+inline long LosesTheEarlierBlocks(long k) {
+  return k - 1;
+}
+
+/// One or more requests: how a standard string grows is not the library's.
+constexpr long kSome = -1;
+
+struct Expectation {
+  const char* name;
+  long requests;  // that the operation makes when none fails, or kSome
+  Ending ending;
+  long (*lost)(long k) = LosesNothing;  // blocks lost for good when the k-th fails
+};
+
+/// One run with the `k`-th request failing; false when there was no such request.
+template <class Make, class Call, class Check>
+bool RunWithFailure(const Expectation& want, long k, bool andAllAfter, Failure how, Make make,
+                    Call call, Check check) {
+  const long before = LiveBlocks();
+  bool fired = false;
+  std::vector<void*> kept;
+  {
+    auto state = make();
+    bool threw = false;
+    {
+      RecordAllocations record;
+      {
+        FailAllocation failing(k, andAllAfter, how);
+        threw = Throws([&] { call(state); });
+        fired = failing.Fired();
+      }
+      kept = StillHeld(record.Events());
+    }
+    EXPECT_EQ(threw, fired && want.ending == Ending::kPasses) << want.name << ", request " << k;
+    if (fired) {
+      EXPECT_TRUE(check(state)) << want.name << ", request " << k;
+    }
+  }
+  const long ours = kept.capacity() > 0 ? 1 : 0;  // the list's own block
+  const long lost = LiveBlocks() - before - ours;
+  EXPECT_EQ(lost, fired ? want.lost(k) : 0) << want.name << ", request " << k;
+  if (fired && lost == want.lost(k) &&
+      lost == static_cast<long>(kept.size()))  // lost by contract: nothing points there
+    for (void* block : kept) ::operator delete[](block);
+  return fired;
+}
+
+/// `make()` gives what the operation works on, `call(state)` runs it, `check(state)` tells whether
+/// the state is the documented one afterwards.
+template <class Make, class Call, class Check>
+void ExpectOnFailure(const Expectation& want, Make make, Call call, Check check) {
+  { [[maybe_unused]] auto first = make(); }  // what a first use keeps is there
+  for (const Failure how : {Failure::kBadAlloc, Failure::kMemoryException})
+    for (const bool andAllAfter : {false, true}) {
+      long k = 1;
+      while (k < 100 && RunWithFailure(want, k, andAllAfter, how, make, call, check)) ++k;
+      if (want.requests == kSome) {
+        EXPECT_GE(k - 1, 1) << want.name;
+      } else {
+        EXPECT_EQ(k - 1, want.requests) << want.name;
+      }
+    }
+}
+
+/// Nothing of this kind allocates.
+template <class Make, class Call>
+void ExpectNoRequest(const char* name, Make make, Call call) {
+  ExpectOnFailure({name, 0, Ending::kSilent}, make, call, [](const auto&) { return true; });
+}
+
+/// Skips where a Windows DLL allocates for itself.
+class AllocationFailure : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    if (!InterceptsLibraryAllocations()) GTEST_SKIP() << "the library allocates out of reach";
+  }
+};
+
+}  // namespace zeph::test
+
+#endif  // ZEPH_TESTS_FAILURE_OPERATIONS_H

@@ -28,7 +28,7 @@ for compiler in g++ clang++; do
     [ $standard = 17 ] && continue
     status=0
     $compiler -std=c++$standard -O1 -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -DZEPH_STATIC \
-      -I include tests/headers/ranges.cpp build/static/libZEPHDataStructureEngine.a \
+      -I include tests/headers/ranges.cpp build/static/src/libZEPHDataStructureEngine.a \
       -o build/overloads/ranges && build/overloads/ranges || status=$?
     verdict "tests/headers/ranges.cpp, $compiler, C++$standard" $status
   done

@@ -113,8 +113,10 @@ double operator*(const CZEPHVector3& a, const CZEPHVector3& b) {
 }
 
 CZEPHVector3 operator^(const CZEPHVector3& a, const CZEPHVector3& b) {
-  return CZEPHVector3(a.m_y * b.m_z - a.m_z * b.m_y, a.m_z * b.m_x - a.m_x * b.m_z,
-                      a.m_x * b.m_y - a.m_y * b.m_x);
+  const double x = a.m_y * b.m_z - a.m_z * b.m_y;
+  const double y = a.m_z * b.m_x - a.m_x * b.m_z;
+  const double z = a.m_x * b.m_y - a.m_y * b.m_x;
+  return CZEPHVector3(x, y, z);
 }
 
 int operator==(const CZEPHVector3& a, const CZEPHVector3& b) {

@@ -146,6 +146,13 @@ TEST(Stopwatch, ReportsItsDemonstration) {
   EXPECT_LT(reading, 5000);
 }
 
+TEST(Stopwatch, DemonstratesNoWaitingAtAll) {
+  const auto before = std::chrono::steady_clock::now();
+  const std::string text = Written([](FILE* f) { EXPECT_EQ(CZEPHDSTimer::Test1(0, f), 1); });
+  EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(30));
+  EXPECT_EQ(text.rfind("@@@( CZEPHDSTimer::Test1()...BEGIN\n...Processing time = ", 0), 0u) << text;
+}
+
 TEST(Stopwatch, NeitherReportsNorSleepsForANullStream) {
   const auto before = std::chrono::steady_clock::now();
   EXPECT_EQ(CZEPHDSTimer::Test1(60000, nullptr), 0);

@@ -36,6 +36,29 @@ TEST(DoubleArrayDyingOperands, GiveTheResultsOfNamedOnes) {
   }
 }
 
+TEST(DoubleArrayDyingOperands, OnOneSideOnlyWithStorageGiveWhatNamedOnesGive) {
+  const CZEPHDoubleArray none, some(3, 1.0);
+  for (const CZEPHDoubleArray* a : {&none, &some})
+    for (const CZEPHDoubleArray* b : {&none, &some}) {
+      if (a->size != b->size) continue;
+      const CZEPHDoubleArray sum = *a + *b, difference = *a - *b;
+      ExpectSame(CZEPHDoubleArray(*a) + *b, sum);
+      ExpectSame(*a + CZEPHDoubleArray(*b), sum);
+      ExpectSame(CZEPHDoubleArray(*a) - *b, difference);
+    }
+  // Counts that agree while only one of them has storage.
+  CZEPHDoubleArray hollow(none);
+  hollow.size = 3;
+  const CZEPHDoubleArray& left = hollow;
+  const int sum = (left + some).size, difference = (left - some).size;
+  EXPECT_EQ((left + CZEPHDoubleArray(some)).size, sum);
+  EXPECT_EQ((CZEPHDoubleArray(some) + left).size, (some + left).size);
+  EXPECT_EQ((CZEPHDoubleArray(some) - left).size, (some - left).size);
+  CZEPHDoubleArray dying;
+  dying.size = 3;
+  EXPECT_EQ((std::move(dying) - some).size, difference);
+}
+
 TEST(DoubleArrayDyingOperands, HandOverTheirStorage) {
   const CZEPHDoubleArray named(3, 1.0);
   CZEPHDoubleArray left(3, 2.0), right(3, 4.0), minuend(3, 8.0);

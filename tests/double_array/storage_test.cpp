@@ -370,6 +370,9 @@ TEST(DoubleArrayAdditions, ArraysAreRanges) {
     CZEPHDoubleArray none = WithoutStorage(size);
     EXPECT_EQ(none.begin(), none.end());
   }
+  const CZEPHDoubleArray none = WithoutStorage(5);
+  EXPECT_EQ(none.begin(), none.end());
   a.size = -1;
   EXPECT_EQ(constant.begin(), constant.end());
+  EXPECT_EQ(a.begin(), a.end());
 }

@@ -154,3 +154,13 @@ TEST(DoubleArrayText, ExtractionIntoNoStorageSetsTheSizeToZero) {
   EXPECT_EQ(none.data, nullptr);
   EXPECT_FALSE(is.fail());
 }
+
+TEST(DoubleArrayText, ExtractionOfACountOfZeroNeedsNoStorage) {
+  std::istringstream is("0 7");
+  CZEPHDoubleArray none;
+  is >> none;
+  EXPECT_EQ(none.size, 0);
+  int next = 0;
+  EXPECT_TRUE(is >> next);
+  EXPECT_EQ(next, 7);
+}

@@ -154,3 +154,11 @@ TEST(MatrixAssignment, KeepsTheRowsWhereTheSizeStays) {
   EXPECT_EQ(target[1], row);
   EXPECT_EQ(target[1][2], -3.0);
 }
+
+TEST(MatrixAssignment, ResizesWhereOnlyTheColumnsDiffer) {
+  CZEPHMatrix target = ToMatrix({{1, 2, 3}, {4, 5, 6}});
+  const CZEPHMatrix source = ToMatrix({{7, 8}, {9, 10}});
+  target = source;
+  EXPECT_EQ(target.m_nColumns, 2);
+  EXPECT_EQ(Elements(target), (Rows{{7, 8}, {9, 10}}));
+}

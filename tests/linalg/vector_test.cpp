@@ -123,6 +123,14 @@ TEST(VectorStorage, AssignmentResizesAndReturnsACopy) {
   ExpectEmpty(target);
 }
 
+TEST(VectorStorage, WithACountBelowOneIsAnEmptyRange) {
+  CZEPHVector v = ToVector({3, 1, 2});
+  v.m_nSize = -1;
+  EXPECT_EQ(v.size(), 0u);
+  EXPECT_EQ(v.begin(), v.end());
+  v.m_nSize = 3;
+}
+
 TEST(VectorStorage, IsARangeOfItsElements) {
   CZEPHVector v = ToVector({3, 1, 2});
   EXPECT_EQ(v.size(), 3u);

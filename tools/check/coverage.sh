@@ -1,0 +1,1 @@
+. tools/dev/coverage.sh

@@ -26,11 +26,12 @@ constexpr int kFirst = 20;  // what the loader itself keeps is there after these
 
 /// Bytes in use on the heap; 0 where the runtime does not say.
 std::size_t HeapInUse() {
-#if defined(__GLIBC__) && __GLIBC_PREREQ(2, 33)
+#ifdef __GLIBC__
+#if __GLIBC_PREREQ(2, 33)
   return mallinfo2().uordblks;
-#else
-  return 0;
 #endif
+#endif
+  return 0;
 }
 
 int Repeat(const char* plugin, const char* library, const char* function) {

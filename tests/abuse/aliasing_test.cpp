@@ -11,6 +11,10 @@
 #include "raw_buffers.h"
 #include "support/numbers.h"
 
+#ifdef __clang__
+#pragma clang diagnostic ignored "-Wself-assign-overloaded"  // it is what these tests are about
+#endif
+
 namespace zeph::test {
 namespace {
 

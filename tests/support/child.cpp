@@ -40,6 +40,18 @@ std::string ProgramPath(const std::string& name) {
 #endif
 }
 
+/// The standard streams of a Windows program are in text mode: what it wrote is before translation.
+std::string AsWritten(const std::string& text) {
+#ifdef _WIN32
+  std::string written;
+  for (std::size_t i = 0; i < text.size(); ++i)
+    if (text[i] != '\r' || i + 1 == text.size() || text[i + 1] != '\n') written += text[i];
+  return written;
+#else
+  return text;
+#endif
+}
+
 int ExitStatus(int raw) {
 #ifdef _WIN32
   return raw;
@@ -89,7 +101,7 @@ ChildResult RunChild(const std::string& name, const std::vector<std::string>& ar
   command = '"' + command + '"';  // the command processor strips the outer pair
 #endif
   const int status = ExitStatus(std::system(command.c_str()));
-  return {status, ReadFile(out), ReadFile(err)};
+  return {status, AsWritten(ReadFile(out)), AsWritten(ReadFile(err))};
 }
 
 #ifdef _WIN32

@@ -18,11 +18,7 @@ void ExpectEnd(const char* site, int status, const std::string& out, const std::
   EXPECT_EQ(ReadFile(file), "in a file") << site;
 }
 
-#ifdef _WIN32
-constexpr char kLineEnd[] = "\r\n";
-#else
 constexpr char kLineEnd[] = "\n";
-#endif
 
 }  // namespace
 

@@ -47,7 +47,7 @@ TEST(DoubleArrayDyingOperands, OnOneSideOnlyWithStorageGiveWhatNamedOnesGive) {
       ExpectSame(CZEPHDoubleArray(*a) - *b, difference);
     }
   // Counts that agree while only one of them has storage.
-  CZEPHDoubleArray hollow(none);
+  CZEPHDoubleArray hollow;
   hollow.size = 3;
   const CZEPHDoubleArray& left = hollow;
   const int sum = (left + some).size, difference = (left - some).size;

@@ -18,7 +18,8 @@
 namespace zeph::test {
 namespace {
 
-constexpr std::size_t kStack = 256 * 1024;
+// Unoptimised kernels keep every vector in the frame.
+constexpr std::size_t kStack = Scaled<std::size_t>(256 * 1024, 1024 * 1024);
 constexpr std::size_t kMany = Scaled<std::size_t>(1'000'000, 20'000);
 constexpr std::size_t kQuadratic = Scaled<std::size_t>(100'000, 3'000);
 

@@ -16,8 +16,8 @@ mkdir -p $work
 passed=0 failed=0
 mixed() { # mixed COMPILER LEVEL LIBRARY-DIR FIRST SECOND: 0 when both parts act as compiled
   local flags="-std=c++17 $2 -I include" stop="CZEPHDoubleArray::operator[]: i is 5, outside 0..4"
-  $1 $flags -c tests/headers/mixed_part.cpp -DZEPH_TEST_PART=ReadPlain -o $work/plain.o &&
-    $1 $flags -c tests/headers/mixed_part.cpp -DZEPH_TEST_PART=ReadHardened -DZEPH_HARDENED \
+  $1 $flags -c tests/headers/mixed_object.cpp -DZEPH_TEST_PART=ReadPlain -o $work/plain.o &&
+    $1 $flags -c tests/headers/mixed_object.cpp -DZEPH_TEST_PART=ReadHardened -DZEPH_HARDENED \
       -o $work/hardened.o &&
     $1 $flags tests/headers/mixed_main.cpp $work/$4.o $work/$5.o -L "$3" -lZEPHDataStructureEngine \
       -Wl,-rpath,"$PWD/$3" -o $work/program && $work/program &&

@@ -8,7 +8,8 @@ say "dev: building with coverage"
 build $dir
 find $dir -name '*.gcda' -delete
 say "dev: running the tests"
-run_ctest $dir
+# gcov keeps blocks of its own when the library is unloaded: that test would count them.
+run_ctest $dir -E '^Unloading\.TwoHundredTimesUsedInEveryPart'
 coverage_gcov() {
   gcovr --root . --object-directory $dir --filter 'src/' --filter 'include/' \
     --exclude-throw-branches --exclude-unreachable-branches --gcov-ignore-parse-errors "$@"
@@ -17,4 +18,4 @@ coverage_gcov -j "$jobs" --json $dir/coverage.json --html-details $dir/index.htm
   { tail -n 20 $dir/gcovr.log >&2; fail "gcovr failed"; }
 say "details: $dir/index.html"
 # Least percentages of lines and of branches.
-python3 tools/dev/coverage_report.py $dir/coverage.json 100 97.5
+python3 tools/dev/coverage_report.py $dir/coverage.json 100 98

@@ -22,11 +22,11 @@ template <class T>
 class ZEPH_API CZEPHLink {
  public:
   /// A node of its own: `m_pNext` is null.
-  CZEPHLink(T value) : m_value(value), m_pNext(nullptr) {}  // NOLINT: implicit on purpose
+  ZEPH_EMIT CZEPHLink(T value) : m_value(value), m_pNext(nullptr) {}  // NOLINT: implicit on purpose
   /// Copies both fields as they stand.
   CZEPHLink(const CZEPHLink& other) = default;
   /// Copies both fields as they stand, so both nodes then have the same successor.
-  CZEPHLink& operator=(const CZEPHLink& other) {
+  ZEPH_EMIT CZEPHLink& operator=(const CZEPHLink& other) {
     m_value = other.m_value;
     m_pNext = other.m_pNext;
     return *this;
@@ -55,14 +55,14 @@ template <class T>
 class ZEPH_API CZEPHLinkList {
  public:
   /// An empty list.
-  CZEPHLinkList() : m_pHead(nullptr) {}
+  ZEPH_EMIT CZEPHLinkList() : m_pHead(nullptr) {}
   /// Shares the chain of `other`.
   CZEPHLinkList(const CZEPHLinkList& other) = default;
   /// Releases every node, as RemoveAll does.
-  ~CZEPHLinkList() { RemoveAll(); }
+  ~CZEPHLinkList();
 
   /// Shares the chain of `other`; the nodes that were held are not released.
-  CZEPHLinkList& operator=(const CZEPHLinkList& other) {
+  ZEPH_EMIT CZEPHLinkList& operator=(const CZEPHLinkList& other) {
     m_pHead = other.m_pHead;
     return *this;
   }

@@ -1,11 +1,13 @@
 #!/usr/bin/env python3
 """Compares what a built library exports with the checked-in manifest and with the headers.
 
-usage: exports.py LIBRARY MANIFEST [--update] [--headers]
+usage: exports.py LIBRARY MANIFEST [--update]
 
-LIBRARY is the .so or the .dll. The manifest lists the demangled names, one a line, grouped by header.
---headers also derives every documented name from the public headers (by clang's syntax tree) and
-demands that the library exports it; --update rewrites the manifest.
+LIBRARY is the .so or the .dll. The manifest lists the demangled names, one a line, grouped by header;
+it and the exports must be the same set. The headers, read for the library's system by clang's syntax
+tree, decide too: every documented function is exported in every variant that callers may need,
+none of our additions is, and nothing is that the headers do not declare. --update rewrites the
+manifest.
 """
 import json
 import os
@@ -72,39 +74,71 @@ def manifest_text(names):
     return "\n".join(parts)
 
 
-def documented_symbols():
-    """Mangled names of every function that the public headers declare, our additions left out."""
-    tree = json.loads(run("clang++", "-std=c++17", "-x", "c++", "-fsyntax-only", "-Xclang",
-                          "-ast-dump=json", '-DZEPH_ADDED=__attribute__((annotate("added")))', "-I", f"{ROOT}/include",
-                          f"{ROOT}/include/ZEPHDataStructureEngine.h"))
-    symbols = set()
-    state = {"file": ""}
+def windows_arguments():
+    """What makes clang read the headers as MinGW's compiler does."""
+    search = subprocess.run(["x86_64-w64-mingw32-g++-posix", "-x", "c++", "-E", "-v", os.devnull],
+                            check=True, capture_output=True, text=True).stderr
+    folders = re.findall(r"^ (/\S*/(?:c\+\+\S*|x86_64-w64-mingw32/include))$", search, re.M)
+    return ["--target=x86_64-w64-mingw32"] + [part for folder in folders for part in ("-isystem", folder)]
 
-    def visit(node, access):
+
+class Declared:
+    """Mangled names of the functions and counters that the public headers declare, as clang sees them."""
+
+    def __init__(self, target):
+        self.documented = set()  # public and protected
+        self.silent = set()  # private, and what the compiler makes by itself: may be exported
+        self.added = set()  # must not be
+        tree = json.loads(run("clang++", "-std=c++17", "-x", "c++", "-fsyntax-only", *target, "-Xclang",
+                              "-ast-dump=json", '-DZEPH_ADDED=__attribute__((annotate("added")))',
+                              "-I", f"{ROOT}/include", f"{ROOT}/include/ZEPHDataStructureEngine.h"))
+        self.file = ""
+        self.visit(tree, "public")
+
+    def visit(self, node, access):
         location = node.get("loc", {})
         location = location.get("expansionLoc", location)
-        if "file" in location:
-            state["file"] = location["file"]
+        self.file = location.get("file", self.file)
         kind = node.get("kind", "")
         if kind == "FunctionTemplateDecl" or node.get("name") == "ZEPH_Long":
             return  # the caller's own instantiations, and a value type that lives in its header
-        here = state["file"].startswith(f"{ROOT}/include/")
-        added = any(child.get("kind") == "AnnotateAttr" for child in node.get("inner", []))
         if kind in ("FunctionDecl", "CXXMethodDecl", "CXXConstructorDecl", "CXXDestructorDecl",
-                    "CXXConversionDecl"):
-            if (here and "mangledName" in node and not node.get("isImplicit") and not added
-                    and not node.get("explicitlyDeleted") and not node.get("explicitlyDefaulted")
-                    and access != "private"):
-                symbols.add(node["mangledName"])
+                    "CXXConversionDecl", "VarDecl"):  # variables: the counters, class-wide
+            if self.file.startswith(f"{ROOT}/include/") and "mangledName" in node:
+                self.file_function(node, access)
             return
         inner_access = "private" if node.get("tagUsed") == "class" else "public"
         for child in node.get("inner", []):
             if child.get("kind") == "AccessSpecDecl":
                 inner_access = child.get("access", inner_access)
-            visit(child, inner_access if kind == "CXXRecordDecl" else access)
+            self.visit(child, inner_access if kind == "CXXRecordDecl" else access)
 
-    visit(tree, "public")
-    return symbols
+    def file_function(self, node, access):
+        name = node["mangledName"]
+        if any(child.get("kind") == "AnnotateAttr" for child in node.get("inner", [])):
+            self.added |= variants(name)
+        elif node.get("isImplicit") or node.get("explicitlyDefaulted") or access == "private":
+            self.silent |= variants(name)
+        elif not node.get("explicitlyDeleted"):
+            self.documented |= variants(name)
+
+
+def variants(name):
+    """A constructor and a destructor exist for whole objects and for the base part of another."""
+    return {name, re.sub(r"C1(?=E)", "C2", name, count=1), re.sub(r"D1(?=Ev$)", "D2", name)}
+
+
+def header_problems(symbols, declared):
+    """Where the exports and the headers disagree."""
+    type_information = {s for s in symbols if re.match(r"_ZT[ISV]", s)}
+    deleting = {s for s in symbols if re.search(r"D0Ev$", s)}
+    undeclared = symbols - declared.documented - declared.silent - declared.added - type_information - deleting
+    problems = []
+    for what, names in (("documented but not exported", declared.documented - symbols),
+                        ("an addition, exported", declared.added & symbols),
+                        ("exported but not declared", undeclared)):
+        problems += [f"{what}: {n}" for n in (demangle(names) if names else [])]
+    return problems
 
 
 def main():
@@ -121,13 +155,11 @@ def main():
               if line and not line.startswith("#")}
     problems = [f"missing: {n}" for n in sorted(listed - set(names))]
     problems += [f"extra: {n}" for n in sorted(set(names) - listed)]
-    documented = set()
-    if "--headers" in sys.argv:
-        documented = documented_symbols()
-        lost = documented - symbols
-        problems += [f"declared but not exported: {n}" for n in (demangle(lost) if lost else [])]
-    print("\n".join(problems + [f"{library}: {len(names)} names exported, {len(listed)} listed, "
-                                f"{len(documented)} declared in the headers"]))
+    declared = Declared(windows_arguments() if library.endswith(".dll") else [])
+    problems += header_problems(symbols, declared)
+    print("\n".join(problems + [f"{library}: {len(symbols)} symbols of {len(names)} names exported, "
+                                f"{len(listed)} listed; the headers document {len(declared.documented)} "
+                                f"symbols and add {len(declared.added)}"]))
     print(f"{1 if not problems else 0} passed, {1 if problems else 0} failed")
     return 1 if problems else 0
 

@@ -117,6 +117,11 @@ void CZEPHLinkList<T>::Sorting(CZEPHLink<T>** links, int count) {
 }
 
 template <class T>
+CZEPHLinkList<T>::~CZEPHLinkList() {
+  RemoveAll();
+}
+
+template <class T>
 CZEPHLink<T>* CZEPHLinkList<T>::GetFirstLink() {
   CZEPHLink<T>* first = m_pHead;
   if (first) m_pHead = first->m_pNext;

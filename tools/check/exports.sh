@@ -10,7 +10,7 @@ for level in O0 O2; do
 done
 status=0
 for level in O0 O2; do
-  python3 tools/exports.py build/exports-$level/src/libZEPHDataStructureEngine.so tools/manifests/elf.txt --headers || status=1
+  python3 tools/exports.py build/exports-$level/src/libZEPHDataStructureEngine.so tools/manifests/elf.txt || status=1
   python3 tools/exports.py build/exports-windows-$level/src/ZEPHDataStructureEngine.dll tools/manifests/pe.txt || status=1
 done
 

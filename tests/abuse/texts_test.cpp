@@ -138,7 +138,7 @@ TEST(AbuseExtractors, GarbageOfEveryLengthLeavesObjectsWhole) {
 }
 
 TEST(AbuseSizes, NoCountIsTooLargeToBeRefused) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP() << "the library allocates for itself";
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   FailAllocation failing(1, true);  // what would take gigabytes is refused here
   for (const int n : {INT_MAX, INT_MAX - 1, 1 << 30}) {
     EXPECT_EQ(ZEPH_ArrayAllocDouble(nullptr, 0, n - 1), nullptr);

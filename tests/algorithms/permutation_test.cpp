@@ -156,7 +156,7 @@ TEST(Permutation, WritesBetweenWhatTheCallerWrites) {
 }
 
 TEST(Permutation, NeedsNoHeapForAStream) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP() << "the library allocates out of reach";
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   std::vector<int> numbers = Numbers(7);
   Written([&](FILE* f) {
     const long before = AllocationCount();
@@ -166,7 +166,7 @@ TEST(Permutation, NeedsNoHeapForAStream) {
 }
 
 TEST(Permutation, LeavesTheItemsInOrderWhenMemoryRunsOut) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP() << "the library allocates out of reach";
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   std::string whole;
   std::vector<char> letters = Letters(8);
   oracle::Permute(letters.data(), 0, 8, oracle::Form::kString, whole);

@@ -147,7 +147,7 @@ TEST(SelectionSort, ReportsNothingToANullStream) {
 }
 
 TEST(SelectionSort, PassesExhaustionOnBehindTheTextSoFar) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP() << "the library allocates out of reach";
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   const std::string opening =
       "\n@@@( CZEPHSelectionSort::Test1()...BEGIN\n@@@( Interger array sorting...\n";
   for (const Failure how : {Failure::kBadAlloc, Failure::kMemoryException}) {

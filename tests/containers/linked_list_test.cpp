@@ -197,7 +197,7 @@ TEST(LinkList, HandsOutItsFirstNode) {
 }
 
 TEST(LinkList, ReleasesItsNodesOnceAndAllocatesNone) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   const long before = LiveBlocks();
   {
     List list;

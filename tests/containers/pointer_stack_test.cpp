@@ -121,7 +121,7 @@ TYPED_TEST(Stack, AssignmentDoesNotReleaseTheNodesHeldBefore) {
 }
 
 TYPED_TEST(Stack, TakesOneNodeAPushAndReleasesOneAPop) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   TypeParam stack;
   RecordAllocations record;
   stack.Push(&a);
@@ -137,7 +137,7 @@ TYPED_TEST(Stack, TakesOneNodeAPushAndReleasesOneAPop) {
 }
 
 TYPED_TEST(Stack, StaysAsItWasWhenThePushThrows) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   TypeParam stack;
   stack.Push(&a);
   {
@@ -158,7 +158,7 @@ TYPED_TEST(Stack, StaysAsItWasWhenThePushThrows) {
 }
 
 TYPED_TEST(Stack, DropsTheChainWhenTheAllocationYieldsNull) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   TypeParam stack;
   stack.Push(&a);
   stack.Push(&b);
@@ -174,7 +174,7 @@ TYPED_TEST(Stack, DropsTheChainWhenTheAllocationYieldsNull) {
 }
 
 TEST(StackDestructor, OfTheStackReleasesNothing) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   ZEPH_StackNode* left = nullptr;
   long before = 0;
   {
@@ -189,7 +189,7 @@ TEST(StackDestructor, OfTheStackReleasesNothing) {
 }
 
 TEST(StackDestructor, OfThePointerStackReleasesTheTopNodeOnly) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   ZEPH_StackNode* below = nullptr;
   RecordAllocations record;
   {

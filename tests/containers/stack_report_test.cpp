@@ -63,7 +63,7 @@ TEST(StackReport, AnswersZeroToANullStream) {
 }
 
 TEST(StackReport, ReleasesEverything) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP() << "the library allocates for itself";
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   const auto report = [](FILE* f) { CZEPHPointerStack::Test1(100, f); };
   Written(report);  // the first run keeps the path of its temporary file
   const long live = LiveBlocks();
@@ -72,7 +72,7 @@ TEST(StackReport, ReleasesEverything) {
 }
 
 TEST(StackReport, PassesExhaustionOnWithoutLeaving) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   for (Failure how : {Failure::kBadAlloc, Failure::kMemoryException}) {
     long runs = 0;
     const std::string text = Written([&](FILE* f) {
@@ -101,7 +101,7 @@ TEST(StackReport, PassesExhaustionOnWithoutLeaving) {
 }
 
 TEST(StackReport, EndsAtTheFirstNullThatAnAllocationYields) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   std::size_t left = 0;
   // A string that is not there is pushed as null, at which popping ends; one string stays below it.
   EXPECT_EQ(ReportWithoutAllocation(1, left), kBegin + "Pop:#ITEM2\nPop:#ITEM1\n" + kEnd);

@@ -129,7 +129,7 @@ TEST(DoubleArrayArithmetic, OperandsWithoutStorageAddNothing) {
 }
 
 TEST(DoubleArrayArithmetic, EveryOperatorAllocatesOnceAndSwallowsExhaustion) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   const CZEPHDoubleArray a = ArrayOf({1, 2}), b = ArrayOf({3, 4});
   const std::vector<std::function<CZEPHDoubleArray()>> operators = {
       [&] { return a + b; }, [&] { return a - b; }, [&] { return a * b; }, [&] { return 2 * a; },

@@ -71,7 +71,7 @@ TEST(DoubleArrayDyingOperands, HandOverTheirStorage) {
 }
 
 TEST(DoubleArrayDyingOperands, MakeALongSumAllocateOnce) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   const CZEPHDoubleArray a(100, 1.0), b(100, 2.0), c(100, 3.0), d(100, 4.0);
   const long before = AllocationCount();
   const CZEPHDoubleArray sum = a + b + c - d;

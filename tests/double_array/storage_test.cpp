@@ -92,7 +92,7 @@ TEST(DoubleArrayStorage, CountsThatCannotBeHadLeaveAnArrayWithoutStorage) {
 }
 
 TEST(DoubleArrayStorage, AsksForEightBytesPerElementByTheArrayForm) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   std::vector<AllocationEvent> events;
   {
     RecordAllocations record;
@@ -109,7 +109,7 @@ TEST(DoubleArrayStorage, AsksForEightBytesPerElementByTheArrayForm) {
 }
 
 TEST(DoubleArrayStorage, ExhaustionInAConstructorIsSwallowed) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   CZEPHDoubleArray source = ArrayOf({1, 2});
   double value = 1;
   for (Failure how : kFailures) {
@@ -127,7 +127,7 @@ TEST(DoubleArrayStorage, ExhaustionInAConstructorIsSwallowed) {
 }
 
 TEST(DoubleArrayStorage, AllocMemoryStoresTheCountAndKeepsTheBlockWhenItFails) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   for (Failure how : kFailures) {
     OpenArray a;
     EXPECT_EQ(a.AllocMemory(2), 1);
@@ -208,7 +208,7 @@ TEST(DoubleArrayStorage, ResizeOfAnArrayWithoutStorageCopiesNothing) {
 }
 
 TEST(DoubleArrayStorage, ResizeLetsExhaustionPassAndChangesNothing) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   for (Failure how : kFailures) {
     CZEPHDoubleArray a = ArrayOf({1, 2});
     double* const block = a.data;
@@ -267,7 +267,7 @@ TEST(DoubleArrayStorage, AssignmentFromAnArrayWithoutStorageCopiesNothing) {
 }
 
 TEST(DoubleArrayStorage, AssignmentThatCannotAllocateCopiesNothing) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   const CZEPHDoubleArray source = ArrayOf({1, 2});
   for (Failure how : kFailures) {
     CZEPHDoubleArray a, b(0, 0.0);

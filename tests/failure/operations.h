@@ -126,9 +126,7 @@ void ExpectNoRequest(const char* name, Make make, Call call) {
 /// Skips where a Windows DLL allocates for itself.
 class AllocationFailure : public ::testing::Test {
  protected:
-  void SetUp() override {
-    if (!InterceptsLibraryAllocations()) GTEST_SKIP() << "the library allocates out of reach";
-  }
+  void SetUp() override { ZEPH_NEEDS_LIBRARY_ALLOCATIONS(); }
 };
 
 }  // namespace zeph::test

@@ -50,9 +50,7 @@ void ExpectEachFailurePasses(long count, Body body) {
 
 class LinalgAllocationFailure : public ::testing::Test {
  protected:
-  void SetUp() override {
-    if (!InterceptsLibraryAllocations()) GTEST_SKIP() << "the library allocates for itself";
-  }
+  void SetUp() override { ZEPH_NEEDS_LIBRARY_ALLOCATIONS(); }
 };
 
 TEST_F(LinalgAllocationFailure, DoubleMatrixCreationAnswersZeroSilentlyAndKeepsEarlierRows) {

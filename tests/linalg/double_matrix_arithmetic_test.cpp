@@ -77,7 +77,7 @@ TEST(DoubleMatrixArithmetic, NegationSubtractsFromZeroSoZeroStaysPositive) {
 }
 
 TEST(DoubleMatrixArithmetic, ResultsCostTheirTableAndRowsAndNothingElse) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   CZEPHDoubleMatrix a(5, 3, 1.0), b(5, 3, 2.0);
   const CZEPHDoubleMatrix& fixed = a;
   const auto cost = [](auto body) {

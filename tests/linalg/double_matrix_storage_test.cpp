@@ -197,7 +197,7 @@ TEST(DoubleMatrixAssignment, HasNoMoveFormThatCouldSkipTheSizeCheck) {
 }
 
 TEST(DoubleMatrixAllocMemory, ReleasesTheFirstRowsOnlyAndNeverPastTheOldTable) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   double* left[2];
   {
     Bare m;
@@ -216,7 +216,7 @@ TEST(DoubleMatrixAllocMemory, ReleasesTheFirstRowsOnlyAndNeverPastTheOldTable) {
 }
 
 TEST(DoubleMatrixAllocMemory, AsksForTheTableFirstAndThenEachRow) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   RecordAllocations record;
   CZEPHDoubleMatrix m(3, 5, 1.0);
   const auto events = record.Events();

@@ -55,7 +55,7 @@ TEST(MatrixProduct, OfEmptyMatricesIsEmpty) {
 }
 
 TEST(MatrixArithmetic, ResultsCostTheirTableAndRowsAndNothingElse) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   CZEPHMatrix a = ToMatrix(ModerateRows(5, 3, 1)), b = ToMatrix(ModerateRows(5, 3, 2));
   CZEPHMatrix c = ToMatrix(ModerateRows(3, 4, 3));
   long before = AllocationCount();

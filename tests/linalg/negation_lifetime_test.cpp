@@ -43,7 +43,7 @@ TEST(NegationLifetime, OtherThreadsDoNotTouchThisThreadsResults) {
 }
 
 TEST(NegationLifetime, AThreadsResultsGoWhenItEnds) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   const auto negateInAThread = [] {
     std::thread([] {
       CZEPHDoubleMatrix b(3, 3, 7.0);
@@ -70,7 +70,7 @@ TEST(NegationLifetime, ManyThreadsNegateAtOnce) {
 }
 
 TEST(NegationLifetime, WithoutMemoryForTheThreadsOwnPlacesTheSharedOnesServe) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   for (const Failure how : {Failure::kBadAlloc, Failure::kMemoryException})
     std::thread([how] {  // has no places yet
       CZEPHDoubleMatrix b(2, 2, 3.0);

@@ -177,7 +177,7 @@ TEST(VectorArithmetic, DividesByTheReciprocalAndNotAtAllNearZero) {
 }
 
 TEST(VectorArithmetic, ResultsCostOneAllocation) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   CZEPHVector a(5, Moderate(5, 1).data()), b(a);
   const auto cost = [](auto body) {
     const long before = AllocationCount();

@@ -241,7 +241,7 @@ TYPED_TEST(Array, RefusesBadArgumentsAndStaysAsItWas) {
 
 TYPED_TEST(Array, StaysAsItWasWhenMemoryRunsOut) {
   using T = typename TypeParam::Type;
-  if (!zeph::test::InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   TypeParam a;
   a.Fill(3);
   {

@@ -169,7 +169,7 @@ TEST(List, RefusesWhereThereIsNoElement) {
 }
 
 TEST(List, TakesStorageByBlocksAndReusesRemovedNodes) {
-  if (!zeph::test::InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   Shown list(10);
   const long before = zeph::test::AllocationCount();
   for (int i = 0; i < 20; ++i) list.AddTail(&a);
@@ -196,7 +196,7 @@ TEST(List, ReleasesItsStorageWhenTheLastElementGoes) {
 }
 
 TEST(List, StaysAsItWasWhenMemoryRunsOut) {
-  if (!zeph::test::InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   Shown list(2);
   list.AddTail(&a);
   list.AddTail(&b);

@@ -198,7 +198,7 @@ TEST(String, EmptyTakesTheTextAwayAndKeepsTheStorage) {
 }
 
 TEST(String, AppendingAllocatesRarely) {
-  if (!zeph::test::InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   CString s;
   const long before = zeph::test::AllocationCount();
   for (int i = 0; i < 100000; ++i) s.AppendFormat("%d\r\n", i);
@@ -206,7 +206,7 @@ TEST(String, AppendingAllocatesRarely) {
 }
 
 TEST(String, KeepsItsTextWhenMemoryRunsOut) {
-  if (!zeph::test::InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   const std::string longText(2000, 'x');
   CString s("a text of more than fifteen characters");
   const std::string old = Text(s);

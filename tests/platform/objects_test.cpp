@@ -37,7 +37,7 @@ TEST(MemoryException, GivesItsTextWithinTheBuffer) {
 }
 
 TEST(MemoryException, ReleasesItself) {
-  if (!zeph::test::InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   const long before = zeph::test::LiveBlocks();
   auto* exception = new CMemoryException;
   EXPECT_EQ(zeph::test::LiveBlocks(), before + 1);
@@ -46,7 +46,7 @@ TEST(MemoryException, ReleasesItself) {
 }
 
 TEST(MemoryException, IsCaughtByTypeOnTheOtherSideOfTheLibrary) {
-  if (!zeph::test::InterceptsLibraryAllocations()) GTEST_SKIP();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   CObList list;
   bool caught = false;
   {

@@ -104,7 +104,7 @@ TEST(RawArrayAlloc, RefusesEmptyInvertedAndUncountableRangesWithoutARequest) {
 }
 
 TEST(RawArrayAlloc, AsksForTheFullSizeOfALongRangeAndLeavesTheByteCountOnFailure) {
-  ZEPH_NEEDS_THE_ALLOCATOR();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
     for (const Range r : kTooLong) {
@@ -139,7 +139,7 @@ TEST(RawArrayAlloc, TakesAnyLabel) {
 }
 
 TEST(RawArrayAlloc, HandsOutTheBlockMovedBackByTheLowerBoundAndReleasesExactlyThatBlock) {
-  ZEPH_NEEDS_THE_ALLOCATOR();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
     for (const Range r : kValid) {
@@ -172,7 +172,7 @@ TEST(RawArrayFree, DoesNothingForANullBlockOrANullPointer) {
 }
 
 TEST(RawArrayAlloc, AnswersNullWhenMemoryRunsOutEitherWay) {
-  ZEPH_NEEDS_THE_ALLOCATOR();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   for (const Failure how : {Failure::kBadAlloc, Failure::kMemoryException})
     ForEachElementType([how](auto zero) {
       using T = decltype(zero);

@@ -59,7 +59,7 @@ TEST(RawArrayRealloc, CopiesExactlyTheDocumentedNumberForEveryPairOfSizes) {
 }
 
 TEST(RawArrayRealloc, AsksForOneElementMoreThanTheNewIndexThenReleasesTheOldBlock) {
-  ZEPH_NEEDS_THE_ALLOCATOR();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
     T* old = Counting<T>(4);
@@ -115,7 +115,7 @@ TEST(RawArrayResize, CopiesTheOldElementsAndZeroesTheRest) {
 }
 
 TEST(RawArrayResize, GivesAFreshBlockForTheSameSizeAndReleasesTheOldOne) {
-  ZEPH_NEEDS_THE_ALLOCATOR();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
     T* old = Counting<T>(5);
@@ -166,7 +166,7 @@ TEST(RawArrayResize, TakesNegativeCountsAndNullForNothingToCopy) {
 }
 
 TEST(RawArrayResize, KeepsTheOldBlockWhenMemoryRunsOutAndSoDoesRealloc) {
-  ZEPH_NEEDS_THE_ALLOCATOR();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   for (const Failure how : {Failure::kBadAlloc, Failure::kMemoryException})
     ForEachElementType([how](auto zero) {
       using T = decltype(zero);

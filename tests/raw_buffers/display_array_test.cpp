@@ -185,7 +185,7 @@ TEST(RawArrayDisplay, TakesALabelInsideTheStringThatItAppendsTo) {
 }
 
 TEST(RawArrayDisplay, LeavesTheStringAsItWasWhenItCannotGrow) {
-  if (!InterceptsLibraryAllocations()) GTEST_SKIP() << "the DLL has its own allocator";
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   std::vector<double> a(2000, 1.0);
   for (const Failure how : {Failure::kBadAlloc, Failure::kMemoryException}) {
     CString out("before");

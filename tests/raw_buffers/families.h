@@ -66,10 +66,4 @@ inline void ReleaseLost(const std::vector<AllocationEvent>& events) {
 
 }  // namespace zeph::test
 
-/// Skips a test where the allocator cannot be watched: across a Windows DLL.
-#define ZEPH_NEEDS_THE_ALLOCATOR()                   \
-  if (!::zeph::test::InterceptsLibraryAllocations()) \
-  GTEST_SKIP() << "the DLL has its own "             \
-                  "allocator"
-
 #endif  // ZEPH_TESTS_RAW_BUFFERS_FAMILIES_H

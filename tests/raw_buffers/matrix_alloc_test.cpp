@@ -131,7 +131,7 @@ TEST(RawMatrixAlloc, RefusesEmptyInvertedAndUncountableShapesWithoutARequest) {
 }
 
 TEST(RawMatrixAlloc, AsksForThePointerBlockThenEachRowAndReleasesBackwards) {
-  ZEPH_NEEDS_THE_ALLOCATOR();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
     for (const Bounds b : kValid) {
@@ -160,7 +160,7 @@ TEST(RawMatrixAlloc, AsksForThePointerBlockThenEachRowAndReleasesBackwards) {
 }
 
 TEST(RawMatrixFree, ReleasesTheCountFormBackwardsAndSkipsNullRows) {
-  ZEPH_NEEDS_THE_ALLOCATOR();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
     T** m = Family<T>::Matrix(4, 2);
@@ -174,7 +174,7 @@ TEST(RawMatrixFree, ReleasesTheCountFormBackwardsAndSkipsNullRows) {
 }
 
 TEST(RawMatrixFree, SkipsNullRowsOfTheRangeFormTheirBlocksToo) {
-  ZEPH_NEEDS_THE_ALLOCATOR();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
     T** m = Family<T>::Matrix(1, 4, 1, 2);
@@ -190,7 +190,7 @@ TEST(RawMatrixFree, SkipsNullRowsOfTheRangeFormTheirBlocksToo) {
 }
 
 TEST(RawMatrixFree, ReleasesOnlyThePointerBlockOfAnEmptyRange) {
-  ZEPH_NEEDS_THE_ALLOCATOR();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
     for (const int rows : {0, -1, INT_MIN}) {
@@ -222,7 +222,7 @@ TEST(RawMatrixFree, DoesNothingForNull) {
 }
 
 TEST(RawMatrixAlloc, LosesWhatItHadObtainedWhenARowCannotBeHad) {
-  ZEPH_NEEDS_THE_ALLOCATOR();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   constexpr int kRows = 5;
   for (const Failure how : {Failure::kBadAlloc, Failure::kMemoryException})
     ForEachElementType([how](auto zero) {
@@ -253,7 +253,7 @@ TEST(RawMatrixAlloc, LosesWhatItHadObtainedWhenARowCannotBeHad) {
 }
 
 TEST(RawMatrixAlloc, AsksForTheFullSizeOfLongRowsAndTables) {
-  ZEPH_NEEDS_THE_ALLOCATOR();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   if (sizeof(void*) < 8) GTEST_SKIP() << "needs a 64-bit address space";
   ForEachElementType([](auto zero) {
     using T = decltype(zero);

@@ -69,7 +69,7 @@ TEST(RawMatrixResize, RefusesToShrinkOrToBeEmptyAndLeavesTheOldMatrixAlone) {
 }
 
 TEST(RawMatrixResize, BuildsTheNewMatrixThenReleasesTheOldOneBackwards) {
-  ZEPH_NEEDS_THE_ALLOCATOR();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
     T** old = Numbered<T>(1, 1);
@@ -113,7 +113,7 @@ TEST(RawMatrixResize, CopiesNothingForNegativeBoundsNullMatricesAndNullRows) {
 }
 
 TEST(RawMatrixResize, KeepsTheOldMatrixWhenAnyRequestFails) {
-  ZEPH_NEEDS_THE_ALLOCATOR();
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   for (const Failure how : {Failure::kBadAlloc, Failure::kMemoryException})
     ForEachElementType([how](auto zero) {
       using T = decltype(zero);

@@ -1,7 +1,8 @@
 // The test programs' own global allocation operators: they count, record and fail on request.
 //
 // They serve the library too where symbols of the program come first (shared library on ELF, static
-// library anywhere); across a Windows DLL they do not, and Intercepts() is false.
+// library anywhere); across a Windows DLL they do not, and InterceptsLibraryAllocations() is false:
+// tests that need them begin with ZEPH_NEEDS_LIBRARY_ALLOCATIONS().
 #ifndef ZEPH_TESTS_SUPPORT_ALLOCATION_H
 #define ZEPH_TESTS_SUPPORT_ALLOCATION_H
 
@@ -67,6 +68,13 @@ long FailEachAllocation(Failure how, bool andAllAfter, Body body, Check check) {
   }
 }
 
+inline constexpr char kAllocatesForItself[] = "the DLL has its own allocator";
+
 }  // namespace zeph::test
+
+/// Skips a test that watches or fails the library's own allocations where they are out of reach.
+#define ZEPH_NEEDS_LIBRARY_ALLOCATIONS()             \
+  if (!::zeph::test::InterceptsLibraryAllocations()) \
+  GTEST_SKIP() << ::zeph::test::kAllocatesForItself
 
 #endif  // ZEPH_TESTS_SUPPORT_ALLOCATION_H

@@ -22,14 +22,6 @@ struct Elementwise {
   void (*fill)(double* out, double s, std::size_t n);                            // s, bit for bit
 };
 
-/// The operations' form for `level`.
-const Elementwise& ElementwiseAt(Level level);
-
-/// The form in use.
-inline const Elementwise& ActiveElementwise() {
-  return ElementwiseAt(Active());
-}
-
 namespace portable {
 extern const Elementwise kElementwise;
 }
@@ -41,6 +33,23 @@ namespace avx512 {
 extern const Elementwise kElementwise;
 }
 #endif
+
+/// The operations' form for `level`. Inline, since short arrays feel a call.
+inline const Elementwise& ElementwiseAt(Level level) {
+#if ZEPH_X64
+  static constexpr const Elementwise* kForms[kLevels] = {
+      &portable::kElementwise, &avx2::kElementwise, &avx512::kElementwise};
+#else
+  static constexpr const Elementwise* kForms[kLevels] = {
+      &portable::kElementwise, &portable::kElementwise, &portable::kElementwise};
+#endif
+  return *kForms[static_cast<int>(level)];
+}
+
+/// The form in use.
+inline const Elementwise& ActiveElementwise() {
+  return ElementwiseAt(Active());
+}
 
 }  // namespace zeph::kernels
 

@@ -44,12 +44,8 @@ template <class Operation>
 ZEPH_AVX2 void Binary(double* out, const double* a, const double* b, std::size_t n) {
   std::size_t i = 0;
   for (const std::size_t head = Head(out, n); i < head; ++i) out[i] = Operation::Op(a[i], b[i]);
-  for (; i + 2 * kLanes <= n; i += 2 * kLanes) {
-    const __m256d x0 = _mm256_loadu_pd(a + i), x1 = _mm256_loadu_pd(a + i + kLanes);
-    const __m256d y0 = _mm256_loadu_pd(b + i), y1 = _mm256_loadu_pd(b + i + kLanes);
-    _mm256_storeu_pd(out + i, Operation::Op(x0, y0));
-    _mm256_storeu_pd(out + i + kLanes, Operation::Op(x1, y1));
-  }
+  for (; i + kLanes <= n; i += kLanes)
+    _mm256_storeu_pd(out + i, Operation::Op(_mm256_loadu_pd(a + i), _mm256_loadu_pd(b + i)));
   for (; i < n; ++i) out[i] = Operation::Op(a[i], b[i]);
 }
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// Eight elements at a time. A first, partial vector brings `out` to a line's edge: arrays from one
-// allocator lie alike, so the loads then fall on edges too, and no access straddles two lines.
+// Eight elements at a time. Loads that straddle two lines are what costs, so from some hundred
+// elements on the stores are brought to lines' edges and the operands put together from whole
+// lines.
 #include "kernels/elementwise.h"
 
 #if ZEPH_X64
@@ -17,17 +18,18 @@ namespace {
 
 #define ZEPH_AVX512 ZEPH_TARGET("avx512f,avx512dq,avx512bw,avx512vl")
 #define ZEPH_AVX512_INLINE ZEPH_AVX512 static inline __attribute__((always_inline))
+#define ZEPH_AVX512_MEMBER ZEPH_AVX512 inline __attribute__((always_inline))
 
 constexpr std::size_t kLanes = 8;
+constexpr std::size_t kByLinesFrom = 256;
 
 ZEPH_AVX512_INLINE __mmask8 FirstLanes(std::size_t count) {
   return static_cast<__mmask8>((1u << count) - 1u);
 }
 
-/// Elements before the first of `out` on a line's edge, at most n.
-std::size_t Head(const double* out, std::size_t n) {
-  const std::size_t past = reinterpret_cast<std::uintptr_t>(out) / sizeof(double) % kLanes;
-  return std::min(n, (kLanes - past) % kLanes);
+/// Elements from `p` to the next line's edge, fewer than kLanes.
+std::size_t ToEdge(const double* p) {
+  return (0 - reinterpret_cast<std::uintptr_t>(p) / sizeof(double)) % kLanes;
 }
 
 struct Sum {
@@ -40,31 +42,122 @@ struct Product {
   ZEPH_AVX512_INLINE __m512d Op(__m512d x, __m512d y) { return _mm512_mul_pd(x, y); }
 };
 
-template <class Operation>
-ZEPH_AVX512 void Binary(double* out, const double* a, const double* b, std::size_t n) {
-  std::size_t i = Head(out, n);
-  if (i) {
-    const __mmask8 mask = FirstLanes(i);
-    const __m512d x = _mm512_maskz_loadu_pd(mask, a), y = _mm512_maskz_loadu_pd(mask, b);
-    _mm512_mask_storeu_pd(out, mask, Operation::Op(x, y));
+/// kLanes elements from kShift on, of `low` and `high` one behind the other. (All lanes are named
+/// in a mask because g++ 12 takes the unmasked intrinsic's own source for uninitialised.)
+template <std::size_t kShift>
+ZEPH_AVX512_INLINE __m512d Join(__m512d low, __m512d high) {
+  constexpr int kCount = static_cast<int>(kShift);
+  return _mm512_castsi512_pd(
+      _mm512_maskz_alignr_epi64(0xFF, _mm512_castpd_si512(high), _mm512_castpd_si512(low), kCount));
+}
+
+/// Elements by which `p` lies behind a line's edge, where joining lines helps; else 0. Of loads
+/// half a line off, both halves lie within lines; an odd number comes from no allocator.
+std::size_t Past(const double* p) {
+  const std::size_t past = reinterpret_cast<std::uintptr_t>(p) / sizeof(double) % kLanes;
+  return past % 4 == 2 ? past : 0;
+}
+
+/// Reads vector after vector of an operand whose Past is kPast: whole lines, each joined to the one
+/// before, since a load that straddles two lines takes twice as long.
+template <std::size_t kPast>
+class Reader {
+ public:
+  ZEPH_AVX512_MEMBER explicit Reader(const double* p) : p_(p), before_(_mm512_setzero_pd()) {
+    if (kPast == 0) return;
+    const __m512d rest = _mm512_maskz_loadu_pd(FirstLanes(kLanes - kPast), p);
+    before_ = Join<kLanes - kPast>(_mm512_setzero_pd(), rest);
+    p_ += kLanes - kPast;
   }
-  for (; i + 2 * kLanes <= n; i += 2 * kLanes) {
-    const __m512d x0 = _mm512_loadu_pd(a + i), x1 = _mm512_loadu_pd(a + i + kLanes);
-    const __m512d y0 = _mm512_loadu_pd(b + i), y1 = _mm512_loadu_pd(b + i + kLanes);
+  ZEPH_AVX512_MEMBER __m512d Next() {
+    __m512d line = _mm512_loadu_pd(p_);
+    p_ += kLanes;
+    if (kPast == 0) return line;
+    __asm__("" : "+v"(line));  // g++ would load it once more for the next vector
+    const __m512d joined = Join<kPast>(before_, line);
+    before_ = line;
+    return joined;
+  }
+
+ private:
+  const double* p_;
+  __m512d before_;  // the line before p_; of the first one, what belongs to the operand
+};
+
+/// Most of the elements, pairs of vectors; the number done. The readers are up to a line ahead.
+template <class Operation, std::size_t kPastA, std::size_t kPastB>
+ZEPH_AVX512_INLINE std::size_t Pairs(double* out, const double* a, const double* b, std::size_t n) {
+  constexpr std::size_t kAhead = kPastA || kPastB ? kLanes : 0;
+  Reader<kPastA> left(a);
+  Reader<kPastB> right(b);
+  std::size_t i = 0;
+  for (; i + 2 * kLanes + kAhead <= n; i += 2 * kLanes) {
+    const __m512d x0 = left.Next(), x1 = left.Next(), y0 = right.Next(), y1 = right.Next();
     _mm512_storeu_pd(out + i, Operation::Op(x0, y0));
     _mm512_storeu_pd(out + i + kLanes, Operation::Op(x1, y1));
   }
-  for (; i < n; i += kLanes) {
-    const __mmask8 mask = FirstLanes(std::min(kLanes, n - i));
-    const __m512d x = _mm512_maskz_loadu_pd(mask, a + i), y = _mm512_maskz_loadu_pd(mask, b + i);
-    _mm512_mask_storeu_pd(out + i, mask, Operation::Op(x, y));
+  return i;
+}
+
+template <class Operation, std::size_t kPastA>
+ZEPH_AVX512_INLINE std::size_t PairsByB(double* out, const double* a, const double* b,
+                                        std::size_t n) {
+  switch (Past(b)) {
+    case 2:
+      return Pairs<Operation, kPastA, 2>(out, a, b, n);
+    case 6:
+      return Pairs<Operation, kPastA, 6>(out, a, b, n);
+    default:
+      return Pairs<Operation, kPastA, 0>(out, a, b, n);
   }
+}
+
+/// One vector.
+template <class Operation>
+ZEPH_AVX512_INLINE __m512d One(const double* a, const double* b) {
+  return Operation::Op(_mm512_loadu_pd(a), _mm512_loadu_pd(b));
+}
+
+/// Fewer than a vector's elements.
+template <class Operation>
+ZEPH_AVX512_INLINE void Few(double* out, const double* a, const double* b, std::size_t n) {
+  const __mmask8 mask = FirstLanes(n);
+  const __m512d x = _mm512_maskz_loadu_pd(mask, a), y = _mm512_maskz_loadu_pd(mask, b);
+  _mm512_mask_storeu_pd(out, mask, Operation::Op(x, y));
+}
+
+/// Most of the elements, reading and writing whole lines; the number done.
+template <class Operation>
+ZEPH_AVX512 std::size_t ByLines(double* out, const double* a, const double* b, std::size_t n) {
+  const std::size_t i = ToEdge(out);
+  Few<Operation>(out, a, b, i);
+  out += i, a += i, b += i, n -= i;
+  switch (Past(a)) {
+    case 2:
+      return i + PairsByB<Operation, 2>(out, a, b, n);
+    case 6:
+      return i + PairsByB<Operation, 6>(out, a, b, n);
+    default:
+      return i + PairsByB<Operation, 0>(out, a, b, n);
+  }
+}
+
+template <class Operation>
+ZEPH_AVX512 void Binary(double* out, const double* a, const double* b, std::size_t n) {
+  if (n < kLanes) return Few<Operation>(out, a, b, n);
+  // Overlaps its neighbour, which is cheaper than masks; computed before anything is stored, since
+  // `out` may be an operand.
+  const __m512d last = One<Operation>(a + n - kLanes, b + n - kLanes);
+  std::size_t i = n < kByLinesFrom ? 0 : ByLines<Operation>(out, a, b, n);
+  i += Pairs<Operation, 0, 0>(out + i, a + i, b + i, n - i);
+  if (i + kLanes <= n) _mm512_storeu_pd(out + i, One<Operation>(a + i, b + i));
+  _mm512_storeu_pd(out + n - kLanes, last);
 }
 
 template <class Operation>
 ZEPH_AVX512 void WithScalar(double* out, double s, const double* a, std::size_t n) {
   const __m512d x = _mm512_set1_pd(s);
-  std::size_t i = Head(out, n);
+  std::size_t i = std::min(n, ToEdge(out));
   if (i) {
     const __mmask8 mask = FirstLanes(i);
     _mm512_mask_storeu_pd(out, mask, Operation::Op(x, _mm512_maskz_loadu_pd(mask, a)));
@@ -82,7 +175,7 @@ ZEPH_AVX512 void WithScalar(double* out, double s, const double* a, std::size_t 
 
 ZEPH_AVX512 void Fill(double* out, double s, std::size_t n) {
   const __m512d x = _mm512_set1_pd(s);
-  std::size_t i = Head(out, n);
+  std::size_t i = std::min(n, ToEdge(out));
   if (i) _mm512_mask_storeu_pd(out, FirstLanes(i), x);
   for (; i + kLanes <= n; i += kLanes) _mm512_storeu_pd(out + i, x);
   if (i < n) _mm512_mask_storeu_pd(out + i, FirstLanes(n - i), x);

@@ -40,6 +40,19 @@ void CopyAddCopy(Array& out, const Array& a, const Array& b, const Array& c, con
   out = sum;
 }
 
+double ChainOfSums(const double* a, int n) {
+  double sum = 0.0;
+  int i = 0;
+  for (; i + 4 <= n; i += 4) {
+    sum += a[i];
+    sum += a[i + 1];
+    sum += a[i + 2];
+    sum += a[i + 3];
+  }
+  for (; i < n; ++i) sum += a[i];
+  return sum;
+}
+
 double Dot(const double* a, const double* b, int n) {
   double sum = a[0] * b[0];
   for (int i = 1; i < n; ++i) sum += a[i] * b[i];

@@ -10,11 +10,19 @@ namespace zeph::double_array {
 namespace {
 
 /// term(0) + term(1) + ..., added in that order, starting from the first; 0.0 when there is none.
+/// The terms are made a few at a time ahead, so that nothing but the additions waits.
 template <class Term>
 double SumInOrder(std::size_t n, Term term) {
   if (n == 0) return 0.0;
   double sum = term(0);
-  for (std::size_t i = 1; i < n; ++i) sum += term(i);
+  constexpr std::size_t kAhead = 8;
+  std::size_t i = 1;
+  for (; i + kAhead <= n; i += kAhead) {
+    double terms[kAhead];
+    for (std::size_t k = 0; k < kAhead; ++k) terms[k] = term(i + k);
+    for (double x : terms) sum += x;
+  }
+  for (; i < n; ++i) sum += term(i);
   return sum;
 }
 

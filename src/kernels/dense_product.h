@@ -4,6 +4,7 @@
 #ifndef ZEPH_SRC_KERNELS_DENSE_PRODUCT_H
 #define ZEPH_SRC_KERNELS_DENSE_PRODUCT_H
 
+#include <atomic>
 #include <cstddef>
 
 #include "kernels/level.h"
@@ -19,6 +20,13 @@ namespace zeph::kernels {
 /// are none. Reads and writes no element outside the rows.
 void DenseProduct(double* const* out, const double* const* a, const double* const* b,
                   std::size_t rows, std::size_t inner, std::size_t cols);
+
+namespace detail {
+/// Where large products borrow their memory, to be released with std::free: std::malloc, unless a
+/// test put something else here. Not the allocation operators: their handlers need not hear of
+/// memory that a product can do without.
+extern std::atomic<void* (*)(std::size_t)> borrow;
+}  // namespace detail
 
 /// One form of it.
 using DenseProductForm = void (*)(double* const* out, const double* const* a,

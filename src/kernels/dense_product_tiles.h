@@ -14,6 +14,8 @@
 #include <cstring>
 #include <memory>
 
+#include "kernels/dense_product.h"
+
 namespace zeph::kernels::product {
 
 struct Tile {
@@ -194,7 +196,7 @@ void Run(double* const* out, const double* const* a, const double* const* b, std
   if (work < kPackPanelsFrom || rows < 4 * Form::kRows) return RunInPlace<Form>(all);
   const std::size_t room = kInnerBlock * kPanelCols;
   const std::unique_ptr<double, Release> block(
-      static_cast<double*>(std::malloc(room * sizeof(double))));
+      static_cast<double*>(detail::borrow.load(std::memory_order_relaxed)(room * sizeof(double))));
   if (!block) return RunInPlace<Form>(all);
   RunBlocks<Form>(all, block.get());
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Ordered sums over the rows of a matrix given by row pointers.
+// Ordered sums and lengths over the rows of a matrix given by row pointers.
 //
 // One ordered sum waits for each of its additions. The rows do not depend on each other, so several
 // run side by side, each in its own order, hence with its own bits.
@@ -16,20 +16,15 @@ namespace zeph::kernels {
 /// The sums of one form, for `rows` rows of `cols` elements; `sums` overlaps no input. Each sum
 /// starts at 0.0 and takes up its terms from column 0 upward.
 struct RowSums {
-  /// sums[i] = 0.0 + m[i][0] + m[i][1] + ...
-  void (*sum)(double* sums, const double* const* m, std::size_t rows, std::size_t cols);
+  using OfRows = void (*)(double* sums, const double* const* m, std::size_t rows, std::size_t cols);
+  OfRows sum;        // sums[i] = 0.0 + m[i][0] + m[i][1] + ...
+  OfRows magnitude;  // sums[i] = 0.0 + |m[i][0]| + |m[i][1]| + ...
+  /// lengths[i] = |m[i][0]|, grown by Hypotenuse with |m[i][1]|, |m[i][2]| ...; `cols` is not 0.
+  OfRows length;
   /// sums[i] = 0.0 + m[i][0] * v[0] + m[i][1] * v[1] + ...
   void (*dot)(double* sums, const double* const* m, const double* v, std::size_t rows,
               std::size_t cols);
 };
-
-/// The sums' form for `level`.
-const RowSums& RowSumsAt(Level level);
-
-/// The form in use.
-inline const RowSums& ActiveRowSums() {
-  return RowSumsAt(Active());
-}
 
 namespace portable {
 extern const RowSums kRowSums;
@@ -39,6 +34,19 @@ namespace avx2 {
 extern const RowSums kRowSums;
 }
 #endif
+
+/// The sums' form for `level`.
+inline const RowSums& RowSumsAt([[maybe_unused]] Level level) {
+#if ZEPH_X64
+  if (level >= Level::kAvx2) return avx2::kRowSums;
+#endif
+  return portable::kRowSums;
+}
+
+/// The form in use.
+inline const RowSums& ActiveRowSums() {
+  return RowSumsAt(Active());
+}
 
 }  // namespace zeph::kernels
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // A row per lane: four columns of four rows are turned over in registers, and the four columns are
-// added one after another.
+// taken up one after another.
 #include "kernels/row_sums.h"
 
 #if ZEPH_X64
@@ -9,90 +9,198 @@
 
 #include <algorithm>
 
+#include "kernels/hypotenuse.h"
 #include "platform/exactness.h"
 
 namespace zeph::kernels {
 namespace {
 
 #define ZEPH_AVX2 ZEPH_TARGET("avx2")
-#define ZEPH_AVX2_INLINE ZEPH_AVX2 inline __attribute__((always_inline))
+#define ZEPH_AVX2_INLINE ZEPH_AVX2 static inline __attribute__((always_inline))
 
 constexpr std::size_t kLanes = 4;
 
-// The term that an element of column j adds.
+ZEPH_AVX2_INLINE __m256d Magnitudes(__m256d x) {
+  return _mm256_andnot_pd(_mm256_set1_pd(-0.0), x);
+}
+
+/// The columns to read: all four, or the first few, and 0.0 for the others.
+struct Whole {
+  ZEPH_AVX2 inline __attribute__((always_inline)) __m256d operator()(const double* p) const {
+    return _mm256_loadu_pd(p);
+  }
+};
+struct Few {
+  __m256i mask;
+  ZEPH_AVX2 inline __attribute__((always_inline)) __m256d operator()(const double* p) const {
+    return _mm256_maskload_pd(p, mask);
+  }
+};
+
+// The terms that four elements of a row give: before the rows are turned over, since one load of
+// the factors then serves all rows. Columns that are not there give 0.0, which changes no sum: a
+// sum that started at 0.0 is never -0.0.
 struct Itself {
-  ZEPH_AVX2_INLINE __m256d operator()(__m256d x, std::size_t) const { return x; }
+  ZEPH_AVX2_INLINE __m256d Of(__m256d x, __m256d) { return x; }
 };
-struct TimesElement {
-  const double* v;
-  ZEPH_AVX2_INLINE __m256d operator()(__m256d x, std::size_t j) const {
-    return _mm256_mul_pd(x, _mm256_broadcast_sd(v + j));
-  }
+struct Magnitude {
+  ZEPH_AVX2_INLINE __m256d Of(__m256d x, __m256d) { return Magnitudes(x); }
+};
+struct Product {
+  ZEPH_AVX2_INLINE __m256d Of(__m256d x, __m256d factors) { return _mm256_mul_pd(x, factors); }
 };
 
-/// Columns j and j + 1 of rows a and b, as a's in the lower half and b's in the upper one.
-ZEPH_AVX2_INLINE __m256d Halves(const double* a, const double* b, std::size_t j) {
-  return _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(a + j)), _mm_loadu_pd(b + j), 1);
+/// columns[c][r] = rows[r][c].
+ZEPH_AVX2_INLINE void TurnOver(__m256d (&columns)[kLanes], const __m256d (&rows)[kLanes]) {
+  const __m256d even01 = _mm256_unpacklo_pd(rows[0], rows[1]);
+  const __m256d even23 = _mm256_unpacklo_pd(rows[2], rows[3]);
+  const __m256d odd01 = _mm256_unpackhi_pd(rows[0], rows[1]);
+  const __m256d odd23 = _mm256_unpackhi_pd(rows[2], rows[3]);
+  columns[0] = _mm256_permute2f128_pd(even01, even23, 0x20);
+  columns[1] = _mm256_permute2f128_pd(odd01, odd23, 0x20);
+  columns[2] = _mm256_permute2f128_pd(even01, even23, 0x31);
+  columns[3] = _mm256_permute2f128_pd(odd01, odd23, 0x31);
 }
 
-/// The sums of 4 * Groups rows: so many sums hide one another's waiting.
-template <std::size_t Groups, class Term>
-ZEPH_AVX2 void Sums(double* sums, const double* const* m, std::size_t cols, Term term) {
-  __m256d sum[Groups];
-#pragma GCC unroll 4
-  for (std::size_t g = 0; g < Groups; ++g) sum[g] = _mm256_setzero_pd();
-  std::size_t j = 0;
-  for (; j + kLanes <= cols; j += kLanes) {
-#pragma GCC unroll 4
-    for (std::size_t g = 0; g < Groups; ++g) {
-      const double* const* row = m + g * kLanes;
-#pragma GCC unroll 2
-      for (std::size_t pair = 0; pair < kLanes; pair += 2) {
-        const __m256d even = Halves(row[0], row[2], j + pair);
-        const __m256d odd = Halves(row[1], row[3], j + pair);
-        sum[g] = _mm256_add_pd(sum[g], term(_mm256_unpacklo_pd(even, odd), j + pair));
-        sum[g] = _mm256_add_pd(sum[g], term(_mm256_unpackhi_pd(even, odd), j + pair + 1));
-      }
-    }
-  }
-  for (; j < cols; ++j)
-#pragma GCC unroll 4
-    for (std::size_t g = 0; g < Groups; ++g) {
-      const double* const* row = m + g * kLanes;
-      const __m256d column = _mm256_set_pd(row[3][j], row[2][j], row[1][j], row[0][j]);
-      sum[g] = _mm256_add_pd(sum[g], term(column, j));
-    }
-#pragma GCC unroll 4
-  for (std::size_t g = 0; g < Groups; ++g) _mm256_storeu_pd(sums + g * kLanes, sum[g]);
+/// The columns from j on of the rows m[0] .. m[3].
+template <class Term, class Load>
+ZEPH_AVX2_INLINE void Columns(__m256d (&columns)[kLanes], const double* const* m, std::size_t j,
+                              __m256d factors, Load load) {
+  const __m256d rows[kLanes] = {
+      Term::Of(load(m[0] + j), factors), Term::Of(load(m[1] + j), factors),
+      Term::Of(load(m[2] + j), factors), Term::Of(load(m[3] + j), factors)};
+  TurnOver(columns, rows);
 }
 
+ZEPH_AVX2_INLINE Few FirstColumns(std::size_t count) {
+  const __m256i lanes = _mm256_set_epi64x(3, 2, 1, 0);
+  return {_mm256_cmpgt_epi64(_mm256_set1_epi64x(static_cast<long long>(count)), lanes)};
+}
+
+/// Adds the terms of the columns from j on to the sums of 4 * Groups rows.
+template <class Term, std::size_t Groups, class Load>
+ZEPH_AVX2_INLINE void AddColumns(__m256d (&sum)[Groups], const double* const* m, const double* v,
+                                 std::size_t j, Load load) {
+  const __m256d factors = v ? load(v + j) : _mm256_setzero_pd();
+#pragma GCC unroll 4
+  for (std::size_t g = 0; g < Groups; ++g) {
+    __m256d columns[kLanes];
+    Columns<Term>(columns, m + g * kLanes, j, factors, load);
+#pragma GCC unroll 4
+    for (std::size_t c = 0; c < kLanes; ++c) sum[g] = _mm256_add_pd(sum[g], columns[c]);
+  }
+}
+
+/// The sums of 4 * Groups rows: so many sums hide one another's waiting. `v` may be null where the
+/// term needs no factors.
 template <class Term>
-void AllSums(double* sums, const double* const* m, std::size_t rows, std::size_t cols, Term term) {
-  std::size_t i = 0;
-  for (; i + 3 * kLanes <= rows; i += 3 * kLanes) Sums<3>(sums + i, m + i, cols, term);
-  for (; i + 2 * kLanes <= rows; i += 2 * kLanes) Sums<2>(sums + i, m + i, cols, term);
-  for (; i < rows; i += kLanes) {
-    const std::size_t count = std::min(kLanes, rows - i);
-    const double* row[kLanes];  // the last one again where there are fewer
-    for (std::size_t r = 0; r < kLanes; ++r) row[r] = m[i + std::min(r, count - 1)];
-    double sum[kLanes];
-    Sums<1>(sum, row, cols, term);
-    std::copy_n(sum, count, sums + i);
+struct Sums {
+  const double* v;
+  template <std::size_t Groups>
+  ZEPH_AVX2 void Of(double* sums, const double* const* m, std::size_t cols) const {
+    __m256d sum[Groups];
+#pragma GCC unroll 4
+    for (std::size_t g = 0; g < Groups; ++g) sum[g] = _mm256_setzero_pd();
+    std::size_t j = 0;
+    for (; j + kLanes <= cols; j += kLanes) AddColumns<Term>(sum, m, v, j, Whole());
+    if (j < cols) AddColumns<Term>(sum, m, v, j, FirstColumns(cols - j));
+#pragma GCC unroll 4
+    for (std::size_t g = 0; g < Groups; ++g) _mm256_storeu_pd(sums + g * kLanes, sum[g]);
+  }
+};
+
+/// Hypotenuse in each lane.
+ZEPH_AVX2_INLINE __m256d Grown(__m256d r, __m256d x) {
+  const __m256d limit = _mm256_set1_pd(kScaledFrom);
+  const __m256d small =
+      _mm256_and_pd(_mm256_cmp_pd(r, limit, _CMP_LT_OQ), _mm256_cmp_pd(x, limit, _CMP_LT_OQ));
+  const __m256d direct = _mm256_sqrt_pd(_mm256_add_pd(_mm256_mul_pd(r, r), _mm256_mul_pd(x, x)));
+  if (_mm256_movemask_pd(small) == 0xF) return direct;
+  const __m256d larger = _mm256_cmp_pd(r, x, _CMP_GT_OQ);
+  const __m256d leg = _mm256_blendv_pd(x, r, larger), other = _mm256_blendv_pd(r, x, larger);
+  const __m256d ratio = _mm256_div_pd(other, leg);
+  const __m256d scaled = _mm256_mul_pd(
+      leg, _mm256_sqrt_pd(_mm256_add_pd(_mm256_set1_pd(1.0), _mm256_mul_pd(ratio, ratio))));
+  return _mm256_blendv_pd(scaled, direct, small);
+}
+
+/// Grows the lengths of 4 * Groups rows by `count` columns from j on, or begins them with column 0.
+template <std::size_t Groups, class Load>
+ZEPH_AVX2_INLINE void GrowByColumns(__m256d (&length)[Groups], const double* const* m,
+                                    std::size_t j, std::size_t count, Load load) {
+  __m256d columns[Groups][kLanes];
+#pragma GCC unroll 4
+  for (std::size_t g = 0; g < Groups; ++g)
+    Columns<Magnitude>(columns[g], m + g * kLanes, j, _mm256_setzero_pd(), load);
+  for (std::size_t c = 0; c < count; ++c)
+#pragma GCC unroll 4
+    for (std::size_t g = 0; g < Groups; ++g)
+      length[g] = j + c == 0 ? columns[g][0] : Grown(length[g], columns[g][c]);
+}
+
+/// The lengths of 4 * Groups rows.
+struct Lengths {
+  template <std::size_t Groups>
+  ZEPH_AVX2 void Of(double* lengths, const double* const* m, std::size_t cols) const {
+    __m256d length[Groups];
+#pragma GCC unroll 4
+    for (std::size_t g = 0; g < Groups; ++g) length[g] = _mm256_setzero_pd();
+    std::size_t j = 0;
+    for (; j + kLanes <= cols; j += kLanes) GrowByColumns(length, m, j, kLanes, Whole());
+    if (j < cols) GrowByColumns(length, m, j, cols - j, FirstColumns(cols - j));
+#pragma GCC unroll 4
+    for (std::size_t g = 0; g < Groups; ++g) _mm256_storeu_pd(lengths + g * kLanes, length[g]);
+  }
+};
+
+/// `rows` rows, at most 4 * Groups: the last one stands in for those that are not there.
+template <std::size_t Groups, class Results>
+void Some(double* results, const double* const* m, std::size_t rows, std::size_t cols, Results of) {
+  constexpr std::size_t kRows = Groups * kLanes;
+  if (rows == kRows) return of.template Of<Groups>(results, m, cols);
+  const double* row[kRows];
+  double all[kRows];
+  for (std::size_t r = 0; r < kRows; ++r) row[r] = m[std::min(r, rows - 1)];
+  of.template Of<Groups>(all, row, cols);
+  std::copy_n(all, rows, results);
+}
+
+/// All rows, twelve abreast; the last 13 to 16 as two lots of at most eight.
+template <class Results>
+void ForEachRow(double* results, const double* const* m, std::size_t rows, std::size_t cols,
+                Results of) {
+  for (std::size_t i = 0, some = 0; i < rows; i += some) {
+    const std::size_t left = rows - i;
+    some = left > 16 ? 12 : left > 12 ? 8 : left;
+    if (some > 8)
+      Some<3>(results + i, m + i, some, cols, of);
+    else if (some > 4)
+      Some<2>(results + i, m + i, some, cols, of);
+    else
+      Some<1>(results + i, m + i, some, cols, of);
   }
 }
 
 void Sum(double* sums, const double* const* m, std::size_t rows, std::size_t cols) {
-  AllSums(sums, m, rows, cols, Itself());
+  ForEachRow(sums, m, rows, cols, Sums<Itself>{nullptr});
+}
+
+void MagnitudeSum(double* sums, const double* const* m, std::size_t rows, std::size_t cols) {
+  ForEachRow(sums, m, rows, cols, Sums<Magnitude>{nullptr});
+}
+
+void Length(double* lengths, const double* const* m, std::size_t rows, std::size_t cols) {
+  ForEachRow(lengths, m, rows, cols, Lengths());
 }
 
 void Dot(double* sums, const double* const* m, const double* v, std::size_t rows,
          std::size_t cols) {
-  AllSums(sums, m, rows, cols, TimesElement{v});
+  ForEachRow(sums, m, rows, cols, Sums<Product>{v});
 }
 
 }  // namespace
 
-const RowSums avx2::kRowSums = {Sum, Dot};
+const RowSums avx2::kRowSums = {Sum, MagnitudeSum, Length, Dot};
 
 }  // namespace zeph::kernels
 #endif

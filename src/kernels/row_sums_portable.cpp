@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <cmath>
 
+#include "kernels/hypotenuse.h"
 #include "kernels/row_sums.h"
 #include "platform/exactness.h"
 
@@ -9,35 +11,49 @@ namespace {
 
 constexpr std::size_t kAbreast = 8;
 
-template <class Term>
-void Sums(double* sums, const double* const* m, std::size_t rows, std::size_t cols, Term term) {
+/// results[i] = first, then for each element x of row i in order: step(results[i], x, its column).
+template <class Step>
+void ForEachRow(double* results, const double* const* m, std::size_t rows, std::size_t cols,
+                Step step) {
   std::size_t i = 0;
   for (; i + kAbreast <= rows; i += kAbreast) {
     const double* row[kAbreast];
-    double sum[kAbreast] = {};
+    double running[kAbreast] = {};
     std::copy_n(m + i, kAbreast, row);
     for (std::size_t j = 0; j < cols; ++j)
-      for (std::size_t r = 0; r < kAbreast; ++r) sum[r] += term(row[r][j], j);
-    std::copy_n(sum, kAbreast, sums + i);
+      for (std::size_t r = 0; r < kAbreast; ++r) running[r] = step(running[r], row[r][j], j);
+    std::copy_n(running, kAbreast, results + i);
   }
   for (; i < rows; ++i) {
-    double sum = 0.0;
-    for (std::size_t j = 0; j < cols; ++j) sum += term(m[i][j], j);
-    sums[i] = sum;
+    double running = 0.0;
+    for (std::size_t j = 0; j < cols; ++j) running = step(running, m[i][j], j);
+    results[i] = running;
   }
 }
 
 void Sum(double* sums, const double* const* m, std::size_t rows, std::size_t cols) {
-  Sums(sums, m, rows, cols, [](double x, std::size_t) { return x; });
+  ForEachRow(sums, m, rows, cols, [](double sum, double x, std::size_t) { return sum + x; });
+}
+
+void Magnitude(double* sums, const double* const* m, std::size_t rows, std::size_t cols) {
+  ForEachRow(sums, m, rows, cols,
+             [](double sum, double x, std::size_t) { return sum + std::fabs(x); });
+}
+
+void Length(double* lengths, const double* const* m, std::size_t rows, std::size_t cols) {
+  ForEachRow(lengths, m, rows, cols, [](double length, double x, std::size_t j) {
+    return j == 0 ? std::fabs(x) : Hypotenuse(length, std::fabs(x));
+  });
 }
 
 void Dot(double* sums, const double* const* m, const double* v, std::size_t rows,
          std::size_t cols) {
-  Sums(sums, m, rows, cols, [v](double x, std::size_t j) { return x * v[j]; });
+  ForEachRow(sums, m, rows, cols,
+             [v](double sum, double x, std::size_t j) { return sum + x * v[j]; });
 }
 
 }  // namespace
 
-const RowSums portable::kRowSums = {Sum, Dot};
+const RowSums portable::kRowSums = {Sum, Magnitude, Length, Dot};
 
 }  // namespace zeph::kernels

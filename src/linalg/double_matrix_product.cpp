@@ -30,11 +30,15 @@ CZEPHDoubleMatrix& operator*=(CZEPHDoubleMatrix& left, const CZEPHDoubleMatrix& 
 
 CZEPHDoubleArray CZEPHDoubleMatrix::operator*(const CZEPHDoubleArray& v) const {
   if (m_nColumns != v.size) ErrorMessage("matrix and vector sizes do not match", std::cout);
-  CZEPHDoubleArray result(m_nRows, 0.0);
-  if (result.data && v.data)
-    zeph::kernels::ActiveRowSums().dot(
-        result.data, m_ppData, v.data,
-        static_cast<std::size_t>(zeph::linalg::StoredRows(m_ppData, m_nRows)),
-        static_cast<std::size_t>(std::max(m_nColumns, 0)));
+  CZEPHDoubleArray result(m_nRows, static_cast<double*>(nullptr));
+  if (!result.data) return result;
+  int rows = 0;
+  if (v.data) {
+    rows = zeph::linalg::StoredRows(m_ppData, m_nRows);
+    zeph::kernels::ActiveRowSums().dot(result.data, m_ppData, v.data,
+                                       static_cast<std::size_t>(rows),
+                                       static_cast<std::size_t>(std::max(m_nColumns, 0)));
+  }
+  std::fill(result.data + rows, result.data + std::max(m_nRows, rows), 0.0);
   return result;
 }

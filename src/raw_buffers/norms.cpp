@@ -3,15 +3,24 @@
 #include <cmath>
 #include <cstddef>
 
+#include "kernels/hypotenuse.h"
 #include "kernels/largest_magnitude.h"
+#include "kernels/row_sums.h"
 #include "kernels/sort.h"
 #include "platform/exactness.h"
 #include "raw_buffers.h"
-#include "raw_buffers/hypotenuse.h"
 #include "raw_buffers/precondition.h"
 
 namespace zeph::raw_buffers {
 namespace {
+
+using kernels::Hypotenuse;
+
+/// A running maximum gives way unless it is strictly greater, so a NaN on either side gives way
+/// too.
+double LargerOrLater(double running, double x) {
+  return running > x ? running : x;
+}
 
 // The steps by which a running norm takes up one element. The first element starts it.
 struct AbsoluteSum {
@@ -60,33 +69,19 @@ double MaximumOf(const double* x, std::size_t n) {
   return running;
 }
 
-/// Several rows' norms at a time, each still in its own order: one ordered sum waits for itself at
-/// every step, several fill the waiting.
-constexpr int kRowsAtOnce = 8;
-template <class Step>
-void AccumulateRows(double* const* rows, int n, double* norms) {
-  const double* row[kRowsAtOnce];
-  double running[kRowsAtOnce];
-  for (int k = 0; k < kRowsAtOnce; ++k) {
-    row[k] = rows[k];
-    running[k] = Step::First(row[k][0]);
+/// Row norms over columns 0 .. n - 1, combined in row order; the first row alone for n <= 1. The
+/// kernel takes several rows side by side, each still in its own order.
+template <class Combine>
+double RowWise(double* const* m, int n, kernels::RowSums::OfRows norms, Combine combine) {
+  constexpr std::size_t kAtOnce = 24;
+  const std::size_t count = static_cast<std::size_t>(std::max(n, 1));
+  double running = 0.0;
+  for (std::size_t i = 0; i < count; i += kAtOnce) {
+    double some[kAtOnce];
+    const std::size_t rows = std::min(kAtOnce, count - i);
+    norms(some, m + i, rows, count);
+    for (std::size_t r = 0; r < rows; ++r) running = i + r ? combine(running, some[r]) : some[r];
   }
-  for (int j = 1; j < n; ++j)
-    for (int k = 0; k < kRowsAtOnce; ++k) running[k] = Step::Next(running[k], row[k][j]);
-  std::copy_n(running, kRowsAtOnce, norms);
-}
-
-/// Row norms over columns 0 .. n - 1, combined in row order; the first row alone for n <= 1.
-template <class Step, class Combine>
-double RowWise(double* const* rows, int n, Combine combine) {
-  double running = Accumulate<Step>(rows[0], n);
-  int i = 1;
-  for (; i + kRowsAtOnce <= n; i += kRowsAtOnce) {
-    double norms[kRowsAtOnce];
-    AccumulateRows<Step>(rows + i, n, norms);
-    for (double norm : norms) running = combine(running, norm);
-  }
-  for (; i < n; ++i) running = combine(running, Accumulate<Step>(rows[i], n));
   return running;
 }
 
@@ -151,12 +146,12 @@ double ZEPH_MatrixOneNorm(double** m, int n, int start) {
 
 double ZEPH_MatrixMaxNorm(double** m, int n, int start) {
   rb::RequireRows(__func__, "m", m, start, std::max(n, 1));
-  return rb::RowWise<rb::AbsoluteSum>(m + start, n, rb::LargerOrLater);
+  return rb::RowWise(m + start, n, zeph::kernels::ActiveRowSums().magnitude, rb::LargerOrLater);
 }
 
 double ZEPH_MatrixFrobNorm(double** m, int n, int start) {
   rb::RequireRows(__func__, "m", m, start, std::max(n, 1));
-  return rb::RowWise<rb::ScaledLength>(m + start, n, rb::Hypotenuse);
+  return rb::RowWise(m + start, n, zeph::kernels::ActiveRowSums().length, rb::Hypotenuse);
 }
 
 double ZEPH_MatrixFrobNorm2(double** m, int n, int start) {

@@ -141,6 +141,22 @@ TEST(DenseProduct, MatchesTheTripleLoopOnOddTallAndFlatShapes) {
 #endif
 }
 
+int refusals = 0;
+void* Refuse(std::size_t) {
+  ++refusals;
+  return nullptr;
+}
+
+TEST(DenseProduct, DoesWithoutMemoryThatItIsRefused) {
+  const auto lender = detail::borrow.exchange(Refuse);
+  refusals = 0;
+  Random random(11);
+  for (std::size_t n : {100u, 113u})
+    CompareWithOracle(n, 300, n, 1, [&] { return random.Real(-1000, 1000); });
+  detail::borrow = lender;
+  EXPECT_EQ(refusals, 2 * static_cast<int>(RunnableLevels().size()));
+}
+
 TEST(DenseProduct, RunsTheFormThatWasAskedFor) {
   EXPECT_EQ(DenseProductAt(Level::kPortable), &portable::DenseProduct);
 #if ZEPH_X64

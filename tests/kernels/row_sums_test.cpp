@@ -1,8 +1,9 @@
-// Ordered row sums in every form against one sum after another.
+// Ordered row sums and lengths in every form against one row after another.
 #include "kernels/row_sums.h"
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -17,46 +18,90 @@ using Array = std::vector<double>;
 
 constexpr double kGuard = 77.0;
 
-void Check(std::size_t rows, std::size_t cols, std::size_t skew, bool awkward) {
+double Grown(double r, double x) {
+  const bool direct = r < 100.0 && x < 100.0;
+  const double leg = r > x ? r : x, other = r > x ? x : r;
+  const volatile double ratio = other / leg, one = direct ? r * r : 1.0;
+  const volatile double square = direct ? x * x : ratio * ratio;
+  const volatile double root = std::sqrt(one + square);
+  return direct ? root : leg * root;
+}
+
+/// The results of one row, element after element.
+struct RowResults {
+  double sum, magnitude, dot, length;
+};
+
+RowResults Results(const double* row, const Array& v) {
+  // volatile: every product, sum and root is rounded by itself
+  volatile double sum = 0.0, magnitude = 0.0, dot = 0.0, length = 0.0;
+  for (std::size_t j = 0; j < v.size(); ++j) {
+    const double x = std::fabs(row[j]);
+    const volatile double product = row[j] * v[j];
+    sum = sum + row[j];
+    magnitude = magnitude + x;
+    dot = dot + product;
+    length = j == 0 ? x : Grown(length, x);
+  }
+  return {sum, magnitude, dot, length};
+}
+
+enum class Values { kModerate, kAwkward, kLarge };
+
+/// Lengths of moderate values stay below the bound from which squares are avoided; large ones
+/// begin on either side of it.
+Array Some(Values values, std::size_t n, unsigned seed) {
+  if (values == Values::kAwkward) return test::Awkward(n, seed);
+  const double most = values == Values::kLarge ? 300 : 3;
+  return test::Moderate(n, seed, -most, most);
+}
+
+void Check(std::size_t rows, std::size_t cols, std::size_t skew, Values values) {
   SCOPED_TRACE(std::to_string(rows) + "x" + std::to_string(cols) + " skew " + std::to_string(skew));
   std::vector<Array> blocks;
   std::vector<const double*> m;
   for (std::size_t i = 0; i < rows; ++i) {
-    blocks.push_back(awkward ? test::Awkward(skew + cols, i) : test::Moderate(skew + cols, i));
+    blocks.push_back(Some(values, skew + cols, static_cast<unsigned>(i)));
     m.push_back(blocks.back().data() + skew);
   }
-  const Array v = awkward ? test::Awkward(cols, 99) : test::Moderate(cols, 99);
-  Array sums(rows + 4, kGuard), dots(rows + 4, kGuard);
+  const Array v = Some(values, cols, 99);
+  const Array guards(rows + 4, kGuard);
+  Array sums = guards, magnitudes = guards, dots = guards, lengths = guards;
   for (std::size_t i = 0; i < rows; ++i) {
-    volatile double sum = 0.0, dot = 0.0;  // volatile: every product and sum is rounded by itself
-    for (std::size_t j = 0; j < cols; ++j) {
-      const volatile double product = m[i][j] * v[j];
-      sum = sum + m[i][j];
-      dot = dot + product;
-    }
-    sums[i] = sum;
-    dots[i] = dot;
+    const RowResults row = Results(m[i], v);
+    sums[i] = row.sum, magnitudes[i] = row.magnitude, dots[i] = row.dot, lengths[i] = row.length;
   }
   for (const Level level : RunnableLevels()) {
-    Array got(rows + 4, kGuard);
-    RowSumsAt(level).sum(got.data(), m.data(), rows, cols);
-    ASSERT_TRUE(test::SameValues(got, sums)) << Name(level);
-    got.assign(rows + 4, kGuard);
-    RowSumsAt(level).dot(got.data(), m.data(), v.data(), rows, cols);
-    ASSERT_TRUE(test::SameValues(got, dots)) << Name(level);
+    SCOPED_TRACE(Name(level));
+    const RowSums& form = RowSumsAt(level);
+    Array got = guards;
+    form.sum(got.data(), m.data(), rows, cols);
+    ASSERT_TRUE(test::SameValues(got, sums));
+    got = guards;
+    form.magnitude(got.data(), m.data(), rows, cols);
+    ASSERT_TRUE(test::SameValues(got, magnitudes));
+    got = guards;
+    form.dot(got.data(), m.data(), v.data(), rows, cols);
+    ASSERT_TRUE(test::SameValues(got, dots));
+    if (cols == 0) continue;
+    got = guards;
+    form.length(got.data(), m.data(), rows, cols);
+    ASSERT_TRUE(test::SameValues(got, lengths));
   }
 }
 
 TEST(RowSums, MatchOneSumAfterAnotherOnEveryShape) {
   for (std::size_t rows = 0; rows <= 29; ++rows)
     for (std::size_t cols = 0; cols <= 21; ++cols)
-      for (bool awkward : {false, true}) Check(rows, cols, (rows + cols) % 4, awkward);
+      for (Values values : {Values::kModerate, Values::kAwkward, Values::kLarge})
+        Check(rows, cols, (rows + cols) % 4, values);
 }
 
 TEST(RowSums, MatchOneSumAfterAnotherOnLongRows) {
   for (std::size_t rows : {1u, 3u, 12u, 41u})
     for (std::size_t cols : {67u, 300u, 1001u})
-      for (bool awkward : {false, true}) Check(rows, cols, 1, awkward);
+      for (Values values : {Values::kModerate, Values::kAwkward, Values::kLarge})
+        Check(rows, cols, 1, values);
 }
 
 TEST(RowSums, StartAtPositiveZero) {
@@ -65,6 +110,8 @@ TEST(RowSums, StartAtPositiveZero) {
   for (const Level level : RunnableLevels()) {
     double sum = 1.0;
     RowSumsAt(level).sum(&sum, m, 1, 2);
+    EXPECT_SAME_BITS(sum, 0.0) << Name(level);
+    RowSumsAt(level).dot(&sum, m, zeros, 1, 2);
     EXPECT_SAME_BITS(sum, 0.0) << Name(level);
   }
 }

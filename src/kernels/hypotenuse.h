@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 //
 // The scaled hypotenuse step.
-#ifndef ZEPH_SRC_RAW_BUFFERS_HYPOTENUSE_H
-#define ZEPH_SRC_RAW_BUFFERS_HYPOTENUSE_H
+#ifndef ZEPH_SRC_KERNELS_HYPOTENUSE_H
+#define ZEPH_SRC_KERNELS_HYPOTENUSE_H
 
 #include <cmath>
 
 #include "platform/exactness.h"
 
-namespace zeph::raw_buffers {
+namespace zeph::kernels {
 
 /// From here on squares might overflow before their root is taken, so the ratio is used instead.
 constexpr double kScaledFrom = 100.0;
@@ -24,12 +24,6 @@ inline double Hypotenuse(double r, double x) {
   return x * std::sqrt(1.0 + ratio * ratio);
 }
 
-/// A running maximum gives way unless it is strictly greater, so a NaN on either side gives way
-/// too.
-inline double LargerOrLater(double running, double x) {
-  return running > x ? running : x;
-}
+}  // namespace zeph::kernels
 
-}  // namespace zeph::raw_buffers
-
-#endif  // ZEPH_SRC_RAW_BUFFERS_HYPOTENUSE_H
+#endif  // ZEPH_SRC_KERNELS_HYPOTENUSE_H

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "platform/exactness.h"
 
@@ -20,9 +21,7 @@ ZEPH_AVX2 inline __attribute__((always_inline)) __m256d Larger(__m256d x, __m256
   return _mm256_max_pd(_mm256_andnot_pd(_mm256_set1_pd(-0.0), x), m);
 }
 
-}  // namespace
-
-ZEPH_AVX2 double avx2::LargestMagnitude(const double* x, std::size_t n) {
+ZEPH_AVX2 double Largest(const double* x, std::size_t n) {
   const double first = std::fabs(x[0]);
   if (first != first) return first;
   __m256d m0 = _mm256_set1_pd(first), m1 = m0, m2 = m0, m3 = m0;
@@ -39,6 +38,39 @@ ZEPH_AVX2 double avx2::LargestMagnitude(const double* x, std::size_t n) {
     if (std::fabs(x[i]) > largest[0]) largest[0] = std::fabs(x[i]);
   return *std::max_element(largest, largest + kLanes);
 }
+
+/// NaN are looked for two vectors at a time: the comparison finds one in either.
+ZEPH_AVX2 double LargestOrNaN(const double* x, std::size_t n) {
+  __m256d m0 = _mm256_setzero_pd(), m1 = m0, m2 = m0, m3 = m0, found0 = m0, found1 = m0;
+  std::size_t i = 0;
+  for (; i + 4 * kLanes <= n; i += 4 * kLanes) {
+    const __m256d x0 = _mm256_loadu_pd(x + i), x1 = _mm256_loadu_pd(x + i + kLanes);
+    const __m256d x2 = _mm256_loadu_pd(x + i + 2 * kLanes);
+    const __m256d x3 = _mm256_loadu_pd(x + i + 3 * kLanes);
+    found0 = _mm256_or_pd(found0, _mm256_cmp_pd(x0, x1, _CMP_UNORD_Q));
+    found1 = _mm256_or_pd(found1, _mm256_cmp_pd(x2, x3, _CMP_UNORD_Q));
+    m0 = Larger(x0, m0);
+    m1 = Larger(x1, m1);
+    m2 = Larger(x2, m2);
+    m3 = Larger(x3, m3);
+  }
+  for (; i < n; i += kLanes) {
+    const __m256i left = _mm256_set1_epi64x(static_cast<long long>(n - i));
+    const __m256i mask = _mm256_cmpgt_epi64(left, _mm256_set_epi64x(3, 2, 1, 0));
+    const __m256d few = _mm256_maskload_pd(x + i, mask);  // the lanes beyond the end are 0.0
+    found0 = _mm256_or_pd(found0, _mm256_cmp_pd(few, few, _CMP_UNORD_Q));
+    m0 = Larger(few, m0);
+  }
+  if (_mm256_movemask_pd(_mm256_or_pd(found0, found1)))
+    return std::numeric_limits<double>::quiet_NaN();
+  double largest[kLanes];
+  _mm256_storeu_pd(largest, _mm256_max_pd(_mm256_max_pd(m0, m1), _mm256_max_pd(m2, m3)));
+  return *std::max_element(largest, largest + kLanes);
+}
+
+}  // namespace
+
+const Magnitudes avx2::kMagnitudes = {Largest, LargestOrNaN};
 
 }  // namespace zeph::kernels
 #endif

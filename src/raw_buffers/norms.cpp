@@ -6,7 +6,6 @@
 #include "kernels/hypotenuse.h"
 #include "kernels/largest_magnitude.h"
 #include "kernels/row_sums.h"
-#include "kernels/sort.h"
 #include "platform/exactness.h"
 #include "raw_buffers.h"
 #include "raw_buffers/precondition.h"
@@ -55,16 +54,15 @@ double TakeUpInOrder(double running, const double* x, std::size_t n) {
 }
 
 /// Of numbers, the largest does not depend on the order, so a chunk of them is taken up at once;
-/// the ordered walk takes up a chunk with a NaN in it. (OrderIsUnique vouches for the numbers; it
-/// also refuses zeros of both signs, for which the walk does no harm.)
+/// the ordered walk takes up a chunk with a NaN in it.
 double MaximumOf(const double* x, std::size_t n) {
-  constexpr std::size_t kChunk = 1024;  // read twice, the second time from the nearest cache
+  constexpr std::size_t kChunk = 4096;
+  const auto largest = kernels::ActiveMagnitudes().largest_or_nan;
   double running = AbsoluteMaximum::First(x[0]);
   for (std::size_t i = 0; i < n; i += kChunk) {
     const std::size_t count = std::min(kChunk, n - i);
-    running = kernels::OrderIsUnique(x + i, count)
-                  ? LargerOrLater(running, kernels::LargestMagnitude(x + i, count))
-                  : TakeUpInOrder(running, x + i, count);
+    const double most = largest(x + i, count);
+    running = most == most ? LargerOrLater(running, most) : TakeUpInOrder(running, x + i, count);
   }
   return running;
 }

@@ -1,7 +1,11 @@
 # Shared by ./dev and the steps of tools/check; sourced from the top of the tree.
 
 jobs=$(nproc)
-if command -v ccache >/dev/null; then export CMAKE_CXX_COMPILER_LAUNCHER=ccache; fi
+if command -v ccache >/dev/null; then
+  export CMAKE_CXX_COMPILER_LAUNCHER=ccache
+  # Precompiled headers are kept only with these.
+  export CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+fi
 
 say() { printf '%s\n' "$*" >&2; }
 fail() {
@@ -143,14 +147,23 @@ need_locale() {
   export LOCPATH=$PWD/build/locales
 }
 
-# run_programs DIR [EMULATOR...]: runs each test program of DIR whole. Names every skipped test with its
-# reason; the last line counts the tests.
+# run_programs DIR [EMULATOR...]: runs each test program of DIR whole, as many at a time as there are
+# processors. Names every skipped test with its reason; the last line counts the tests.
 run_programs() {
-  local dir=$1 passed=0 failed=0 program log
+  local dir=$1 passed=0 failed=0 program log programs=()
   shift
-  for program in $(find "$dir/tests" -maxdepth 1 -name 'zeph_*_tests*' \( -perm -u+x -o -name '*.exe' \) | sort); do
+  mapfile -t programs < <(find "$dir/tests" -maxdepth 1 -name 'zeph_*_tests*' \
+    \( -perm -u+x -o -name '*.exe' \) -not -name '*.log*' -not -name '*.status' | sort)
+  for program in "${programs[@]}"; do
+    while [ "$(jobs -rp | wc -l)" -ge "$jobs" ]; do wait -n || true; done
+    { local status=0
+      "$@" "$program" >"$program.log" 2>&1 </dev/null || status=$?
+      echo $status >"$program.status"; } &
+  done
+  wait
+  for program in "${programs[@]}"; do
     log=$program.log
-    if ! "$@" "$program" >"$log" 2>&1 </dev/null; then
+    if [ "$(cat "$program.status")" != 0 ]; then
       grep -vE '^\[       OK|^\[ RUN' "$log" | tail -n 40
       echo "$(basename "$program") failed"
       # A program that dies counts as one failure even when it printed none.

@@ -57,6 +57,9 @@ TEST(DoubleArrayDyingOperands, OnOneSideOnlyWithStorageGiveWhatNamedOnesGive) {
   CZEPHDoubleArray dying;
   dying.size = 3;
   EXPECT_EQ((std::move(dying) - some).size, difference);
+  CZEPHDoubleArray last;
+  last.size = 3;
+  EXPECT_EQ((some + std::move(last)).size, (some + left).size);
 }
 
 TEST(DoubleArrayDyingOperands, HandOverTheirStorage) {

@@ -13,7 +13,7 @@
 
 using namespace zeph::test;
 
-constexpr std::size_t kCases = Scaled(50'000);
+const std::size_t kCases = Scaled(50'000);
 constexpr float kEpsilon = std::numeric_limits<float>::epsilon();
 
 static float Real(Random& random, double lo, double hi) {

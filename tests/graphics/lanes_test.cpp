@@ -13,7 +13,7 @@ using zeph::graphics::Form;
 using zeph::graphics::Lanes;
 using zeph::graphics::PlainLanes;
 
-constexpr std::size_t kCases = Scaled(100'000);
+const std::size_t kCases = Scaled(100'000);
 
 template <class L>
 static oracle::Vector Array(L lanes) {

@@ -5,7 +5,7 @@
 
 using namespace zeph::test;
 
-constexpr std::size_t kCases = Scaled(300'000);
+const std::size_t kCases = Scaled(300'000);
 
 TEST(MatrixProduct, TakesTheDocumentedPathInTheDocumentedOrder) {
   ForEachCase<kCases>(51, [](Random& random) {

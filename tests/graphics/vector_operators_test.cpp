@@ -9,7 +9,7 @@ class FloatVector : public ::testing::Test {};
 using VectorClasses = ::testing::Types<CZEPHVector2D, CZEPHVector3D, CZEPHVector4D>;
 TYPED_TEST_SUITE(FloatVector, VectorClasses, );
 
-constexpr std::size_t kCases = Scaled(100'000);
+const std::size_t kCases = Scaled(100'000);
 
 // Calls `check(a, b, s)` for generated vectors and scalars.
 template <class V, class Check>

@@ -31,6 +31,8 @@ const std::map<std::string, std::function<void()>>& Sites() {
       {"check column 4", [] { D(2, 3).CheckBound(0, 4); }},
       {"check without storage", [] { CZEPHDoubleMatrix().CheckBound(0, 0); }},
       {"entry row -1", [] { D(2, 3).GetEntry(-1, 0); }},
+      {"entry row 3", [] { D(2, 3).GetEntry(3, 0); }},
+      {"entry column -1", [] { D(2, 3).GetEntry(0, -1); }},
       {"entry column 4", [] { D(2, 3).GetEntry(0, 4); }},
       {"entry cleared",
        [] {

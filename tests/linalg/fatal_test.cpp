@@ -28,8 +28,8 @@ void ExpectCheck(const std::string& site, const std::string& message) {
 TEST(DoubleMatrixFatal, BoundChecksReportWithAnEmptyLine) {
   for (const char* site :
        {"check row -1", "check row 3", "check column -1", "check column 4", "check without storage",
-        "entry row -1", "entry column 4", "entry cleared", "index -1", "index 3",
-        "index without storage", "index with negative columns"})
+        "entry row -1", "entry row 3", "entry column -1", "entry column 4", "entry cleared",
+        "index -1", "index 3", "index without storage", "index with negative columns"})
     ExpectReport(site, "Matrix check bound error!\n");
 }
 

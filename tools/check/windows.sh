@@ -10,7 +10,7 @@ wineserver -p
 trap 'wineserver -k' EXIT
 # under_wine PROGRAM...: once more where Wine itself lost its server; a test that fails is not repeated.
 under_wine() {
-  local log=$PWD/build/wine-program.log status=0
+  local log=$1.wine status=0
   wine "$@" >"$log" 2>&1 || status=$?
   if [ $status != 0 ] && grep -qa '^wine client error' "$log"; then
     echo "Wine lost its server, once more: $(basename "$1")" >>build/wine-lost.log

@@ -229,7 +229,7 @@ TEST(DoubleArraySorting, ArraysWithANegativeCountAndABlockOnlyGetTheFlag) {
 }
 
 // Unoptimised frames are large: the wide kernels alone fill the smaller stack.
-constexpr std::size_t kSmallStack = Scaled<std::size_t>(256 * 1024, 1024 * 1024);
+const std::size_t kSmallStack = Scaled<std::size_t>(256 * 1024, 1024 * 1024);
 
 TEST(DoubleArraySorting, IsFastAndShallowOnAMillionElementsInAnyOrder) {
   const std::size_t n = Scaled<std::size_t>(1000000, 50000);

@@ -82,7 +82,7 @@ TEST(MatrixBuilders, EulerAnglesAreComputedInDoubleAndRoundedOnce) {
 TEST(MatrixBuilders, EulerEntriesThatCancelShowTheOrderOfTheDoubles) {
   // Where the two terms of an entry nearly cancel, what is left is the rounding of the double
   // products, and a float shows every bit of it.
-  ForEachCase<Scaled(20'000)>(76, [](Random& random) {
+  ForEachCase(Scaled(20'000), 76, [](Random& random) {
     const double x = random.Real(-180, 180), y = random.Real(-180, 180);
     const double sx = oracle::SineInDouble(x), cx = oracle::CosineInDouble(x);
     const double sy = oracle::SineInDouble(y);

@@ -53,7 +53,7 @@ static ::testing::AssertionResult Within(const CZEPHMatrix4x4& got, const glm::m
 }
 
 TEST(GlmAgrees, OnProductsWithinTwoUlps) {
-  ForEachCase<kCases>(101, [](Random& random) {
+  ForEachCase(kCases, 101, [](Random& random) {
     const CZEPHMatrix4x4 a = Moderate(random, 0), b = Moderate(random, 0);
     EXPECT_TRUE(Within(a * b, ToGlm(a) * ToGlm(b), 2, 2));
     const CZEPHVector4D v(Real(random, -1, 1), Real(random, -1, 1), Real(random, -1, 1), 1);
@@ -64,7 +64,7 @@ TEST(GlmAgrees, OnProductsWithinTwoUlps) {
 }
 
 TEST(GlmAgrees, OnInversesWithinSixteenUlps) {
-  ForEachCase<kCases>(102, [](Random& random) {
+  ForEachCase(kCases, 102, [](Random& random) {
     const CZEPHMatrix4x4 m = Moderate(random, 4);
     const glm::mat4 want = glm::inverse(ToGlm(m));
     EXPECT_TRUE(Within(m.GetInverse(), want, 16, Largest(want)));
@@ -78,7 +78,7 @@ TEST(GlmAgrees, OnInversesWithinSixteenUlps) {
 }
 
 TEST(GlmAgrees, OnRotationsWithinFourUlps) {
-  ForEachCase<kCases>(103, [](Random& random) {
+  ForEachCase(kCases, 103, [](Random& random) {
     const double angle = random.Real(-180, 180);
     const float radians = static_cast<float>(angle * 3.141592653589793 / 180.0);
     // A float angle is off by up to half an ulp of pi itself, two of the entries' ulps.
@@ -97,7 +97,7 @@ TEST(GlmAgrees, OnRotationsWithinFourUlps) {
 }
 
 TEST(GlmAgrees, OnEulerAnglesAboutXThenYThenZWithinSixUlps) {
-  ForEachCase<kCases>(104, [](Random& random) {
+  ForEachCase(kCases, 104, [](Random& random) {
     const double x = random.Real(-180, 180), y = random.Real(-180, 180), z = random.Real(-180, 180);
     const auto radians = [](double degrees) {
       return static_cast<float>(degrees * 3.141592653589793 / 180.0);
@@ -110,7 +110,7 @@ TEST(GlmAgrees, OnEulerAnglesAboutXThenYThenZWithinSixUlps) {
 }
 
 TEST(GlmAgrees, OnProjectionsWithinFourUlps) {
-  ForEachCase<kCases>(105, [](Random& random) {
+  ForEachCase(kCases, 105, [](Random& random) {
     const float left = Real(random, -2, -0.5), right = Real(random, 0.5, 2);
     const float bottom = Real(random, -2, -0.5), top = Real(random, 0.5, 2);
     const float nearPlane = Real(random, 0.1, 1), farPlane = Real(random, 2, 100);
@@ -129,7 +129,7 @@ TEST(GlmAgrees, OnProjectionsWithinFourUlps) {
 }
 
 TEST(GlmAgrees, OnVectorsWithinTwoUlps) {
-  ForEachCase<kCases>(106, [](Random& random) {
+  ForEachCase(kCases, 106, [](Random& random) {
     const CZEPHVector3D a(Real(random, -1, 1), Real(random, -1, 1), Real(random, 0.1, 1));
     const CZEPHVector3D b(Real(random, -1, 1), Real(random, -1, 1), Real(random, -1, 1));
     const glm::vec3 p(a.x, a.y, a.z), q(b.x, b.y, b.z);

@@ -7,7 +7,7 @@ using namespace zeph::test;
 const std::size_t kCases = Scaled(300'000);
 
 TEST(MatrixInverse, KeepsTheDocumentedOrderOfEverySum) {
-  ForEachCase<kCases>(61, [](Random& random) {
+  ForEachCase(kCases, 61, [](Random& random) {
     const CZEPHMatrix4x4 m = AnyMatrix(random);
     const oracle::Matrix want = oracle::InverseTranspose(Array(m));
     EXPECT_TRUE(Same(m.GetInverseTranspose(), want));
@@ -22,7 +22,7 @@ TEST(MatrixInverse, KeepsTheDocumentedOrderOfEverySum) {
 }
 
 TEST(MatrixInverse, OfARigidMotionKeepsTheDocumentedOrder) {
-  ForEachCase<kCases>(62, [](Random& random) {
+  ForEachCase(kCases, 62, [](Random& random) {
     const CZEPHMatrix4x4 m = AnyMatrix(random);
     const oracle::Matrix want = oracle::AffineInverse(Array(m));
     EXPECT_TRUE(Same(m.GetAffineInverse(), want));
@@ -38,7 +38,7 @@ TEST(MatrixInverse, OfARigidMotionKeepsTheDocumentedOrder) {
 
 TEST(MatrixInverse, TheGeneratedMatricesAreSingularAndNotManyTimes) {
   std::size_t singular = 0;
-  ForEachCase<kCases>(61, [&singular](Random& random) {
+  ForEachCase(kCases, 61, [&singular](Random& random) {
     singular += oracle::InverseTranspose(Array(AnyMatrix(random))) == oracle::Identity();
   });
   EXPECT_GT(singular, kCases / 100);

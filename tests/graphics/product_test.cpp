@@ -8,7 +8,7 @@ using namespace zeph::test;
 const std::size_t kCases = Scaled(300'000);
 
 TEST(MatrixProduct, TakesTheDocumentedPathInTheDocumentedOrder) {
-  ForEachCase<kCases>(51, [](Random& random) {
+  ForEachCase(kCases, 51, [](Random& random) {
     const CZEPHMatrix4x4 a = AnyMatrix(random), b = AnyMatrix(random);
     const oracle::Matrix want = oracle::Product(Array(a), Array(b));
     EXPECT_TRUE(Same(a * b, want));
@@ -20,7 +20,7 @@ TEST(MatrixProduct, TakesTheDocumentedPathInTheDocumentedOrder) {
 
 TEST(MatrixProduct, TheGeneratedFactorsMeetAllFourPathsManyTimes) {
   std::size_t met[4] = {};
-  ForEachCase<kCases>(51, [&met](Random& random) {
+  ForEachCase(kCases, 51, [&met](Random& random) {
     const oracle::Matrix a = Array(AnyMatrix(random)), b = Array(AnyMatrix(random));
     ++met[2 * oracle::IsAffine(a) + oracle::IsAffine(b)];
   });
@@ -28,7 +28,7 @@ TEST(MatrixProduct, TheGeneratedFactorsMeetAllFourPathsManyTimes) {
 }
 
 TEST(MatrixProduct, AMatrixMayMultiplyItself) {
-  ForEachCase<kCases>(52, [](Random& random) {
+  ForEachCase(kCases, 52, [](Random& random) {
     CZEPHMatrix4x4 m = AnyMatrix(random);
     const oracle::Matrix want = oracle::Product(Array(m), Array(m));
     m *= m;
@@ -90,7 +90,7 @@ TEST(MatrixProduct, ABottomRowIsAffineToTheBitOnly) {
 }
 
 TEST(MatrixProduct, AVectorIsTransformedInTheDocumentedOrder) {
-  ForEachCase<kCases>(53, [](Random& random) {
+  ForEachCase(kCases, 53, [](Random& random) {
     const CZEPHMatrix4x4 m = AnyMatrix(random);
     const auto v = AnyVector<CZEPHVector4D>(random);
     const CZEPHVector4D got = m * v;
@@ -111,7 +111,7 @@ TEST(MatrixProduct, TranslationMovesPointsAndNotDirections) {
 }
 
 TEST(MatrixProduct, PartsTransformAVectorInTheDocumentedOrder) {
-  ForEachCase<kCases>(54, [](Random& random) {
+  ForEachCase(kCases, 54, [](Random& random) {
     const CZEPHMatrix4x4 m = AnyMatrix(random);
     const auto v = AnyVector<CZEPHVector3D>(random);
     const CZEPHVector3D t(m.entries + 12);

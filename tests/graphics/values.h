@@ -108,10 +108,14 @@ inline double AnyAngle(Random& random) {
 }
 
 /// Calls `body(random)` for so many cases, or until a check fails.
-template <std::size_t kCases = Scaled(100'000), class Body>
-void ForEachCase(std::uint64_t seed, Body body) {
+template <class Body>
+void ForEachCase(std::size_t cases, std::uint64_t seed, Body body) {
   Random random(seed);
-  for (std::size_t k = 0; k < kCases && !::testing::Test::HasFailure(); ++k) body(random);
+  for (std::size_t k = 0; k < cases && !::testing::Test::HasFailure(); ++k) body(random);
+}
+template <class Body>
+void ForEachCase(std::uint64_t seed, Body body) {
+  ForEachCase(Scaled(100'000), seed, body);
 }
 
 }  // namespace zeph::test

@@ -50,6 +50,7 @@ ZEPH_AVX2 void RunTile(const product::Tile& tile) {
   }
   const double* packed = tile.packed;
   const double* const* b = tile.b;
+#pragma GCC unroll 2
   for (std::size_t k = 0, inner = tile.inner; k < inner; ++k) {
     const double* from = Packed ? packed : b[k] + column;
     if (Packed) packed += kMostVectors * kLanes;
@@ -89,6 +90,12 @@ constexpr std::array<TileForm, kMostRows> Heights(std::index_sequence<I...>) {
 struct Form {
   static constexpr std::size_t kRows = kMostRows;
   static constexpr std::size_t kCols = kMostVectors * kLanes;
+  static constexpr std::size_t kVector = kLanes;
+  static constexpr std::size_t kLoose = 1;
+  static constexpr const RowSums& kRowSums = avx2::kRowSums;
+  static bool Packs(std::size_t rows, std::size_t inner, std::size_t cols) {
+    return rows >= 48 && rows * inner * cols >= std::size_t{64} * 64 * 64;
+  }
   static void Run(const product::Tile& tile, std::size_t rows) {
     constexpr auto kEach = std::make_index_sequence<kMostRows>();
     static constexpr std::array<TileForm, kMostRows> kTiles[][4] = {

@@ -36,6 +36,12 @@ void RunTile(const product::Tile& tile, std::size_t row, std::size_t column) {
 struct Form {
   static constexpr std::size_t kRows = 4;
   static constexpr std::size_t kCols = kTileCols;
+  static constexpr std::size_t kVector = 1;
+  static constexpr std::size_t kLoose = 0;
+  static constexpr const RowSums& kRowSums = portable::kRowSums;
+  static bool Packs(std::size_t rows, std::size_t inner, std::size_t cols) {
+    return rows >= 16 && rows * inner * cols >= std::size_t{96} * 96 * 96;
+  }
   static void Run(const product::Tile& tile, std::size_t rows) {
     if (rows == kRows && tile.width == kCols) return RunTile<kRows, kCols>(tile, 0, 0);
     for (std::size_t r = 0; r < rows; ++r) {

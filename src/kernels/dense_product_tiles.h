@@ -15,6 +15,13 @@
 #include <memory>
 
 #include "kernels/dense_product.h"
+#include "kernels/row_sums.h"
+
+#if defined(__GNUC__) || defined(__clang__)
+#define ZEPH_NOINLINE __attribute__((noinline))
+#else
+#define ZEPH_NOINLINE
+#endif
 
 namespace zeph::kernels::product {
 
@@ -32,9 +39,6 @@ struct Tile {
 constexpr std::size_t kInnerBlock = 256;  // a packed strip then about fills the nearest cache
 constexpr std::size_t kPanelCols = 48;    // columns of the right factor packed at a time
 constexpr std::size_t kRowBlock = 512;    // rows of the left factor that use a packed panel
-
-// Below this number of multiplications copying costs more than it gains.
-constexpr std::size_t kPackPanelsFrom = std::size_t{96} * 96 * 96;
 
 /// All of a product, or one block of it.
 struct Block {
@@ -73,12 +77,39 @@ void RunStrip(const Block& block, Tile tile, Before before) {
   }
 }
 
-/// Strip after strip, reading the right factor where it stands.
+/// The columns behind the last whole vector, one by one, as ordered sums of the left factor's rows
+/// times that column: the same products, added in the same order. (Not inlined: small products
+/// would pay for its room.)
+template <class Form>
+ZEPH_NOINLINE void RunLooseColumns(const Block& block) {
+  constexpr std::size_t kAtOnce = 48;
+  double factors[kInnerBlock], sums[kAtOnce];
+  for (std::size_t j = block.cols - block.cols % Form::kVector; j < block.cols; ++j) {
+    for (std::size_t k = 0; k < block.inner; ++k) factors[k] = block.b[k][j];
+    for (std::size_t i = 0; i < block.rows; i += kAtOnce) {
+      const std::size_t count = std::min(kAtOnce, block.rows - i);
+      Form::kRowSums.dot(sums, block.a + i, factors, count, block.inner);
+      for (std::size_t r = 0; r < count; ++r) block.out[i + r][j] = sums[r];
+    }
+  }
+}
+
+/// Strip after strip, reading the right factor where it stands. The last strip begins early enough
+/// to be whole vectors, where there are columns for it: it computes some entries once more, to the
+/// same bits, which is cheaper than parts of vectors.
 template <class Form>
 void RunInPlace(const Block& block) {
-  Tile tile{nullptr, nullptr, block.b, nullptr, 0, 0, block.inner, block.resume};
-  for (; tile.column < block.cols; tile.column += Form::kCols) {
-    tile.width = std::min(Form::kCols, block.cols - tile.column);
+  std::size_t cols = block.cols;
+  const std::size_t loose = cols % Form::kVector;
+  if (loose != 0 && loose <= Form::kLoose && loose < cols && block.inner <= kInnerBlock) {
+    RunLooseColumns<Form>(block);
+    cols -= loose;
+  }
+  Tile tile{nullptr, nullptr, block.b, nullptr, 0, 0, block.inner, false};
+  for (std::size_t done = 0; done < cols; done += tile.width) {
+    const std::size_t vectors = (cols - done + Form::kVector - 1) / Form::kVector;
+    tile.width = std::min({Form::kCols, vectors * Form::kVector, cols});
+    tile.column = std::min(done, cols - tile.width);
     RunStrip<Form>(block, tile, [](std::size_t, std::size_t) {});
   }
 }
@@ -187,13 +218,13 @@ void RunBlocks(const Block& all, double* room) {
   } while (k < all.inner);
 }
 
-/// The whole product by the tiles of `Form`, which gives kRows, kCols and Run.
+/// The whole product by the tiles of `Form`, which gives their size kRows and kCols, kVector
+/// (columns at a time), Run, and Packs: whether copying the right factor gains more than it costs.
 template <class Form>
 void Run(double* const* out, const double* const* a, const double* const* b, std::size_t rows,
          std::size_t inner, std::size_t cols) {
   const Block all{out, a, b, rows, inner, cols, false};
-  const std::size_t work = rows * inner * cols;
-  if (work < kPackPanelsFrom || rows < 4 * Form::kRows) return RunInPlace<Form>(all);
+  if (!Form::Packs(rows, inner, cols)) return RunInPlace<Form>(all);
   const std::size_t room = kInnerBlock * kPanelCols;
   const std::unique_ptr<double, Release> block(
       static_cast<double*>(detail::borrow.load(std::memory_order_relaxed)(room * sizeof(double))));

@@ -132,8 +132,10 @@ TEST(DenseProduct, MatchesTheTripleLoopOnOddTallAndFlatShapes) {
     std::size_t rows, inner, cols;
   };
   Random random(6);
-  for (const Shape s : {Shape{300, 3, 5}, Shape{3, 300, 5}, Shape{3, 5, 300}, Shape{127, 129, 131},
-                        Shape{1, 299, 257}, Shape{257, 299, 1}, Shape{49, 531, 65}})
+  for (const Shape s :
+       {Shape{300, 3, 5}, Shape{3, 300, 5}, Shape{3, 5, 300}, Shape{127, 129, 131},
+        Shape{1, 299, 257}, Shape{257, 299, 1}, Shape{49, 531, 65}, Shape{101, 50, 41},
+        Shape{101, 256, 58}, Shape{37, 300, 345}, Shape{35, 1030, 101}})
     CompareWithOracle(s.rows, s.inner, s.cols, 1, [&] { return random.Real(-1, 1); });
 #ifdef __OPTIMIZE__
   for (const Shape s : {Shape{299, 300, 298}, Shape{61, 1100, 67}, Shape{200, 33, 1037}})
@@ -151,8 +153,8 @@ TEST(DenseProduct, DoesWithoutMemoryThatItIsRefused) {
   const auto lender = detail::borrow.exchange(Refuse);
   refusals = 0;
   Random random(11);
-  for (std::size_t n : {100u, 113u})
-    CompareWithOracle(n, 300, n, 1, [&] { return random.Real(-1000, 1000); });
+  for (std::size_t cols : {360u, 361u})
+    CompareWithOracle(65, 300, cols, 1, [&] { return random.Real(-1000, 1000); });
   detail::borrow = lender;
   EXPECT_EQ(refusals, 2 * static_cast<int>(RunnableLevels().size()));
 }

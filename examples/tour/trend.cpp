@@ -68,24 +68,44 @@ struct Frame {
   double X(int index) const { return left + (width - 2 * left) * index / std::max(count - 1, 1); }
   double Y(double value) const {
     const double span = highest > lowest ? highest - lowest : 1.0;
-    return height - 30 - (height - 60) * (value - lowest) / span;
+    return height - 45 - (height - 80) * (value - lowest) / span;
   }
 };
+
+/// Lines across the picture at quarters of the range, with their values, and places below.
+void WriteAxes(std::ostream& svg, const Frame& frame) {
+  svg << "<g stroke='gainsboro'>\n";
+  for (int quarter = 0; quarter <= 4; ++quarter) {
+    const double y = frame.Y(frame.lowest + (frame.highest - frame.lowest) * quarter / 4);
+    svg << "<line x1='" << frame.left << "' y1='" << y << "' x2='" << frame.width - frame.left
+        << "' y2='" << y << "'/>\n";
+  }
+  svg << "</g>\n<g fill='dimgray'>\n";
+  for (int quarter = 0; quarter <= 4; ++quarter) {
+    const double value = frame.lowest + (frame.highest - frame.lowest) * quarter / 4;
+    const int index = static_cast<int>(std::lround((frame.count - 1) * 0.25 * quarter));
+    svg << "<text text-anchor='end' x='" << frame.left - 6 << "' y='" << frame.Y(value) + 4 << "'>"
+        << value << "</text>\n<text text-anchor='middle' x='" << frame.X(index) << "' y='"
+        << frame.height - 25 << "'>" << index + 1 << "</text>\n";
+  }
+  svg << "<text text-anchor='middle' x='" << frame.width / 2 << "' y='" << frame.height - 7
+      << "'>place in the series</text>\n<text text-anchor='middle' transform='translate(14,"
+      << frame.height / 2 << ") rotate(-90)'>value</text>\n</g>\n";
+}
 
 void WritePicture(const std::string& path, const CZEPHDoubleArray& series, const Line& line) {
   const auto [lowest, highest] = std::minmax_element(series.begin(), series.end());
   const int n = series.GetSize();
-  const Frame frame{800, 400, 50, *lowest, *highest, n};
+  const Frame frame{800, 400, 70, *lowest, *highest, n};
   std::ofstream svg(path);
   svg << "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 800 400' font-family='sans-serif' "
-         "font-size='12'>\n<rect width='800' height='400' fill='white'/>\n"
-      << "<polyline fill='none' stroke='steelblue' stroke-width='1.5' points='";
+         "font-size='12'>\n<rect width='800' height='400' fill='white'/>\n";
+  WriteAxes(svg, frame);
+  svg << "<polyline fill='none' stroke='steelblue' stroke-width='1.5' points='";
   for (int i = 0; i < n; ++i) svg << frame.X(i) << "," << frame.Y(series[i]) << " ";
   svg << "'/>\n<line stroke='crimson' stroke-width='2' x1='" << frame.X(0) << "' y1='"
       << frame.Y(line.At(0)) << "' x2='" << frame.X(n - 1) << "' y2='" << frame.Y(line.At(n - 1))
-      << "'/>\n<text x='5' y='" << frame.Y(*highest) << "'>" << *highest
-      << "</text>\n<text x='5' y='" << frame.Y(*lowest) << "'>" << *lowest
-      << "</text>\n<text x='50' y='15'>least-squares trend: " << line.slope
+      << "'/>\n<text x='70' y='20' fill='crimson'>least-squares trend: " << line.slope
       << " per step</text>\n</svg>\n";
   if (!svg.flush()) RefuseInput(path + ": cannot be written");
 }

@@ -2,14 +2,7 @@
 # Kernel forms that this processor lacks are not run: they are listed as unmeasured.
 need $packages_build $packages_test gcovr
 dir=build/coverage
-configure $dir -DCMAKE_CXX_COMPILER=g++ -DCMAKE_BUILD_TYPE=None \
-  -DCMAKE_CXX_FLAGS="-O0 -g --coverage -fprofile-update=atomic" -DZEPH_BUILD_EXAMPLES=OFF
-say "dev: building with coverage"
-build $dir
-find $dir -name '*.gcda' -delete
-say "dev: running the tests"
-# gcov keeps blocks of its own when the library is unloaded: that test would count them.
-run_ctest $dir -E '^Unloading\.TwoHundredTimesUsedInEveryPart'
+. tools/check/debug.sh
 coverage_gcov() {
   gcovr --root . --object-directory $dir --filter 'src/' --filter 'include/' \
     --exclude-throw-branches --exclude-unreachable-branches --gcov-ignore-parse-errors "$@"

@@ -71,7 +71,7 @@ double MaximumOf(const double* x, std::size_t n) {
 /// kernel takes several rows side by side, each still in its own order.
 template <class Combine>
 double RowWise(double* const* m, int n, kernels::RowSums::OfRows norms, Combine combine) {
-  constexpr std::size_t kAtOnce = 24;
+  constexpr std::size_t kAtOnce = 120;
   const std::size_t count = static_cast<std::size_t>(std::max(n, 1));
   double running = 0.0;
   for (std::size_t i = 0; i < count; i += kAtOnce) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The scans in blocks without a branch on the data, which the compiler may widen; only the block
-// that holds the answer is looked at one by one.
+// Ints are scanned in blocks without a branch on the data, which the compiler may widen; only the
+// block that holds the answer is looked at one by one. For doubles that does not pay.
 #include <algorithm>
 
 #include "kernels/search_forms.h"
@@ -11,18 +11,14 @@ namespace {
 
 constexpr std::size_t kBlock = 16;
 
-template <class T>
-bool AnyEqual(const T* v, T x) {
+bool AnyEqual(const int* v, int x) {
   int equal = 0;
   for (std::size_t i = 0; i < kBlock; ++i) equal |= v[i] == x;
   return equal != 0;
 }
 
 std::size_t FindFirst(const double* v, std::size_t n, double x) {
-  std::size_t i = 0;
-  while (i + kBlock <= n && !AnyEqual(v + i, x)) i += kBlock;
-  while (i < n && !(v[i] == x)) ++i;
-  return i;
+  return static_cast<std::size_t>(std::find(v, v + n, x) - v);
 }
 
 std::size_t FindLast(const int* v, std::size_t n, int x) {

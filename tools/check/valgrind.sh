@@ -11,4 +11,4 @@ echo "kernels: $form"
 export ZEPH_TEST_KERNELS=$form ZEPH_TEST_SAMPLE=1
 # The test programs' own allocation operators stay in force; what is under them is watched.
 run_programs build/static valgrind --quiet --error-exitcode=99 --leak-check=full \
-  --errors-for-leak-kinds=definite --soname-synonyms=somalloc=nouserintercepts
+  --errors-for-leak-kinds=definite --suppressions=tools/check/valgrind.supp --soname-synonyms=somalloc=nouserintercepts

@@ -5,6 +5,11 @@
 add_library(zeph_exactness INTERFACE)
 if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   target_compile_options(zeph_exactness INTERFACE -ffp-contract=off)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_SYSTEM_PROCESSOR MATCHES "x86|i[3-6]86|AMD64|amd64")
+    # g++ 12 fuses where it vectorises alternating sums and differences, contraction off or not, once a
+    # -march of the builder's has fused instructions. The wide kernels choose theirs per function.
+    target_compile_options(zeph_exactness INTERFACE -mno-fma -mno-fma4 -mno-avx512f)
+  endif()
   # Two builds of one commit are the same bytes, wherever they stand.
   target_compile_options(zeph_exactness INTERFACE "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")
   if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "x86|i[3-6]86|AMD64")

@@ -20,6 +20,11 @@
 #if FLT_EVAL_METHOD != 0
 #error "ZEPHDataStructureEngine needs arithmetic in the operands' own precision (SSE2 on x86)."
 #endif
+// g++ fuses alternating sums and differences although contraction is off, where it may.
+#if defined(__GNUC__) && !defined(__clang__) && (defined(__FMA__) || defined(__AVX512F__))
+#error \
+    "ZEPHDataStructureEngine needs -mno-fma -mno-avx512f: g++ would round products and sums at once."
+#endif
 
 static_assert(std::numeric_limits<double>::is_iec559 && std::numeric_limits<float>::is_iec559,
               "IEEE 754 arithmetic is required");

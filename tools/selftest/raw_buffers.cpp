@@ -128,8 +128,8 @@ void Fixed3(Report& report, Inputs& in, Kind kind) {
 }
 
 void Rotations(Report& report, Inputs& in) {
-  double m[3][3];
   const double x = in.Value<double>(Kind::kPlain), y = in.Value<double>(Kind::kPlain);
+  double m[3][3] = {{x, y, -x}, {y, 1.0, x}, {-y, x, y}};
   Digest& digest = report("rotations", Rests::kFunctions);
   ZEPH_MatrixRotate3X(m, x);
   digest.Computed(&m[0][0], 9);

@@ -190,3 +190,29 @@ list_skipped() {
     /: Skipped$/ {heard = 1}
     /^\[  SKIPPED \].*ms\)$/ {print "skipped: " $4 ": " (reason ? reason : "no reason given")}'
 }
+
+# start_wine DLL-DIR: has Wine's programs find the compiler's libraries and our DLL. One server for the
+# whole step: a program that starts while the last one's server goes down loses its connection.
+start_wine() {
+  local libraries='Z:\usr\x86_64-w64-mingw32\lib;Z:\usr\lib\gcc\x86_64-w64-mingw32\12-posix'
+  export WINEPREFIX=$PWD/build/wine WINEDEBUG=-all WINEPATH="$libraries;$(dos "$1")"
+  mkdir -p build/wine
+  wineserver -p
+  trap 'wineserver -k' EXIT
+}
+
+# dos PATH: as Wine's programs write it.
+dos() { printf 'Z:%s' "$1" | tr / '\\'; }
+
+# under_wine PROGRAM...: once more where Wine itself lost its server; a test that fails is not repeated.
+under_wine() {
+  local log=$1.wine status=0
+  wine "$@" >"$log" 2>&1 || status=$?
+  if [ $status != 0 ] && grep -qa '^wine client error' "$log"; then
+    echo "Wine lost its server, once more: $(basename "$1")" >>build/wine-lost.log
+    status=0
+    wine "$@" >"$log" 2>&1 || status=$?
+  fi
+  cat "$log"
+  return $status
+}

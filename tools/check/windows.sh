@@ -2,28 +2,8 @@
 # and CMake package taken by a consumer (the ninth); 32-bit Windows is built.
 need g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix wine64 wine googletest
 top=$PWD
-export WINEPREFIX=$top/build/wine WINEDEBUG=-all
-# One server for the whole step: a program that starts while the last one's server goes down loses its
-# connection.
-mkdir -p build/wine
-wineserver -p
-trap 'wineserver -k' EXIT
-# under_wine PROGRAM...: once more where Wine itself lost its server; a test that fails is not repeated.
-under_wine() {
-  local log=$1.wine status=0
-  wine "$@" >"$log" 2>&1 || status=$?
-  if [ $status != 0 ] && grep -qa '^wine client error' "$log"; then
-    echo "Wine lost its server, once more: $(basename "$1")" >>build/wine-lost.log
-    status=0
-    wine "$@" >"$log" 2>&1 || status=$?
-  fi
-  cat "$log"
-  return $status
-}
+start_wine "$top/build/windows/src"
 rm -f build/wine-lost.log
-dos() { printf 'Z:%s' "$1" | tr / '\\'; }
-libraries='Z:\usr\x86_64-w64-mingw32\lib;Z:\usr\lib\gcc\x86_64-w64-mingw32\12-posix'
-export WINEPATH="$libraries;$(dos "$top/build/windows/src")"
 status=0
 configure build/windows -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w64.cmake -DCMAKE_BUILD_TYPE=Release \
   -DZEPH_GTEST_SOURCE=/usr/src/googletest

@@ -54,26 +54,13 @@ constexpr std::size_t NextHeight(std::size_t left, std::size_t most) {
   return left >= 2 * most ? most : left > most ? (left + 1) / 2 : left;
 }
 
-/// Asks for the columns of a strip of some rows, to read them or (`Write`) to change them.
-template <int Write, class Row>
-void Prefetch(const Row* rows, std::size_t count, std::size_t column, std::size_t width) {
-  for (std::size_t r = 0; r < count; ++r) {
-    for (std::size_t c = 0; c < width; c += 8) __builtin_prefetch(rows[r] + column + c, Write);
-    __builtin_prefetch(rows[r] + column + width - 1, Write);
-  }
-}
-
-/// The tiles of one strip, top to bottom. `Form::Run(tile, rows)` does one; before each,
-/// `before(row, height)` hears of the one that follows it.
-template <class Form, class Before>
-void RunStrip(const Block& block, Tile tile, Before before) {
+/// Calls `run(row, height)` for each tile's rows, top to bottom.
+template <class Form, class Run>
+void ForEachHeight(const Block& block, Run run) {
   for (std::size_t i = 0; i < block.rows;) {
     const std::size_t height = NextHeight(block.rows - i, Form::kRows);
-    tile.out = block.out + i;
-    tile.a = block.a + i;
+    run(i, height);
     i += height;
-    before(i, NextHeight(block.rows - i, Form::kRows));
-    Form::Run(tile, height);
   }
 }
 
@@ -110,7 +97,11 @@ void RunInPlace(const Block& block) {
     const std::size_t vectors = (cols - done + Form::kVector - 1) / Form::kVector;
     tile.width = std::min({Form::kCols, vectors * Form::kVector, cols});
     tile.column = std::min(done, cols - tile.width);
-    RunStrip<Form>(block, tile, [](std::size_t, std::size_t) {});
+    ForEachHeight<Form>(block, [&](std::size_t row, std::size_t height) {
+      tile.out = block.out + row;
+      tile.a = block.a + row;
+      Form::Run(tile, height);
+    });
   }
 }
 
@@ -167,8 +158,9 @@ class LookAhead {
   std::size_t column_, width_, share_, k_ = 0;
 };
 
-/// Panel after panel of some strips, each copied together first, so that all its tiles read it from
-/// the nearest caches.
+/// Panel after panel of some strips, each copied together first. Some rows meet all strips of the
+/// panel before the next rows do: the left factor then comes from memory once a panel, and the
+/// panel from the second cache.
 template <class Form>
 void RunPacked(const Block& block, double* room) {
   static_assert(kPanelCols % Form::kCols == 0, "a panel is whole strips");
@@ -179,15 +171,19 @@ void RunPacked(const Block& block, double* room) {
     PackPanel<Form>(room, panel);
     LookAhead ahead(block, panel, tiles);
     Tile tile = panel;
-    for (std::size_t done = 0; done < panel.width; done += Form::kCols) {
-      tile.column = panel.column + done;
-      tile.width = std::min(Form::kCols, panel.width - done);
-      tile.packed = room + done * block.inner;
-      RunStrip<Form>(block, tile, [&](std::size_t row, std::size_t height) {
-        ahead.ForNextTile(row, height, tile);
+    ForEachHeight<Form>(block, [&](std::size_t row, std::size_t height) {
+      tile.out = block.out + row;
+      tile.a = block.a + row;
+      const std::size_t next = row + height;
+      for (std::size_t done = 0; done < panel.width; done += Form::kCols) {
+        tile.column = panel.column + done;
+        tile.width = std::min(Form::kCols, panel.width - done);
+        tile.packed = room + done * block.inner;
+        ahead.ForNextTile(next, NextHeight(block.rows - next, Form::kRows), tile);
         ahead.ForNextPanel();
-      });
-    }
+        Form::Run(tile, height);
+      }
+    });
   }
 }
 

@@ -81,7 +81,8 @@ ZEPH_AVX2_INLINE Few FirstColumns(std::size_t count) {
 template <class Term, std::size_t Groups, class Load>
 ZEPH_AVX2_INLINE void AddColumns(__m256d (&sum)[Groups], const double* const* m, const double* v,
                                  std::size_t j, Load load) {
-  const __m256d factors = v ? load(v + j) : _mm256_setzero_pd();
+  const __m256d factors =
+      v ? load(v + j) : _mm256_setzero_pd();  // GCOVR_EXCL_BR_LINE: one way a use
 #pragma GCC unroll 4
   for (std::size_t g = 0; g < Groups; ++g) {
     __m256d columns[kLanes];

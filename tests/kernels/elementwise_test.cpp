@@ -84,7 +84,7 @@ void Check(const Operation& operation, Level level, std::size_t n, std::size_t s
 TEST(Elementwise, GivesTheLoopsBitsAtEveryLengthAndMisalignment) {
   for (const Operation& operation : Operations())
     for (const Level level : RunnableLevels())
-      for (std::size_t n = 0; n <= 67; ++n)
+      for (std::size_t n = 0; n <= 290; n = n == 67 ? 256 : n + 1)  // short ones, and by lines
         for (std::size_t skewA : {0u, 1u, 3u})
           for (std::size_t skewB : {0u, 2u})
             for (std::size_t skewOut : {0u, 1u, 3u, 7u})
@@ -97,10 +97,23 @@ TEST(Elementwise, GivesTheLoopsBitsOnLongArrays) {
       for (std::size_t n : {127u, 128u, 1000u, 4099u}) Check(operation, level, n, 1, 0, 2);
 }
 
+TEST(Elementwise, GivesTheLoopsBitsWhereverOperandsLieInACacheLine) {
+  constexpr std::size_t kLine = 8;
+  for (const Operation& operation : Operations()) {
+    if (!operation.binary) continue;
+    for (const Level level : RunnableLevels())
+      for (std::size_t skewA = 0; skewA < kLine; ++skewA)
+        for (std::size_t skewB = 0; skewB < kLine; ++skewB)
+          for (std::size_t skewOut : {0u, 1u, 2u, 6u})
+            for (std::size_t n : {256u, 261u, 283u})
+              Check(operation, level, n, skewA, skewB, skewOut);
+  }
+}
+
 TEST(Elementwise, MayWriteOverAnOperand) {
   for (const Operation& operation : Operations())
     for (const Level level : RunnableLevels())
-      for (std::size_t n = 0; n <= 67; ++n) {
+      for (std::size_t n = 0; n <= 300; n = n == 67 ? 256 : n + 1) {
         SCOPED_TRACE(std::string(operation.name) + " " + Name(level) + " n=" + std::to_string(n));
         const Array a = test::Awkward(n, 4), b = test::Awkward(n, 5);
         Array want(n), self(n), overA = a, overB = b, both = a;

@@ -1,0 +1,162 @@
+"""Mutation testing of src/: see README.md beside this file. Run from the top of the tree, by ./dev mutants."""
+import argparse
+import glob
+import random
+import re
+import sys
+import time
+from concurrent.futures import ThreadPoolExecutor
+
+import build
+import run
+import sites
+from build import say
+
+RESULTS = build.BUILD.parent / "results.tsv"
+
+# The first pattern that a path matches names its topic.
+TOPICS = [
+    ("partitions and the fast sort", r"double_array/partition|kernels/sort"),
+    ("sorts", r"sort|algorithms/permutation|containers/linked_list"),
+    ("searches and merges", r"search|merg|least_finder"),
+    ("inverses", r"inverse"),
+    ("products", r"product|rotation|matrix_transforms|transpose|fixed_geometry|matrix4"),
+    ("norms and arithmetic", r"norm|arithmetic|elementwise|row_sums|largest|hypotenuse|measures|overlap|columns"),
+    ("allocation", r"alloc|storage|resize|row_table|kept_results|thread_data|array_realloc|offset|refusal|"
+                   r"platform/(arrays|coblist)|pointer_stack|growth_arrays|rows\.h"),
+    ("text", r"text|format|display|report|notation|block_writer|cell_writer|cstring|power_of_ten"),
+    ("vectors and builders", r"graphics|vector3"),
+    ("the rest", r""),
+]
+
+
+def topic(path):
+    return next(name for name, pattern in TOPICS if re.search(pattern, path))
+
+
+def find_sites():
+    """Sources of this system; forms for instruction sets are left to tests that compare them."""
+    wanted = sorted(f for f in glob.glob("src/**/*", recursive=True)
+                    if f.endswith((".cpp", ".h")) and not re.search(r"avx|windows", f))
+    finder = sites.Finder(wanted)
+    for path in wanted:
+        if path.endswith(".cpp"):
+            finder.add_unit(path)
+    found = sorted(finder.sites.values(), key=lambda s: (s.path, s.start, -s.end, s.rank))
+    return finder.texts, found
+
+
+def choose(found, count, seed):
+    """(site, form): about `count`, of each topic at least a share; in a random order."""
+    by_topic = {}
+    for site in found:
+        by_topic.setdefault(topic(site.path), []).extend((site, k) for k in range(len(site.forms)))
+    total = sum(map(len, by_topic.values()))
+    source = random.Random(seed)
+    chosen = []
+    for name in sorted(by_topic):
+        every = by_topic[name]
+        least = count // (2 * len(by_topic))
+        share = round(count * len(every) / total)
+        chosen += source.sample(every, min(len(every), max(share, least)))
+    source.shuffle(chosen)
+    return chosen
+
+
+def describe(texts, site, form):
+    """File, line, column, the line's text, what is mutated, how."""
+    text = texts[site.path]
+    column = site.start - (text.rfind(b"\n", 0, site.start) + 1)
+    old = re.sub(r"\s+", " ", text[site.start:site.end].decode())
+    return (site.path, str(site.line), str(column), text.decode().splitlines()[site.line - 1].strip(), old,
+            site.forms[form][0])
+
+
+def identity(row):
+    """What tells a mutant of the last run again, though lines may have moved."""
+    return (row[3], *row[5:])
+
+
+def alive(row):
+    return row[0] in ("survived", "unreached")
+
+
+def last_rows():
+    return [tuple(line.split("\t")) for line in RESULTS.read_text().splitlines()]
+
+
+def run_all(texts, chosen, workers, minutes):
+    say("mutants: running the tests without a mutant, recording what each reaches")
+    programs = run.record_reach()
+    say(f"mutants: {len(chosen)} mutants, {sum(len(p.tests) for p in programs)} tests")
+    start, rows = time.time(), []
+
+    def one(mutant):
+        if minutes and time.time() - start > 60 * minutes:
+            return None
+        site, form = mutant
+        outcome, killer = run.judge(programs, site, form)
+        row = (outcome, killer, topic(site.path), *describe(texts, site, form))
+        rows.append(row)
+        if alive(row):
+            say(f"  {outcome}: {site.path}:{site.line}: {row[7]}  ({row[8]})")
+        if len(rows) % 50 == 0:
+            dead = sum(not alive(r) for r in rows)
+            say(f"  {len(rows)} of {len(chosen)}, {dead} killed, {time.time() - start:.0f} s")
+        return row
+
+    with ThreadPoolExecutor(workers) as pool:
+        done = [row for row in pool.map(one, chosen) if row]
+    say(f"mutants: {len(done)} in {time.time() - start:.0f} s; all of them: {RESULTS}")
+    return done
+
+
+def report(rows):
+    """The table; the rate of kills in percent."""
+    say("\n| topic | mutants | killed | of these by time | survivors | killed % |\n|---|---:|---:|---:|---:|---:|")
+    rate = 0.0
+    for name in [n for n, _ in TOPICS] + ["all"]:
+        of = [r for r in rows if name in (r[2], "all")]
+        if of:
+            late = sum(r[0] == "timeout" for r in of)
+            dead = sum(not alive(r) for r in of)
+            rate = 100 * dead / len(of)
+            say(f"| {name} | {len(of)} | {dead} | {late} | {len(of) - dead} | {rate:.1f} |")
+    return rate
+
+
+def main():
+    parse = argparse.ArgumentParser(prog="./dev mutants")
+    parse.add_argument("--sample", type=int, default=1000, help="how many mutants; 0: every one")
+    parse.add_argument("--seed", type=int, default=1)
+    parse.add_argument("--jobs", type=int, default=1)
+    parse.add_argument("--minutes", type=float, default=0, help="stop after so many; 0: never")
+    parse.add_argument("--files", default="", help="only paths that match this pattern")
+    parse.add_argument("--survivors", action="store_true", help="only those that survived the last run")
+    parse.add_argument("--least", type=float, default=90, help="the rate in percent below which it fails")
+    given = parse.parse_args()
+
+    say("mutants: reading src/")
+    texts, found = find_sites()
+    say(f"mutants: {sum(len(s.forms) for s in found)} found; building the library with all of them")
+    found = [s for s in build.build(texts, found, given.jobs) if re.search(given.files, s.path)]
+    count = sum(len(s.forms) for s in found)
+    say(f"mutants: {count} compile")
+    if given.survivors:
+        again = {identity(r) for r in last_rows() if alive(r)}
+        chosen = [(s, k) for s in found for k in range(len(s.forms))
+                  if identity(("", "", "", *describe(texts, s, k))) in again]
+    else:
+        chosen = choose(found, given.sample or count, given.seed)
+    rows = run_all(texts, chosen, given.jobs, given.minutes)
+    if given.survivors:
+        rerun = {identity(r) for r in rows}
+        rows = [r for r in last_rows() if identity(r) not in rerun] + rows
+    RESULTS.write_text("".join("\t".join(row) + "\n" for row in rows))
+    rate = report(rows)
+    say(f"{len(rows)} mutants, {rate:.1f} % killed")
+    sys.exit(0 if rate >= given.least else 1)
+
+
+if __name__ == "__main__":
+    main()

@@ -150,8 +150,9 @@ def main():
         chosen = choose(found, given.sample or count, given.seed)
     rows = run_all(texts, chosen, given.jobs, given.minutes)
     if given.survivors:
-        rerun = {identity(r) for r in rows}
-        rows = [r for r in last_rows() if identity(r) not in rerun] + rows
+        still = {identity(("", "", "", *describe(texts, s, k))) for s in found for k in range(len(s.forms))}
+        still -= {identity(r) for r in rows}
+        rows = [r for r in last_rows() if identity(r) in still] + rows
     RESULTS.write_text("".join("\t".join(row) + "\n" for row in rows))
     rate = report(rows)
     say(f"{len(rows)} mutants, {rate:.1f} % killed")

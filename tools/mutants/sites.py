@@ -126,6 +126,8 @@ class Finder:
         if kind in CONSTANT or cursor.location.file is None or cursor.location.file.name != self.path:
             return
         children = list(cursor.get_children())
+        if self.is_hardened_check(cursor):
+            return
         if kind == K.DECL_STMT and re.match(r"(static\s+)?constexpr\b|static\b|using\b|typedef\b", self.text(cursor)):
             return
         if kind == K.VAR_DECL and cursor.type.kind == T.CONSTANTARRAY:
@@ -137,6 +139,12 @@ class Finder:
         self.sites_at(cursor, parent, children)
         for child in children:
             self.visit(child, cursor)
+
+    def is_hardened_check(self, cursor):
+        """What is no code but in hardened builds: calls of Require... and conditions of such macros."""
+        if cursor.kind == K.CALL_EXPR:
+            return cursor.spelling.startswith("Require")
+        return cursor.kind == K.IF_STMT and re.search(r"\)\s*ZEPH_REQUIRE\w*\(", self.text(cursor)) is not None
 
     def sites_at(self, cursor, parent, children):
         kind = cursor.kind

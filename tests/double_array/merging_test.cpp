@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <numeric>
+
 #include "double_array/arrays.h"
 #include "oracle/searches.h"
 #include "support/scale.h"
@@ -62,6 +65,36 @@ TEST(DoubleArrayMerge, AgreesWithTheOracleOnLongAscendingBlocks) {
       std::sort(v->begin(), v->end());
     }
     ASSERT_NO_FATAL_FAILURE(Compare(a, b));
+  }
+}
+
+TEST(DoubleArrayMerge, AgreesWithTheOracleOnLongBlocksWithOnePairOutOfOrder) {
+  Values ascending(300);
+  std::iota(ascending.begin(), ascending.end(), 0.0);
+  for (const std::size_t at : {0u, 1u, 17u, 254u, 255u, 256u, 257u, 298u}) {
+    Values broken = ascending;
+    std::swap(broken[at], broken[at + 1]);
+    ASSERT_NO_FATAL_FAILURE(Compare(ascending, broken));
+    ASSERT_NO_FATAL_FAILURE(Compare(broken, ascending));
+    broken[0] = broken[at] = 1e3;  // above all that follows
+    ASSERT_NO_FATAL_FAILURE(Compare(ascending, broken));
+    ASSERT_NO_FATAL_FAILURE(Compare(broken, ascending));
+  }
+}
+
+TEST(DoubleArrayMerge, WritesFrontToBackWhereLongAscendingBlocksOverlap) {
+  zeph::test::Random random(10);
+  for (int round = 0; round < 1000; ++round) {
+    Values got(200);
+    for (double& x : got) x = random.Int(0, 99);
+    std::sort(got.begin(), got.begin() + 50);
+    std::sort(got.begin() + 50, got.begin() + 100);
+    Values want = got;
+    const std::size_t out = random.Below(100);  // meets one block, both or none
+    CZEPHDoubleArray none;
+    none.MergeSortedArray(&got[0], 50, &got[50], 50, &got[out]);
+    oracle::Merge(&want[0], 50, &want[50], 50, &want[out]);
+    ASSERT_TRUE(SameBits(got, want)) << out;
   }
 }
 

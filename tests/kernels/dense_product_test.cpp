@@ -138,7 +138,8 @@ TEST(DenseProduct, MatchesTheTripleLoopOnOddTallAndFlatShapes) {
         Shape{101, 256, 58}, Shape{37, 300, 345}, Shape{35, 1030, 101}})
     CompareWithOracle(s.rows, s.inner, s.cols, 1, [&] { return random.Real(-1, 1); });
 #ifdef __OPTIMIZE__
-  for (const Shape s : {Shape{299, 300, 298}, Shape{61, 1100, 67}, Shape{200, 33, 1037}, Shape{1100, 33, 50}})
+  for (const Shape s :
+       {Shape{299, 300, 298}, Shape{61, 1100, 67}, Shape{200, 33, 1037}, Shape{1100, 33, 50}})
     CompareWithOracle(s.rows, s.inner, s.cols, 3, [&] { return random.Real(-1, 1); });
 #endif
 }

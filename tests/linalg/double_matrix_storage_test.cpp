@@ -73,6 +73,13 @@ TEST(DoubleMatrixStorage, CreateAndSetDataResizeAndAnswerOne) {
   EXPECT_TRUE(SameBits(Elements(m), {{-1.5, -1.5, -1.5}, {-1.5, -1.5, -1.5}}));
 }
 
+TEST(DoubleMatrixStorage, AssigningAnEmptyMatrixToItselfMakesNoStorage) {
+  CZEPHDoubleMatrix m;
+  const CZEPHDoubleMatrix& same = m;
+  m = same;
+  EXPECT_EQ(m.m_ppData, nullptr);
+}
+
 TEST(DoubleMatrixStorage, SetDataFromItselfKeepsTheElements) {
   CZEPHDoubleMatrix m = OneToSix();
   EXPECT_EQ(m.SetData(m), 1);

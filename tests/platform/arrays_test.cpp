@@ -198,6 +198,29 @@ TYPED_TEST(Array, InsertsCopiesAnywhere) {
   EXPECT_EQ(a.Content(), Elements<T>({6, 1, 9, 9, 2, 3, 8, 0, 0, 7, 7}));
 }
 
+TYPED_TEST(Array, KeepsItsGrowthSizeWhereAnInsertionNeedsRoom) {
+  using T = typename TypeParam::Type;
+  TypeParam a;
+  a.SetSize(2, 7);
+  a.InsertAt(1, Element<T>(9), 3);
+  EXPECT_EQ(a.m_nGrowBy, 7);
+  a.SetAtGrow(9, Element<T>(9));
+  EXPECT_EQ(a.m_nGrowBy, 7);
+  EXPECT_EQ(a.m_nMaxSize, 14);
+}
+
+TYPED_TEST(Array, SaysWhatItRefusesWhereTheSizeWouldBeBeyondAllMemory) {
+  using T = typename TypeParam::Type;
+  TypeParam a;
+  a.Fill(3);
+  try {
+    a.InsertAt(1, Element<T>(9), PTRDIFF_MAX);
+    FAIL() << "nothing was thrown";
+  } catch (const std::out_of_range& refusal) {
+    EXPECT_NE(std::string(refusal.what()).find("a size beyond all memory"), std::string::npos);
+  }
+}
+
 TYPED_TEST(Array, RemovesElementsAnywhereAndKeepsStorage) {
   using T = typename TypeParam::Type;
   TypeParam a;

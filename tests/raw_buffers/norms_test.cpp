@@ -125,6 +125,14 @@ TEST(RawArrayTwoNorm2, TakesTheDirectStepBelowAHundredAndTheScaledOneFromThere) 
   EXPECT_EQ(ZEPH_ArrayTwoNorm(huge, 2, 0), std::numeric_limits<double>::infinity());
 }
 
+TEST(RawArrayMaxNorm, LeavesWhatStandsBehindTheCountAlone) {
+  for (const int n : {1, 2, 63, 64, 1023, 1024, 1025, 2048}) {
+    std::vector<double> a(static_cast<std::size_t>(n) + 1, 1.0);
+    a.back() = 2.0;
+    EXPECT_EQ(ZEPH_ArrayMaxNorm(a.data(), n, 0), 1.0) << n;
+  }
+}
+
 TEST(RawArrayMaxNorm, ForgetsWhatStandsBeforeANaN) {
   for (int n = 2; n <= 40; ++n)
     for (int at = 0; at < n; ++at) {

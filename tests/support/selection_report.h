@@ -36,10 +36,10 @@ template <class T>
 std::vector<T> ValuesBehind(const std::string& report, const std::string& heading, int n) {
   std::size_t at = report.find("===Before Sorting===", report.find(heading));
   std::vector<T> values;
-  for (int i = 0; i < n && at != std::string::npos; ++i) {
-    at = report.find("]= ", at + 1);
-    if (at != std::string::npos)
-      values.push_back(static_cast<T>(std::strtod(report.c_str() + at + 3, nullptr)));
+  for (int i = 0; i < n; ++i) {
+    if (at != std::string::npos) at = report.find("]= ", at + 1);
+    const bool listed = at != std::string::npos;  // if not, the report is not the expected one
+    values.push_back(listed ? static_cast<T>(std::strtod(report.c_str() + at + 3, nullptr)) : T{});
   }
   return values;
 }

@@ -1,4 +1,5 @@
-// Included before every source of the mutated tree: which mutant runs, and which sites were reached.
+// Included before every source of the mutated tree: which mutant runs, and which sites were
+// reached.
 #ifndef ZEPH_TOOLS_MUTANTS_CHOSEN_H
 #define ZEPH_TOOLS_MUTANTS_CHOSEN_H
 

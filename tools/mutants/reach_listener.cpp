@@ -1,6 +1,6 @@
 
-// Appended to the test programs' main: after each test, a line "name milliseconds site site ..." goes to the
-// file named by ZEPH_MUTANT_TESTS.
+// Appended to the test programs' main: after each test, a line "name milliseconds site site ..."
+// goes to the file named by ZEPH_MUTANT_TESTS.
 namespace {
 
 constexpr int kMostSites = 1 << 16;

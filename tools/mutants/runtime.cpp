@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The number of the running mutant, from ZEPH_MUTANT, and the table of reached sites: the file named
-// by ZEPH_MUTANT_REACHED is shared with the programs that a test starts.
+// The number of the running mutant, from ZEPH_MUTANT, and the table of reached sites: the file
+// named by ZEPH_MUTANT_REACHED is shared with the programs that a test starts.
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <unistd.h>

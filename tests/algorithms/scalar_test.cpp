@@ -41,6 +41,8 @@ TEST(MathClamp, RaisesThenLowers) {
   EXPECT_SAME_BITS(clamp(-7, 0, 5), 0.0);
   EXPECT_SAME_BITS(clamp(3, 0, 5), 3.0);
   EXPECT_SAME_BITS(clamp(-0.0, 0.0, 5), -0.0);
+  EXPECT_SAME_BITS(clamp(-0.0, -5, 0.0), -0.0);
+  EXPECT_SAME_BITS(clamp(0.0, -5, -0.0), 0.0);
   EXPECT_SAME_BITS(clamp(kNaN, 0, 5), kNaN);
   EXPECT_SAME_BITS(clamp(3, kNaN, kNaN), 3.0);
 }
@@ -63,6 +65,8 @@ TEST(MathClamped, GivesABoundOrTheValue) {
   EXPECT_SAME_BITS(ZEPH_MathClamped(7, 0, 5), 5.0);
   EXPECT_SAME_BITS(ZEPH_MathClamped(-7, 0, 5), 0.0);
   EXPECT_SAME_BITS(ZEPH_MathClamped(-0.0, 0, 5), -0.0);
+  EXPECT_SAME_BITS(ZEPH_MathClamped(-0.0, -5, 0.0), -0.0);
+  EXPECT_SAME_BITS(ZEPH_MathClamped(0.0, -5, -0.0), 0.0);
   EXPECT_SAME_BITS(ZEPH_MathClamped(kNaN, 0, 5), kNaN);
 }
 

@@ -200,6 +200,17 @@ TEST(SortableArray, StopsWhereACompareFunctionTakesTheElementsAway) {
     }
 }
 
+TEST(SortableArray, ExchangesNothingOnceAnElementOfThePairIsGone) {
+  const Items items = Items::OfKeys({2, 1});
+  CZEPHSortableObArray array;
+  victim = &array;
+  Fill(array, items.Pointers());
+  calls_left = 1;
+  array.Sort(Shrinks);
+  ASSERT_EQ(array.GetSize(), 1);
+  EXPECT_EQ(array.GetAt(0), items.Pointers()[0]);
+}
+
 TEST(SortableArray, WholeSortFollowsTheStorageWhenItMoves) {
   const Items items(200, 1000, 3);
   CZEPHSortableObArray array;

@@ -96,6 +96,13 @@ TYPED_TEST(Array, FirstSizeTakesAtLeastOneGrowthStep) {
   EXPECT_EQ(a.m_nGrowBy, 0);
 }
 
+TYPED_TEST(Array, GrowsByOneElementWhereThatIsTheGrowthSize) {
+  TypeParam a;
+  a.SetSize(5, 1);
+  a.SetSize(6);
+  EXPECT_EQ(a.m_nMaxSize, 6);
+}
+
 TYPED_TEST(Array, GrowsByAnEighthFrom4To1024WithoutASetting) {
   TypeParam a;
   a.SetSize(3);
@@ -147,6 +154,9 @@ TYPED_TEST(Array, FreeExtraCutsTheStorageToTheElements) {
   a.FreeExtra();
   EXPECT_EQ(a.m_nMaxSize, 2);
   EXPECT_EQ(a.Content(), Elements<T>({1, 2}));
+  const T* const storage = a.m_pData;
+  a.FreeExtra();
+  EXPECT_EQ(a.m_pData, storage);  // nothing extra, nothing moved
   a.RemoveAt(0, 2);
   a.FreeExtra();
   EXPECT_EQ(a.m_pData, nullptr);

@@ -94,3 +94,10 @@ TEST(DoubleMatrixProduct, TimesAnArrayAddsEachRowInOrder) {
       EXPECT_TRUE(SameValues(Elements(got), MatrixTimesVector(x, v))) << rows << " x " << cols;
     }
 }
+
+TEST(DoubleMatrixProduct, TimesAnArrayCountsNoColumnWhereThereAreNone) {
+  CZEPHDoubleMatrix a(2, 2, 3.0);
+  CZEPHDoubleArray v(2, 5.0);
+  a.m_nColumns = v.size = 0;  // both keep their storage
+  EXPECT_TRUE(SameValues(Elements(a * v), {0.0, 0.0}));
+}

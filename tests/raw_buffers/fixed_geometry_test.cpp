@@ -62,6 +62,17 @@ TEST(RawMatrixSetIdentity4, SetsSixteenDoublesAndNoMore) {
   EXPECT_TRUE(SameBits(m, want));
 }
 
+TEST(RawMatrixMult4, SetsSixteenDoublesAndNoMore) {
+  double a[16], b[16];
+  ZEPH_MatrixSetIdentity(a);
+  ZEPH_MatrixSetIdentity(b);
+  std::vector<double> out(24, -7);
+  ZEPH_MatrixMult4(a, b, out.data());
+  std::vector<double> want(b, b + 16);
+  want.resize(24, -7);
+  EXPECT_TRUE(SameBits(out, want));
+}
+
 TEST(RawMatrixMultiply3, SnapsEveryPartialSum) {
   double a[3][3] = {{1.0e-8, 1.0, 0}, {5.0e-9, 0, 0}, {std::nextafter(1.0e-8, 1.0), 0, 0}};
   double b[3][3] = {{1, 0, 0}, {1, 0, 0}, {0, 0, 0}};

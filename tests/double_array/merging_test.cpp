@@ -85,15 +85,17 @@ TEST(DoubleArrayMerge, AgreesWithTheOracleOnLongBlocksWithOnePairOutOfOrder) {
 TEST(DoubleArrayMerge, WritesFrontToBackWhereLongAscendingBlocksOverlap) {
   zeph::test::Random random(10);
   for (int round = 0; round < 1000; ++round) {
-    Values got(200);
+    Values got(400);
     for (double& x : got) x = random.Int(0, 99);
-    std::sort(got.begin(), got.begin() + 50);
-    std::sort(got.begin() + 50, got.begin() + 100);
+    std::sort(got.begin() + 120, got.begin() + 170);
+    std::sort(got.begin() + 250, got.begin() + 300);
     Values want = got;
-    const std::size_t out = random.Below(100);  // meets one block, both or none
+    const std::size_t out = random.Below(300);  // meets one block, both or none
+    const bool swapped = random.Below(2) != 0;
+    const std::size_t a = swapped ? 250 : 120, b = swapped ? 120 : 250;
     CZEPHDoubleArray none;
-    none.MergeSortedArray(&got[0], 50, &got[50], 50, &got[out]);
-    oracle::Merge(&want[0], 50, &want[50], 50, &want[out]);
+    none.MergeSortedArray(&got[a], 50, &got[b], 50, &got[out]);
+    oracle::Merge(&want[a], 50, &want[b], 50, &want[out]);
     ASSERT_TRUE(SameBits(got, want)) << out;
   }
 }

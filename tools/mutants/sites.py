@@ -143,7 +143,7 @@ class Finder:
     def is_hardened_check(self, cursor):
         """What is no code but in hardened builds: calls of Require... and conditions of such macros."""
         if cursor.kind == K.CALL_EXPR:
-            return cursor.spelling.startswith("Require")
+            return re.match(r"(\w+::)*Require\w*\(", self.text(cursor)) is not None
         return cursor.kind == K.IF_STMT and re.search(r"\)\s*\{?\s*ZEPH_REQUIRE\w*\(", self.text(cursor)) is not None
 
     def sites_at(self, cursor, parent, children):

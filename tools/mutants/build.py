@@ -1,5 +1,4 @@
 """Builds the mutated tree; what does not compile is dropped."""
-import os
 import re
 import subprocess
 from pathlib import Path

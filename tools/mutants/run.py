@@ -4,11 +4,10 @@ import os
 import resource
 import signal
 import subprocess
-import time
 from dataclasses import dataclass
 from pathlib import Path
 
-from build import BUILD, say
+from build import BUILD
 
 TABLE = 1 << 16
 MEMORY = 3 << 30

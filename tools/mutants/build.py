@@ -59,10 +59,11 @@ def build(texts, sites, jobs):
         if not refused:
             break
         # First the constants, which stand where only a constant may; then whatever is on the line.
-        bad = [s for s in sites if any(s.path == p and s.line <= n <= s.line + s.lines for p, n in refused)
-               and (s.kind == "constant" or (s.path, s.line) in tried)]
-        tried |= {(s.path, s.line) for s in sites
-                  if any(s.path == p and s.line <= n <= s.line + s.lines for p, n in refused)}
+        there = [s for s in sites if any(s.path == p and s.line <= n <= s.line + s.lines for p, n in refused)]
+        bad = [s for s in there if s.kind == "constant" or id(s) in tried]
+        if not bad and all(id(s) in tried for s in there):
+            raise SystemExit(f"the mutated library does not build: {sorted(refused)}")
+        tried |= {id(s) for s in there}
         gone = {id(s) for s in bad}
         say(f"  {len(refused)} lines refused, {sum(len(s.forms) for s in bad)} mutants dropped")
         sites = [s for s in sites if id(s) not in gone]

@@ -1,6 +1,5 @@
 """Writes the mutated tree: every form of every site is in it, and a number chooses one at run time."""
 import os
-import shutil
 from pathlib import Path
 
 TOOL = Path(__file__).parent
@@ -24,9 +23,9 @@ def copy_tree(tree):
     put(tree / "tests/support/main.cpp", main)
     put(tree / "src/platform/mutants_runtime.cpp", (TOOL / "runtime.cpp").read_bytes())
     put(tree / "chosen.h", (TOOL / "chosen.h").read_bytes())
-    for gone in set(p.relative_to(tree) for p in (tree / "tests").rglob("*.cpp")):
-        if not Path(gone).exists():
-            os.remove(tree / gone)
+    for file in [p for name in COPIED for p in (tree / name).rglob("*") if p.is_file()]:
+        if not file.relative_to(tree).exists() and file.name != "mutants_runtime.cpp":
+            os.remove(file)  # gone from the sources since the last run
 
 
 def number(sites):

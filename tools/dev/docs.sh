@@ -20,7 +20,5 @@ docs_settings() {
   sed -nE 's/^project\(.* VERSION ([0-9.]+).*/PROJECT_NUMBER = \1/p' CMakeLists.txt
 }
 docs_settings | doxygen - >build/docs/doxygen.log 2>&1 || { tail -n 20 build/docs/doxygen.log >&2; fail "doxygen failed"; }
-# docs/performance.md is written by ./dev bench and may be absent.
-[ -f docs/performance.md ] || sed -i '/docs\/performance.md/d' build/docs/doxygen.log
 if grep -E 'warning:|error:' build/docs/doxygen.log >&2; then fail "the documentation has gaps (above)"; fi
 echo "build/docs/html/index.html"

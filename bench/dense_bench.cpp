@@ -4,6 +4,7 @@
 // textbook's loops, OpenBLAS on one thread, and Eigen compiled for this processor.
 #include <cmath>
 #include <cstddef>
+#include <memory>
 #include <vector>
 
 #include "baselines/dense.h"
@@ -85,7 +86,44 @@ double SquareTarget(std::size_t n) {
   return n == 64 || n >= 1024 ? 0.9 : 1.0;
 }
 
+/// What a caller writes: `a * b` with the storage of its result, n x n.
+void WholeProductRow(Row& row) {
+  const std::size_t cells = row.n() * row.n();
+  const int n = static_cast<int>(row.n());
+  auto& left = row.Keep<Array>(RandomDoubles(cells, 1));
+  auto& right = row.Keep<Array>(RandomDoubles(cells, 2));
+  auto& a = row.Keep<CZEPHMatrix>(n, n, left.data());
+  auto& b = row.Keep<CZEPHMatrix>(n, n, right.data());
+  auto& last = row.Keep<double>();  // of the product, which is gone when its contender returns
+  row.Result([&] { return Values(&last, 1); });
+  row.Ours([&, n] {
+    CZEPHMatrix product = a * b;
+    Keep(product);
+    last = product[n - 1][n - 1];
+  });
+#ifdef ZEPH_HAVE_OPENBLAS
+  row.Peer("OpenBLAS into a new block",
+           [&, n, cells] {
+             const std::unique_ptr<double[]> product(new double[cells]);
+             cblas_dgemm(CblasRowMajor, CblasNoTrans, CblasNoTrans, n, n, n, 1.0, left.data(), n,
+                         right.data(), n, 0.0, product.get(), n);
+             last = product[cells - 1];
+           })
+      .Near(1e-9);
+#endif
+#ifdef ZEPH_HAVE_NATIVE_EIGEN
+  row.Peer("Eigen native into a new block",
+           [&, n, cells] {
+             const std::unique_ptr<double[]> product(new double[cells]);
+             native_eigen::Product(product.get(), left.data(), right.data(), n, n, n);
+             last = product[cells - 1];
+           })
+      .Near(1e-9);
+#endif
+}
+
 const bool kProducts[] = {
+    Add("product", "whole a * b", {16, 64, 256}, WholeProductRow),
     Add("product", "square", {16, 64, 256, 512, 1024, 2048},
         [](Row& row) { ProductRow(row, row.n(), row.n(), row.n(), SquareTarget(row.n())); }),
     Add("product", "odd", {17, 63, 255, 513},

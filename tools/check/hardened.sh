@@ -1,8 +1,8 @@
 # Every precondition checked: the suite passes and each breach stops. A plain and a hardened part
 # link into one program, with the plain library and with the hardened one, and each keeps its manner.
 need clang binutils
-configure build/release -DCMAKE_BUILD_TYPE=Release
-build build/release ZEPHDataStructureEngine
+configure build/test -DCMAKE_BUILD_TYPE=Release -DZEPH_WARNINGS_AS_ERRORS=ON
+build build/test ZEPHDataStructureEngine
 configure build/hardened -DCMAKE_BUILD_TYPE=Release -DZEPH_HARDENED=ON -DZEPH_WARNINGS_AS_ERRORS=ON
 build build/hardened
 run_ctest build/hardened
@@ -25,7 +25,7 @@ mixed() { # mixed COMPILER LEVEL LIBRARY-DIR FIRST SECOND: 0 when both parts act
 }
 for compiler in g++ clang++; do
   for level in -O0 -O2; do
-    for library in build/release/src build/hardened/src; do
+    for library in build/test/src build/hardened/src; do
       for order in "plain hardened" "hardened plain"; do
         if mixed $compiler $level $library $order; then
           passed=$((passed + 1))
@@ -39,6 +39,6 @@ for compiler in g++ clang++; do
 done
 # The same names are exported, so either library can stand in for the other.
 exports() { nm -D --defined-only "build/$1/src/libZEPHDataStructureEngine.so" | awk '{print $NF}' | sort; }
-if diff <(exports release) <(exports hardened); then passed=$((passed + 1)); else failed=$((failed + 1)); fi
+if diff <(exports test) <(exports hardened); then passed=$((passed + 1)); else failed=$((failed + 1)); fi
 echo "$passed passed, $failed failed"
 [ $failed = 0 ]

@@ -11,6 +11,7 @@ case "${1:-}" in
   "") set -- $(check_short | awk '{print $1}') ;;
 esac
 need $packages_build $packages_test git
+export check_run=$$.$(date +%s)  # tells a step what another has done in the same run
 check_passed=0
 check_failed=0
 for step in "$@"; do

@@ -2,7 +2,10 @@
 # Kernel forms that this processor lacks are not run: they are listed as unmeasured.
 need $packages_build $packages_test gcovr
 dir=build/coverage
-. tools/check/debug.sh
+# The step "debug" of the same ./dev check has run the tests already.
+if [ -z "${check_run:-}" ] || [ "$(cat $dir/counted 2>/dev/null)" != "$check_run" ]; then
+  . tools/check/debug.sh
+fi
 coverage_gcov() {
   gcovr --root . --object-directory $dir --filter 'src/' --filter 'include/' \
     --exclude-throw-branches --exclude-unreachable-branches --gcov-ignore-parse-errors "$@"

@@ -100,7 +100,11 @@ ChildResult RunChild(const std::string& name, const std::vector<std::string>& ar
 #ifdef _WIN32
   command = '"' + command + '"';  // the command processor strips the outer pair
 #endif
-  const int status = ExitStatus(std::system(command.c_str()));
+  // -1 is no child's status: the runtime could not start one. Under Wine that happens, if seldom.
+  constexpr int kNotStarted = -1, kAttempts = 3;
+  int status = kNotStarted;
+  for (int attempt = 0; attempt < kAttempts && status == kNotStarted; ++attempt)
+    status = ExitStatus(std::system(command.c_str()));
   return {status, AsWritten(ReadFile(out)), AsWritten(ReadFile(err))};
 }
 

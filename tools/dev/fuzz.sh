@@ -1,6 +1,7 @@
 # ./dev fuzz SECONDS [TARGET]: searches with every body of fuzz/ (or one) for SECONDS each, as many at
 # a time as there are processors. Inputs that reach new code stay in build/fuzz/found/<target>; the
-# saved ones of fuzz/corpus are the start. An input that breaks a promise is kept and named.
+# saved ones of fuzz/corpus are the start. ZEPH_FUZZ_SEED=N takes the same turns every time; without it
+# no two searches are alike. An input that breaks a promise is kept and named.
 seconds=${1:-}
 [[ $seconds =~ ^[0-9]+$ ]] && [ "$seconds" -gt 0 ] || fail "usage: ./dev fuzz SECONDS [TARGET]"
 need $packages_build $packages_test clang libclang-rt-14-dev
@@ -21,7 +22,7 @@ build $dir $(printf 'zeph_fuzz_%s ' "${targets[@]}")
 fuzz_one() {
   local target=$1 found=$dir/found/$1 seeds=fuzz/corpus/$1
   mkdir -p "$found" "$seeds" "$dir/broken"
-  $dir/fuzz/zeph_fuzz_"$target" -max_total_time="$seconds" -timeout=20 -rss_limit_mb=2000 \
+  $dir/fuzz/zeph_fuzz_"$target" -max_total_time="$seconds" -seed="${ZEPH_FUZZ_SEED:-0}" -timeout=60 -rss_limit_mb=2000 \
     -max_len=1024 -print_final_stats=1 -artifact_prefix="$dir/broken/$target-" \
     "$found" "$seeds" >"$dir/$target.log" 2>&1 </dev/null
 }

@@ -204,12 +204,14 @@ start_wine() {
 # dos PATH: as Wine's programs write it.
 dos() { printf 'Z:%s' "$1" | tr / '\\'; }
 
-# under_wine PROGRAM...: once more where Wine itself lost its server; a test that fails is not repeated.
+# under_wine PROGRAM...: runs it, and a second time, whole, if it fails: Wine now and then loses its server
+# or cannot start a child. What failed first is kept in build/wine-again.log, for the step to show.
 under_wine() {
   local log=$1.wine status=0
   wine "$@" >"$log" 2>&1 || status=$?
-  if [ $status != 0 ] && grep -qa '^wine client error' "$log"; then
-    echo "Wine lost its server, once more: $(basename "$1")" >>build/wine-lost.log
+  if [ $status != 0 ]; then
+    { echo "failed under Wine and run again: $(basename "$1")"
+      tr -d '\r' <"$log" | grep -aE '^wine client error|^\[  FAILED  \] [^ ]*\.' | sort -u; } >>build/wine-again.log
     status=0
     wine "$@" >"$log" 2>&1 || status=$?
   fi

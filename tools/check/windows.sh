@@ -3,7 +3,7 @@
 need g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix wine64 wine googletest
 top=$PWD
 start_wine "$top/build/windows/src"
-rm -f build/wine-lost.log
+rm -f build/wine-again.log
 status=0
 configure build/windows -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w64.cmake -DCMAKE_BUILD_TYPE=Release \
   -DZEPH_GTEST_SOURCE=/usr/src/googletest
@@ -39,5 +39,5 @@ configure build/windows32 -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w32.cmake -DCMAKE_B
   -DZEPH_BUILD_TESTS=OFF
 build build/windows32
 echo "32-bit Windows: built, not run"
-[ ! -f build/wine-lost.log ] || cat build/wine-lost.log
+[ ! -f build/wine-again.log ] || cat build/wine-again.log
 exit $status

@@ -74,7 +74,7 @@ void Arithmetic(Bytes& in, const Pair& a, const Pair& b) {
   double dot = 0.0;
   for (std::size_t i = 0; i < x.size(); ++i) {
     volatile double product = x[i] * y[i];
-    dot += product;
+    dot = i == 0 ? product : dot + product;  // the sum starts with a term: -0.0 stays
   }
   RequireValue(ZEPH_ArrayDotProduct(a.array, b.array), dot, "the dot product");
 }

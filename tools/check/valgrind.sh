@@ -1,6 +1,6 @@
 # The suite under memcheck: reads of what was never written, reads and writes outside blocks, leaks.
 # A scaled-down run on the static library with AVX2 kernels: valgrind does not know AVX-512.
-need valgrind
+need valgrind libc6-dbg
 need_locale
 configure build/static -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=OFF
 build build/static

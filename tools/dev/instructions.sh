@@ -2,7 +2,7 @@
 # family and kernel form, and compares them with tools/instructions.txt, or writes that table.
 #
 # The table belongs to one compiler: with another the counts are shown and not compared.
-need $packages_build $packages_test valgrind
+need $packages_build $packages_test valgrind libc6-dbg
 table=tools/instructions.txt
 tolerance=3  # per cent
 configure build/instructions -DCMAKE_CXX_COMPILER=g++ -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=OFF \

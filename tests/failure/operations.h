@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <new>
 #include <vector>
 
 #include "platform.h"
@@ -17,20 +16,6 @@ enum class Ending {
   kPasses,  // the exception reaches the caller
   kSilent   // the operation ends as documented
 };
-
-/// Whether `body` lets the exception of exhausted memory pass.
-template <class Body>
-bool Throws(Body body) {
-  try {
-    body();
-  } catch (const std::bad_alloc&) {
-    return true;
-  } catch (CMemoryException* exception) {
-    exception->Delete();
-    return true;
-  }
-  return false;
-}
 
 /// Blocks asked for during the record and not released in it.
 inline std::vector<void*> StillHeld(const std::vector<AllocationEvent>& events) {

@@ -1,7 +1,6 @@
 // What is left when memory runs out, at each allocation in turn.
 #include <gtest/gtest.h>
 
-#include <new>
 #include <optional>
 
 #include "linalg/matrices.h"
@@ -13,20 +12,6 @@ using namespace zeph::test;
 namespace {
 
 constexpr Failure kBoth[] = {Failure::kBadAlloc, Failure::kMemoryException};
-
-/// Whether `body` lets the exception of exhausted memory pass.
-template <class Body>
-bool Throws(Body body) {
-  try {
-    body();
-  } catch (const std::bad_alloc&) {
-    return true;
-  } catch (CMemoryException* exception) {
-    exception->Delete();
-    return true;
-  }
-  return false;
-}
 
 /// `body` runs with each allocation failing and lets the failure pass each time; it makes `count`
 /// allocations and leaves no block behind.

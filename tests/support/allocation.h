@@ -7,7 +7,10 @@
 #define ZEPH_TESTS_SUPPORT_ALLOCATION_H
 
 #include <cstddef>
+#include <new>
 #include <vector>
+
+#include "platform.h"
 
 namespace zeph::test {
 
@@ -51,6 +54,20 @@ class RecordAllocations {
   RecordAllocations& operator=(const RecordAllocations&) = delete;
   std::vector<AllocationEvent> Events() const;
 };
+
+/// Whether `body` lets the exception of exhausted memory pass.
+template <class Body>
+bool Throws(Body body) {
+  try {
+    body();
+  } catch (const std::bad_alloc&) {
+    return true;
+  } catch (CMemoryException* exception) {
+    exception->Delete();
+    return true;
+  }
+  return false;
+}
 
 /// Calls `body()` with the 1st, 2nd, ... allocation failing until it runs without a failure;
 /// `check` is called after each failed run, with k. Gives the number of failed runs.

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstddef>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 #include "baselines/dense.h"
@@ -81,8 +82,8 @@ void ProductRow(Row& row, std::size_t rows, std::size_t inner, std::size_t cols,
 }
 
 double SquareTarget(std::size_t n) {
-  if (kernels::Active() != kernels::Level::kAvx512)
-    return kernels::Active() == kernels::Level::kAvx2 ? 0.8 : 0;
+  const std::string_view form = kernels::Active().name;
+  if (form != "avx512") return form == "avx2" ? 0.8 : 0;
   return n == 64 || n >= 1024 ? 0.9 : 1.0;
 }
 
@@ -167,17 +168,17 @@ void ElementwiseRow(Row& row, const ElementwiseCase& c) {
 
 // `eigen` is null where there is none.
 const ElementwiseCase kAdd = {[](double* out, const double* a, const double* b, std::size_t n) {
-                                kernels::ActiveElementwise().add(out, a, b, n);
+                                kernels::Active().elementwise->add(out, a, b, n);
                               },
                               baseline::Add, ZEPH_NATIVE_EIGEN(native_eigen::Add)};
 const ElementwiseCase kMultiply = {
     [](double* out, const double* a, const double* b, std::size_t n) {
-      kernels::ActiveElementwise().multiply(out, a, b, n);
+      kernels::Active().elementwise->multiply(out, a, b, n);
     },
     baseline::Multiply, ZEPH_NATIVE_EIGEN(native_eigen::Multiply)};
 const ElementwiseCase kScale = {
     [](double* out, const double* a, const double*, std::size_t n) {
-      kernels::ActiveElementwise().scale(out, kScalar, a, n);
+      kernels::Active().elementwise->scale(out, kScalar, a, n);
     },
     [](double* out, const double* a, const double*, int n) { baseline::Scale(out, kScalar, a, n); },
     ZEPH_NATIVE_EIGEN(([](double* out, const double* a, const double*, int n) {
@@ -185,7 +186,7 @@ const ElementwiseCase kScale = {
     }))};
 const ElementwiseCase kFill = {
     [](double* out, const double*, const double*, std::size_t n) {
-      kernels::ActiveElementwise().fill(out, kScalar, n);
+      kernels::Active().elementwise->fill(out, kScalar, n);
     },
     [](double* out, const double*, const double*, int n) { baseline::Fill(out, kScalar, n); },
     ZEPH_NATIVE_EIGEN(([](double* out, const double*, const double*, int n) {

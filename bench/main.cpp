@@ -6,7 +6,7 @@
 #include <cstring>
 #include <iostream>
 
-#include "kernels/level.h"
+#include "kernels/table.h"
 #include "report.h"
 #include "runner.h"
 
@@ -38,12 +38,7 @@ const char kUsage[] =
 
 void ChooseKernels(const char* name) {
 #ifdef ZEPH_STATIC
-  for (auto level : zeph::kernels::RunnableLevels())
-    if (std::strcmp(zeph::kernels::Name(level), name) == 0) {
-      zeph::kernels::Force(level);
-      return;
-    }
-  Stop("zeph_bench: this machine has no such kernels\n", 2);
+  if (!zeph::kernels::Force(name)) Stop("zeph_bench: this machine has no such kernels\n", 2);
 #else
   (void)name;
   Stop("zeph_bench: --kernels needs the static library (-DBUILD_SHARED_LIBS=OFF)\n", 2);
@@ -54,7 +49,7 @@ void ChooseKernels(const char* name) {
 /// anew.
 void ChooseOpenBlasCore([[maybe_unused]] char** argv) {
 #if defined(ZEPH_HAVE_OPENBLAS) && defined(__unix__)
-  if (zeph::kernels::Active() != zeph::kernels::Level::kAvx2 || std::getenv("OPENBLAS_CORETYPE"))
+  if (std::strcmp(zeph::kernels::Active().name, "avx2") != 0 || std::getenv("OPENBLAS_CORETYPE"))
     return;
   setenv("OPENBLAS_CORETYPE", "Haswell", 1);
   execv("/proc/self/exe", argv);  // where this fails, the default core it is
@@ -97,7 +92,7 @@ int main(int argc, char** argv) {
     for (const auto& label : zeph::bench::Labels(plan.filter)) std::cout << label << "\n";
     return 0;
   }
-  std::cout << "kernels: " << zeph::kernels::Name(zeph::kernels::Active());
+  std::cout << "kernels: " << zeph::kernels::Active().name;
 #ifdef ZEPH_HAVE_OPENBLAS
   openblas_set_num_threads(1);
   std::cout << ", OpenBLAS: " << openblas_get_corename();

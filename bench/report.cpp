@@ -10,7 +10,7 @@
 #include <map>
 #include <utility>
 
-#include "kernels/level.h"
+#include "kernels/table.h"
 
 namespace zeph::bench {
 namespace {
@@ -166,7 +166,7 @@ bool WritePage(const std::string& folder, const std::vector<Row>& rows) {
   std::filesystem::create_directories(folder + "/plots", error);
   std::ofstream page(folder + "/performance.md");
   page << kIntroduction << "Measured on " << Today() << ": " << Processor() << ", " << Compiler()
-       << ", kernels " << kernels::Name(kernels::Active()) << ".\n";
+       << ", kernels " << kernels::Active().name << ".\n";
   for (const auto& [family, groups] : Families(rows)) {
     page << "\n## " << family << "\n\n| case | n | ours | peer | peer's | peer / ours | target |\n"
          << "|---|---|---|---|---|---|---|\n";

@@ -47,28 +47,28 @@ using zeph::double_array::Count;
 using zeph::double_array::Make;
 using zeph::double_array::RequireSameSizeToAdd;
 using zeph::double_array::RequireSameSizeToSubtract;
-using zeph::kernels::ActiveElementwise;
+using zeph::kernels::Active;
 
 CZEPHDoubleArray& CZEPHDoubleArray::operator+=(const CZEPHDoubleArray& other) {
   RequireSameSizeToAdd(*this, other);
-  if (data) ActiveElementwise().add(data, data, other.data, Count(other));
+  if (data) Active().elementwise->add(data, data, other.data, Count(other));
   return *this;
 }
 
 CZEPHDoubleArray& CZEPHDoubleArray::operator-=(const CZEPHDoubleArray& other) {
   RequireSameSizeToSubtract(*this, other);
-  if (data) ActiveElementwise().subtract(data, data, other.data, Count(other));
+  if (data) Active().elementwise->subtract(data, data, other.data, Count(other));
   return *this;
 }
 
 CZEPHDoubleArray operator+(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
   RequireSameSizeToAdd(a, b);
-  return Combine(a, b, ActiveElementwise().add);
+  return Combine(a, b, Active().elementwise->add);
 }
 
 CZEPHDoubleArray operator-(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
   RequireSameSizeToSubtract(a, b);
-  return Combine(a, b, ActiveElementwise().subtract);
+  return Combine(a, b, Active().elementwise->subtract);
 }
 
 CZEPHDoubleArray operator+(const CZEPHDoubleArray& a) {
@@ -78,18 +78,19 @@ CZEPHDoubleArray operator+(const CZEPHDoubleArray& a) {
 CZEPHDoubleArray operator-(const CZEPHDoubleArray& a) {
   if (!a.data) return CZEPHDoubleArray(a.size, 0.0);
   return Make(a, [&](double* out, std::size_t n) {
-    ActiveElementwise().subtract_from(out, 0.0, a.data, n);
+    Active().elementwise->subtract_from(out, 0.0, a.data, n);
   });
 }
 
 CZEPHDoubleArray operator*(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
   zeph::double_array::RequireAsManyAs(a, b, "operator*(CZEPHDoubleArray, CZEPHDoubleArray)");
-  return Combine(a, b, ActiveElementwise().multiply);
+  return Combine(a, b, Active().elementwise->multiply);
 }
 
 CZEPHDoubleArray operator*(double s, const CZEPHDoubleArray& a) {
   if (!a.data) return a;
-  return Make(a, [&](double* out, std::size_t n) { ActiveElementwise().scale(out, s, a.data, n); });
+  return Make(a,
+              [&](double* out, std::size_t n) { Active().elementwise->scale(out, s, a.data, n); });
 }
 
 CZEPHDoubleArray operator*(const CZEPHDoubleArray& a, double s) {

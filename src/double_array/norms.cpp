@@ -42,7 +42,7 @@ double CZEPHDoubleArray::TwoNorm() const {
 
 double CZEPHDoubleArray::MaxNorm() const {
   const std::size_t n = Count(*this);
-  return n > 0 ? zeph::kernels::ActiveMagnitudes().largest(data, n) : 0.0;
+  return n > 0 ? zeph::kernels::Active().magnitudes->largest(data, n) : 0.0;
 }
 
 double ZEPH_ArrayDotProduct(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {

@@ -77,7 +77,7 @@ int CZEPHDoubleArray::CheckBound(int i) {
 }
 
 void CZEPHDoubleArray::SetEntry(double v) {
-  zeph::kernels::ActiveElementwise().fill(data, v, Count(*this));
+  zeph::kernels::Active().elementwise->fill(data, v, Count(*this));
 }
 
 void CZEPHDoubleArray::Reset(double v) {

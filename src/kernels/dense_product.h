@@ -7,7 +7,7 @@
 #include <atomic>
 #include <cstddef>
 
-#include "kernels/level.h"
+#include "kernels/table.h"
 
 namespace zeph::kernels {
 
@@ -18,6 +18,12 @@ namespace detail {
 extern std::atomic<void* (*)(std::size_t)> borrow;
 }  // namespace detail
 
+/// One form of what follows.
+struct Products {
+  void (*dense)(double* const* out, const double* const* a, const double* const* b,
+                std::size_t rows, std::size_t inner, std::size_t cols);
+};
+
 /// out = a * b, where `a` has rows x inner, `b` inner x cols and `out` rows x cols elements.
 ///
 /// Entry (i, j) starts at 0.0 and gets a[i][k] * b[k][j] added in increasing k, each product and
@@ -25,41 +31,9 @@ extern std::atomic<void* (*)(std::size_t)> borrow;
 /// Every row is a block of its own; a row of `out` shares no element with another row or an input.
 /// Any count may be 0. Never throws: large products borrow 96 KiB and do without if there
 /// are none. Reads and writes no element outside the rows.
-using DenseProductForm = void (*)(double* const* out, const double* const* a,
-                                  const double* const* b, std::size_t rows, std::size_t inner,
-                                  std::size_t cols);
-
-namespace portable {
-void DenseProduct(double* const* out, const double* const* a, const double* const* b,
-                  std::size_t rows, std::size_t inner, std::size_t cols);
-}
-#if ZEPH_X64
-namespace avx2 {
-void DenseProduct(double* const* out, const double* const* a, const double* const* b,
-                  std::size_t rows, std::size_t inner, std::size_t cols);
-}
-namespace avx512 {
-void DenseProduct(double* const* out, const double* const* a, const double* const* b,
-                  std::size_t rows, std::size_t inner, std::size_t cols);
-}
-#endif
-
-/// The form used at `level`.
-inline DenseProductForm DenseProductAt(Level level) {
-#if ZEPH_X64
-  static constexpr DenseProductForm kForms[kLevels] = {portable::DenseProduct, avx2::DenseProduct,
-                                                       avx512::DenseProduct};
-#else
-  static constexpr DenseProductForm kForms[kLevels] = {
-      portable::DenseProduct, portable::DenseProduct, portable::DenseProduct};
-#endif
-  return kForms[static_cast<int>(level)];
-}
-
-/// The form in use.
 inline void DenseProduct(double* const* out, const double* const* a, const double* const* b,
                          std::size_t rows, std::size_t inner, std::size_t cols) {
-  DenseProductAt(Active())(out, a, b, rows, inner, cols);
+  Active().products->dense(out, a, b, rows, inner, cols);
 }
 
 }  // namespace zeph::kernels

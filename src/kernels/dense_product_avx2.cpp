@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "kernels/dense_product.h"
 
+#include "kernels/forms.h"
+
 #if ZEPH_X64
 #include <immintrin.h>
 
@@ -111,10 +113,7 @@ struct Form {
 
 }  // namespace
 
-void avx2::DenseProduct(double* const* out, const double* const* a, const double* const* b,
-                        std::size_t rows, std::size_t inner, std::size_t cols) {
-  product::Run<Form>(out, a, b, rows, inner, cols);
-}
+const Products avx2::kProducts = {product::Run<Form>};
 
 }  // namespace zeph::kernels
 #endif

@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "kernels/dense_product.h"
 
-#if ZEPH_X64
-#include <immintrin.h>
+#include "kernels/forms.h"
 
+#if ZEPH_X64
 #include <array>
 #include <utility>
 
+#include "kernels/avx512.h"
 #include "kernels/dense_product_tiles.h"
 #include "platform/exactness.h"
 
 namespace zeph::kernels {
 namespace {
 
-#define ZEPH_AVX512 ZEPH_TARGET("avx512f,avx512dq,avx512bw,avx512vl")
 constexpr std::size_t kLanes = 8;
 constexpr std::size_t kMostRows = 8;
 constexpr std::size_t kMostVectors = 3;
@@ -115,10 +115,7 @@ struct Form {
 
 }  // namespace
 
-void avx512::DenseProduct(double* const* out, const double* const* a, const double* const* b,
-                          std::size_t rows, std::size_t inner, std::size_t cols) {
-  product::Run<Form>(out, a, b, rows, inner, cols);
-}
+const Products avx512::kProducts = {product::Run<Form>};
 
 }  // namespace zeph::kernels
 #endif

@@ -3,6 +3,7 @@
 // Tiles small enough for the sums to stay in sixteen registers of two elements.
 #include "kernels/dense_product.h"
 #include "kernels/dense_product_tiles.h"
+#include "kernels/forms.h"
 #include "platform/exactness.h"
 
 namespace zeph::kernels {
@@ -56,9 +57,6 @@ struct Form {
 
 }  // namespace
 
-void portable::DenseProduct(double* const* out, const double* const* a, const double* const* b,
-                            std::size_t rows, std::size_t inner, std::size_t cols) {
-  product::Run<Form>(out, a, b, rows, inner, cols);
-}
+const Products portable::kProducts = {product::Run<Form>};
 
 }  // namespace zeph::kernels

@@ -5,6 +5,8 @@
 // lines.
 #include "kernels/elementwise.h"
 
+#include "kernels/forms.h"
+
 #if ZEPH_X64
 #include <immintrin.h>
 

@@ -4,18 +4,18 @@
 // to lines' edges and the operands put together from whole lines.
 #include "kernels/elementwise.h"
 
-#if ZEPH_X64
-#include <immintrin.h>
+#include "kernels/forms.h"
 
+#if ZEPH_X64
 #include <algorithm>
 #include <cstdint>
 
+#include "kernels/avx512.h"
 #include "platform/exactness.h"
 
 namespace zeph::kernels {
 namespace {
 
-#define ZEPH_AVX512 ZEPH_TARGET("avx512f,avx512dq,avx512bw,avx512vl")
 #define ZEPH_AVX512_INLINE ZEPH_AVX512 static inline __attribute__((always_inline))
 #define ZEPH_AVX512_MEMBER ZEPH_AVX512 inline __attribute__((always_inline))
 

@@ -4,6 +4,7 @@
 // the compilers need not ask whether arrays overlap, and vectorise for the baseline without a
 // branch after every vector.
 #include "kernels/elementwise.h"
+#include "kernels/forms.h"
 #include "platform/exactness.h"
 
 namespace zeph::kernels {

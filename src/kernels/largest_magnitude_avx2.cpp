@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "kernels/largest_magnitude.h"
 
+#include "kernels/forms.h"
+
 #if ZEPH_X64
 #include <immintrin.h>
 

@@ -1,20 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "kernels/largest_magnitude.h"
 
-#if ZEPH_X64
-#include <immintrin.h>
+#include "kernels/forms.h"
 
+#if ZEPH_X64
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
 
+#include "kernels/avx512.h"
 #include "platform/exactness.h"
 
 namespace zeph::kernels {
 namespace {
 
-#define ZEPH_AVX512 ZEPH_TARGET("avx512f,avx512dq,avx512bw,avx512vl")
 constexpr std::size_t kLanes = 8;
 
 /// The next elements, `left` of them being there; the lanes beyond the end are 0.0.

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <numeric>
 
+#include "kernels/forms.h"
 #include "kernels/largest_magnitude.h"
 #include "platform/exactness.h"
 

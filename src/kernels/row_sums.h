@@ -9,12 +9,12 @@
 
 #include <cstddef>
 
-#include "kernels/level.h"
+#include "kernels/table.h"
 
 namespace zeph::kernels {
 
-/// The sums of one form, for `rows` rows of `cols` elements; `sums` overlaps no input. Each sum
-/// starts at 0.0 and takes up its terms from column 0 upward.
+/// The sums of one form, for `rows` rows of `cols` elements; Active().row_sums is the one in use.
+/// `sums` overlaps no input. Each sum starts at 0.0 and takes up its terms from column 0 upward.
 struct RowSums {
   using OfRows = void (*)(double* sums, const double* const* m, std::size_t rows, std::size_t cols);
   OfRows sum;        // sums[i] = 0.0 + m[i][0] + m[i][1] + ...
@@ -25,28 +25,6 @@ struct RowSums {
   void (*dot)(double* sums, const double* const* m, const double* v, std::size_t rows,
               std::size_t cols);
 };
-
-namespace portable {
-extern const RowSums kRowSums;
-}
-#if ZEPH_X64
-namespace avx2 {
-extern const RowSums kRowSums;
-}
-#endif
-
-/// The sums' form for `level`.
-inline const RowSums& RowSumsAt([[maybe_unused]] Level level) {
-#if ZEPH_X64
-  if (level >= Level::kAvx2) return avx2::kRowSums;
-#endif
-  return portable::kRowSums;
-}
-
-/// The form in use.
-inline const RowSums& ActiveRowSums() {
-  return RowSumsAt(Active());
-}
 
 }  // namespace zeph::kernels
 

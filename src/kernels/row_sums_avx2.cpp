@@ -4,6 +4,8 @@
 // taken up one after another.
 #include "kernels/row_sums.h"
 
+#include "kernels/forms.h"
+
 #if ZEPH_X64
 #include <immintrin.h>
 

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "kernels/forms.h"
 #include "kernels/hypotenuse.h"
 #include "kernels/row_sums.h"
 #include "platform/exactness.h"

@@ -6,30 +6,20 @@
 
 #include <cstddef>
 
-#include "kernels/level.h"
+#include "kernels/table.h"
 
 namespace zeph::kernels {
 
-/// What a level offers. SearchForms::For(level) is the table that runs at that level.
-struct SearchForms {
-  Level level;
+/// One form of what follows.
+struct Searching {
   std::size_t (*find_first)(const double* v, std::size_t n, double x);
   std::size_t (*find_last)(const int* v, std::size_t n, int x);
   std::size_t (*first_least)(const double* v, std::size_t n);
-
-  static const SearchForms& For(Level level);
-
- private:
-  static const SearchForms* const kForms[kLevels];
 };
-
-inline const SearchForms& SearchForms::For(Level level) {
-  return *kForms[static_cast<int>(level)];
-}
 
 /// The least i with v[i] == x, or n. 0.0 finds -0.0; a NaN finds nothing.
 inline std::size_t FindFirst(const double* v, std::size_t n, double x) {
-  return SearchForms::For(Active()).find_first(v, n, x);
+  return Active().searching->find_first(v, n, x);
 }
 
 /// The greatest i with v[i] == x, or n.
@@ -40,13 +30,13 @@ inline std::size_t FindLast(const int* v, std::size_t n, int x) {
       if (v[i - 1] == x) return i - 1;
     return n;
   }
-  return SearchForms::For(Active()).find_last(v, n, x);
+  return Active().searching->find_last(v, n, x);
 }
 
 /// Where a scan of `v` (n >= 1) from v[0] on ends that moves on to whatever is strictly less: the
 /// first of the least elements, NaNs passed over; 0 when v[0] is a NaN.
 inline std::size_t FirstLeast(const double* v, std::size_t n) {
-  return SearchForms::For(Active()).first_least(v, n);
+  return Active().searching->first_least(v, n);
 }
 
 }  // namespace zeph::kernels

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "kernels/search_forms.h"
+#include "kernels/search.h"
+
+#include "kernels/forms.h"
 
 #if ZEPH_X64
 
@@ -64,7 +66,7 @@ ZEPH_WIDE double LeastLane(__m256d x) {
 
 }  // namespace
 
-const SearchForms kSearch = {Level::kAvx2, FindFirst<double>, FindLast<int>, FirstLeast};
+const Searching kSearching = {FindFirst<double>, FindLast<int>, FirstLeast};
 
 }  // namespace zeph::kernels::avx2
 

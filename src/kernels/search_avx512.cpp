@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "kernels/search_forms.h"
+#include "kernels/search.h"
+
+#include "kernels/forms.h"
 
 #if ZEPH_X64
 
-#if !defined(__clang__)
-// g++ 12 takes the deliberately undefined operand inside its own intrinsics for a mistake.
-#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
-#pragma GCC diagnostic ignored "-Wuninitialized"
-#endif
+#include "kernels/avx512.h"
 
-#include <immintrin.h>
-
-#define ZEPH_WIDE_CALL ZEPH_TARGET("avx512f,avx512dq,avx512bw,avx512vl")
+#define ZEPH_WIDE_CALL ZEPH_AVX512
 #define ZEPH_WIDE ZEPH_WIDE_CALL __attribute__((always_inline)) inline
 
 namespace zeph::kernels::avx512 {
@@ -61,7 +57,7 @@ ZEPH_WIDE double LeastLane(__m512d x) {
 
 }  // namespace
 
-const SearchForms kSearch = {Level::kAvx512, FindFirst<double>, FindLast<int>, FirstLeast};
+const Searching kSearching = {FindFirst<double>, FindLast<int>, FirstLeast};
 
 }  // namespace zeph::kernels::avx512
 

@@ -4,7 +4,8 @@
 // block that holds the answer is looked at one by one. For doubles that does not pay.
 #include <algorithm>
 
-#include "kernels/search_forms.h"
+#include "kernels/forms.h"
+#include "kernels/search.h"
 
 namespace zeph::kernels::portable {
 namespace {
@@ -43,6 +44,6 @@ std::size_t FirstLeast(const double* v, std::size_t n) {
 
 }  // namespace
 
-const SearchForms kSearch = {Level::kPortable, FindFirst, FindLast, FirstLeast};
+const Searching kSearching = {FindFirst, FindLast, FirstLeast};
 
 }  // namespace zeph::kernels::portable

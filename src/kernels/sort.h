@@ -6,40 +6,30 @@
 
 #include <cstddef>
 
-#include "kernels/level.h"
+#include "kernels/table.h"
 
 namespace zeph::kernels {
 
-/// What a level offers. SortForms::For(level) is the table that runs at that level.
-struct SortForms {
-  Level level;
+/// One form of what follows.
+struct Sorting {
   bool (*order_is_unique)(const double* v, std::size_t n);
   void (*sort_doubles)(double* v, std::size_t n);
   void (*sort_ints)(int* v, std::size_t n);
-
-  static const SortForms& For(Level level);
-
- private:
-  static const SortForms* const kForms[kLevels];
 };
-
-inline const SortForms& SortForms::For(Level level) {
-  return *kForms[static_cast<int>(level)];
-}
 
 /// True when `v` has no NaN and not zeros of both signs: then every correct ascending sort gives
 /// the same bits. One pass.
 inline bool OrderIsUnique(const double* v, std::size_t n) {
-  return SortForms::For(Active()).order_is_unique(v, n);
+  return Active().sorting->order_is_unique(v, n);
 }
 
 /// Sorts `v` ascending in place; OrderIsUnique(v, n) must hold. At worst n log n, at best (sorted,
 /// reversed, a few distinct values) one or two passes. No heap, a few KiB of stack.
 inline void SortAscending(double* v, std::size_t n) {
-  SortForms::For(Active()).sort_doubles(v, n);
+  Active().sorting->sort_doubles(v, n);
 }
 inline void SortAscending(int* v, std::size_t n) {
-  SortForms::For(Active()).sort_ints(v, n);
+  Active().sorting->sort_ints(v, n);
 }
 
 }  // namespace zeph::kernels

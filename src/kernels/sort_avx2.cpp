@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
 // Four doubles or ints at a time.
-#include "kernels/sort_forms.h"
+#include "kernels/sort.h"
+
+#include "kernels/forms.h"
+#include "kernels/sort_limits.h"
 
 #if ZEPH_X64
 
@@ -207,7 +210,7 @@ ZEPH_WIDE_CALL bool OrderIsUnique(const double* v, std::size_t n) {
 
 }  // namespace
 
-const SortForms kSort = {Level::kAvx2, OrderIsUnique, Sort<double>, Sort<int>};
+const Sorting kSorting = {OrderIsUnique, Sort<double>, Sort<int>};
 
 }  // namespace zeph::kernels::avx2
 

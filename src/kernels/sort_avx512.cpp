@@ -2,23 +2,20 @@
 //
 // Eight doubles or ints at a time. Lanes are compacted in a register and stored whole: storing
 // selected lanes directly is microcode on some processors.
-#include "kernels/sort_forms.h"
+#include "kernels/sort.h"
+
+#include "kernels/forms.h"
+#include "kernels/sort_limits.h"
 
 #if ZEPH_X64
-
-#if !defined(__clang__)
-// g++ 12 takes the deliberately undefined operand inside its own intrinsics for a mistake.
-#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
-#pragma GCC diagnostic ignored "-Wuninitialized"
-#endif
-
-#include <immintrin.h>
 
 #include <cstdint>
 #include <limits>
 #include <utility>
 
-#define ZEPH_WIDE_CALL ZEPH_TARGET("avx512f,avx512dq,avx512bw,avx512vl,popcnt")
+#include "kernels/avx512.h"
+
+#define ZEPH_WIDE_CALL ZEPH_AVX512
 #define ZEPH_WIDE ZEPH_WIDE_CALL __attribute__((always_inline)) inline
 
 namespace zeph::kernels::avx512 {
@@ -265,7 +262,7 @@ ZEPH_WIDE_CALL bool OrderIsUnique(const double* v, std::size_t n) {
 
 }  // namespace
 
-const SortForms kSort = {Level::kAvx512, OrderIsUnique, Sort<double>, Sort<int>};
+const Sorting kSorting = {OrderIsUnique, Sort<double>, Sort<int>};
 
 }  // namespace zeph::kernels::avx512
 

@@ -3,7 +3,9 @@
 // Quicksort whose partition has no branch on the data, with equal keys split off and runs found.
 #include <cmath>
 
-#include "kernels/sort_forms.h"
+#include "kernels/forms.h"
+#include "kernels/sort.h"
+#include "kernels/sort_limits.h"
 
 namespace zeph::kernels::portable {
 namespace {
@@ -123,6 +125,6 @@ void Sort(T* v, std::size_t n) {
 
 }  // namespace
 
-const SortForms kSort = {Level::kPortable, OrderIsUnique, Sort<double>, Sort<int>};
+const Sorting kSorting = {OrderIsUnique, Sort<double>, Sort<int>};
 
 }  // namespace zeph::kernels::portable

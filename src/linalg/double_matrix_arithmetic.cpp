@@ -13,7 +13,7 @@
 
 namespace {
 
-using zeph::kernels::ActiveElementwise;
+using zeph::kernels::Active;
 using zeph::kernels::Elementwise;
 using zeph::linalg::Combine;
 using zeph::linalg::Fill;
@@ -40,7 +40,7 @@ CZEPHDoubleMatrix Combined(const CZEPHDoubleMatrix& a, const CZEPHDoubleMatrix& 
 
 /// The negation of 0.0 is 0.0.
 void FromZero(double* out, const double* x, const double*, std::size_t n) {
-  ActiveElementwise().subtract_from(out, 0.0, x, n);
+  Active().elementwise->subtract_from(out, 0.0, x, n);
 }
 
 void Require(bool sizesAgree, const char* message) {
@@ -51,24 +51,24 @@ void Require(bool sizesAgree, const char* message) {
 
 CZEPHDoubleMatrix& CZEPHDoubleMatrix::operator+=(const CZEPHDoubleMatrix& other) {
   Require(SameSize(*this, other), "Bad matrix sizes in CZEPHDoubleMatrix::operator+=()");
-  Combine(m_ppData, m_ppData, other.m_ppData, m_nRows, m_nColumns, ActiveElementwise().add);
+  Combine(m_ppData, m_ppData, other.m_ppData, m_nRows, m_nColumns, Active().elementwise->add);
   return *this;
 }
 
 CZEPHDoubleMatrix& CZEPHDoubleMatrix::operator-=(const CZEPHDoubleMatrix& other) {
   Require(SameSize(*this, other), "bad matrix sizes");
-  Combine(m_ppData, m_ppData, other.m_ppData, m_nRows, m_nColumns, ActiveElementwise().subtract);
+  Combine(m_ppData, m_ppData, other.m_ppData, m_nRows, m_nColumns, Active().elementwise->subtract);
   return *this;
 }
 
 CZEPHDoubleMatrix CZEPHDoubleMatrix::operator+(const CZEPHDoubleMatrix& other) {
   Require(SameSize(*this, other), "Bad matrix sizes in CZEPHDoubleMatrix::operator+=()");
-  return Combined(*this, other, ActiveElementwise().add);
+  return Combined(*this, other, Active().elementwise->add);
 }
 
 CZEPHDoubleMatrix CZEPHDoubleMatrix::operator-(const CZEPHDoubleMatrix& other) {
   Require(SameSize(*this, other), "bad matrix sizes");
-  return Combined(*this, other, ActiveElementwise().subtract);
+  return Combined(*this, other, Active().elementwise->subtract);
 }
 
 CZEPHDoubleMatrix& CZEPHDoubleMatrix::operator-() {
@@ -77,12 +77,12 @@ CZEPHDoubleMatrix& CZEPHDoubleMatrix::operator-() {
 
 CZEPHDoubleMatrix operator+(const CZEPHDoubleMatrix& a, const CZEPHDoubleMatrix& b) {
   Require(SameSize(a, b), "Bad matrix sizes : operator-()");
-  return Combined(a, b, ActiveElementwise().add);
+  return Combined(a, b, Active().elementwise->add);
 }
 
 CZEPHDoubleMatrix operator-(const CZEPHDoubleMatrix& a, const CZEPHDoubleMatrix& b) {
   Require(SameSize(a, b), "Bad matrix sizes : operator-()");
-  return Combined(a, b, ActiveElementwise().subtract);
+  return Combined(a, b, Active().elementwise->subtract);
 }
 
 CZEPHDoubleMatrix operator+(const CZEPHDoubleMatrix& a) {

@@ -35,9 +35,9 @@ CZEPHDoubleArray CZEPHDoubleMatrix::operator*(const CZEPHDoubleArray& v) const {
   int rows = 0;
   if (v.data) {
     rows = zeph::linalg::StoredRows(m_ppData, m_nRows);
-    zeph::kernels::ActiveRowSums().dot(result.data, m_ppData, v.data,
-                                       static_cast<std::size_t>(rows),
-                                       static_cast<std::size_t>(std::max(m_nColumns, 0)));
+    zeph::kernels::Active().row_sums->dot(result.data, m_ppData, v.data,
+                                          static_cast<std::size_t>(rows),
+                                          static_cast<std::size_t>(std::max(m_nColumns, 0)));
   }
   std::fill(result.data + rows, result.data + std::max(m_nRows, rows), 0.0);
   return result;

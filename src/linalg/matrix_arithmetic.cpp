@@ -15,7 +15,7 @@ CZEPHMatrix CZEPHMatrix::operator+(const CZEPHMatrix& other) {
         "Addition error (Not of the same size)");
   CZEPHMatrix sum(m_nRows, m_nColumns);
   const int added = zeph::linalg::Combine(sum.m_ppData, other.m_ppData, m_ppData, sum.m_nRows,
-                                          sum.m_nColumns, zeph::kernels::ActiveElementwise().add);
+                                          sum.m_nColumns, zeph::kernels::Active().elementwise->add);
   zeph::linalg::Fill(sum.m_ppData, added, sum.m_nRows, sum.m_nColumns, 0.0);
   return sum;
 }

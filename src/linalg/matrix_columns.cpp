@@ -59,6 +59,6 @@ void ZEPH_SumVector(CZEPHMatrix& m, CZEPHVector& out) {
   if (!out.m_pData) return;
   const int rows = StoredRows(m.m_ppData, m.m_nRows);
   ZEPH_REQUIRE_INSIDE(__func__, out.m_nSize, rows, INT_MAX);
-  zeph::kernels::ActiveRowSums().sum(out.m_pData, m.m_ppData, static_cast<std::size_t>(rows),
-                                     static_cast<std::size_t>(std::max(m.m_nColumns, 0)));
+  zeph::kernels::Active().row_sums->sum(out.m_pData, m.m_ppData, static_cast<std::size_t>(rows),
+                                        static_cast<std::size_t>(std::max(m.m_nColumns, 0)));
 }

@@ -9,7 +9,7 @@
 
 namespace {
 
-using zeph::kernels::ActiveElementwise;
+using zeph::kernels::Active;
 
 /// A new vector as long as `x`, filled by `fill(out, n)` if its operands are `ready`; else of
 /// zeros.
@@ -20,7 +20,7 @@ CZEPHVector Made(const CZEPHVector& x, bool ready, Fill fill) {
   if (ready)
     fill(out.m_pData, n);
   else
-    ActiveElementwise().fill(out.m_pData, 0.0, n);
+    Active().elementwise->fill(out.m_pData, 0.0, n);
   return out;
 }
 
@@ -40,12 +40,12 @@ void CZEPHVector::Check(bool failed, char* message) {
 
 CZEPHVector CZEPHVector::operator+(const CZEPHVector& other) {
   Check(m_nSize != other.m_nSize, "Addition error (Not of the same size)");
-  return Combined(*this, other, ActiveElementwise().add);
+  return Combined(*this, other, Active().elementwise->add);
 }
 
 CZEPHVector CZEPHVector::operator-(const CZEPHVector& other) {
   Check(m_nSize != other.m_nSize, "Subtraction error (Not of the same size)");
-  return Combined(*this, other, ActiveElementwise().subtract);
+  return Combined(*this, other, Active().elementwise->subtract);
 }
 
 CZEPHVector CZEPHVector::operator/(const double& d) {
@@ -53,8 +53,9 @@ CZEPHVector CZEPHVector::operator/(const double& d) {
 }
 
 CZEPHVector operator*(const double& s, const CZEPHVector& v) {
-  return Made(v, v.m_pData != nullptr,
-              [&](double* out, std::size_t n) { ActiveElementwise().scale(out, s, v.m_pData, n); });
+  return Made(v, v.m_pData != nullptr, [&](double* out, std::size_t n) {
+    Active().elementwise->scale(out, s, v.m_pData, n);
+  });
 }
 
 CZEPHVector operator*(const CZEPHVector& v, const double& s) {

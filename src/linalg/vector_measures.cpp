@@ -40,5 +40,6 @@ double ZEPH_GetVectorSquareNorm(CZEPHVector& v) {
 
 double ZEPH_GetVectorInfititeNorm(CZEPHVector& v) {
   if (StoredSize(v) < 1) return 0.0;
-  return zeph::kernels::ActiveMagnitudes().largest(v.m_pData, static_cast<std::size_t>(v.m_nSize));
+  return zeph::kernels::Active().magnitudes->largest(v.m_pData,
+                                                     static_cast<std::size_t>(v.m_nSize));
 }

@@ -57,7 +57,7 @@ double TakeUpInOrder(double running, const double* x, std::size_t n) {
 /// the ordered walk takes up a chunk with a NaN in it.
 double MaximumOf(const double* x, std::size_t n) {
   constexpr std::size_t kChunk = 4096;
-  const auto largest = kernels::ActiveMagnitudes().largest_or_nan;
+  const auto largest = kernels::Active().magnitudes->largest_or_nan;
   double running = AbsoluteMaximum::First(x[0]);
   for (std::size_t i = 0; i < n; i += kChunk) {
     const std::size_t count = std::min(kChunk, n - i);
@@ -144,12 +144,12 @@ double ZEPH_MatrixOneNorm(double** m, int n, int start) {
 
 double ZEPH_MatrixMaxNorm(double** m, int n, int start) {
   rb::RequireRows(__func__, "m", m, start, std::max(n, 1));
-  return rb::RowWise(m + start, n, zeph::kernels::ActiveRowSums().magnitude, rb::LargerOrLater);
+  return rb::RowWise(m + start, n, zeph::kernels::Active().row_sums->magnitude, rb::LargerOrLater);
 }
 
 double ZEPH_MatrixFrobNorm(double** m, int n, int start) {
   rb::RequireRows(__func__, "m", m, start, std::max(n, 1));
-  return rb::RowWise(m + start, n, zeph::kernels::ActiveRowSums().length, rb::Hypotenuse);
+  return rb::RowWise(m + start, n, zeph::kernels::Active().row_sums->length, rb::Hypotenuse);
 }
 
 double ZEPH_MatrixFrobNorm2(double** m, int n, int start) {

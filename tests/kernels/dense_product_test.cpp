@@ -22,9 +22,9 @@ constexpr double kGuard = -7.25;
 constexpr std::size_t kGuards = 8;
 
 /// Rows in blocks of their own, each starting `skew` doubles off and closed by guards.
-class Table {
+class Matrix {
  public:
-  Table(const Rows& values, std::size_t rows, std::size_t cols, std::size_t skew)
+  Matrix(const Rows& values, std::size_t rows, std::size_t cols, std::size_t skew)
       : cols_(cols), skew_(skew) {
     blocks_.assign(rows, std::vector<double>(skew + cols + kGuards, kGuard));
     for (std::size_t i = 0; i < rows; ++i) {
@@ -60,13 +60,13 @@ void CompareWithOracle(std::size_t rows, std::size_t inner, std::size_t cols, st
                        Make make) {
   const Rows a = MakeRows(rows, inner, make), b = MakeRows(inner, cols, make);
   const Rows want = oracle::DenseProduct(a, b, rows, inner, cols);
-  const Table left(a, rows, inner, skew), right(b, inner, cols, skew);
-  for (const Level level : RunnableLevels()) {
-    SCOPED_TRACE(std::string(Name(level)) + " " + std::to_string(rows) + "x" +
+  const Matrix left(a, rows, inner, skew), right(b, inner, cols, skew);
+  for (const Table* form : RunnableTables()) {
+    SCOPED_TRACE(std::string(form->name) + " " + std::to_string(rows) + "x" +
                  std::to_string(inner) + "x" + std::to_string(cols) + " skew " +
                  std::to_string(skew));
-    const Table out({}, rows, cols, skew);
-    DenseProductAt(level)(out.Pointers(), left.Pointers(), right.Pointers(), rows, inner, cols);
+    const Matrix out({}, rows, cols, skew);
+    form->products->dense(out.Pointers(), left.Pointers(), right.Pointers(), rows, inner, cols);
     for (std::size_t i = 0; i < rows; ++i)
       ASSERT_TRUE(test::SameValues(out.Pointers()[i], want[i].data(), cols)) << "row " << i;
     ASSERT_TRUE(out.GuardsHold());
@@ -116,13 +116,13 @@ TEST(DenseProduct, RoundsTheProductBeforeItIsAdded) {
   for (std::size_t n : {1u, 4u, 8u, 16u, 30u, 64u}) {
     const Rows a(n, {-1.0, 1.0 + e});
     const Rows b = {std::vector<double>(n, 1.0), std::vector<double>(n, 1.0 - e)};
-    const Table left(a, n, 2, 0), right(b, 2, n, 0);
-    for (const Level level : RunnableLevels()) {
-      const Table out({}, n, n, 0);
-      DenseProductAt(level)(out.Pointers(), left.Pointers(), right.Pointers(), n, 2, n);
+    const Matrix left(a, n, 2, 0), right(b, 2, n, 0);
+    for (const Table* form : RunnableTables()) {
+      const Matrix out({}, n, n, 0);
+      form->products->dense(out.Pointers(), left.Pointers(), right.Pointers(), n, 2, n);
       for (std::size_t i = 0; i < n; ++i)
         for (std::size_t j = 0; j < n; ++j)
-          EXPECT_SAME_BITS(out.Pointers()[i][j], -1.0 + (1.0 + e) * (1.0 - e)) << Name(level);
+          EXPECT_SAME_BITS(out.Pointers()[i][j], -1.0 + (1.0 + e) * (1.0 - e)) << form->name;
     }
   }
 }
@@ -157,21 +157,7 @@ TEST(DenseProduct, DoesWithoutMemoryThatItIsRefused) {
   for (std::size_t cols : {360u, 361u})
     CompareWithOracle(65, 300, cols, 1, [&] { return random.Real(-1000, 1000); });
   detail::borrow = lender;
-  EXPECT_EQ(refusals, 2 * static_cast<int>(RunnableLevels().size()));
-}
-
-TEST(DenseProduct, RunsTheFormThatWasAskedFor) {
-  EXPECT_EQ(DenseProductAt(Level::kPortable), &portable::DenseProduct);
-#if ZEPH_X64
-  EXPECT_EQ(DenseProductAt(Level::kAvx2), &avx2::DenseProduct);
-  EXPECT_EQ(DenseProductAt(Level::kAvx512), &avx512::DenseProduct);
-#endif
-  const Level before = Active();
-  for (const Level level : RunnableLevels()) {
-    ASSERT_TRUE(Force(level));
-    EXPECT_EQ(Active(), level);
-  }
-  Force(before);
+  EXPECT_EQ(refusals, 2 * static_cast<int>(RunnableTables().size()));
 }
 
 }  // namespace

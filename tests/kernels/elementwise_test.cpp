@@ -66,15 +66,15 @@ const std::vector<Operation>& Operations() {
   return all;
 }
 
-void Check(const Operation& operation, Level level, std::size_t n, std::size_t skewA,
+void Check(const Operation& operation, const Table* form, std::size_t n, std::size_t skewA,
            std::size_t skewB, std::size_t skewOut) {
-  SCOPED_TRACE(std::string(operation.name) + " " + Name(level) + " n=" + std::to_string(n));
+  SCOPED_TRACE(std::string(operation.name) + " " + form->name + " n=" + std::to_string(n));
   const Array a = test::Awkward(n + kSpare, 1), b = test::Awkward(n + kSpare, 2);
   const Array before = test::Awkward(n + kSpare, 3);
   Array want = before, got = before;
   for (std::size_t i = 0; i < n; ++i)
     want[skewOut + i] = operation.meaning(a[skewA + i], b[skewB + i]);
-  operation.run(ElementwiseAt(level), got.data() + skewOut, a.data() + skewA, b.data() + skewB, n);
+  operation.run(*form->elementwise, got.data() + skewOut, a.data() + skewA, b.data() + skewB, n);
   ASSERT_TRUE(test::SameValues(got, want));
   ASSERT_TRUE(test::SameBits(got.data(), before.data(), skewOut));
   ASSERT_TRUE(
@@ -83,74 +83,60 @@ void Check(const Operation& operation, Level level, std::size_t n, std::size_t s
 
 TEST(Elementwise, GivesTheLoopsBitsAtEveryLengthAndMisalignment) {
   for (const Operation& operation : Operations())
-    for (const Level level : RunnableLevels())
+    for (const Table* form : RunnableTables())
       for (std::size_t n = 0; n <= 290; n = n == 67 ? 256 : n + 1)  // short ones, and by lines
         for (std::size_t skewA : {0u, 1u, 3u})
           for (std::size_t skewB : {0u, 2u})
             for (std::size_t skewOut : {0u, 1u, 3u, 7u})
-              Check(operation, level, n, skewA, skewB, skewOut);
+              Check(operation, form, n, skewA, skewB, skewOut);
 }
 
 TEST(Elementwise, GivesTheLoopsBitsOnLongArrays) {
   for (const Operation& operation : Operations())
-    for (const Level level : RunnableLevels())
-      for (std::size_t n : {127u, 128u, 1000u, 4099u}) Check(operation, level, n, 1, 0, 2);
+    for (const Table* form : RunnableTables())
+      for (std::size_t n : {127u, 128u, 1000u, 4099u}) Check(operation, form, n, 1, 0, 2);
 }
 
 TEST(Elementwise, GivesTheLoopsBitsWhereverOperandsLieInACacheLine) {
   constexpr std::size_t kLine = 8;
   for (const Operation& operation : Operations()) {
     if (!operation.binary) continue;
-    for (const Level level : RunnableLevels())
+    for (const Table* form : RunnableTables())
       for (std::size_t skewA = 0; skewA < kLine; ++skewA)
         for (std::size_t skewB = 0; skewB < kLine; ++skewB)
           for (std::size_t skewOut : {0u, 1u, 2u, 6u})
             for (std::size_t n : {256u, 261u, 283u})
-              Check(operation, level, n, skewA, skewB, skewOut);
+              Check(operation, form, n, skewA, skewB, skewOut);
   }
 }
 
 TEST(Elementwise, MayWriteOverAnOperand) {
   for (const Operation& operation : Operations())
-    for (const Level level : RunnableLevels())
+    for (const Table* form : RunnableTables())
       for (std::size_t n = 0; n <= 300; n = n == 67 ? 256 : n + 1) {
-        SCOPED_TRACE(std::string(operation.name) + " " + Name(level) + " n=" + std::to_string(n));
+        SCOPED_TRACE(std::string(operation.name) + " " + form->name + " n=" + std::to_string(n));
         const Array a = test::Awkward(n, 4), b = test::Awkward(n, 5);
         Array want(n), self(n), overA = a, overB = b, both = a;
         for (std::size_t i = 0; i < n; ++i) want[i] = operation.meaning(a[i], b[i]);
         for (std::size_t i = 0; i < n; ++i) self[i] = operation.meaning(a[i], a[i]);
-        operation.run(ElementwiseAt(level), overA.data(), overA.data(), b.data(), n);
+        operation.run(*form->elementwise, overA.data(), overA.data(), b.data(), n);
         ASSERT_TRUE(test::SameValues(overA, want));
         if (operation.binary) {
-          operation.run(ElementwiseAt(level), overB.data(), a.data(), overB.data(), n);
+          operation.run(*form->elementwise, overB.data(), a.data(), overB.data(), n);
           ASSERT_TRUE(test::SameValues(overB, want));
         }
-        operation.run(ElementwiseAt(level), both.data(), both.data(), both.data(), n);
+        operation.run(*form->elementwise, both.data(), both.data(), both.data(), n);
         ASSERT_TRUE(test::SameValues(both, self));
       }
 }
 
 TEST(Elementwise, FillKeepsTheBitsOfANaN) {
   const double nan = test::FromBits<double>(0xFFF8000000000123u);
-  for (const Level level : RunnableLevels()) {
+  for (const Table* form : RunnableTables()) {
     Array filled(37);
-    ElementwiseAt(level).fill(filled.data(), nan, filled.size());
-    EXPECT_TRUE(test::SameBits(filled, Array(37, nan))) << Name(level);
+    form->elementwise->fill(filled.data(), nan, filled.size());
+    EXPECT_TRUE(test::SameBits(filled, Array(37, nan))) << form->name;
   }
-}
-
-TEST(Elementwise, RunsTheFormThatWasAskedFor) {
-  EXPECT_EQ(&ElementwiseAt(Level::kPortable), &portable::kElementwise);
-#if ZEPH_X64
-  EXPECT_EQ(&ElementwiseAt(Level::kAvx2), &avx2::kElementwise);
-  EXPECT_EQ(&ElementwiseAt(Level::kAvx512), &avx512::kElementwise);
-#endif
-  const Level before = Active();
-  for (const Level level : RunnableLevels()) {
-    ASSERT_TRUE(Force(level));
-    EXPECT_EQ(&ActiveElementwise(), &ElementwiseAt(level));
-  }
-  Force(before);
 }
 
 }  // namespace

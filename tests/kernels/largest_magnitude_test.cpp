@@ -26,13 +26,13 @@ double OrderedWalk(const double* x, std::size_t n) {
 }
 
 void Check(const double* x, std::size_t n) {
-  for (const Level level : RunnableLevels())
-    EXPECT_SAME_BITS(MagnitudesAt(level).largest(x, n), OrderedWalk(x, n))
-        << Name(level) << " n=" << n;
+  for (const Table* form : RunnableTables())
+    EXPECT_SAME_BITS(form->magnitudes->largest(x, n), OrderedWalk(x, n))
+        << form->name << " n=" << n;
   const double want =
       std::any_of(x, x + n, [](double y) { return y != y; }) ? kNaN : OrderedWalk(x, n);
-  for (const Level level : RunnableLevels())
-    EXPECT_SAME_VALUE(MagnitudesAt(level).largest_or_nan(x, n), want) << Name(level) << " n=" << n;
+  for (const Table* form : RunnableTables())
+    EXPECT_SAME_VALUE(form->magnitudes->largest_or_nan(x, n), want) << form->name << " n=" << n;
 }
 
 TEST(LargestMagnitude, MatchesTheOrderedWalkAtEveryLengthAndMisalignment) {
@@ -65,22 +65,14 @@ TEST(LargestMagnitude, ReadsNothingBehindTheEnd) {
 }
 
 TEST(LargestMagnitude, KeepsALeadingNaNAndPassesOverOthers) {
-  for (const Level level : RunnableLevels()) {
+  for (const Table* form : RunnableTables()) {
     std::vector<double> x(50, 2.0);
     x[0] = -kNaN;
-    EXPECT_SAME_BITS(MagnitudesAt(level).largest(x.data(), x.size()), std::fabs(x[0]));
+    EXPECT_SAME_BITS(form->magnitudes->largest(x.data(), x.size()), std::fabs(x[0]));
     for (double& later : x) later = kNaN;
     x[0] = -0.0;
-    EXPECT_SAME_BITS(MagnitudesAt(level).largest(x.data(), x.size()), 0.0);
+    EXPECT_SAME_BITS(form->magnitudes->largest(x.data(), x.size()), 0.0);
   }
-}
-
-TEST(LargestMagnitude, RunsTheFormThatWasAskedFor) {
-  EXPECT_EQ(&MagnitudesAt(Level::kPortable), &portable::kMagnitudes);
-#if ZEPH_X64
-  EXPECT_EQ(&MagnitudesAt(Level::kAvx2), &avx2::kMagnitudes);
-  EXPECT_EQ(&MagnitudesAt(Level::kAvx512), &avx512::kMagnitudes);
-#endif
 }
 
 }  // namespace

@@ -71,21 +71,21 @@ void Check(std::size_t rows, std::size_t cols, std::size_t skew, Values values) 
     const RowResults row = Results(m[i], v);
     sums[i] = row.sum, magnitudes[i] = row.magnitude, dots[i] = row.dot, lengths[i] = row.length;
   }
-  for (const Level level : RunnableLevels()) {
-    SCOPED_TRACE(Name(level));
-    const RowSums& form = RowSumsAt(level);
+  for (const Table* form : RunnableTables()) {
+    SCOPED_TRACE(form->name);
+    const RowSums& sums_of = *form->row_sums;
     Array got = guards;
-    form.sum(got.data(), m.data(), rows, cols);
+    sums_of.sum(got.data(), m.data(), rows, cols);
     ASSERT_TRUE(test::SameValues(got, sums));
     got = guards;
-    form.magnitude(got.data(), m.data(), rows, cols);
+    sums_of.magnitude(got.data(), m.data(), rows, cols);
     ASSERT_TRUE(test::SameValues(got, magnitudes));
     got = guards;
-    form.dot(got.data(), m.data(), v.data(), rows, cols);
+    sums_of.dot(got.data(), m.data(), v.data(), rows, cols);
     ASSERT_TRUE(test::SameValues(got, dots));
     if (cols == 0) continue;
     got = guards;
-    form.length(got.data(), m.data(), rows, cols);
+    sums_of.length(got.data(), m.data(), rows, cols);
     ASSERT_TRUE(test::SameValues(got, lengths));
   }
 }
@@ -107,21 +107,13 @@ TEST(RowSums, MatchOneSumAfterAnotherOnLongRows) {
 TEST(RowSums, StartAtPositiveZero) {
   const double zeros[] = {-0.0, -0.0};
   const double* const m[] = {zeros};
-  for (const Level level : RunnableLevels()) {
+  for (const Table* form : RunnableTables()) {
     double sum = 1.0;
-    RowSumsAt(level).sum(&sum, m, 1, 2);
-    EXPECT_SAME_BITS(sum, 0.0) << Name(level);
-    RowSumsAt(level).dot(&sum, m, zeros, 1, 2);
-    EXPECT_SAME_BITS(sum, 0.0) << Name(level);
+    form->row_sums->sum(&sum, m, 1, 2);
+    EXPECT_SAME_BITS(sum, 0.0) << form->name;
+    form->row_sums->dot(&sum, m, zeros, 1, 2);
+    EXPECT_SAME_BITS(sum, 0.0) << form->name;
   }
-}
-
-TEST(RowSums, RunTheFormThatWasAskedFor) {
-  EXPECT_EQ(&RowSumsAt(Level::kPortable), &portable::kRowSums);
-#if ZEPH_X64
-  EXPECT_EQ(&RowSumsAt(Level::kAvx2), &avx2::kRowSums);
-  EXPECT_EQ(&RowSumsAt(Level::kAvx512), &avx2::kRowSums);
-#endif
 }
 
 }  // namespace

@@ -13,13 +13,13 @@ namespace {
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInf = std::numeric_limits<double>::infinity();
 
-class SearchKernel : public testing::TestWithParam<Level> {
+class SearchKernel : public testing::TestWithParam<const Table*> {
  protected:
-  const SearchForms& forms() const { return SearchForms::For(GetParam()); }
+  const Searching& form() const { return *GetParam()->searching; }
 };
 
-INSTANTIATE_TEST_SUITE_P(Forms, SearchKernel, testing::ValuesIn(RunnableLevels()),
-                         [](const auto& form) { return std::string(Name(form.param)); });
+INSTANTIATE_TEST_SUITE_P(Forms, SearchKernel, testing::ValuesIn(RunnableTables()),
+                         [](const auto& form) { return std::string(form.param->name); });
 
 std::vector<std::size_t> AwkwardLengths() {
   std::vector<std::size_t> lengths;
@@ -46,23 +46,19 @@ std::size_t PlainLeast(const std::vector<double>& v) {
   return least;
 }
 
-TEST_P(SearchKernel, RunsItsOwnForm) {
-  EXPECT_EQ(forms().level, GetParam());
-}
-
 TEST_P(SearchKernel, FindsTheFirstOfTwoAtEveryPlaceAndNothingOutside) {
   for (std::size_t n : AwkwardLengths())
     for (std::size_t at = 0; at < n; at += 1 + n / 60) {
       std::vector<double> v(n + 2, 1.0);
       v.front() = v.back() = 5.0;  // just outside
       v[1 + at] = v[1 + at + (n - at) / 2] = 5.0;
-      ASSERT_EQ(forms().find_first(v.data() + 1, n, 5.0), at) << n;
-      ASSERT_EQ(forms().find_first(v.data() + 1, n, 7.0), n);
+      ASSERT_EQ(form().find_first(v.data() + 1, n, 5.0), at) << n;
+      ASSERT_EQ(form().find_first(v.data() + 1, n, 7.0), n);
     }
   for (std::size_t n : AwkwardLengths()) {
     std::vector<double> v(n + 2, 1.0);
     v.front() = v.back() = 5.0;
-    ASSERT_EQ(forms().find_first(v.data() + 1, n, 5.0), n);
+    ASSERT_EQ(form().find_first(v.data() + 1, n, 5.0), n);
   }
 }
 
@@ -70,10 +66,10 @@ TEST_P(SearchKernel, EqualityOfZerosAndNaNsIsThatOfTheLanguage) {
   for (std::size_t n : AwkwardLengths()) {
     const auto v = test::Awkward(n, n + 1);
     for (double x : test::SpecialValues<double>())
-      ASSERT_EQ(forms().find_first(v.data(), n, x), PlainFirst(v, x)) << n << " " << x;
+      ASSERT_EQ(form().find_first(v.data(), n, x), PlainFirst(v, x)) << n << " " << x;
     const std::vector<double> nans(n, kNaN), zeros(n, -0.0);
-    ASSERT_EQ(forms().find_first(nans.data(), n, kNaN), n);
-    ASSERT_EQ(forms().find_first(zeros.data(), n, 0.0), 0u);
+    ASSERT_EQ(form().find_first(nans.data(), n, kNaN), n);
+    ASSERT_EQ(form().find_first(zeros.data(), n, 0.0), 0u);
   }
 }
 
@@ -81,16 +77,16 @@ TEST_P(SearchKernel, FindsTheLastIntAtEveryPlaceAndNothingOutside) {
   for (std::size_t n : AwkwardLengths()) {
     std::vector<int> v(n + 2, 1);
     v.front() = v.back() = 5;
-    ASSERT_EQ(forms().find_last(v.data() + 1, n, 5), n);
+    ASSERT_EQ(form().find_last(v.data() + 1, n, 5), n);
     for (std::size_t at = 0; at < n; at += 1 + n / 60) {
       v[1 + at / 2] = v[1 + at] = 5;
-      ASSERT_EQ(forms().find_last(v.data() + 1, n, 5), at) << n;
+      ASSERT_EQ(form().find_last(v.data() + 1, n, 5), at) << n;
       v[1 + at / 2] = v[1 + at] = 1;
     }
     test::Random random(n);
     for (int& x : v) x = random.Int(-9, 9);
     for (int x = -10; x <= 10; ++x)
-      ASSERT_EQ(forms().find_last(v.data(), v.size(), x), PlainLast(v, x));
+      ASSERT_EQ(form().find_last(v.data(), v.size(), x), PlainLast(v, x));
   }
 }
 
@@ -99,21 +95,21 @@ TEST_P(SearchKernel, LeastIsTheFirstOfEqualsAndPassesOverNaNs) {
     if (n == 0) continue;
     for (std::uint64_t seed = 0; seed < 6; ++seed) {
       auto v = test::Awkward(n, seed * 1000 + n);
-      ASSERT_EQ(forms().first_least(v.data(), n), PlainLeast(v)) << n;
+      ASSERT_EQ(form().first_least(v.data(), n), PlainLeast(v)) << n;
       v[0] = kInf;
-      ASSERT_EQ(forms().first_least(v.data(), n), PlainLeast(v)) << n;
+      ASSERT_EQ(form().first_least(v.data(), n), PlainLeast(v)) << n;
       for (double& x : v)
         if (x < -1) x = seed % 2 ? 0.0 : -0.0;
-      ASSERT_EQ(forms().first_least(v.data(), n), PlainLeast(v)) << n;
+      ASSERT_EQ(form().first_least(v.data(), n), PlainLeast(v)) << n;
     }
     std::vector<double> v(n, kNaN);
-    ASSERT_EQ(forms().first_least(v.data(), n), 0u);
+    ASSERT_EQ(form().first_least(v.data(), n), 0u);
     v[0] = kInf;
-    ASSERT_EQ(forms().first_least(v.data(), n), 0u);
+    ASSERT_EQ(form().first_least(v.data(), n), 0u);
     for (std::size_t at = 0; at < n; at += 1 + n / 60) {
       v[at] = 3;
       v[at + (n - at) / 2] = 3;
-      ASSERT_EQ(forms().first_least(v.data(), n), at) << n;
+      ASSERT_EQ(form().first_least(v.data(), n), at) << n;
       v[at] = v[at + (n - at) / 2] = at % 2 ? kNaN : kInf;
       v[0] = kInf;
     }

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <limits>
 
-#include "kernels/sort_forms.h"
+#include "kernels/sort_limits.h"
 #include "support/numbers.h"
 
 namespace zeph::kernels {
@@ -19,9 +19,9 @@ constexpr double kInf = std::numeric_limits<double>::infinity();
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 /// Every form this machine can run, each named for the failure message.
-class SortKernel : public testing::TestWithParam<Level> {
+class SortKernel : public testing::TestWithParam<const Table*> {
  protected:
-  const SortForms& forms() const { return SortForms::For(GetParam()); }
+  const Sorting& form() const { return *GetParam()->sorting; }
 
   /// Sorts a copy that lies `skew` elements into a guarded block.
   template <class T>
@@ -46,12 +46,12 @@ class SortKernel : public testing::TestWithParam<Level> {
  private:
   static bool Same(int a, int b) { return a == b; }
   static bool Same(double a, double b) { return test::SameBits(a, b); }
-  void Sort(double* v, std::size_t n) const { forms().sort_doubles(v, n); }
-  void Sort(int* v, std::size_t n) const { forms().sort_ints(v, n); }
+  void Sort(double* v, std::size_t n) const { form().sort_doubles(v, n); }
+  void Sort(int* v, std::size_t n) const { form().sort_ints(v, n); }
 };
 
-INSTANTIATE_TEST_SUITE_P(Forms, SortKernel, testing::ValuesIn(RunnableLevels()),
-                         [](const auto& form) { return std::string(Name(form.param)); });
+INSTANTIATE_TEST_SUITE_P(Forms, SortKernel, testing::ValuesIn(RunnableTables()),
+                         [](const auto& form) { return std::string(form.param->name); });
 
 /// Lengths around every size at which a form changes its ways.
 std::vector<std::size_t> AwkwardLengths() {
@@ -67,11 +67,6 @@ std::vector<std::size_t> AwkwardLengths() {
 double OrderedValue(Random& random) {
   const double x = test::AwkwardValue<double>(random);
   return x != x || x == 0 ? 0.0 : x;
-}
-
-TEST_P(SortKernel, TableOfALevelIsItsOwnOrTheBestOneBelow) {
-  EXPECT_LE(forms().level, GetParam());
-  EXPECT_EQ(SortForms::For(Level::kPortable).level, Level::kPortable);
 }
 
 TEST_P(SortKernel, SortsEveryShortArrayOfFewValues) {
@@ -146,7 +141,7 @@ TEST_P(SortKernel, RunsInAlmostSortedOrderAreKeptRight) {
 
 TEST_P(SortKernel, OrderIsUniqueWithoutNaNAndWithZerosOfOneSign) {
   const auto unique = [&](const std::vector<double>& v) {
-    return forms().order_is_unique(v.data(), v.size());
+    return form().order_is_unique(v.data(), v.size());
   };
   for (std::size_t n = 0; n <= 130; ++n) {
     std::vector<double> v(n, 1.0);
@@ -177,12 +172,12 @@ TEST_P(SortKernel, OrderIsUniqueLooksAtEveryElementOfALongArray) {
   std::vector<double> v(5000, -0.0);
   for (std::size_t i = 0; i < v.size(); i += 97) {
     v[i] = kNaN;
-    ASSERT_FALSE(forms().order_is_unique(v.data(), v.size())) << i;
+    ASSERT_FALSE(form().order_is_unique(v.data(), v.size())) << i;
     v[i] = 0.0;
-    ASSERT_FALSE(forms().order_is_unique(v.data(), v.size())) << i;
+    ASSERT_FALSE(form().order_is_unique(v.data(), v.size())) << i;
     v[i] = -0.0;
   }
-  EXPECT_TRUE(forms().order_is_unique(v.data(), v.size()));
+  EXPECT_TRUE(form().order_is_unique(v.data(), v.size()));
 }
 
 TEST_P(SortKernel, SortsLongInputsThatMisleadTheChoiceOfPivots) {
@@ -207,23 +202,6 @@ TEST(SortKernels, WayOutOfBadPivotsSortsToo) {
     }
   EXPECT_EQ(sorting::DepthLimit(1), 4);
   EXPECT_EQ(sorting::DepthLimit(1024), 24);
-}
-
-TEST(SortKernels, EachWideLevelHasAFormOfItsOwn) {
-  for (Level level : RunnableLevels()) EXPECT_EQ(SortForms::For(level).level, level);
-}
-
-TEST(SortKernels, ForcedLevelIsTheOneThatRuns) {
-  const Level before = Active();
-  for (Level level : RunnableLevels()) {
-    ASSERT_TRUE(Force(level));
-    EXPECT_EQ(Active(), level);
-    std::vector<double> v = {3, 1, 2};
-    EXPECT_TRUE(OrderIsUnique(v.data(), v.size()));
-    SortAscending(v.data(), v.size());
-    EXPECT_EQ(v, (std::vector<double>{1, 2, 3}));
-  }
-  Force(before);
 }
 
 }  // namespace

@@ -3,17 +3,15 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 
 #ifndef ZEPH_TEST_SHARED
-#include "kernels/level.h"
+#include "kernels/table.h"
 
 /// ZEPH_TEST_KERNELS=portable|avx2|avx512 runs the whole program on that form.
 static bool ChooseKernels() {
   const char* wanted = std::getenv("ZEPH_TEST_KERNELS");
   if (!wanted) return true;
-  for (auto level : zeph::kernels::RunnableLevels())
-    if (std::strcmp(zeph::kernels::Name(level), wanted) == 0) return zeph::kernels::Force(level);
+  if (zeph::kernels::Force(wanted)) return true;
   std::fprintf(stderr, "this machine cannot run the kernels \"%s\"\n", wanted);
   return false;
 }

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "ZEPHDataStructureEngine.h"
-#include "kernels/level.h"
+#include "kernels/table.h"
 
 namespace {
 
@@ -188,13 +188,12 @@ int main(int argc, char** argv) {
     return 0;
   }
   if (argc != 3) return 2;
-  for (const auto level : zeph::kernels::RunnableLevels())
-    if (std::strcmp(zeph::kernels::Name(level), argv[1]) == 0 && zeph::kernels::Force(level))
-      for (const Family& family : kFamilies)
-        if (std::strcmp(family.name, argv[2]) == 0) {
-          work = family.prepare();
-          ZephWorkload();
-          return 0;
-        }
+  if (!zeph::kernels::Force(argv[1])) return 3;
+  for (const Family& family : kFamilies)
+    if (std::strcmp(family.name, argv[2]) == 0) {
+      work = family.prepare();
+      ZephWorkload();
+      return 0;
+    }
   return 3;
 }

@@ -11,7 +11,7 @@
 #include "report.h"
 
 #ifdef ZEPH_STATIC
-#include "kernels/level.h"
+#include "kernels/table.h"
 #endif
 
 namespace zeph::selftest {
@@ -69,8 +69,7 @@ void PrintOperations(const Report& report) {
 
 bool ChooseKernels([[maybe_unused]] const char* form) {
 #ifdef ZEPH_STATIC
-  for (auto level : kernels::RunnableLevels())
-    if (std::strcmp(kernels::Name(level), form) == 0) return kernels::Force(level);
+  if (kernels::Force(form)) return true;
 #endif
   std::fprintf(stderr, "zeph-selftest: this build cannot run the kernels \"%s\"\n", form);
   return false;

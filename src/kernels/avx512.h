@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+//
+// The intrinsics of the AVX-512 forms, and which of the instruction sets these use.
+#ifndef ZEPH_SRC_KERNELS_AVX512_H
+#define ZEPH_SRC_KERNELS_AVX512_H
+
+#include "kernels/target.h"
+
+// g++ 12 takes the deliberately undefined operands inside its own intrinsics for mistakes, and says
+// so where they are inlined: hence for the whole of each file that includes this.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#pragma GCC diagnostic ignored "-Wuninitialized"
+#endif
+
+#include <immintrin.h>
+
+#define ZEPH_AVX512 ZEPH_TARGET("avx512f,avx512dq,avx512bw,avx512vl,popcnt")
+
+#endif  // ZEPH_SRC_KERNELS_AVX512_H

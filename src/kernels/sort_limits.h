@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+//
+// What the forms of the sort share: the way out of inputs that defeat the choice of pivots.
+#ifndef ZEPH_SRC_KERNELS_SORT_LIMITS_H
+#define ZEPH_SRC_KERNELS_SORT_LIMITS_H
+
+#include <algorithm>
+#include <cstddef>
+
+namespace zeph::kernels::sorting {
+
+/// Partitions after which a quicksort that still is not done gives way to HeapSort.
+inline int DepthLimit(std::size_t n) {
+  int limit = 4;
+  for (; n > 1; n /= 2) limit += 2;
+  return limit;
+}
+
+/// n log n on any input.
+template <class T>
+void HeapSort(T* v, std::size_t n) {
+  std::make_heap(v, v + n);
+  std::sort_heap(v, v + n);
+}
+
+}  // namespace zeph::kernels::sorting
+
+#endif  // ZEPH_SRC_KERNELS_SORT_LIMITS_H

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+//
+// Which form of the inner loops runs: one table of them is in use at a time. This is the one place
+// that asks the processor.
+#ifndef ZEPH_SRC_KERNELS_TABLE_H
+#define ZEPH_SRC_KERNELS_TABLE_H
+
+#include <atomic>
+#include <vector>
+
+namespace zeph::kernels {
+
+// The families, each described in the header beside it.
+struct Sorting;      // sort.h
+struct Searching;    // search.h
+struct Elementwise;  // elementwise.h
+struct Magnitudes;   // largest_magnitude.h
+struct RowSums;      // row_sums.h
+struct Products;     // dense_product.h
+
+/// The kernels of one level: for each family the level's own form, or the best one below it.
+struct Table {
+  const char* name;  // "portable", "avx2" or "avx512" (F, DQ, BW and VL together)
+  const Sorting* sorting;
+  const Searching* searching;
+  const Elementwise* elementwise;
+  const Magnitudes* magnitudes;
+  const RowSums* row_sums;
+  const Products* products;
+};
+
+/// The tables that this processor and system can run, worst to best; the portable one always.
+std::vector<const Table*> RunnableTables();
+
+namespace detail {
+extern std::atomic<const Table*> active;  // here so that Active() is one load
+}
+
+/// The table in use: the best runnable one, unless a test chose another.
+inline const Table& Active() {
+  return *detail::active.load(std::memory_order_relaxed);
+}
+
+/// Makes `table`, one of RunnableTables(), the one in use: for tests and benchmarks.
+void Force(const Table& table);
+
+/// The same by its name; false (and no change) where no table of that name can run.
+bool Force(const char* name);
+
+}  // namespace zeph::kernels
+
+#endif  // ZEPH_SRC_KERNELS_TABLE_H

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <cstddef>
 #include <memory>
-#include <string_view>
+#include <string>
 #include <vector>
 
 #include "baselines/dense.h"
@@ -82,7 +82,7 @@ void ProductRow(Row& row, std::size_t rows, std::size_t inner, std::size_t cols,
 }
 
 double SquareTarget(std::size_t n) {
-  const std::string_view form = kernels::Active().name;
+  const std::string form = kernels::Active().name;
   if (form != "avx512") return form == "avx2" ? 0.8 : 0;
   return n == 64 || n >= 1024 ? 0.9 : 1.0;
 }

@@ -41,7 +41,7 @@ void ChooseKernels(const char* name) {
   if (!zeph::kernels::Force(name)) Stop("zeph_bench: this machine has no such kernels\n", 2);
 #else
   (void)name;
-  Stop("zeph_bench: --kernels needs the static library (-DBUILD_SHARED_LIBS=OFF)\n", 2);
+  Stop("zeph_bench: --kernels needs the static library (-DZEPH_SHARED=OFF)\n", 2);
 #endif
 }
 

@@ -48,5 +48,5 @@ function(zeph_configure_target target)
   endif()
   target_link_libraries(${target} PRIVATE
     $<BUILD_INTERFACE:zeph_exactness> $<BUILD_INTERFACE:zeph_warnings>
-    $<BUILD_INTERFACE:zeph_sanitize>)
+    $<BUILD_INTERFACE:zeph_sanitize> $<BUILD_INTERFACE:zeph_optimisation>)
 endfunction()

@@ -20,7 +20,7 @@ install(EXPORT ZEPHDataStructureEngineTargets NAMESPACE ZEPHDataStructureEngine:
 configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/ZEPHDataStructureEngineConfig.cmake.in"
   "${PROJECT_BINARY_DIR}/ZEPHDataStructureEngineConfig.cmake" INSTALL_DESTINATION "${ZEPH_PACKAGE_DIR}")
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/ZEPHDataStructureEngineConfigVersion.cmake"
-  VERSION ${PROJECT_VERSION} COMPATIBILITY SameMajorVersion)
+  VERSION ${PROJECT_VERSION} COMPATIBILITY SameMinorVersion)
 install(FILES
   "${PROJECT_BINARY_DIR}/ZEPHDataStructureEngineConfig.cmake"
   "${PROJECT_BINARY_DIR}/ZEPHDataStructureEngineConfigVersion.cmake"
@@ -28,7 +28,7 @@ install(FILES
 
 # The pkg-config file finds its prefix from its own place, so a moved installation still works.
 file(RELATIVE_PATH ZEPH_PC_TO_PREFIX "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
-if(BUILD_SHARED_LIBS)
+if(ZEPH_SHARED)
   set(ZEPH_PC_CFLAGS "")
   set(ZEPH_PC_LIBS "")
 else()
@@ -45,7 +45,7 @@ install(FILES "${PROJECT_BINARY_DIR}/ZEPHDataStructureEngine.pc"
 
 # Debugger views: gdb finds the script by the library's own path below its auto-load folder; Visual
 # Studio takes the natvis through the target.
-if(NOT WIN32 AND BUILD_SHARED_LIBS)
+if(NOT WIN32 AND ZEPH_SHARED)
   install(FILES "${PROJECT_SOURCE_DIR}/tools/debugger/zeph_printers.py"
     DESTINATION "${CMAKE_INSTALL_DATADIR}/gdb/auto-load${CMAKE_INSTALL_FULL_LIBDIR}"
     RENAME "libZEPHDataStructureEngine.so.${PROJECT_VERSION}-gdb.py" COMPONENT Development)

@@ -13,7 +13,7 @@ configure "$work/shared" -DCMAKE_BUILD_TYPE=Release -DZEPH_BUILD_TESTS=OFF -DZEP
 build "$work/shared"
 cmake --install "$work/shared" --prefix "$work/prefix" >/dev/null
 configure "$work/archive" -DCMAKE_BUILD_TYPE=Release -DZEPH_BUILD_TESTS=OFF -DZEPH_BUILD_EXAMPLES=OFF \
-  -DCMAKE_INSTALL_LIBDIR=lib -DBUILD_SHARED_LIBS=OFF
+  -DCMAKE_INSTALL_LIBDIR=lib -DZEPH_SHARED=OFF
 build "$work/archive"
 cmake --install "$work/archive" --prefix "$work/static-prefix" >/dev/null
 
@@ -36,6 +36,7 @@ status=0; project find_package find_package -DCMAKE_PREFIX_PATH="$work/prefix" |
 verdict find_package $status
 
 status=0; project add_subdirectory add_subdirectory -DZEPH_SOURCE="$top" || status=1
+cmake "$work/add_subdirectory" || status=1  # it compares the second configuration with the first
 cmake --install "$work/add_subdirectory" --prefix "$work/add_subdirectory/prefix" >/dev/null || status=1
 [ ! -e "$work/add_subdirectory/prefix/include" ] || status=1  # our install rules stay out
 verdict add_subdirectory $status

@@ -104,7 +104,7 @@ for compiler in g++ clang++; do
   digests $compiler-native build/native-$compiler/$self
 done
 
-make_in build/static zeph_selftest -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=OFF
+make_in build/static zeph_selftest -DCMAKE_BUILD_TYPE=Release -DZEPH_SHARED=OFF
 for form in portable avx2 avx512; do
   if build/static/$self --kernels $form >/dev/null 2>&1 || [ $? = 1 ]; then
     digests kernels-$form build/static/$self --kernels $form

@@ -1,4 +1,4 @@
-configure build/static -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=OFF
+configure build/static -DCMAKE_BUILD_TYPE=Release -DZEPH_SHARED=OFF
 build build/static
 for form in portable avx2 avx512; do
   if ZEPH_TEST_KERNELS=$form build/static/tests/zeph_platform_tests --gtest_list_tests >/dev/null 2>&1; then

@@ -1,7 +1,7 @@
 # Documented calls choose documented functions, and the additions serve the ranges of C++20.
 need clang
 mkdir -p build/overloads
-configure build/static -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=OFF
+configure build/static -DCMAKE_BUILD_TYPE=Release -DZEPH_SHARED=OFF
 build build/static ZEPHDataStructureEngine
 source=tests/headers/overloads.cpp
 wanted=build/overloads/wanted

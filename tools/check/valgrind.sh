@@ -2,7 +2,7 @@
 # A scaled-down run on the static library with AVX2 kernels: valgrind does not know AVX-512.
 need valgrind libc6-dbg
 need_locale
-configure build/static -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=OFF
+configure build/static -DCMAKE_BUILD_TYPE=Release -DZEPH_SHARED=OFF
 build build/static
 form=avx2
 ZEPH_TEST_KERNELS=$form build/static/tests/zeph_platform_tests --gtest_list_tests >/dev/null 2>&1 ||

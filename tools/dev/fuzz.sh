@@ -7,7 +7,7 @@ seconds=${1:-}
 need $packages_build $packages_test clang libclang-rt-14-dev
 dir=build/fuzz
 configure $dir -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo \
-  -DBUILD_SHARED_LIBS=OFF -DZEPH_SANITIZE=address,undefined,fuzzer-no-link -DZEPH_BUILD_FUZZ=ON \
+  -DZEPH_SHARED=OFF -DZEPH_SANITIZE=address,undefined,fuzzer-no-link -DZEPH_BUILD_FUZZ=ON \
   -DZEPH_BUILD_TESTS=OFF -DZEPH_BUILD_EXAMPLES=OFF -DZEPH_INSTALL=OFF
 targets=()
 for body in fuzz/*.cpp; do targets+=("$(basename "$body" .cpp)"); done

@@ -5,7 +5,7 @@
 need $packages_build $packages_test valgrind libc6-dbg
 table=tools/instructions.txt
 tolerance=3  # per cent
-configure build/instructions -DCMAKE_CXX_COMPILER=g++ -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=OFF \
+configure build/instructions -DCMAKE_CXX_COMPILER=g++ -DCMAKE_BUILD_TYPE=Release -DZEPH_SHARED=OFF \
   -DZEPH_BUILD_EXAMPLES=OFF
 build build/instructions zeph_instructions
 program=build/instructions/tests/zeph_instructions

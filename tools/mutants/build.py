@@ -16,7 +16,7 @@ def say(text):
 def configure():
     flags = f"-O1 -w -include {TREE.absolute()}/chosen.h"
     run(["cmake", "-S", str(TREE), "-B", str(BUILD), "-G", "Ninja", "-DCMAKE_CXX_COMPILER=clang++",
-         "-DCMAKE_BUILD_TYPE=None", f"-DCMAKE_CXX_FLAGS={flags}", "-DBUILD_SHARED_LIBS=OFF",
+         "-DCMAKE_BUILD_TYPE=None", f"-DCMAKE_CXX_FLAGS={flags}", "-DZEPH_SHARED=OFF",
          "-DZEPH_BUILD_EXAMPLES=OFF", "-DZEPH_BUILD_SELFTEST=OFF", "-DZEPH_INSTALL=OFF"])
 
 

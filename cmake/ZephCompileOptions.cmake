@@ -20,6 +20,14 @@ elseif(MSVC)
   target_compile_options(zeph_exactness INTERFACE /fp:precise)
 endif()
 
+# Calls between our own functions go straight to their body, not through the table that lets a program
+# put a function of its own in a library's place; calls out of a library load the address that the
+# table holds, without a stop at a stub. docs/porting.md says what programs notice.
+add_library(zeph_direct_calls INTERFACE)
+if(UNIX AND NOT APPLE AND CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+  target_compile_options(zeph_direct_calls INTERFACE -fno-semantic-interposition -fno-plt)
+endif()
+
 add_library(zeph_warnings INTERFACE)
 if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   target_compile_options(zeph_warnings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
@@ -47,6 +55,7 @@ function(zeph_configure_target target)
     set_target_properties(${target} PROPERTIES VISIBILITY_INLINES_HIDDEN ON)
   endif()
   target_link_libraries(${target} PRIVATE
-    $<BUILD_INTERFACE:zeph_exactness> $<BUILD_INTERFACE:zeph_warnings>
-    $<BUILD_INTERFACE:zeph_sanitize> $<BUILD_INTERFACE:zeph_optimisation>)
+    $<BUILD_INTERFACE:zeph_exactness> $<BUILD_INTERFACE:zeph_direct_calls>
+    $<BUILD_INTERFACE:zeph_warnings> $<BUILD_INTERFACE:zeph_sanitize>
+    $<BUILD_INTERFACE:zeph_optimisation>)
 endfunction()

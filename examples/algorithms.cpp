@@ -1,7 +1,7 @@
 // Algorithms: rounding, scientific notation, permutations and integer searches.
 #include <cstdio>
 
-#include "algorithms.h"
+#include <ZEPHDataStructureEngine/algorithms.h>
 
 int main() {
   std::printf("%g %g\n", ZEPH_MathRoundOff(2.3456, 2), ZEPH_MathRoundOff(1234.0, -2));

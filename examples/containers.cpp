@@ -1,7 +1,7 @@
 // Containers: an ordered list, a stack, and an array that sorts itself.
 #include <cstdio>
 
-#include "containers.h"
+#include <ZEPHDataStructureEngine/containers.h>
 
 struct Parcel : CObject {
   explicit Parcel(int grams) : weight(grams) {}

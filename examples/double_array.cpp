@@ -1,7 +1,7 @@
 // The double array: values in, sorted, searched, measured, printed.
 #include <iostream>
 
-#include "double_array.h"
+#include <ZEPHDataStructureEngine/double_array.h>
 
 int main() {
   const double values[] = {4, -3, 12, 0.5};

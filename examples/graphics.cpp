@@ -1,7 +1,7 @@
 // Graphics: a point is turned, moved and brought back.
 #include <cstdio>
 
-#include "graphics.h"
+#include <ZEPHDataStructureEngine/graphics.h>
 
 static void Print(const char* what, const CZEPHVector3D& p) {
   std::printf("%-8s %.3f %.3f %.3f\n", what, static_cast<double>(p.x), static_cast<double>(p.y),

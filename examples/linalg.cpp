@@ -2,7 +2,7 @@
 #include <cstdio>
 #include <iostream>
 
-#include "linalg.h"
+#include <ZEPHDataStructureEngine/linalg.h>
 
 int main() {
   CZEPHDoubleMatrix a(2, 2, 1.0), b(2, 2, 3.0);

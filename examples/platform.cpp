@@ -1,7 +1,7 @@
 // Platform: the framework's string, array and list, and the 32-bit long, on any system.
 #include <cstdio>
 
-#include "platform.h"
+#include <ZEPHDataStructureEngine/platform.h>
 
 struct Item : CObject {
   explicit Item(int n) : number(n) {}

@@ -1,7 +1,7 @@
 // Raw buffers: an index range of one's own over a plain block, listed and released.
 #include <cstdio>
 
-#include "raw_buffers.h"
+#include <ZEPHDataStructureEngine/raw_buffers.h>
 
 int main() {
   double* year = ZEPH_ArrayAllocDouble("year", 1871, 1874);  // zeros at 1871 to 1874

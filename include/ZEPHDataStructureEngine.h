@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// ZEPHDataStructureEngine.h -- every public header of the library.
+/// @file
+/// Every public header of the library.
 #ifndef ZEPH_ZEPHDATASTRUCTUREENGINE_H
 #define ZEPH_ZEPHDATASTRUCTUREENGINE_H
 

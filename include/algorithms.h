@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// algorithms.h -- math utilities, permutations, searches, selection sort, stopwatch.
+/// @file
+/// Math utilities, permutations, searches, selection sort, stopwatch.
 //
 //   magnitude, range    ZEPH_MathAbs, ZEPH_MathClamp, ZEPH_MathClamped
 //   angles              ZEPH_MathConvertToDeg, ...ConvertToRad, ZEPH_MathDegToRad, ...RadToDeg
@@ -43,7 +44,7 @@ ZEPH_API void ZEPH_MathClamp(double& v, const double& lo, const double& hi);
 
 /// `lo` if `v` is below it, else `hi` if `v` is above that, else `v`.
 ///
-/// With `lo > hi` a low `v` gives `lo`; ZEPH_MathClamp would leave `hi`. A NaN `v` is given back.
+/// With `lo > hi` a low `v` gives `lo`; ZEPH_MathClamp would leave `hi`. A NaN `v` is returned.
 ZEPH_API double ZEPH_MathClamped(const double& v, const double& lo, const double& hi);
 
 // ---- Angles -------------------------------------------------------------------------------------
@@ -117,7 +118,7 @@ ZEPH_API int ZEPH_MathGetScientificNotationBase(double value, char digits);
 /// where it is negative.
 ZEPH_API double ZEPH_MathGetScientificNotationValue(double value, int exponent);
 
-/// The split of `value` as text, such as "12.346xE3"; also gives `exponent` and `mantissa`.
+/// The split of `value` as text, such as "12.346xE3"; also sets `exponent` and `mantissa`.
 ///
 /// `decimals` is the number of decimals of the mantissa in the text. Digits, decimal point and the
 /// spelling of infinities and NaN are those of the C runtime's `%f`; so is what a negative
@@ -203,7 +204,7 @@ class ZEPH_API CZEPHPermutation {
 
 /// Searches in arrays of int, by index. Static operations only; objects hold nothing.
 ///
-/// All of them answer an index, -1 for a miss, and -1000 for a null array (and, where there is a
+/// All of them return an index, -1 for a miss, and -1000 for a null array (and, where there is a
 /// count, for one below 1). Nothing is allocated.
 class ZEPH_API CZEPHIntegralSearch {
  public:
@@ -216,7 +217,7 @@ class ZEPH_API CZEPHIntegralSearch {
 
   /// The highest index in 1..n whose element equals `key`; n + 1 elements must be there.
   ///
-  /// `a[0]` is the scan's sentinel: it is overwritten with `key` and never an answer. The scan runs
+  /// `a[0]` is the scan's sentinel: overwritten with `key`, and 0 is never returned. The scan runs
   /// down from `n`; linear time.
   ///
   ///     int a[] = {9, 5, 6, 5};
@@ -226,17 +227,17 @@ class ZEPH_API CZEPHIntegralSearch {
   /// An index of `key` in the ascending `a[0]`..`a[n-1]`, by halving; logarithmic time.
   ///
   /// Of equal elements the first that a middle meets, not the lowest. In an array that does not
-  /// ascend the answer is an index of `key` or -1.
+  /// ascend the result is an index of `key` or -1.
   static int BinarySearch(int* a, int n, int key);
 
-  /// The recursive form over `a[low]`..`a[high]`, whose answer is only right at the first middle.
+  /// The recursive form over `a[low]`..`a[high]`, whose result is only right at the first middle.
   ///
   /// Its steps pass themselves (key, low, middle - 1) or (key, middle + 1, high) as the next (low,
   /// high, key), in this order, and programs print what comes of it: the index of `key` where it
   /// stands in the first middle, (low + high) / 2 cut off toward zero; otherwise -1, or an index
   /// that the exchanged arguments lead to. For a search that finds, call the form with a count.
   ///
-  /// Answers -1 where `low > high` and where the same (low, high, key) comes again, which would go
+  /// Returns -1 where `low > high` and where the same (low, high, key) comes again, which would go
   /// round for ever; -1000 for a null array only. Indices are not checked, and the exchanged
   /// arguments can lead away from `low`, `high` and `key` by any distance: elements must stand
   /// wherever they lead. Offset arrays are legal, so indices may be negative. Constant stack.
@@ -332,7 +333,7 @@ class ZEPH_API CZEPHSortTester {
 /// A stopwatch: whole milliseconds of the wall clock between a start and a stop.
 ///
 /// Follows the wall clock where it is set or stepped, so a reading can be too long, or negative. A
-/// negative reading counts as "never started" until the next Start: Stop then gives it again
+/// negative reading counts as "never started" until the next Start: Stop then returns it again
 /// without looking at the clock. Seconds are taken modulo 2^32 and times reckoned in 32 bits, so
 /// readings wrap after 24 days. For intervals that must not step use std::chrono::steady_clock.
 ///

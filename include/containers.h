@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 //
-// containers.h -- linked lists, pointer stacks, self-sorting collections, growth-size arrays.
+/// @file
+/// Linked lists, pointer stacks, self-sorting collections, growth-size arrays.
 //
-//   linked lists   CZEPHLink, CZEPHLinkList         nodes in ascending order of their values
-//                  CZEPHLinkData, CZEPHSortedLinkList   nodes in ascending order of an int key
-//   stacks         CZEPHStack, CZEPHPointerStack    last in, first out, of untyped pointers
-//   sortable       CZEPHSortableObArray, CZEPHSortableObList
-//                  the framework's object collections, sorted by a compare function
-//   growth-size    CZEPHUIntArray, CZEPHWordArray   number arrays with a remembered growth size
+//   linked lists  CZEPHLink, CZEPHLinkList            nodes in ascending order of their values
+//                 CZEPHLinkData, CZEPHSortedLinkList  nodes in ascending order of an int key
+//   stacks        CZEPHStack, CZEPHPointerStack       last in, first out, of untyped pointers
+//   sortable      CZEPHSortableObArray,               the framework's object collections, sorted by
+//                 CZEPHSortableObList                 a compare function
+//   growth-size   CZEPHUIntArray, CZEPHWordArray      number arrays with a remembered growth size
 #ifndef ZEPH_CONTAINERS_H
 #define ZEPH_CONTAINERS_H
 
@@ -183,14 +184,14 @@ class ZEPH_API CZEPHStack {
   /// Shares the chain of `other`; the nodes that were held are not released.
   CZEPHStack& operator=(const CZEPHStack& other);
 
-  /// Puts `p` on top. A null can be pushed, but Pop and Peek answer null to an empty stack too.
+  /// Puts `p` on top. A null can be pushed, but Pop and Peek return null for an empty stack too.
   ///
   /// When memory runs out, what the allocation operator throws passes to the caller and the stack
-  /// is as before. Where an application's operator answers null instead, the stack becomes empty
+  /// is as before. Where an application's operator returns null instead, the stack becomes empty
   /// and its nodes stay allocated.
   void Push(void* p);
 
-  /// Takes the top pointer off the stack and gives it; null when the stack is empty.
+  /// Takes the top pointer off the stack and returns it; null when the stack is empty.
   void* Pop();
 
   /// The top pointer, left where it is; null when the stack is empty.
@@ -223,7 +224,7 @@ class ZEPH_API CZEPHPointerStack {
 
   /// Pushes `count` strings "#ITEM0", "#ITEM1", ... and prints them as they are popped, last first.
   ///
-  /// Answers 1; a null `stream` gets nothing done and answers 0. A count below 1 prints the banner
+  /// Returns 1; with a null `stream` does nothing and returns 0. A count below 1 prints the banner
   /// lines only. Test1(2, stream) writes:
   ///
   ///     (empty line)
@@ -240,8 +241,8 @@ class ZEPH_API CZEPHPointerStack {
 
 // --- sortable collections ----------------------------------------------------------------------
 //
-// A compare function is given two elements and answers below 0 when the first sorts before the
-// second, 0 when they are equal, above 0 when the first sorts after. It should order the elements
+// A compare function is given two elements and returns a number below 0 when the first sorts before
+// the second, 0 when they are equal, above 0 when the first sorts after. It should order elements
 // consistently and leave the collection alone; a function that contradicts itself leaves some order
 // of the same elements, and never leads outside the range. It may throw: the collection then holds
 // the same elements in some order. A null function must not be passed (hardened builds check).

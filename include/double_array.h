@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// double_array.h -- the dynamic array of doubles, CZEPHDoubleArray.
+/// @file
+/// The dynamic array of doubles, CZEPHDoubleArray.
 //
 //   storage      constructors, Resize, operator=
 //   access       operator[], GetEntry, CheckBound, SetEntry, Reset, GetData, GetSize, Size
@@ -236,7 +237,7 @@ class ZEPH_API CZEPHDoubleArray {
   /// 1 and the index of an element equal to `x`; 0 when none is.
   ///
   /// With `sorted` 0 it is Find, and a miss sets `index` to -1. Otherwise it halves: of several
-  /// equal elements it gives the one that halving meets first, and a miss leaves `index` as it was.
+  /// equal elements it finds the one that halving meets first, and a miss leaves `index` as it was.
   /// It trusts the flag: elements changed since the sort may not be found.
   int BinarySearch(double x, int& index);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// frame.h -- the library's module object.
+/// @file
+/// The library's module object.
 //
 //   CZEPHDataStructureEngineApp  stands for the loaded library; nothing in it is ever read
 #ifndef ZEPH_FRAME_H

@@ -1,35 +1,31 @@
 // SPDX-License-Identifier: MIT
 //
-// graphics.h -- single-precision vectors and the 4x4 transform matrix.
+/// @file
+/// Single-precision vectors and the 4x4 transform matrix.
 //
-//   CZEPHVector2D, CZEPHVector3D, CZEPHVector4D   float vectors with operators, lengths,
-//   interpolation
-//                                                 and rotations
-//   CZEPHVector3S                                 a bare record of three floats
-//   ZEPH_AddVectors, ZEPH_CopyVector, ZEPH_CrossVectors, ZEPH_DotVectors, ZEPH_ScaleVector
-//                                                 free functions on that record
-//   CZEPHMatrix4x4                                column-major 4x4 transform: builders, product,
-//                                                 vector transforms, inverses
+//   CZEPHVector2D, CZEPHVector3D,   float vectors with operators, lengths, interpolation and
+//   CZEPHVector4D                   rotations
+//   CZEPHVector3S                   a bare record of three floats, with its free functions:
+//                                   ZEPH_AddVectors, ZEPH_CopyVector, ZEPH_CrossVectors,
+//                                   ZEPH_DotVectors, ZEPH_ScaleVector
+//   CZEPHMatrix4x4                  column-major 4x4 transform: builders, product, vector
+//                                   transforms, inverses
 //
 // Conventions, the same everywhere in this header:
 //
 //   - Angles are doubles in degrees. Radians are (angle * 3.141592653589793) / 180.0; sine and
-//   cosine
-//     are taken in double and rounded to float (the Euler builder alone goes on in double).
+//     cosine are taken in double and rounded to float (the Euler builder alone goes on in double).
 //   - Rotations are right-handed: a positive angle turns counter-clockwise as seen from the tip of
-//   the
-//     axis. A quarter turn about z takes (1, 0, 0) to (nearly 0, 1, 0).
+//     the axis. A quarter turn about z takes (1, 0, 0) to (nearly 0, 1, 0).
 //   - Vectors are columns and stand on the right: (A * B) * v applies B first.
 //   - Storage is column-major: entry 4 * column + row. The translation is entries 12, 13, 14.
 //   - Every operation on components is rounded to float, products and sums apart, and sums run left
-//   to
-//     right in x, y, z, w order unless an entry below says otherwise. So results are the same to
+//     to right in x, y, z, w order unless an entry below says otherwise. So results are the same to
 //     the last bit with every compiler and processor; those that take a sine, cosine or tangent
 //     depend on the C runtime's.
 //   - Comparisons are exact. Nothing here allocates, prints, throws or reports an error, and
-//   nothing is
-//     checked but what an entry says: NaN and infinities pass through by the ordinary rules, and
-//     null pointers must not be handed in.
+//     nothing is checked but what an entry says: NaN and infinities pass through by the ordinary
+//     rules, and null pointers must not be handed in.
 //   - Objects are plain values with a virtual destructor; distinct objects may be used by distinct
 //     threads at once.
 #ifndef ZEPH_GRAPHICS_H
@@ -433,8 +429,7 @@ ZEPH_API void ZEPH_ScaleVector(CZEPHVector3S* v, float s);
 ///
 ///     CZEPHMatrix4x4 turn, move;
 ///     turn.SetRotationZ(90), move.SetTranslation(CZEPHVector3D(5, 0, 0));
-///     CZEPHVector3D p = (move * turn) * CZEPHVector4D(1, 0, 0, 1);  // about (5, 1, 0): turned,
-///     moved
+///     CZEPHVector3D p = (move * turn) * CZEPHVector4D(1, 0, 0, 1);  // turned, moved: (5, 1, 0)
 class ZEPH_API CZEPHMatrix4x4 {
  public:
   /// The identity.

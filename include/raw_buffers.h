@@ -1,25 +1,23 @@
 // SPDX-License-Identifier: MIT
 //
-// raw_buffers.h -- functions over plain heap buffers: arrays and matrices of double, float, int and
-// 32-bit long whose index ranges the caller chooses, their listings, norms and products, and
-// fixed-size geometry.
+/// @file
+/// Functions over plain heap buffers: arrays and matrices of double, float, int and 32-bit long
+/// whose index ranges the caller chooses, their listings, norms and products, and fixed-size
+/// geometry.
 //
-//   1  Offset arrays      ZEPH_ArrayAlloc*, ZEPH_ArrayFree
-//   2  0-based blocks     ZEPH_ArrayRealloc, ZEPH_ArrayResize
-//   3  Matrices           ZEPH_MatrixAlloc*, ZEPH_MatrixFree, ZEPH_MatrixResize
-//   4  Listings           ZEPH_ArrayDisplay, ZEPH_MatrixPrint, ZEPH_MatrixPrint3,
-//   ZEPH_MatrixPrint4,
-//                         ZEPH_VectorPrint3
-//   5  Norms              ZEPH_Array{One,Two,Two2,Max}Norm, ZEPH_Matrix{One,Max}Norm,
-//                         ZEPH_MatrixFrobNorm, ZEPH_MatrixFrobNorm2, ZEPH_MatrixFrobNorm3
-//   6  Whole buffers      ZEPH_ArrayMergeSorted, ZEPH_MatrixMult, ZEPH_MatrixTranspose,
-//                         ZEPH_MatrixSetIdentity
-//   7  3x3 and 4x4        ZEPH_MatrixSet3, ..Multiply3, ..Mult3, ..Mult4, ..Rotate3{X,Y,Z},
-//   ..Rotate3,
-//                         ..Transform3, ..Transpose3
-//   8  3-vectors          ZEPH_VectorAdd3, ..Sub3, ..Scale3, ..Assign3, ..CrossProduct3,
-//                         ..DotProduct3, ..GetLength3, ..Normalize3
-//   9  Literal labels     the labelled functions again, for string literals
+//   1  Offset arrays    ZEPH_ArrayAlloc*, ZEPH_ArrayFree
+//   2  0-based blocks   ZEPH_ArrayRealloc, ZEPH_ArrayResize
+//   3  Matrices         ZEPH_MatrixAlloc*, ZEPH_MatrixFree, ZEPH_MatrixResize
+//   4  Listings         ZEPH_ArrayDisplay, ZEPH_MatrixPrint, ..Print3, ..Print4, ZEPH_VectorPrint3
+//   5  Norms            ZEPH_Array{One,Two,Two2,Max}Norm, ZEPH_Matrix{One,Max}Norm,
+//                       ZEPH_MatrixFrobNorm, ..FrobNorm2, ..FrobNorm3
+//   6  Whole buffers    ZEPH_ArrayMergeSorted, ZEPH_MatrixMult, ZEPH_MatrixTranspose,
+//                       ZEPH_MatrixSetIdentity
+//   7  3x3 and 4x4      ZEPH_MatrixSet3, ..Multiply3, ..Mult3, ..Mult4, ..Rotate3{X,Y,Z},
+//                       ..Rotate3, ..Transform3, ..Transpose3
+//   8  3-vectors        ZEPH_VectorAdd3, ..Sub3, ..Scale3, ..Assign3, ..CrossProduct3,
+//                       ..DotProduct3, ..GetLength3, ..Normalize3
+//   9  Literal labels   the labelled functions again, for string literals
 //
 //     double* x = ZEPH_ArrayAllocDouble("x", 1, 10);  // x[1] .. x[10], all 0.0
 //     if (!x) return;                                 // empty range, or no memory
@@ -89,7 +87,7 @@ ZEPH_API void ZEPH_ArrayFree(double* p, int lo, int hi);
 
 // ---- 2  0-based blocks --------------------------------------------------------------------------
 //
-// These two take and give blocks whose pointer is the block itself: arrays allocated with lo = 0,
+// These two take and return blocks whose pointer is the block itself: arrays allocated with lo = 0,
 // or results of these two functions.
 
 /// A new 0-based block with the indices 0..newN, the start copied from `old`, the rest zero; `old`
@@ -274,8 +272,8 @@ ZEPH_API void ZEPH_VectorPrint3(FILE* stream, double* const v, char* name);
 // ---- 5  Norms -----------------------------------------------------------------------------------
 //
 // `n` counts elements and `start` is the first index: start .. start + n - 1. Sums run in ascending
-// index order, to the last bit. The array norms read a[start] whatever `n` is, and for n <= 1 give
-// its own norm, never 0.0 for an empty count.
+// index order, to the last bit. The array norms read a[start] whatever `n` is, and for n <= 1
+// return its own norm, never 0.0 for an empty count.
 //
 // The scaled step behind three of the norms grows a length r by x >= 0: sqrt(r*r + x*x) where both
 // are below 100.0; otherwise the larger of them times sqrt(1 + q*q), q the smaller over the larger.
@@ -439,6 +437,7 @@ ZEPH_API void ZEPH_VectorNormalize3(double* const v);
 // takes one in the label's place, converts the rest as the documented function does, and calls it.
 // `char*` labels and null choose the documented functions themselves.
 
+/// The allocators with a literal label; defined here only.
 #define ZEPH_LABEL_FIRST(function)                                                 \
   template <std::size_t N, class... Args>                                          \
   ZEPH_ADDED inline auto function(const char(&name)[N], Args&&... args)            \
@@ -455,17 +454,19 @@ ZEPH_LABEL_FIRST(ZEPH_MatrixAllocInt)
 ZEPH_LABEL_FIRST(ZEPH_MatrixAllocLong)
 #undef ZEPH_LABEL_FIRST
 
+/// The same with a literal label.
 template <class T, std::size_t N>
 ZEPH_ADDED inline T* ZEPH_ArrayRealloc(T* old, int oldN, int newN, const char (&name)[N]) {
   return ZEPH_ArrayRealloc(old, oldN, newN, const_cast<char*>(name));
 }
 
-// Before the label stand two to four arguments: where to, what, and one or two indices.
+/// The same with a literal label, behind two to four arguments: where to, what, one or two indices.
 template <class T, std::size_t N>
 ZEPH_ADDED inline auto ZEPH_ArrayDisplay(T* a, int n, const char (&name)[N])
     -> decltype(ZEPH_ArrayDisplay(a, n, const_cast<char*>(name))) {
   ZEPH_ArrayDisplay(a, n, const_cast<char*>(name));
 }
+/// The same with a literal label.
 template <class First, class Second, std::size_t N>
 ZEPH_ADDED inline auto ZEPH_ArrayDisplay(First&& first, Second second, int last,
                                          const char (&name)[N])
@@ -473,30 +474,36 @@ ZEPH_ADDED inline auto ZEPH_ArrayDisplay(First&& first, Second second, int last,
                                   const_cast<char*>(name))) {
   ZEPH_ArrayDisplay(std::forward<First>(first), second, last, const_cast<char*>(name));
 }
+/// The same with a literal label.
 template <class Out, class T, std::size_t N>
 ZEPH_ADDED inline auto ZEPH_ArrayDisplay(Out&& out, T* a, int lo, int hi, const char (&name)[N])
     -> decltype(ZEPH_ArrayDisplay(std::forward<Out>(out), a, lo, hi, const_cast<char*>(name))) {
   ZEPH_ArrayDisplay(std::forward<Out>(out), a, lo, hi, const_cast<char*>(name));
 }
 
+/// The same with a literal label.
 template <std::size_t N>
 ZEPH_ADDED inline void ZEPH_MatrixPrint(FILE* stream, int rows, int cols, double** m,
                                         const char (&name)[N]) {
   ZEPH_MatrixPrint(stream, rows, cols, m, const_cast<char*>(name));
 }
+/// The same with a literal label.
 template <std::size_t N>
 ZEPH_ADDED inline void ZEPH_MatrixPrint(FILE* stream, int n, double** m, const char (&name)[N]) {
   ZEPH_MatrixPrint(stream, n, m, const_cast<char*>(name));
 }
+/// The same with a literal label.
 template <std::size_t N>
 ZEPH_ADDED inline void ZEPH_MatrixPrint3(FILE* stream, double** m, const char (&name)[N]) {
   ZEPH_MatrixPrint3(stream, m, const_cast<char*>(name));
 }
+/// The same with a literal label.
 template <class M, std::size_t N>
 ZEPH_ADDED inline auto ZEPH_MatrixPrint4(FILE* stream, M m, const char (&name)[N])
     -> decltype(ZEPH_MatrixPrint4(stream, m, const_cast<char*>(name))) {
   ZEPH_MatrixPrint4(stream, m, const_cast<char*>(name));
 }
+/// The same with a literal label.
 template <std::size_t N>
 ZEPH_ADDED inline void ZEPH_VectorPrint3(FILE* stream, double* const v, const char (&name)[N]) {
   ZEPH_VectorPrint3(stream, v, const_cast<char*>(name));

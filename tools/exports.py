@@ -9,6 +9,7 @@ tree, decide too: every documented function is exported in every variant that ca
 none of our additions is, and nothing is that the headers do not declare. --update rewrites the
 manifest.
 """
+import glob
 import json
 import os
 import re
@@ -40,10 +41,11 @@ def demangle(symbols):
 
 
 def headers_of_names():
-    """Which header declares a class or a free function, by a look at the header's own text."""
+    """Which header declares a class or a free function, by a look at the header's own text and its parts'."""
     places = {}
     for header in HEADERS:
-        text = open(f"{ROOT}/include/{header}.h", encoding="utf-8").read()
+        parts = [f"{ROOT}/include/{header}.h"] + sorted(glob.glob(f"{ROOT}/include/{header}/*.h"))
+        text = "".join(open(part, encoding="utf-8").read() for part in parts)
         for match in re.finditer(r"\b(?:class|struct)\s+(?:ZEPH_API\s+)?(\w+)", text):
             places.setdefault(match.group(1), header)
         for match in re.finditer(r"\b(ZEPH_\w+|Bisect)\s*\(", text):

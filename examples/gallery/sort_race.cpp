@@ -9,7 +9,7 @@
 #include <cstdio>
 #include <vector>
 
-#include "ZEPHDataStructureEngine.h"
+#include <ZEPHDataStructureEngine/ZEPHDataStructureEngine.h>
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "ZEPHDataStructureEngine.h"
+#include <ZEPHDataStructureEngine/ZEPHDataStructureEngine.h>
 
 namespace tour {
 

@@ -1,8 +1,12 @@
-// The program that every consumer project builds: both header spellings, and a line to compare.
+// The program that every consumer project builds, and a line to compare.
 #include <ZEPHDataStructureEngine/double_array.h>
-#include <raw_buffers.h>
+#include <ZEPHDataStructureEngine/raw_buffers.h>
 
 #include <cstdio>
+
+#if __has_include(<platform.h>) || __has_include(<linalg.h>)
+#error "the library's inner folder is searched: its headers would hide another library's"
+#endif
 
 int main() {
   double values[] = {3, 1, 2};

@@ -1,5 +1,5 @@
 // One object of every type that has a debugger view; gdb stops at Stop() and prints them.
-#include "ZEPHDataStructureEngine.h"
+#include <ZEPHDataStructureEngine/ZEPHDataStructureEngine.h>
 
 __attribute__((noinline)) void Stop() {
   asm volatile("");

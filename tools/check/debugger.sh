@@ -7,7 +7,7 @@ configure build/debugger -DCMAKE_BUILD_TYPE=Debug -DZEPH_BUILD_TESTS=OFF -DZEPH_
 build build/debugger
 cmake --install build/debugger >/dev/null
 library=$(dirname "$(find "$prefix" -name 'libZEPHDataStructureEngine.so' | head -1)")
-g++ -std=c++17 -g -O0 -I "$prefix/include" -I "$prefix/include/ZEPHDataStructureEngine" tests/debugger/views.cpp \
+g++ -std=c++17 -g -O0 -I "$prefix/include" tests/debugger/views.cpp \
   -o build/debugger/views -L "$library" -lZEPHDataStructureEngine -Wl,-rpath,"$library"
 cat >build/debugger/commands <<GDB
 set auto-load safe-path /

@@ -29,19 +29,20 @@ cat >$work/windows_macros.h <<'TEXT'
 #define FAR far
 TEXT
 
-for header in include/*.h; do
-  name=$(basename "$header")
-  printf '#include "%s"\nint main() { return 0; }\n' "$name" >$work/${name%.h}.cpp
+for header in include/*.h include/*/*.h; do
+  name=${header#include/}
+  source=$work/$(tr / _ <<<"${name%.h}")
+  printf '#include "%s"\nint main() { return 0; }\n' "$name" >$source.cpp
   printf '#include <algorithm>\n#include <limits>\n#include <string>\n#include <istream>\n#include <ostream>\n#include "../build/headers/windows_macros.h"\n#include "%s"\nint main() { return 0; }\n' \
-    "$name" >$work/${name%.h}_macros.cpp
+    "$name" >${source}_macros.cpp
   for compiler in g++ clang++ x86_64-w64-mingw32-g++-posix; do
     for standard in 17 20 2b; do
-      compiles "$name" $work/${name%.h}.cpp $compiler -std=c++$standard
+      compiles "$name" $source.cpp $compiler -std=c++$standard
     done
-    compiles "$name behind macros" $work/${name%.h}_macros.cpp $compiler -std=c++17
+    compiles "$name behind macros" ${source}_macros.cpp $compiler -std=c++17
   done
-  compiles "$name" $work/${name%.h}.cpp i686-w64-mingw32-g++-posix -std=c++17
-  compiles "$name" $work/${name%.h}.cpp $i686 -std=c++17
+  compiles "$name" $source.cpp i686-w64-mingw32-g++-posix -std=c++17
+  compiles "$name" $source.cpp $i686 -std=c++17
 done
 for compiler in g++ "g++ -march=native" clang++ "clang++ -march=native" "$i686" \
   x86_64-w64-mingw32-g++-posix i686-w64-mingw32-g++-posix; do

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+//
+/// @file
+/// CString, the narrow text string that listings are appended to.
+#ifndef ZEPH_PLATFORM_CSTRING_H
+#define ZEPH_PLATFORM_CSTRING_H
+
+#include <climits>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <type_traits>
+
+#include "macros.h"
+#include "object.h"
+
+#ifndef ZEPH_USE_MFC
+
+// ZEPH_PRINTF_FORMAT has the compiler compare the arguments of a formatting member with its format.
+#if defined(__MINGW_PRINTF_FORMAT)
+#define ZEPH_PRINTF_FORMAT __attribute__((format(__MINGW_PRINTF_FORMAT, 2, 3)))
+#elif defined(__GNUC__) || defined(__clang__)
+#define ZEPH_PRINTF_FORMAT __attribute__((format(printf, 2, 3)))
+#else
+#define ZEPH_PRINTF_FORMAT
+#endif
+
+/// A narrow text string, with the members that Windows programmers expect.
+///
+/// Holds any bytes, zeros included, behind which a closing zero always stands. A null `const char*`
+/// counts as the empty text everywhere. Copies are deep; appending costs amortised constant time a
+/// character and may be given a piece of the string itself.
+class ZEPH_API CString {
+ public:
+  CString();
+  /// A copy of a text.
+  CString(const CString& other);
+  CString(CString&& other) noexcept;
+  CString(const char* text);       // NOLINT: implicit on purpose
+  CString(std::string_view text);  // NOLINT: implicit on purpose
+  ~CString();
+  /// Replaces the text.
+  CString& operator=(const CString& other);
+  CString& operator=(CString&& other) noexcept;
+  CString& operator=(const char* text);
+
+  /// The number of characters, without the closing zero.
+  int GetLength() const;
+  /// Whether there is no character.
+  bool IsEmpty() const;
+  /// Takes the text away; the storage is kept for what comes next.
+  void Empty();
+
+  /// The text, closed by a zero. Valid until the string is next changed.
+  const char* GetString() const;
+  operator const char*() const;  // NOLINT: implicit on purpose
+
+  /// The character at `index`; 0 at the length. Throws std::out_of_range outside 0..GetLength().
+  char GetAt(int index) const;
+  char operator[](int index) const;
+
+  /// Appends a text or one character.
+  CString& operator+=(const CString& text);
+  CString& operator+=(const char* text);
+  CString& operator+=(char c);
+  /// Appends the first `length` bytes of `text`, zeros included; nothing if null or below 1.
+  void Append(const char* text, int length);
+
+  /// Replaces the content by the formatted text (printf conversions), of any length.
+  ///
+  /// Arguments may point into this string. A null format gives the empty text. Strings among the
+  /// arguments are passed as GetString().
+  void Format(const char* format, ...) ZEPH_PRINTF_FORMAT;
+  /// Appends the formatted text; otherwise as Format.
+  void AppendFormat(const char* format, ...) ZEPH_PRINTF_FORMAT;
+
+  /// The first `count` characters; `count` is clamped to 0..GetLength().
+  CString Left(int count) const;
+  /// The last `count` characters; `count` is clamped to 0..GetLength().
+  CString Right(int count) const;
+  /// What follows from index `first`, which is clamped to 0..GetLength().
+  CString Mid(int first) const;
+  /// At most `count` characters from index `first`; both are clamped.
+  CString Mid(int first, int count) const;
+
+  /// Index of the first `text` (or `c`) at or behind `start`, or -1: when there is none, `text` is
+  /// null, or `start` lies outside 0..GetLength().
+  int Find(const char* text, int start = 0) const;
+  int Find(char c, int start = 0) const;
+
+  // Our additions, listed in docs/additions.md.
+
+  /// A copy of a standard string, whatever its allocator.
+  template <class Allocator>
+  ZEPH_ADDED CString(  // NOLINT: implicit on purpose
+      const std::basic_string<char, std::char_traits<char>, Allocator>& text)
+      : CString(std::string_view(text)) {}
+  /// An index of another integer type, which would otherwise be as good for `const char*`.
+  template <class T, std::enable_if_t<std::is_integral_v<T> && !std::is_same_v<T, int>, int> = 0>
+  ZEPH_ADDED char operator[](T index) const {
+    return GetAt(CheckedIndex(index));
+  }
+
+ private:
+  template <class T>
+  ZEPH_ADDED static int CheckedIndex(T index) {  // -1 where no int can hold it
+    if constexpr (std::is_signed_v<T>) {
+      if (index < 0) return -1;
+    }
+    return static_cast<std::uintmax_t>(index) > std::uintmax_t{INT_MAX} ? -1
+                                                                        : static_cast<int>(index);
+  }
+
+  std::string m_text;
+};
+
+/// The two texts one after the other. A chain of `+` grows one string.
+ZEPH_API CString operator+(CString left, const CString& right);
+ZEPH_API CString operator+(CString left, const char* right);
+ZEPH_API CString operator+(const char* left, const CString& right);
+ZEPH_API CString operator+(CString left, char right);
+ZEPH_API CString operator+(char left, const CString& right);
+
+/// Comparison by unsigned byte value, the shorter of two equal beginnings first.
+ZEPH_API bool operator==(const CString& left, const CString& right);
+ZEPH_API bool operator==(const CString& left, const char* right);
+ZEPH_API bool operator==(const char* left, const CString& right);
+ZEPH_API bool operator!=(const CString& left, const CString& right);
+ZEPH_API bool operator!=(const CString& left, const char* right);
+ZEPH_API bool operator!=(const char* left, const CString& right);
+ZEPH_API bool operator<(const CString& left, const CString& right);
+ZEPH_API bool operator<(const CString& left, const char* right);
+ZEPH_API bool operator<(const char* left, const CString& right);
+ZEPH_API bool operator>(const CString& left, const CString& right);
+ZEPH_API bool operator>(const CString& left, const char* right);
+ZEPH_API bool operator>(const char* left, const CString& right);
+ZEPH_API bool operator<=(const CString& left, const CString& right);
+ZEPH_API bool operator<=(const CString& left, const char* right);
+ZEPH_API bool operator<=(const char* left, const CString& right);
+ZEPH_API bool operator>=(const CString& left, const CString& right);
+ZEPH_API bool operator>=(const CString& left, const char* right);
+ZEPH_API bool operator>=(const char* left, const CString& right);
+
+#endif  // ZEPH_USE_MFC
+
+#endif  // ZEPH_PLATFORM_CSTRING_H

@@ -37,27 +37,77 @@ namespace {
           .Target(n == 1000 || n == 10'000 ? 4 : 0);
     });
 
-[[maybe_unused]] const bool kBinary =
-    Add("BinarySearch of ints", "random keys", {10, 1000, 100'000}, [](Row& row) {
+/// A thousand keys a round, half of them missed, sought among 0, 3, 6, ...
+template <class T>
+struct Sought {
+  std::vector<T> elements, keys;
+  int sum = 0;
+
+  Sought(Row& row, std::size_t n) {
+    for (std::size_t i = 0; i < n; ++i) elements.push_back(static_cast<T>(3 * i));
+    row.Before([this, n](std::size_t round) {
+      keys.clear();
+      for (double x : RandomDoubles(1000, round * 1000, 0, static_cast<double>(n)))
+        keys.push_back(static_cast<T>(3 * static_cast<int>(x)) + (keys.size() % 2 != 0));
+    });
+    row.Result([this] { return Values(&sum, 1); });
+  }
+  /// `find(key)` gives the index or -1.
+  template <class Find>
+  auto All(Find find) {
+    return [this, find] {
+      sum = 0;
+      for (T key : keys) sum ^= find(key);
+    };
+  }
+  auto ByLowerBound() {
+    return All([this](T key) {
+      const auto at = std::lower_bound(elements.begin(), elements.end(), key);
+      return at != elements.end() && *at == key ? static_cast<int>(at - elements.begin()) : -1;
+    });
+  }
+};
+
+[[maybe_unused]] const bool kBinary[] = {
+    Add("BinarySearch", "ints, half missed", {10, 1000, 100'000, 10'000'000},
+        [](Row& row) {
+          const int n = static_cast<int>(row.n());
+          auto& s = row.Keep<Sought<int>>(row, row.n());
+          row.Ours(s.All([&s, n](int key) {
+            return CZEPHIntegralSearch::BinarySearch(s.elements.data(), n, key);
+          }));
+          row.Peer("the loop", s.All([&s, n](int key) {
+            return textbook::BinarySearch(s.elements.data(), n, key);
+          }));
+          row.Peer("std::lower_bound", s.ByLowerBound());
+        }),
+    Add("BinarySearch", "doubles, half missed", {10, 1000, 100'000, 10'000'000},
+        [](Row& row) {
+          const int n = static_cast<int>(row.n());
+          auto& s = row.Keep<Sought<double>>(row, row.n());
+          auto& a = row.Keep<CZEPHDoubleArray>(n, s.elements.data());
+          a.sorted = 1;
+          row.Ours(s.All([&a](double key) {
+            int index = -1;
+            a.BinarySearch(key, index);
+            return index;
+          }));
+          row.Peer("the loop", s.All([&s, n](double key) {
+            return textbook::BinarySearch(s.elements.data(), n, key);
+          }));
+          row.Peer("std::lower_bound", s.ByLowerBound());
+        }),
+};
+
+[[maybe_unused]] const bool kSorted =
+    Add("CheckSorted", "sorted", {10, 100, 1000, 100'000, 10'000'000}, [](Row& row) {
       const int n = static_cast<int>(row.n());
-      auto& a = row.Keep<std::vector<int>>();
-      for (int i = 0; i < n; ++i) a.push_back(3 * i);
-      auto& keys = row.Keep<std::vector<int>>();
-      row.Before([&keys, n](std::size_t round) {
-        keys.clear();
-        for (double x : RandomDoubles(1000, round * 1000, 0, 3.0 * n))
-          keys.push_back(static_cast<int>(x));
-      });
-      auto& sum = row.Keep<int>();
-      row.Result([&sum] { return Values(&sum, 1); });
-      row.Ours([&a, &keys, &sum, n] {
-        sum = 0;
-        for (int key : keys) sum ^= CZEPHIntegralSearch::BinarySearch(a.data(), n, key);
-      });
-      row.Peer("the loop", [&a, &keys, &sum, n] {
-        sum = 0;
-        for (int key : keys) sum ^= textbook::BinarySearch(a.data(), n, key);
-      });
+      auto& a = row.Keep<CZEPHDoubleArray>(n, 0.0);
+      for (int i = 0; i < n; ++i) a.data[i] = i;
+      auto& sorted = row.Keep<int>();
+      row.Result([&sorted] { return Values(&sorted, 1); });
+      row.Ours([&] { sorted = a.CheckSorted(); });
+      row.Peer("std::is_sorted", [&] { sorted = std::is_sorted(a.data, a.data + a.size); });
     });
 
 }  // namespace

@@ -16,7 +16,9 @@ int SequentialSearch(int* v, int n, int key) {
   return i != 0 ? i : -1;
 }
 
-int BinarySearch(const int* v, int n, int key) {
+namespace {
+template <class T>
+int Halve(const T* v, int n, T key) {
   int lo = 0, hi = n - 1;
   while (lo <= hi) {
     const int mid = lo + (hi - lo) / 2;
@@ -28,6 +30,14 @@ int BinarySearch(const int* v, int n, int key) {
       return mid;
   }
   return -1;
+}
+}  // namespace
+
+int BinarySearch(const int* v, int n, int key) {
+  return Halve(v, n, key);
+}
+int BinarySearch(const double* v, int n, double key) {
+  return Halve(v, n, key);
 }
 
 }  // namespace zeph::bench::textbook

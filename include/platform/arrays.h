@@ -38,7 +38,7 @@ class ZEPH_API CObArray : public CObject {
   /// Sets the number of elements to `size`; new ones are null, dropped ones forgotten.
   ///
   /// `growBy` >= 0 becomes the growth setting: the least number of elements by which storage grows;
-  /// 0 chooses by size (an eighth, from 4 to 1024). Below 0 the setting stays. Size 0 releases the
+  /// 0 doubles it (by 4 at least). Below 0 the setting stays. Size 0 releases the
   /// storage; a smaller size keeps it. Throws std::out_of_range when `size` is negative.
   void SetSize(std::ptrdiff_t size, std::ptrdiff_t growBy = -1);
   /// Cuts the storage down to the elements.

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "algorithms.h"
+#include "kernels/halving.h"
 #include "kernels/search.h"
 #include "platform/wrap.h"
 
@@ -47,17 +48,9 @@ int CZEPHIntegralSearch::SequentialSearch(int* a, int n, int key) {
 
 int CZEPHIntegralSearch::BinarySearch(int* a, int n, int key) {
   if (!a || n < 1) return kRefused;
-  int low = 0;
-  int high = n - 1;
-  while (low <= high) {
-    const int middle = low + (high - low) / 2;
-    const int element = a[middle];
-    if (key == element) return middle;
-    // Two choices instead of a branch, which would be guessed wrong every other time.
-    low = key > element ? middle + 1 : low;
-    high = key > element ? high : middle - 1;
-  }
-  return kMissing;
+  const auto count = static_cast<std::size_t>(n);
+  const std::size_t index = zeph::kernels::FindByHalving(a, count, key);
+  return index < count ? static_cast<int>(index) : kMissing;
 }
 
 // The next arguments follow from the present ones alone, so the steps either end or come round to

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <cstdint>
 
 #include "double_array.h"
 #include "double_array/elements.h"
+#include "kernels/halving.h"
 #include "kernels/search.h"
 
 using zeph::double_array::Count;
@@ -19,20 +19,11 @@ int CZEPHDoubleArray::BinarySearch(double x, int& index) {
     index = Find(x);
     return index != -1;
   }
-  if (Count(*this) == 0) return 0;
-  int lo = 0;
-  int hi = size - 1;
-  int mid = hi / 2;
-  while (data[mid] != x) {
-    if (lo > hi) return 0;
-    if (x > data[mid]) {
-      lo = mid + 1;
-    } else {
-      hi = mid - 1;
-    }
-    mid = static_cast<int>((std::int64_t{lo} + hi) / 2);
-  }
-  index = mid;
+  // The steps look at one more middle behind the last halving: an element that they have seen.
+  const std::size_t n = Count(*this);
+  const std::size_t i = zeph::kernels::FindByHalving(data, n, x);
+  if (i == n) return 0;
+  index = static_cast<int>(i);
   return 1;
 }
 

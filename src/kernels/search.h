@@ -15,6 +15,7 @@ struct Searching {
   std::size_t (*find_first)(const double* v, std::size_t n, double x);
   std::size_t (*find_last)(const int* v, std::size_t n, int x);
   std::size_t (*first_least)(const double* v, std::size_t n);
+  bool (*none_descends)(const double* v, std::size_t n);
 };
 
 /// The least i with v[i] == x, or n. 0.0 finds -0.0; a NaN finds nothing.
@@ -37,6 +38,11 @@ inline std::size_t FindLast(const int* v, std::size_t n, int x) {
 /// first of the least elements, NaNs passed over; 0 when v[0] is a NaN.
 inline std::size_t FirstLeast(const double* v, std::size_t n) {
   return Active().searching->first_least(v, n);
+}
+
+/// True when no element is greater than the one behind it; a NaN is greater than nothing.
+inline bool NoneDescends(const double* v, std::size_t n) {
+  return Active().searching->none_descends(v, n);
 }
 
 }  // namespace zeph::kernels

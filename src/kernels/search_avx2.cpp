@@ -54,6 +54,18 @@ ZEPH_WIDE bool AnyEqual(const T* v, V x) {
   const V high = Or(Equal(Load(v + 2 * kLanes), x), Equal(Load(v + 3 * kLanes), x));
   return Signs(Or(low, high)) != 0;
 }
+ZEPH_WIDE __m256d Greater(__m256d a, __m256d b) {
+  return _mm256_cmp_pd(a, b, _CMP_GT_OQ);
+}
+ZEPH_WIDE unsigned GreaterLanes(__m256d a, __m256d b) {
+  return Signs(Greater(a, b));
+}
+/// Whether one of four vectors at `a` is greater in some lane than its partner at `b`.
+ZEPH_WIDE bool AnyGreater(const double* a, const double* b) {
+  const __m256d low = Or(Greater(Load(a), Load(b)), Greater(Load(a + 4), Load(b + 4)));
+  const __m256d high = Or(Greater(Load(a + 8), Load(b + 8)), Greater(Load(a + 12), Load(b + 12)));
+  return Signs(Or(low, high)) != 0;
+}
 ZEPH_WIDE __m256d Least(__m256d a, __m256d b) {
   return _mm256_min_pd(a, b);
 }
@@ -66,7 +78,7 @@ ZEPH_WIDE double LeastLane(__m256d x) {
 
 }  // namespace
 
-const Searching kSearching = {FindFirst<double>, FindLast<int>, FirstLeast};
+const Searching kSearching = {FindFirst<double>, FindLast<int>, FirstLeast, NoneDescends};
 
 }  // namespace zeph::kernels::avx2
 

@@ -46,6 +46,17 @@ ZEPH_WIDE bool AnyEqual(const int* v, __m512i x) {
   differ = _mm512_mask_cmpneq_epi32_mask(differ, Load(v + 48), x);
   return differ != 0xFFFF;
 }
+ZEPH_WIDE unsigned GreaterLanes(__m512d a, __m512d b) {
+  return _mm512_cmp_pd_mask(a, b, _CMP_GT_OQ);
+}
+/// Whether one of four vectors at `a` is greater in some lane than its partner at `b`.
+ZEPH_WIDE bool AnyGreater(const double* a, const double* b) {
+  __mmask8 none = _mm512_cmp_pd_mask(Load(a), Load(b), _CMP_NGT_UQ);
+  none = _mm512_mask_cmp_pd_mask(none, Load(a + 8), Load(b + 8), _CMP_NGT_UQ);
+  none = _mm512_mask_cmp_pd_mask(none, Load(a + 16), Load(b + 16), _CMP_NGT_UQ);
+  none = _mm512_mask_cmp_pd_mask(none, Load(a + 24), Load(b + 24), _CMP_NGT_UQ);
+  return none != 0xFF;
+}
 ZEPH_WIDE __m512d Least(__m512d a, __m512d b) {
   return _mm512_min_pd(a, b);
 }
@@ -57,7 +68,7 @@ ZEPH_WIDE double LeastLane(__m512d x) {
 
 }  // namespace
 
-const Searching kSearching = {FindFirst<double>, FindLast<int>, FirstLeast};
+const Searching kSearching = {FindFirst<double>, FindLast<int>, FirstLeast, NoneDescends};
 
 }  // namespace zeph::kernels::avx512
 

@@ -3,6 +3,7 @@
 // Ints are scanned in blocks without a branch on the data, which the compiler may widen; only the
 // block that holds the answer is looked at one by one. For doubles that does not pay.
 #include <algorithm>
+#include <cmath>
 
 #include "kernels/forms.h"
 #include "kernels/search.h"
@@ -42,8 +43,22 @@ std::size_t FirstLeast(const double* v, std::size_t n) {
   return FindFirst(v, n, *std::min_element(least, least + kChains));
 }
 
+/// Pairs are tested without a branch in between, which the compiler may widen.
+bool NoneDescends(const double* v, std::size_t n) {
+  constexpr std::size_t kPairs = 64;
+  std::size_t i = 1;
+  for (; i + kPairs <= n; i += kPairs) {
+    int descents = 0;
+    for (std::size_t k = i; k < i + kPairs; ++k) descents |= std::isgreater(v[k - 1], v[k]);
+    if (descents) return false;
+  }
+  for (; i < n; ++i)
+    if (v[i - 1] > v[i]) return false;
+  return true;
+}
+
 }  // namespace
 
-const Searching kSearching = {FindFirst, FindLast, FirstLeast};
+const Searching kSearching = {FindFirst, FindLast, FirstLeast, NoneDescends};
 
 }  // namespace zeph::kernels::portable

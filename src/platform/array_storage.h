@@ -72,9 +72,10 @@ struct ArrayStorage {
   }
 
   // The first storage is as large as asked for, or as one growth step; a later one adds a step.
+  // Without a setting it doubles, so that adding elements one by one takes constant time each.
   Count CapacityFor(Count wanted) const {
     if (!data) return std::max(wanted, growth);
-    const Count step = growth > 0 ? growth : std::clamp<Count>(size / 8, 4, 1024);
+    const Count step = growth > 0 ? growth : std::max<Count>(capacity, 4);
     return step > PTRDIFF_MAX - capacity ? wanted : std::max(wanted, capacity + step);
   }
 

@@ -75,9 +75,11 @@ void CheckIndex(const char* operation, std::ptrdiff_t index, std::ptrdiff_t size
     ZEPH_STORAGE(T).SetAtGrow(#Array "::SetAtGrow", index, element);            \
   }                                                                             \
   std::ptrdiff_t Array::Add(T element) {                                        \
-    const std::ptrdiff_t index = m_nSize;                                       \
-    ZEPH_STORAGE(T).SetAtGrow(#Array "::Add", index, element);                  \
-    return index;                                                               \
+    if (m_nSize == m_nMaxSize)                                                  \
+      ZEPH_STORAGE(T).SetAtGrow(#Array "::Add", m_nSize, element);              \
+    else                                                                        \
+      m_pData[m_nSize++] = element;                                             \
+    return m_nSize - 1;                                                         \
   }                                                                             \
   void Array::InsertAt(std::ptrdiff_t index, T element, std::ptrdiff_t count) { \
     ZEPH_STORAGE(T).InsertAt(#Array "::InsertAt", index, element, count);       \

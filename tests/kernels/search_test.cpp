@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <utility>
 
 #include "support/numbers.h"
 
@@ -113,6 +114,24 @@ TEST_P(SearchKernel, LeastIsTheFirstOfEqualsAndPassesOverNaNs) {
       v[at] = v[at + (n - at) / 2] = at % 2 ? kNaN : kInf;
       v[0] = kInf;
     }
+  }
+}
+
+TEST_P(SearchKernel, NoneDescendsFindsADescentAtEveryPlaceAndNoneElsewhere) {
+  for (std::size_t n : AwkwardLengths()) {
+    std::vector<double> v(n + 2);
+    for (std::size_t i = 0; i < n; ++i) v[i + 1] = static_cast<double>(i / 2);
+    v.front() = 1e9, v.back() = -1e9;  // just outside
+    ASSERT_TRUE(form().none_descends(v.data() + 1, n)) << n;
+    for (std::size_t at = 1; at < n; ++at) {
+      const double kept = std::exchange(v[at + 1], -1.0);
+      ASSERT_FALSE(form().none_descends(v.data() + 1, n)) << n << " at " << at;
+      v[at + 1] = kNaN;  // in order with everything
+      ASSERT_TRUE(form().none_descends(v.data() + 1, n)) << n << " at " << at;
+      v[at + 1] = kept;
+    }
+    const std::vector<double> zeros = {0.0, -0.0, 0.0};
+    ASSERT_TRUE(form().none_descends(zeros.data(), zeros.size()));
   }
 }
 

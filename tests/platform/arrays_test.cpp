@@ -103,7 +103,7 @@ TYPED_TEST(Array, GrowsByOneElementWhereThatIsTheGrowthSize) {
   EXPECT_EQ(a.m_nMaxSize, 6);
 }
 
-TYPED_TEST(Array, GrowsByAnEighthFrom4To1024WithoutASetting) {
+TYPED_TEST(Array, DoublesItsStorageWithoutASetting) {
   TypeParam a;
   a.SetSize(3);
   a.SetSize(4);
@@ -111,10 +111,25 @@ TYPED_TEST(Array, GrowsByAnEighthFrom4To1024WithoutASetting) {
   a.SetSize(80);
   EXPECT_EQ(a.m_nMaxSize, 80);
   a.SetSize(81);
-  EXPECT_EQ(a.m_nMaxSize, 90);
+  EXPECT_EQ(a.m_nMaxSize, 160);
   a.SetSize(20000);
   a.SetSize(20001);
-  EXPECT_EQ(a.m_nMaxSize, 21024);
+  EXPECT_EQ(a.m_nMaxSize, 40000);
+}
+
+TYPED_TEST(Array, AddMovesItsStorageSoRarelyThatManyElementsTakeLinearTime) {
+  using T = typename TypeParam::Type;
+  TypeParam a;
+  int moves = 0;
+  const T* storage = a.GetData();
+  for (int i = 0; i < 1'000'000; ++i) {
+    ASSERT_EQ(a.Add(Element<T>(i)), i);
+    moves += a.GetData() != storage;
+    storage = a.GetData();
+  }
+  EXPECT_LE(moves, 20);
+  EXPECT_EQ(a.GetSize(), 1'000'000);
+  for (int i = 0; i < 1'000'000; i += 999) ASSERT_EQ(a[i], Element<T>(i));
 }
 
 TYPED_TEST(Array, ShrinkingKeepsStorageAndGrowingBackGivesNulls) {

@@ -45,6 +45,7 @@ std::vector<Proof> OrderProofs();
 std::vector<Proof> MatrixProofs();
 std::vector<Proof> GeometryProofs();
 std::vector<Proof> ListingProofs();
+std::vector<Proof> FunctionProofs();  ///< none without MPFR
 
 }  // namespace zeph::prove
 

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+//
+// Where an angle stands within its turn, for every finite double.
+#ifndef ZEPH_SRC_PORTABLE_MATH_REDUCTION_H
+#define ZEPH_SRC_PORTABLE_MATH_REDUCTION_H
+
+#include <cstdint>
+
+#include "portable_math/double_double.h"
+#include "portable_math/fixed_point.h"
+#include "portable_math/tables.h"
+
+namespace zeph::portable_math {
+
+/// magnitude * 2/pi modulo 2^32, off by less than 2^-252.
+Fixed QuarterTurns(Parts magnitude);
+
+/// An angle as whole steps of the sine's table and a rest of about half a step at most.
+struct Reduced {
+  std::uint32_t steps;  ///< modulo 4 * kQuarterSteps
+  Sum2 rest;            ///< relative error below 2^-66
+};
+
+/// Angles from here on take the slow way.
+constexpr double kOrdinaryBelow = 0x1p15;
+
+/// For any magnitude, in whole numbers.
+Reduced ReduceLarge(double magnitude);
+
+/// For magnitudes below kOrdinaryBelow, after W. J. Cody and W. Waite, "Software Manual for the
+/// Elementary Functions" (1980).
+///
+/// With at most 23 bits of steps the products with the first three parts of a step are exact, and
+/// so is the first difference. A rest near 2^-54, the nearest such a double comes to a multiple of
+/// pi/2, leaves the first two differences without error; the fourth part is off by 2^-153, times
+/// the steps.
+inline Reduced Reduce(double magnitude) {
+  constexpr double kToWhole = 0x1.8p52;  // adding it rounds to a whole number
+  const double shifted = magnitude * tables::kStepsPerRadian + kToWhole;
+  const double steps = shifted - kToWhole;
+  const double first = magnitude - steps * tables::kStep[0];
+  const Sum2 second = TwoSum(first, -(steps * tables::kStep[1]));
+  const Sum2 third = TwoSum(second.head, -(steps * tables::kStep[2]));
+  const double tail = (second.tail + third.tail) - steps * tables::kStep[3];
+  return {static_cast<std::uint32_t>(BitsOf(shifted)), FastTwoSum(third.head, tail)};
+}
+
+}  // namespace zeph::portable_math
+
+#endif  // ZEPH_SRC_PORTABLE_MATH_REDUCTION_H

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#include "portable_math/sine_cosine.h"
+
+#include "portable_math/quadrant.h"
+#include "portable_math/turn.h"
+
+namespace zeph::portable_math {
+namespace {
+
+/// Above what TurnBy may be off by, so that one angle in 3000 goes the long way.
+constexpr double kError = 0x1p-66;
+
+/// Below it the sine is the angle and the cosine 1: the next terms are less than half a unit.
+constexpr double kTinyBelow = 0x1p-27;
+
+}  // namespace
+
+SineAndCosine SineCosine(double radians) {
+  const std::uint64_t sign = BitsOf(radians) & kSignBit;
+  const std::uint64_t bits = BitsOf(radians) ^ sign;
+  if (bits >= kInfinityBits) return {radians - radians, radians - radians};
+  // By bits, since some processes count denormals as zero.
+  if (bits < BitsOf(kTinyBelow)) return {radians, 1.0};
+  if (!RoundsToNearest()) return SineCosineInWholeNumbers(radians);
+
+  const Turn turn = TurnBy(DoubleOf(bits));
+  double sine, cosine;
+  const bool sineSafe = RoundsSafely(turn.sine, kError, sine);
+  const bool cosineSafe = RoundsSafely(turn.cosine, kError, cosine);
+  if (!(sineSafe && cosineSafe)) return SineCosineInWholeNumbers(radians);
+  return InQuadrant(turn.quarters, sign, {sine, cosine});
+}
+
+}  // namespace zeph::portable_math

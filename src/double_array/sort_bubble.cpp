@@ -4,6 +4,7 @@
 #include "double_array.h"
 #include "double_array/elements.h"
 #include "double_array/sorting.h"
+#include "platform/choose.h"
 
 namespace zeph::double_array {
 namespace {
@@ -17,8 +18,8 @@ void BubbleWalk(double* v, std::size_t n) {
     for (std::size_t j = 0; j < last; ++j) {
       const double next = v[j + 1];
       const bool exchange = carried > next;
-      v[j] = exchange ? next : carried;
-      carried = exchange ? carried : next;
+      v[j] = platform::Choose(exchange, next, carried);
+      carried = platform::Choose(exchange, carried, next);
     }
     v[last] = carried;
   }

@@ -19,7 +19,11 @@ struct Magnitudes {
   /// So a NaN in front stays the answer and any other is passed over: the rest is the maximum of
   /// some numbers, which no order changes.
   OfArray largest;
-  /// The largest |x[i]|, or a NaN if there is one anywhere.
+  /// A NaN if there is one anywhere; else m = |x[0]|, then for each later element in order: unless
+  /// m > |x[i]|, m = |x[i]|.
+  ///
+  /// The two differ where all elements equal 0.0 and, as denormals in a host that counts them as
+  /// zeros, are not the same: there the first stays the answer, here the last.
   OfArray largest_or_nan;
 };
 

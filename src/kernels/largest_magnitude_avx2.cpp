@@ -23,6 +23,13 @@ ZEPH_AVX2 inline __attribute__((always_inline)) __m256d Larger(__m256d x, __m256
   return _mm256_max_pd(_mm256_andnot_pd(_mm256_set1_pd(-0.0), x), m);
 }
 
+/// The most of a vector's lanes. All elements equal 0.0 where it does, and may be denormals that
+/// the maxima have made zeros of: then it is `stands`, the one that the ordered walk ends with.
+double Most(const double* lanes, double stands) {
+  const double most = *std::max_element(lanes, lanes + kLanes);
+  return most == 0.0 ? stands : most;
+}
+
 ZEPH_AVX2 double Largest(const double* x, std::size_t n) {
   const double first = std::fabs(x[0]);
   if (first != first) return first;
@@ -38,7 +45,7 @@ ZEPH_AVX2 double Largest(const double* x, std::size_t n) {
   _mm256_storeu_pd(largest, _mm256_max_pd(_mm256_max_pd(m0, m1), _mm256_max_pd(m2, m3)));
   for (; i < n; ++i)
     if (std::fabs(x[i]) > largest[0]) largest[0] = std::fabs(x[i]);
-  return *std::max_element(largest, largest + kLanes);
+  return Most(largest, first);
 }
 
 /// NaN are looked for two vectors at a time: the comparison finds one in either.
@@ -67,7 +74,7 @@ ZEPH_AVX2 double LargestOrNaN(const double* x, std::size_t n) {
     return std::numeric_limits<double>::quiet_NaN();
   double largest[kLanes];
   _mm256_storeu_pd(largest, _mm256_max_pd(_mm256_max_pd(m0, m1), _mm256_max_pd(m2, m3)));
-  return *std::max_element(largest, largest + kLanes);
+  return Most(largest, std::fabs(x[n - 1]));
 }
 
 }  // namespace

@@ -29,6 +29,13 @@ ZEPH_AVX512 inline __attribute__((always_inline)) __m512d Larger(__m512d x, __m5
   return _mm512_maskz_max_pd(0xFF, _mm512_abs_pd(x), m);
 }
 
+/// The most of a vector's lanes. All elements equal 0.0 where it does, and may be denormals that
+/// the maxima have made zeros of: then it is `stands`, the one that the ordered walk ends with.
+double Most(const double* lanes, double stands) {
+  const double most = *std::max_element(lanes, lanes + kLanes);
+  return most == 0.0 ? stands : most;
+}
+
 ZEPH_AVX512 double Largest(const double* x, std::size_t n) {
   const double first = std::fabs(x[0]);
   if (first != first) return first;
@@ -43,7 +50,7 @@ ZEPH_AVX512 double Largest(const double* x, std::size_t n) {
   for (; i < n; i += kLanes) m0 = Larger(Few(x + i, n - i), m0);
   double largest[kLanes];
   _mm512_storeu_pd(largest, Larger(Larger(m0, m1), Larger(m2, m3)));
-  return *std::max_element(largest, largest + kLanes);
+  return Most(largest, first);
 }
 
 /// Without their signs, doubles are ordered as their bits are as integers, and NaN come last.
@@ -67,7 +74,7 @@ ZEPH_AVX512 double LargestOrNaN(const double* x, std::size_t n) {
   _mm512_storeu_si512(bits, m0);
   double largest;
   std::memcpy(&largest, std::max_element(bits, bits + kLanes), sizeof largest);
-  return largest;
+  return largest == 0.0 ? std::fabs(x[n - 1]) : largest;
 }
 
 }  // namespace

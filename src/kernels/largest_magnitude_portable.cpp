@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <cmath>
-#include <numeric>
+#include <cstdint>
+#include <cstring>
 
 #include "kernels/forms.h"
 #include "kernels/largest_magnitude.h"
@@ -12,6 +13,13 @@ namespace zeph::kernels {
 namespace {
 
 constexpr std::size_t kLanes = 8;  // several maxima side by side, as vectors or as scalars
+
+/// The most of several maxima. All elements equal 0.0 where it does, and may be denormals that the
+/// maxima have made zeros of: then it is `stands`, the one that the ordered walk ends with.
+double Most(const double* maxima, double stands) {
+  const double most = *std::max_element(maxima, maxima + kLanes);
+  return most == 0.0 ? stands : most;
+}
 
 double Largest(const double* x, std::size_t n) {
   const double first = std::fabs(x[0]);
@@ -26,20 +34,34 @@ double Largest(const double* x, std::size_t n) {
     }
   for (; i < n; ++i)
     if (std::fabs(x[i]) > largest[0]) largest[0] = std::fabs(x[i]);
-  return *std::max_element(largest, largest + kLanes);
+  return Most(largest, first);
 }
 
-/// A NaN turns 0.0 * x into a NaN for good; so does an infinity, and only then one has to look.
-double LargestOrNaN(const double* x, std::size_t n) {
-  double zeros[kLanes] = {};
+constexpr std::uint64_t kSign = std::uint64_t{1} << 63;
+
+/// Has the sign bit set for an infinity or a NaN: one more in the exponent carries into it. Done on
+/// the bits, since comparisons and products raise flags.
+std::uint64_t NotFinite(double x) {
+  std::uint64_t bits;
+  std::memcpy(&bits, &x, sizeof bits);
+  return (bits & ~kSign) + (std::uint64_t{1} << 52);
+}
+
+bool AnyNotFinite(const double* x, std::size_t n) {
+  std::uint64_t found[kLanes] = {};
   std::size_t i = 0;
   for (; i + kLanes <= n; i += kLanes)
-    for (std::size_t lane = 0; lane < kLanes; ++lane) zeros[lane] += 0.0 * x[i + lane];
-  for (; i < n; ++i) zeros[0] += 0.0 * x[i];
-  if (std::accumulate(zeros, zeros + kLanes, 0.0) != 0.0)
-    for (i = 0; i < n; ++i)
+    for (std::size_t lane = 0; lane < kLanes; ++lane) found[lane] |= NotFinite(x[i + lane]);
+  for (; i < n; ++i) found[0] |= NotFinite(x[i]);
+  return std::any_of(found, found + kLanes, [](std::uint64_t f) { return (f & kSign) != 0; });
+}
+
+double LargestOrNaN(const double* x, std::size_t n) {
+  if (AnyNotFinite(x, n))
+    for (std::size_t i = 0; i < n; ++i)
       if (x[i] != x[i]) return x[i];
-  return Largest(x, n);
+  const double largest = Largest(x, n);
+  return largest == 0.0 ? std::fabs(x[n - 1]) : largest;
 }
 
 }  // namespace

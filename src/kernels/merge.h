@@ -8,6 +8,7 @@
 #include <cstddef>
 
 #include "kernels/overlap.h"
+#include "platform/choose.h"
 
 namespace zeph::kernels {
 
@@ -28,7 +29,7 @@ template <class T>
 void TakeNext(Pair<T>& p) {
   const T fromA = *p.a, fromB = *p.b;
   const bool takeA = fromA < fromB;
-  *p.out++ = takeA ? fromA : fromB;
+  *p.out++ = platform::Choose(takeA, fromA, fromB);
   p.a += takeA;
   p.b += !takeA;
 }
@@ -54,7 +55,7 @@ void MergeFromBothEnds(Pair<T> p) {
       TakeNext(p);
       const T fromA = p.aEnd[-1], fromB = p.bEnd[-1];
       const bool takeB = fromB > fromA;
-      *--outEnd = takeB ? fromB : fromA;
+      *--outEnd = platform::Choose(takeB, fromB, fromA);
       p.bEnd -= takeB;
       p.aEnd -= !takeB;
     }

@@ -17,14 +17,16 @@ struct Sorting {
   void (*sort_ints)(int* v, std::size_t n);
 };
 
-/// True when `v` has no NaN and not zeros of both signs: then every correct ascending sort gives
-/// the same bits. One pass.
+/// True when `v` has no NaN and all elements that equal 0.0 have the same bits: then every correct
+/// ascending sort gives the same bits. One pass. "Equal" is the processor's word in the modes of
+/// the caller: where denormals count as zeros, they are among those elements.
 inline bool OrderIsUnique(const double* v, std::size_t n) {
   return Active().sorting->order_is_unique(v, n);
 }
 
-/// Sorts `v` ascending in place; OrderIsUnique(v, n) must hold. At worst n log n, at best (sorted,
-/// reversed, a few distinct values) one or two passes. No heap, a few KiB of stack.
+/// Sorts `v` ascending in place; OrderIsUnique(v, n) must hold. Moves bits as they are in any mode.
+/// At worst n log n, at best (sorted, reversed, a few distinct values) one or two passes. No heap,
+/// a few KiB of stack.
 inline void SortAscending(double* v, std::size_t n) {
   Active().sorting->sort_doubles(v, n);
 }

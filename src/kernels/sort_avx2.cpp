@@ -3,6 +3,7 @@
 // Four doubles or ints at a time.
 #include "kernels/sort.h"
 
+#include "kernels/denormal_guard.h"
 #include "kernels/forms.h"
 #include "kernels/sort_limits.h"
 
@@ -188,15 +189,21 @@ ZEPH_WIDE __m128i FrontFirst(__m128i x, unsigned mask) {
 #include "kernels/sort_network.inc"
 #include "kernels/sort_quick.inc"
 
-/// Sign bits of the zeros met so far, and all bits where a NaN was.
+/// Bits that were clear and bits that were set in an element equal to 0.0, and all bits where a NaN
+/// was.
 struct Seen {
-  __m256d plus, minus, nan;
+  __m256d clear, set, nan;
 };
 ZEPH_WIDE void Look(Seen& seen, __m256d a) {
   const __m256d zero = _mm256_cmp_pd(a, _mm256_setzero_pd(), _CMP_EQ_OQ);
-  seen.plus = _mm256_or_pd(seen.plus, _mm256_andnot_pd(a, zero));
-  seen.minus = _mm256_or_pd(seen.minus, _mm256_and_pd(a, zero));
+  seen.clear = _mm256_or_pd(seen.clear, _mm256_andnot_pd(a, zero));
+  seen.set = _mm256_or_pd(seen.set, _mm256_and_pd(a, zero));
   seen.nan = _mm256_or_pd(seen.nan, _mm256_cmp_pd(a, a, _CMP_UNORD_Q));
+}
+/// The bits that any lane has, in every lane.
+ZEPH_WIDE __m256i AnyLane(__m256d x) {
+  const __m256d halves = _mm256_or_pd(x, _mm256_permute2f128_pd(x, x, 1));
+  return _mm256_castpd_si256(_mm256_or_pd(halves, _mm256_permute_pd(halves, 0x5)));
 }
 
 ZEPH_WIDE_CALL bool OrderIsUnique(const double* v, std::size_t n) {
@@ -204,8 +211,8 @@ ZEPH_WIDE_CALL bool OrderIsUnique(const double* v, std::size_t n) {
   std::size_t i = 0;
   for (; i + kLanes <= n; i += kLanes) Look(seen, Load(v + i));
   if (i < n) Look(seen, LoadFirst(v + i, static_cast<int>(n - i)));
-  const bool both = _mm256_movemask_pd(seen.plus) && _mm256_movemask_pd(seen.minus);
-  return !both && !_mm256_movemask_pd(seen.nan);
+  return _mm256_testz_si256(AnyLane(seen.clear), AnyLane(seen.set)) &&
+         !_mm256_movemask_pd(seen.nan);
 }
 
 }  // namespace

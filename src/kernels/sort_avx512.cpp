@@ -4,6 +4,7 @@
 // selected lanes directly is microcode on some processors.
 #include "kernels/sort.h"
 
+#include "kernels/denormal_guard.h"
 #include "kernels/forms.h"
 #include "kernels/sort_limits.h"
 
@@ -234,30 +235,36 @@ ZEPH_WIDE __m256i FrontFirst(__m256i x, unsigned mask) {
 #include "kernels/sort_network.inc"
 #include "kernels/sort_quick.inc"
 
-/// As unsigned integers +0 is the least of all doubles, as signed ones -0 is.
-struct Extremes {
-  __m512i least_unsigned, least_signed;
+/// Bits that were clear and bits that were set in an element equal to 0.0, and the lanes in which a
+/// NaN was.
+struct Seen {
+  __m512i clear, set;
   __mmask8 unordered;
 };
-ZEPH_WIDE void Look(Extremes& seen, __m512d a, __m512d b) {
-  const __m512i p = _mm512_castpd_si512(a), q = _mm512_castpd_si512(b);
-  seen.least_unsigned = _mm512_min_epu64(seen.least_unsigned, _mm512_min_epu64(p, q));
-  seen.least_signed = _mm512_min_epi64(seen.least_signed, _mm512_min_epi64(p, q));
+ZEPH_WIDE void LookForZeros(Seen& seen, __m512d a) {
+  const __mmask8 zero = _mm512_cmp_pd_mask(a, _mm512_setzero_pd(), _CMP_EQ_OQ);
+  const __m512i bits = _mm512_castpd_si512(a);
+  // clear | ~bits and set | bits, each in one instruction.
+  seen.clear = _mm512_mask_ternarylogic_epi64(seen.clear, zero, bits, bits, 0xF3);
+  seen.set = _mm512_mask_or_epi64(seen.set, zero, seen.set, bits);
+}
+ZEPH_WIDE void Look(Seen& seen, __m512d a, __m512d b) {
+  LookForZeros(seen, a);
+  LookForZeros(seen, b);
   seen.unordered |= _mm512_cmp_pd_mask(a, b, _CMP_UNORD_Q);
 }
 
 ZEPH_WIDE_CALL bool OrderIsUnique(const double* v, std::size_t n) {
   const __m512d one = _mm512_set1_pd(1);
-  Extremes seen = {_mm512_castpd_si512(one), _mm512_castpd_si512(one), 0};
+  Seen seen = {_mm512_setzero_si512(), _mm512_setzero_si512(), 0};
   std::size_t i = 0;
   for (; i + 2 * kLanes <= n; i += 2 * kLanes) Look(seen, Load(v + i), Load(v + i + kLanes));
   for (; i < n; i += kLanes) {
     const __mmask8 rest = FirstLanes(static_cast<int>(std::min<std::size_t>(n - i, kLanes)));
     Look(seen, _mm512_mask_loadu_pd(one, rest, v + i), one);
   }
-  const bool plus = _mm512_reduce_min_epu64(seen.least_unsigned) == 0;
-  const bool minus = _mm512_reduce_min_epi64(seen.least_signed) == INT64_MIN;
-  return seen.unordered == 0 && !(plus && minus);
+  const long long clear = _mm512_reduce_or_epi64(seen.clear);
+  return seen.unordered == 0 && (clear & _mm512_reduce_or_epi64(seen.set)) == 0;
 }
 
 }  // namespace

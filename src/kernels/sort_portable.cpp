@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Quicksort whose partition has no branch on the data, with equal keys split off and runs found.
-#include <cmath>
+#include <cstring>
 
 #include "kernels/forms.h"
 #include "kernels/sort.h"
@@ -16,7 +16,7 @@ constexpr std::size_t kNinther = 80;  // from here the pivot is a median of medi
 bool OrderIsUnique(const double* v, std::size_t n) {
   // Sums of tests instead of branches, so that the compiler may go wide.
   constexpr std::size_t kBlock = 512;
-  bool plus = false, minus = false;
+  const double* zero = nullptr;  // the first element that equals 0.0
   for (std::size_t i = 0; i < n; i += kBlock) {
     const std::size_t end = std::min(i + kBlock, n);
     int nans = 0, zeros = 0;
@@ -25,9 +25,11 @@ bool OrderIsUnique(const double* v, std::size_t n) {
       zeros += v[k] == 0;
     }
     if (nans) return false;
-    for (std::size_t k = i; zeros && k < end; ++k)
-      if (v[k] == 0) (std::signbit(v[k]) ? minus : plus) = true;
-    if (plus && minus) return false;
+    for (std::size_t k = i; zeros && k < end; ++k) {
+      if (v[k] != 0) continue;
+      if (!zero) zero = v + k;
+      if (std::memcmp(zero, v + k, sizeof *v) != 0) return false;
+    }
   }
   return true;
 }

@@ -6,6 +6,7 @@
 #include "kernels/hypotenuse.h"
 #include "kernels/largest_magnitude.h"
 #include "kernels/row_sums.h"
+#include "platform/choose.h"
 #include "platform/exactness.h"
 #include "raw_buffers.h"
 #include "raw_buffers/precondition.h"
@@ -18,7 +19,7 @@ using kernels::Hypotenuse;
 /// A running maximum gives way unless it is strictly greater, so a NaN on either side gives way
 /// too.
 double LargerOrLater(double running, double x) {
-  return running > x ? running : x;
+  return platform::Choose(running > x, running, x);
 }
 
 // The steps by which a running norm takes up one element. The first element starts it.

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+//
+// Keeps moved values whole in a host that has denormals counted as zeros.
+#ifndef ZEPH_SRC_KERNELS_DENORMAL_GUARD_H
+#define ZEPH_SRC_KERNELS_DENORMAL_GUARD_H
+
+#include "kernels/target.h"
+
+#if ZEPH_X64
+#include <xmmintrin.h>
+#endif
+
+namespace zeph::kernels {
+
+/// For kernels that move elements of type T by minimum and maximum instructions. Those put a zero
+/// in the place of a denormal while the mode "denormals are zero" is on; it is off as long as a
+/// guard lives, and then the host's modes and flags are again what they were. A host without it
+/// pays for reading the modes only.
+template <class T>
+class DenormalGuard {};
+
+#if ZEPH_X64
+template <>
+class DenormalGuard<double> {
+ public:
+  DenormalGuard() : host_(_mm_getcsr()) {
+    if (host_ & kDenormalsAreZero) _mm_setcsr((host_ & ~kDenormalsAreZero) | kNoDenormalTrap);
+  }
+  ~DenormalGuard() {
+    if (host_ & kDenormalsAreZero) _mm_setcsr(host_);
+  }
+  DenormalGuard(const DenormalGuard&) = delete;
+  DenormalGuard& operator=(const DenormalGuard&) = delete;
+
+ private:
+  static constexpr unsigned kDenormalsAreZero = 0x0040;
+  static constexpr unsigned kNoDenormalTrap = 0x0100;
+  unsigned host_;
+};
+#endif
+
+}  // namespace zeph::kernels
+
+#endif  // ZEPH_SRC_KERNELS_DENORMAL_GUARD_H

@@ -155,13 +155,19 @@ ZEPH_AVX512 void Binary(double* out, const double* a, const double* b, std::size
   _mm512_storeu_pd(out + n - kLanes, last);
 }
 
+/// The elements of `a` that are in the mask, and the first of them in the other lanes too: those
+/// may raise no exception of their own.
+ZEPH_AVX512_INLINE __m512d Repeated(__mmask8 mask, const double* a) {
+  return _mm512_mask_loadu_pd(_mm512_set1_pd(*a), mask, a);
+}
+
 template <class Operation>
 ZEPH_AVX512 void WithScalar(double* out, double s, const double* a, std::size_t n) {
   const __m512d x = _mm512_set1_pd(s);
   std::size_t i = std::min(n, ToEdge(out));
   if (i) {
     const __mmask8 mask = FirstLanes(i);
-    _mm512_mask_storeu_pd(out, mask, Operation::Op(x, _mm512_maskz_loadu_pd(mask, a)));
+    _mm512_mask_storeu_pd(out, mask, Operation::Op(x, Repeated(mask, a)));
   }
   for (; i + 2 * kLanes <= n; i += 2 * kLanes) {
     const __m512d y0 = _mm512_loadu_pd(a + i), y1 = _mm512_loadu_pd(a + i + kLanes);
@@ -170,7 +176,7 @@ ZEPH_AVX512 void WithScalar(double* out, double s, const double* a, std::size_t 
   }
   for (; i < n; i += kLanes) {
     const __mmask8 mask = FirstLanes(std::min(kLanes, n - i));
-    _mm512_mask_storeu_pd(out + i, mask, Operation::Op(x, _mm512_maskz_loadu_pd(mask, a + i)));
+    _mm512_mask_storeu_pd(out + i, mask, Operation::Op(x, Repeated(mask, a + i)));
   }
 }
 

@@ -1,0 +1,71 @@
+// Arrays on which the modes of the host show.
+#ifndef ZEPH_TESTS_MODES_INPUTS_H
+#define ZEPH_TESTS_MODES_INPUTS_H
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "support/numbers.h"
+
+namespace zeph::test {
+
+template <class T>
+struct Input {
+  std::string name;
+  std::vector<T> values;
+};
+
+/// `n` values from `draw(random)`.
+template <class T, class Draw>
+std::vector<T> Drawn(std::size_t n, std::uint64_t seed, Draw draw) {
+  Random random(seed);
+  std::vector<T> values(n);
+  for (T& x : values) x = draw(random);
+  return values;
+}
+
+/// `times` the least denormal.
+template <class T>
+T Denormal(int times) {
+  return static_cast<T>(times) * std::numeric_limits<T>::denorm_min();
+}
+
+/// Arrays of `n` elements; none holds a signalling NaN, which no arithmetic gives.
+template <class T = double>
+std::vector<Input<T>> ModeInputs(std::size_t n, std::uint64_t seed) {
+  using Limits = std::numeric_limits<T>;
+  const auto number = [](Random& random) { return static_cast<T>(random.Real(-1000, 1000)); };
+  const auto quiet = [](Random& random) {
+    const T x = AwkwardValue<T>(random);
+    return x != x ? Limits::quiet_NaN() : x;
+  };
+  return {
+      {"numbers", Drawn<T>(n, seed, number)},
+      {"denormals", Drawn<T>(n, seed, [](Random& r) { return Denormal<T>(r.Int(-9, 9)); })},
+      {"denormals and numbers", Drawn<T>(n, seed,
+                                         [number](Random& r) {
+                                           return r.Below(2) ? Denormal<T>(r.Int(1, 99))
+                                                             : number(r);
+                                         })},
+      {"one denormal and numbers",
+       Drawn<T>(n, seed, [number](Random& r) { return r.Below(4) ? number(r) : Denormal<T>(7); })},
+      {"about the least normal number",
+       Drawn<T>(n, seed, [](Random& r) { return Limits::min() * static_cast<T>(r.Real(-3, 3)); })},
+      {"infinities and zeros", Drawn<T>(n, seed,
+                                        [](Random& r) {
+                                          return r.Below(2)   ? T(r.Int(-1, 1))
+                                                 : r.Below(8) ? T(0)
+                                                              : Limits::infinity();
+                                        })},
+      {"about to overflow",
+       Drawn<T>(n, seed, [](Random& r) { return Limits::max() * static_cast<T>(r.Real(-1, 1)); })},
+      {"anything", Drawn<T>(n, seed, quiet)},
+  };
+}
+
+}  // namespace zeph::test
+
+#endif  // ZEPH_TESTS_MODES_INPUTS_H

@@ -1,0 +1,124 @@
+#include "support/modes.h"
+
+#include <cfenv>
+#include <cstdint>
+
+#ifndef ZEPH_TEST_SHARED
+#include "kernels/table.h"
+#endif
+
+#if defined(__SSE2__)
+#include <xmmintrin.h>
+#endif
+
+namespace zeph::test {
+namespace {
+
+constexpr int kExceptions = FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW;
+
+// The switches for denormals are no part of <cfenv>.
+#if defined(__SSE2__)
+constexpr bool kTwoSwitches = true;
+void SetDenormals(bool zerosForInputs, bool zerosForResults) {
+  constexpr unsigned kInputs = 0x0040, kResults = 0x8000;
+  _mm_setcsr((_mm_getcsr() & ~(kInputs | kResults)) | (zerosForInputs ? kInputs : 0) |
+             (zerosForResults ? kResults : 0));
+}
+#elif defined(__aarch64__)
+constexpr bool kTwoSwitches = false;
+void SetDenormals(bool zerosForInputs, bool) {
+  constexpr std::uint64_t kFlushToZero = std::uint64_t{1} << 24;
+  std::uint64_t control;
+  __asm__ volatile("mrs %0, fpcr" : "=r"(control));
+  control = zerosForInputs ? control | kFlushToZero : control & ~kFlushToZero;
+  __asm__ volatile("msr fpcr, %0" : : "r"(control));
+}
+#endif
+
+#if defined(__SSE2__) || defined(__aarch64__)
+std::vector<std::pair<bool, bool>> DenormalModes() {
+  if (kTwoSwitches) return {{false, false}, {true, false}, {false, true}, {true, true}};
+  return {{false, false}, {true, true}};
+}
+#else
+void SetDenormals(bool, bool) {}
+std::vector<std::pair<bool, bool>> DenormalModes() {
+  return {{false, false}};
+}
+#endif
+
+/// Sets a mode with no exception raised; afterwards everything is as it was.
+class InMode {
+ public:
+  InMode(const Mode& mode, bool trapping) {
+    std::feholdexcept(&before_);  // nothing is raised, nothing traps
+    std::fesetround(mode.rounding);
+    SetDenormals(mode.zerosForInputs, mode.zerosForResults);
+#if defined(__GLIBC__)
+    if (trapping) feenableexcept(kExceptions);
+#else
+    static_cast<void>(trapping);
+#endif
+  }
+  ~InMode() {
+    SetDenormals(false, false);
+    std::fesetenv(&before_);
+  }
+  InMode(const InMode&) = delete;
+  InMode& operator=(const InMode&) = delete;
+  int Raised() const {
+    return std::fetestexcept(kExceptions);
+  }
+
+ private:
+  std::fenv_t before_;
+};
+
+}  // namespace
+
+const std::vector<Mode>& Modes() {
+  static const std::vector<Mode> modes = [] {
+    const std::pair<int, const char*> kDirections[] = {{FE_TONEAREST, "to nearest"},
+                                                       {FE_UPWARD, "upward"},
+                                                       {FE_DOWNWARD, "downward"},
+                                                       {FE_TOWARDZERO, "toward zero"}};
+    std::vector<Mode> all;
+    for (const auto& [inputs, results] : DenormalModes())
+      for (const auto& [rounding, name] : kDirections)
+        all.push_back({rounding, inputs, results,
+                       std::string(name) + (inputs ? ", denormals are zero" : "") +
+                           (results ? ", flushed to zero" : "")});
+    return all;
+  }();
+  return modes;
+}
+
+int RaisedBy(const Mode& mode, const std::function<void()>& steps, bool trapping) {
+  const InMode inMode(mode, trapping);
+  steps();
+  return inMode.Raised();
+}
+
+std::string ExceptionNames(int raised) {
+  std::string names;
+  for (const auto& [exception, name] :
+       {std::pair{FE_INVALID, "invalid "}, std::pair{FE_DIVBYZERO, "division by zero "},
+        std::pair{FE_OVERFLOW, "overflow "}})
+    if (raised & exception) names += name;
+  return names;
+}
+
+void ForEachForm(const std::function<void(const std::string& name)>& visit) {
+#ifdef ZEPH_TEST_SHARED  // which hides its kernels
+  visit("the form in use");
+#else
+  const kernels::Table& before = kernels::Active();
+  for (const kernels::Table* table : kernels::RunnableTables()) {
+    kernels::Force(*table);
+    visit(table->name);
+  }
+  kernels::Force(before);
+#endif
+}
+
+}  // namespace zeph::test

@@ -35,9 +35,10 @@ def compile_library(jobs):
     places, waiting = set(), False
     for path, line, kind in re.findall(r"(\S+?):(\d+):\d+: (error|note|fatal error):", done.stdout):
         waiting = waiting or kind != "note"
-        here = re.search(r"mutants/tree/(src/.*)", path)
+        # Headers are met by the links that show them to a folder of src/.
+        here = re.search(r"mutants/(?:tree/src|build/src/include/[^/]*_inside)/(.*)", path)
         if waiting and here:
-            places.add((here[1], int(line)))
+            places.add(("src/" + here[1], int(line)))
             waiting = False
     if not places:
         raise SystemExit("the mutated library does not build:\n" + done.stdout[-3000:])

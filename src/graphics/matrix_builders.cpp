@@ -3,9 +3,11 @@
 // Translations, scales and rotations.
 #include "graphics.h"
 #include "graphics/rotation.h"
+#include "platform/degrees.h"
 #include "platform/exactness.h"
 
 using namespace zeph::graphics;
+using zeph::platform::SinCosDegrees;
 
 void CZEPHMatrix4x4::SetTranslation(const CZEPHVector3D& v) {
   LoadIdentity();
@@ -60,9 +62,9 @@ void CZEPHMatrix4x4::SetRotationAxis(double angle, const CZEPHVector3D& axis) {
 }
 
 void CZEPHMatrix4x4::SetRotationPartEuler(double angleX, double angleY, double angleZ) {
-  const auto [sx, cx] = TurnInDouble(angleX);
-  const auto [sy, cy] = TurnInDouble(angleY);
-  const auto [sz, cz] = TurnInDouble(angleZ);
+  const auto [sx, cx] = SinCosDegrees(angleX);
+  const auto [sy, cy] = SinCosDegrees(angleY);
+  const auto [sz, cz] = SinCosDegrees(angleZ);
   entries[0] = static_cast<float>(cz * cy);
   entries[1] = static_cast<float>(sz * cy);
   entries[2] = static_cast<float>(-sy);

@@ -1,23 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "graphics/rotation.h"
 
-#include <cmath>
-
 #include "graphics/components.h"
+#include "platform/degrees.h"
 
 namespace zeph::graphics {
 
-Turn<double> TurnInDouble(double degrees) {
-  const double radians = degrees * 3.141592653589793 / 180.0;
-  // Read again, so that no compiler merges the calls into one for both, which some runtimes round
-  // otherwise.
-  const volatile double again = radians;
-  return {std::sin(radians), std::cos(again)};
-}
-
-Turn<float> TurnInFloat(double degrees) {
-  const Turn<double> turn = TurnInDouble(degrees);
-  return {static_cast<float>(turn.sine), static_cast<float>(turn.cosine)};
+FloatTurn TurnInFloat(double degrees) {
+  const auto [sine, cosine] = platform::SinCosDegrees(degrees);
+  return {static_cast<float>(sine), static_cast<float>(cosine)};
 }
 
 Rotation RotationAbout(const CZEPHVector3D& axis, double degrees) {

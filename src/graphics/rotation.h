@@ -8,17 +8,11 @@
 
 namespace zeph::graphics {
 
-/// Sine and cosine of an angle in degrees.
-template <class T>
-struct Turn {
-  T sine, cosine;
+/// Sine and cosine of an angle in degrees, taken in double, then rounded.
+struct FloatTurn {
+  float sine, cosine;
 };
-
-/// In double.
-Turn<double> TurnInDouble(double degrees);
-
-/// Taken in double, then rounded.
-Turn<float> TurnInFloat(double degrees);
+FloatTurn TurnInFloat(double degrees);
 
 /// The 3x3 matrix that turns column vectors: r21 stands in row 2, column 1.
 struct Rotation {

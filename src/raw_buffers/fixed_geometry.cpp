@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "kernels/overlap.h"
+#include "platform/degrees.h"
 #include "platform/exactness.h"
 #include "raw_buffers.h"
 
@@ -27,14 +28,6 @@ double SnappedEntry(const double* row, const double (*b)[k3], int j) {
   return Snapped(s + row[2] * b[2][j]);
 }
 
-struct Turn {
-  double co, si;
-};
-Turn TurnBy(double angle) {
-  const double radians = angle * 3.141592653589793 / 180.0;
-  return {std::cos(radians), std::sin(radians)};
-}
-
 /// Row i of the 4x4 product.
 void Row4(const double* a, const double* b, double* out) {
   for (int j = 0; j < k4; ++j)
@@ -45,6 +38,7 @@ void Row4(const double* a, const double* b, double* out) {
 }  // namespace zeph::raw_buffers
 
 namespace rb = zeph::raw_buffers;
+using zeph::platform::SinCosDegrees;
 
 void ZEPH_MatrixSet3(double m[3][3], double m00, double m01, double m02, double m10, double m11,
                      double m12, double m20, double m21, double m22) {
@@ -91,7 +85,7 @@ void ZEPH_MatrixMult4(double* const a, double* const b, double* const out) {
 
 void ZEPH_MatrixRotate3X(double m[3][3], double angle) {
   ZEPH_REQUIRE_POINTER(__func__, m);
-  const auto [co, si] = rb::TurnBy(angle);
+  const auto [si, co] = SinCosDegrees(angle);
   double turn[3][3];
   ZEPH_MatrixSet3(turn, 1.0, 0.0, 0.0, 0.0, co, -si, 0.0, si, co);
   ZEPH_MatrixMultiply3(m, turn, m);
@@ -99,7 +93,7 @@ void ZEPH_MatrixRotate3X(double m[3][3], double angle) {
 
 void ZEPH_MatrixRotate3Y(double m[3][3], double angle) {
   ZEPH_REQUIRE_POINTER(__func__, m);
-  const auto [co, si] = rb::TurnBy(angle);
+  const auto [si, co] = SinCosDegrees(angle);
   double turn[3][3];
   ZEPH_MatrixSet3(turn, co, 0.0, si, 0.0, 1.0, 0.0, -si, 0.0, co);
   ZEPH_MatrixMultiply3(m, turn, m);
@@ -107,7 +101,7 @@ void ZEPH_MatrixRotate3Y(double m[3][3], double angle) {
 
 void ZEPH_MatrixRotate3Z(double m[3][3], double angle) {
   ZEPH_REQUIRE_POINTER(__func__, m);
-  const auto [co, si] = rb::TurnBy(angle);
+  const auto [si, co] = SinCosDegrees(angle);
   double turn[3][3];
   ZEPH_MatrixSet3(turn, co, -si, 0.0, si, co, 0.0, 0.0, 0.0, 1.0);
   ZEPH_MatrixMultiply3(m, turn, m);

@@ -4,7 +4,7 @@
 #include "double_array.h"
 #include "double_array/elements.h"
 #include "frame/fatal_report.h"
-#include "kernels/elementwise.h"
+#include "kernels/few.h"
 #include "platform/allocation.h"
 #include "platform/exactness.h"
 
@@ -32,9 +32,9 @@ CZEPHDoubleArray Make(const CZEPHDoubleArray& a, Fill fill) {
   return result;
 }
 
-/// The result of `op(a[i], b[i])`; where one has no storage, `a` as it is copied.
-CZEPHDoubleArray Combine(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b,
-                         kernels::Elementwise::Binary op) {
+/// The result of `op` on `a` and `b`; where one has no storage, `a` as it is copied.
+template <kernels::Elementwise::Binary op>
+CZEPHDoubleArray Combine(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
   if (!a.data || !b.data) return a;
   return Make(a, [&](double* out, std::size_t n) { op(out, a.data, b.data, n); });
 }
@@ -47,28 +47,27 @@ using zeph::double_array::Count;
 using zeph::double_array::Make;
 using zeph::double_array::RequireSameSizeToAdd;
 using zeph::double_array::RequireSameSizeToSubtract;
-using zeph::kernels::Active;
 
 CZEPHDoubleArray& CZEPHDoubleArray::operator+=(const CZEPHDoubleArray& other) {
   RequireSameSizeToAdd(*this, other);
-  if (data) Active().elementwise->add(data, data, other.data, Count(other));
+  if (data) zeph::kernels::Add(data, data, other.data, Count(other));
   return *this;
 }
 
 CZEPHDoubleArray& CZEPHDoubleArray::operator-=(const CZEPHDoubleArray& other) {
   RequireSameSizeToSubtract(*this, other);
-  if (data) Active().elementwise->subtract(data, data, other.data, Count(other));
+  if (data) zeph::kernels::Subtract(data, data, other.data, Count(other));
   return *this;
 }
 
 CZEPHDoubleArray operator+(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
   RequireSameSizeToAdd(a, b);
-  return Combine(a, b, Active().elementwise->add);
+  return Combine<zeph::kernels::Add>(a, b);
 }
 
 CZEPHDoubleArray operator-(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
   RequireSameSizeToSubtract(a, b);
-  return Combine(a, b, Active().elementwise->subtract);
+  return Combine<zeph::kernels::Subtract>(a, b);
 }
 
 CZEPHDoubleArray operator+(const CZEPHDoubleArray& a) {
@@ -77,20 +76,18 @@ CZEPHDoubleArray operator+(const CZEPHDoubleArray& a) {
 
 CZEPHDoubleArray operator-(const CZEPHDoubleArray& a) {
   if (!a.data) return CZEPHDoubleArray(a.size, 0.0);
-  return Make(a, [&](double* out, std::size_t n) {
-    Active().elementwise->subtract_from(out, 0.0, a.data, n);
-  });
+  return Make(
+      a, [&](double* out, std::size_t n) { zeph::kernels::SubtractFrom(out, 0.0, a.data, n); });
 }
 
 CZEPHDoubleArray operator*(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
   zeph::double_array::RequireAsManyAs(a, b, "operator*(CZEPHDoubleArray, CZEPHDoubleArray)");
-  return Combine(a, b, Active().elementwise->multiply);
+  return Combine<zeph::kernels::Multiply>(a, b);
 }
 
 CZEPHDoubleArray operator*(double s, const CZEPHDoubleArray& a) {
   if (!a.data) return a;
-  return Make(a,
-              [&](double* out, std::size_t n) { Active().elementwise->scale(out, s, a.data, n); });
+  return Make(a, [&](double* out, std::size_t n) { zeph::kernels::Scale(out, s, a.data, n); });
 }
 
 CZEPHDoubleArray operator*(const CZEPHDoubleArray& a, double s) {

@@ -3,6 +3,7 @@
 
 #include "double_array.h"
 #include "double_array/elements.h"
+#include "kernels/few.h"
 #include "kernels/largest_magnitude.h"
 #include "platform/exactness.h"
 
@@ -17,13 +18,31 @@ double SumInOrder(std::size_t n, Term term) {
   double sum = term(0);
   constexpr std::size_t kAhead = 8;
   std::size_t i = 1;
-  for (; i + kAhead <= n; i += kAhead) {
-    double terms[kAhead];
-    for (std::size_t k = 0; k < kAhead; ++k) terms[k] = term(i + k);
-    for (double x : terms) sum += x;
-  }
+  if (n > kAhead)
+    for (; i + kAhead <= n; i += kAhead) {
+      double terms[kAhead];
+      for (std::size_t k = 0; k < kAhead; ++k) terms[k] = term(i + k);
+      for (double x : terms) sum += x;
+    }
   for (; i < n; ++i) sum += term(i);
   return sum;
+}
+
+double Larger(double x, double m) {
+  return x > m ? x : m;
+}
+
+/// The documented steps for a handful of elements (at least one), dealt out to two maxima: a NaN in
+/// front stays in both, any other is passed over by both, and the rest has one maximum.
+double LargestOfFew(const double* x, std::size_t n) {
+  double even = std::fabs(x[0]), odd = even;
+  std::size_t i = 1;
+  for (; i + 2 <= n; i += 2) {
+    odd = Larger(std::fabs(x[i]), odd);
+    even = Larger(std::fabs(x[i + 1]), even);
+  }
+  if (i < n) odd = Larger(std::fabs(x[i]), odd);
+  return Larger(even, odd);
 }
 
 }  // namespace
@@ -42,6 +61,7 @@ double CZEPHDoubleArray::TwoNorm() const {
 
 double CZEPHDoubleArray::MaxNorm() const {
   const std::size_t n = Count(*this);
+  if (n > 0 && n <= zeph::kernels::kFew) return zeph::double_array::LargestOfFew(data, n);
   return n > 0 ? zeph::kernels::Active().magnitudes->largest(data, n) : 0.0;
 }
 

@@ -5,7 +5,7 @@
 #include "double_array.h"
 #include "double_array/elements.h"
 #include "frame/fatal_report.h"
-#include "kernels/elementwise.h"
+#include "kernels/few.h"
 #include "platform/allocation.h"
 
 using zeph::double_array::Count;
@@ -19,7 +19,7 @@ CZEPHDoubleArray::CZEPHDoubleArray(int n, double v) : CZEPHDoubleArray() {
 
 CZEPHDoubleArray::CZEPHDoubleArray(int n, double* src) : CZEPHDoubleArray() {
   AllocMemory(n);
-  if (src) std::copy_n(src, Count(*this), data);
+  if (src) zeph::kernels::Copy(data, src, Count(*this));
 }
 
 CZEPHDoubleArray::CZEPHDoubleArray(const CZEPHDoubleArray& other)
@@ -47,7 +47,7 @@ void CZEPHDoubleArray::Resize(int n, int keep) {
   double* block = nullptr;
   if (n >= 1) {
     block = zeph::platform::NewArray<double>(n);
-    if (keep) std::copy_n(data, std::min(Count(*this), static_cast<std::size_t>(n)), block);
+    if (keep) zeph::kernels::Copy(block, data, std::min(Count(*this), static_cast<std::size_t>(n)));
   }
   FreeMemory();
   size = std::max(n, 0);
@@ -61,7 +61,7 @@ CZEPHDoubleArray& CZEPHDoubleArray::operator=(const CZEPHDoubleArray& other) {
     zeph::frame::FatalReport("Bad vector sizes:CZEPHDoubleArray::operator=()", std::cout);
   // A failed allocation may leave a block too small for the size that it has set.
   const bool ready = holds || AllocMemory(other.size);
-  if (ready && other.data) std::copy_n(other.data, Count(*this), data);
+  if (ready && other.data) zeph::kernels::Copy(data, other.data, Count(*this));
   return *this;
 }
 
@@ -77,7 +77,7 @@ int CZEPHDoubleArray::CheckBound(int i) {
 }
 
 void CZEPHDoubleArray::SetEntry(double v) {
-  zeph::kernels::Active().elementwise->fill(data, v, Count(*this));
+  zeph::kernels::Fill(data, v, Count(*this));
 }
 
 void CZEPHDoubleArray::Reset(double v) {

@@ -5,7 +5,7 @@
 #include <iostream>
 #include <utility>
 
-#include "kernels/elementwise.h"
+#include "kernels/few.h"
 #include "linalg.h"
 #include "linalg/kept_results.h"
 #include "linalg/row_table.h"
@@ -13,8 +13,9 @@
 
 namespace {
 
-using zeph::kernels::Active;
+using zeph::kernels::Add;
 using zeph::kernels::Elementwise;
+using zeph::kernels::Subtract;
 using zeph::linalg::Combine;
 using zeph::linalg::Fill;
 
@@ -28,11 +29,11 @@ struct Result : CZEPHDoubleMatrix {
 };
 
 /// A new matrix of op(a(i, j), b(i, j)) for operands of one size.
-CZEPHDoubleMatrix Combined(const CZEPHDoubleMatrix& a, const CZEPHDoubleMatrix& b,
-                           Elementwise::Binary op) {
+template <Elementwise::Binary op>
+CZEPHDoubleMatrix Combined(const CZEPHDoubleMatrix& a, const CZEPHDoubleMatrix& b) {
   Result out;
   if (out.AllocMemory(a.m_nRows, a.m_nColumns) == 1) {
-    const int done = Combine(out.m_ppData, a.m_ppData, b.m_ppData, a.m_nRows, a.m_nColumns, op);
+    const int done = Combine<op>(out.m_ppData, a.m_ppData, b.m_ppData, a.m_nRows, a.m_nColumns);
     Fill(out.m_ppData, done, a.m_nRows, a.m_nColumns, 0.0);
   }
   return CZEPHDoubleMatrix(std::move(out));
@@ -40,7 +41,7 @@ CZEPHDoubleMatrix Combined(const CZEPHDoubleMatrix& a, const CZEPHDoubleMatrix& 
 
 /// The negation of 0.0 is 0.0.
 void FromZero(double* out, const double* x, const double*, std::size_t n) {
-  Active().elementwise->subtract_from(out, 0.0, x, n);
+  zeph::kernels::SubtractFrom(out, 0.0, x, n);
 }
 
 void Require(bool sizesAgree, const char* message) {
@@ -51,38 +52,38 @@ void Require(bool sizesAgree, const char* message) {
 
 CZEPHDoubleMatrix& CZEPHDoubleMatrix::operator+=(const CZEPHDoubleMatrix& other) {
   Require(SameSize(*this, other), "Bad matrix sizes in CZEPHDoubleMatrix::operator+=()");
-  Combine(m_ppData, m_ppData, other.m_ppData, m_nRows, m_nColumns, Active().elementwise->add);
+  Combine<Add>(m_ppData, m_ppData, other.m_ppData, m_nRows, m_nColumns);
   return *this;
 }
 
 CZEPHDoubleMatrix& CZEPHDoubleMatrix::operator-=(const CZEPHDoubleMatrix& other) {
   Require(SameSize(*this, other), "bad matrix sizes");
-  Combine(m_ppData, m_ppData, other.m_ppData, m_nRows, m_nColumns, Active().elementwise->subtract);
+  Combine<Subtract>(m_ppData, m_ppData, other.m_ppData, m_nRows, m_nColumns);
   return *this;
 }
 
 CZEPHDoubleMatrix CZEPHDoubleMatrix::operator+(const CZEPHDoubleMatrix& other) {
   Require(SameSize(*this, other), "Bad matrix sizes in CZEPHDoubleMatrix::operator+=()");
-  return Combined(*this, other, Active().elementwise->add);
+  return Combined<Add>(*this, other);
 }
 
 CZEPHDoubleMatrix CZEPHDoubleMatrix::operator-(const CZEPHDoubleMatrix& other) {
   Require(SameSize(*this, other), "bad matrix sizes");
-  return Combined(*this, other, Active().elementwise->subtract);
+  return Combined<Subtract>(*this, other);
 }
 
 CZEPHDoubleMatrix& CZEPHDoubleMatrix::operator-() {
-  return zeph::linalg::Keep(Combined(*this, *this, FromZero));
+  return zeph::linalg::Keep(Combined<FromZero>(*this, *this));
 }
 
 CZEPHDoubleMatrix operator+(const CZEPHDoubleMatrix& a, const CZEPHDoubleMatrix& b) {
   Require(SameSize(a, b), "Bad matrix sizes : operator-()");
-  return Combined(a, b, Active().elementwise->add);
+  return Combined<Add>(a, b);
 }
 
 CZEPHDoubleMatrix operator-(const CZEPHDoubleMatrix& a, const CZEPHDoubleMatrix& b) {
   Require(SameSize(a, b), "Bad matrix sizes : operator-()");
-  return Combined(a, b, Active().elementwise->subtract);
+  return Combined<Subtract>(a, b);
 }
 
 CZEPHDoubleMatrix operator+(const CZEPHDoubleMatrix& a) {
@@ -90,5 +91,5 @@ CZEPHDoubleMatrix operator+(const CZEPHDoubleMatrix& a) {
 }
 
 CZEPHDoubleMatrix operator-(const CZEPHDoubleMatrix& a) {
-  return Combined(a, a, FromZero);
+  return Combined<FromZero>(a, a);
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "frame/fatal_report.h"
-#include "kernels/elementwise.h"
+#include "kernels/few.h"
 #include "linalg.h"
 #include "linalg/row_table.h"
 #include "platform/exactness.h"
@@ -11,17 +11,17 @@ void CZEPHMatrix::Check(bool failed, char* message) {
 }
 
 CZEPHMatrix CZEPHMatrix::operator+(const CZEPHMatrix& other) {
-  Check(m_nRows != other.m_nRows || m_nColumns != other.m_nColumns,
-        "Addition error (Not of the same size)");
+  if (m_nRows != other.m_nRows || m_nColumns != other.m_nColumns)
+    Check(true, "Addition error (Not of the same size)");
   CZEPHMatrix sum(m_nRows, m_nColumns);
-  const int added = zeph::linalg::Combine(sum.m_ppData, other.m_ppData, m_ppData, sum.m_nRows,
-                                          sum.m_nColumns, zeph::kernels::Active().elementwise->add);
+  const int added = zeph::linalg::Combine<zeph::kernels::Add>(
+      sum.m_ppData, other.m_ppData, m_ppData, sum.m_nRows, sum.m_nColumns);
   zeph::linalg::Fill(sum.m_ppData, added, sum.m_nRows, sum.m_nColumns, 0.0);
   return sum;
 }
 
 CZEPHMatrix CZEPHMatrix::operator*(const CZEPHMatrix& other) {
-  Check(m_nColumns != other.m_nRows, "Multiplication error!(size)");
+  if (m_nColumns != other.m_nRows) Check(true, "Multiplication error!(size)");
   CZEPHMatrix product(m_nRows, other.m_nColumns);
   zeph::linalg::Multiply(product.m_ppData, m_ppData, other.m_ppData, product.m_nRows, m_nColumns,
                          product.m_nColumns);

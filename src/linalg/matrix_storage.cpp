@@ -27,10 +27,10 @@ CZEPHMatrix::~CZEPHMatrix() {
 
 void CZEPHMatrix::Create(int rows, int cols) {
   Free();
-  const bool some = rows >= 1 && cols >= 1;
-  m_nRows = some ? rows : 0;
-  m_nColumns = some ? cols : 0;
-  if (!some) return;
+  if (rows < 1 || cols < 1) rows = cols = 0;
+  m_nRows = rows;
+  m_nColumns = cols;
+  if (rows < 1) return;
   m_ppData = zeph::linalg::NewTable(rows);
   zeph::linalg::NewRows(m_ppData, rows, cols);
 }

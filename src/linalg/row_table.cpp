@@ -2,19 +2,49 @@
 #include "linalg/row_table.h"
 
 #include "kernels/dense_product.h"
+#include "kernels/few.h"
 #include "platform/allocation.h"
 #include "platform/exactness.h"
 
 namespace zeph::linalg {
+namespace {
+
+std::size_t Elements(int cols) {
+  return cols > 0 ? static_cast<std::size_t>(cols) : 0;
+}
+
+/// The matrix product with `kCols` columns: each entry from 0.0 and in increasing k.
+template <int kCols>
+void NarrowProduct(double* const* out, const double* const* a, const double* const* b, int rows,
+                   int inner) {
+  for (int i = 0; i < rows; ++i) {
+    double sums[kCols] = {};
+    for (int k = 0; k < inner; ++k)
+      for (int j = 0; j < kCols; ++j) sums[j] += b[k][j] * a[i][k];
+    for (int j = 0; j < kCols; ++j) out[i][j] = sums[j];
+  }
+}
+
+/// The products of matrices of up to 4 x 4, for which the dense kernel takes longer to begin.
+using Narrow = void (*)(double* const*, const double* const*, const double* const*, int, int);
+constexpr int kNarrow = 4;
+constexpr Narrow kNarrowProducts[] = {nullptr, NarrowProduct<1>, NarrowProduct<2>, NarrowProduct<3>,
+                                      NarrowProduct<4>};
+
+}  // namespace
 
 double** NewTable(int rows) {
-  auto* const table = platform::NewArray<double*>(rows);
-  std::fill_n(table, rows, nullptr);
-  return table;
+  return platform::NewArray<double*>(rows);
 }
 
 void NewRows(double** table, int rows, int cols) {
-  for (int i = 0; i < rows; ++i) table[i] = platform::NewArray<double>(cols);
+  int i = 0;
+  try {
+    for (; i < rows; ++i) table[i] = platform::NewArray<double>(cols);
+  } catch (...) {
+    std::fill(table + i, table + rows, nullptr);
+    throw;
+  }
 }
 
 void ReleaseRows(double* const* table, int rows) {
@@ -29,26 +59,25 @@ int StoredRows(const double* const* table, int rows) {
 }
 
 void Fill(double* const* table, int first, int rows, int cols, double value) {
-  for (int i = first; i < rows; ++i) std::fill_n(table[i], cols, value);
+  for (int i = first; i < rows; ++i) kernels::Fill(table[i], value, Elements(cols));
 }
 
-void Copy(double* const* to, const double* const* from, int rows, int cols) {
-  const int stored = std::min(StoredRows(to, rows), StoredRows(from, rows));
-  for (int i = 0; i < stored; ++i)
-    if (to[i] != from[i]) std::copy_n(from[i], cols, to[i]);
+int Copy(double* const* to, const double* const* from, int rows, int cols) {
+  if (!to || !from) return 0;
+  int i = 0;
+  for (; i < rows && to[i] && from[i]; ++i) kernels::Copy(to[i], from[i], Elements(cols));
+  return i;
+}
+
+/// Sets the rows from `first` on that are there to 0.0. Out of the way of copies, which seldom need
+/// it.
+static void ZeroFrom(double* const* to, int first, int rows, int cols) {
+  Fill(to, first, StoredRows(to, rows), cols, 0.0);
 }
 
 void CopyOrZero(double* const* to, const double* const* from, int rows, int cols) {
-  Copy(to, from, rows, cols);
-  Fill(to, StoredRows(from, rows), StoredRows(to, rows), cols, 0.0);
-}
-
-int Combine(double* const* out, const double* const* a, const double* const* b, int rows, int cols,
-            kernels::Elementwise::Binary op) {
-  const int stored = std::min(StoredRows(a, rows), StoredRows(b, rows));
-  const std::size_t count = cols > 0 ? static_cast<std::size_t>(cols) : 0;
-  for (int i = 0; i < stored; ++i) op(out[i], a[i], b[i], count);
-  return stored;
+  const int copied = Copy(to, from, rows, cols);
+  if (copied < rows) ZeroFrom(to, copied, rows, cols);
 }
 
 void Multiply(double* const* out, const double* const* a, const double* const* b, int rows,
@@ -56,6 +85,8 @@ void Multiply(double* const* out, const double* const* a, const double* const* b
   if (rows < 1 || cols < 1) return;
   if (inner < 1 || StoredRows(a, rows) < rows || StoredRows(b, inner) < inner)
     Fill(out, 0, rows, cols, 0.0);
+  else if (rows <= kNarrow && inner <= kNarrow && cols <= kNarrow)
+    kNarrowProducts[cols](out, a, b, rows, inner);
   else
     kernels::DenseProduct(out, a, b, static_cast<std::size_t>(rows),
                           static_cast<std::size_t>(inner), static_cast<std::size_t>(cols));

@@ -14,11 +14,12 @@
 
 namespace zeph::linalg {
 
-/// A table of `rows` null pointers. Exhaustion passes to the caller; so does a negative count.
+/// A table of `rows` pointers with undefined values. Exhaustion passes to the caller; so does a
+/// negative count.
 double** NewTable(int rows);
 
 /// Gives each row of a fresh table a block of `cols` elements with undefined values. Exhaustion
-/// passes to the caller and leaves the remaining rows null.
+/// passes to the caller and makes the remaining rows null.
 void NewRows(double** table, int rows, int cols);
 
 /// Releases the first `rows` rows, if `rows` is positive. The table itself stays.
@@ -30,16 +31,24 @@ int StoredRows(const double* const* table, int rows);
 /// Sets rows `first` to `rows` - 1.
 void Fill(double* const* table, int first, int rows, int cols, double value);
 
-/// Copies the elements of the rows that both sides have; the two may be the same table.
-void Copy(double* const* to, const double* const* from, int rows, int cols);
+/// Copies the elements of the rows that both sides have; the two may be the same table. Gives the
+/// number of those rows.
+int Copy(double* const* to, const double* const* from, int rows, int cols);
 
 /// The same into fresh storage: rows that `from` does not have become 0.0.
 void CopyOrZero(double* const* to, const double* const* from, int rows, int cols);
 
 /// op(out row, a row, b row, cols) for the rows that both operands have; gives their number. `out`
 /// has those rows and may be one of the operands.
-int Combine(double* const* out, const double* const* a, const double* const* b, int rows, int cols,
-            kernels::Elementwise::Binary op);
+template <kernels::Elementwise::Binary op>
+int Combine(double* const* out, const double* const* a, const double* const* b, int rows,
+            int cols) {
+  if (!a || !b) return 0;
+  const std::size_t count = cols > 0 ? static_cast<std::size_t>(cols) : 0;
+  int i = 0;
+  for (; i < rows && a[i] && b[i]; ++i) op(out[i], a[i], b[i], count);
+  return i;
+}
 
 /// The matrix product, by the dense kernel; operands that lack rows count as without elements, so
 /// that every entry of `out` is 0.0. `out` has all its rows and shares none with the operands.

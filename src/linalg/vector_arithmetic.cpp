@@ -3,13 +3,11 @@
 #include <cstddef>
 
 #include "frame/fatal_report.h"
-#include "kernels/elementwise.h"
+#include "kernels/few.h"
 #include "linalg.h"
 #include "platform/exactness.h"
 
 namespace {
-
-using zeph::kernels::Active;
 
 /// A new vector as long as `x`, filled by `fill(out, n)` if its operands are `ready`; else of
 /// zeros.
@@ -20,13 +18,13 @@ CZEPHVector Made(const CZEPHVector& x, bool ready, Fill fill) {
   if (ready)
     fill(out.m_pData, n);
   else
-    Active().elementwise->fill(out.m_pData, 0.0, n);
+    zeph::kernels::Fill(out.m_pData, 0.0, n);
   return out;
 }
 
 /// A new vector of op(x[i], y[i]).
-CZEPHVector Combined(const CZEPHVector& x, const CZEPHVector& y,
-                     zeph::kernels::Elementwise::Binary op) {
+template <zeph::kernels::Elementwise::Binary op>
+CZEPHVector Combined(const CZEPHVector& x, const CZEPHVector& y) {
   return Made(x, x.m_pData && y.m_pData,
               [&](double* out, std::size_t n) { op(out, x.m_pData, y.m_pData, n); });
 }
@@ -39,13 +37,13 @@ void CZEPHVector::Check(bool failed, char* message) {
 }
 
 CZEPHVector CZEPHVector::operator+(const CZEPHVector& other) {
-  Check(m_nSize != other.m_nSize, "Addition error (Not of the same size)");
-  return Combined(*this, other, Active().elementwise->add);
+  if (m_nSize != other.m_nSize) Check(true, "Addition error (Not of the same size)");
+  return Combined<zeph::kernels::Add>(*this, other);
 }
 
 CZEPHVector CZEPHVector::operator-(const CZEPHVector& other) {
-  Check(m_nSize != other.m_nSize, "Subtraction error (Not of the same size)");
-  return Combined(*this, other, Active().elementwise->subtract);
+  if (m_nSize != other.m_nSize) Check(true, "Subtraction error (Not of the same size)");
+  return Combined<zeph::kernels::Subtract>(*this, other);
 }
 
 CZEPHVector CZEPHVector::operator/(const double& d) {
@@ -53,9 +51,8 @@ CZEPHVector CZEPHVector::operator/(const double& d) {
 }
 
 CZEPHVector operator*(const double& s, const CZEPHVector& v) {
-  return Made(v, v.m_pData != nullptr, [&](double* out, std::size_t n) {
-    Active().elementwise->scale(out, s, v.m_pData, n);
-  });
+  return Made(v, v.m_pData != nullptr,
+              [&](double* out, std::size_t n) { zeph::kernels::Scale(out, s, v.m_pData, n); });
 }
 
 CZEPHVector operator*(const CZEPHVector& v, const double& s) {

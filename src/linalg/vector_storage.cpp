@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 
+#include "kernels/few.h"
 #include "linalg.h"
 #include "platform/allocation.h"
 
@@ -9,16 +10,15 @@ namespace {
 /// Fills fresh storage from `from`, or with 0.0 where that is not there.
 void CopyOrZero(CZEPHVector& to, const double* from) {
   if (from)
-    std::copy_n(from, to.m_nSize, to.m_pData);
+    zeph::kernels::Copy(to.m_pData, from, static_cast<std::size_t>(to.m_nSize));
   else
-    std::fill_n(to.m_pData, to.m_nSize, 0.0);
+    zeph::kernels::Fill(to.m_pData, 0.0, static_cast<std::size_t>(to.m_nSize));
 }
 
 }  // namespace
 
-CZEPHVector::CZEPHVector(int n) : CZEPHVector() {
-  Create(n);
-}
+CZEPHVector::CZEPHVector(int n)
+    : m_nSize(n >= 1 ? n : 0), m_pData(n >= 1 ? zeph::platform::NewArray<double>(n) : nullptr) {}
 
 CZEPHVector::CZEPHVector(int n, const double* data) : CZEPHVector(n) {
   CopyOrZero(*this, data);
@@ -49,8 +49,8 @@ CZEPHVector CZEPHVector::operator=(const CZEPHVector& other) {
   if (m_nSize != other.m_nSize) {
     Create(other.m_nSize);
     CopyOrZero(*this, other.m_pData);
-  } else if (m_pData != other.m_pData && m_pData && other.m_pData) {
-    std::copy_n(other.m_pData, m_nSize, m_pData);
+  } else if (m_nSize > 0 && m_pData && other.m_pData) {
+    zeph::kernels::Copy(m_pData, other.m_pData, static_cast<std::size_t>(m_nSize));
   }
   return *this;
 }

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "kernels/few.h"
 #include "support/bits.h"
 #include "support/numbers.h"
 
@@ -66,6 +67,20 @@ const std::vector<Operation>& Operations() {
   return all;
 }
 
+/// The tables' forms, and the one that takes a handful on the spot.
+const std::vector<const Table*>& Forms() {
+  static const Elementwise few = {Add, Subtract, Multiply, Scale, SubtractFrom, Fill};
+  static const std::vector<const Table*> all = [] {
+    std::vector<const Table*> tables = RunnableTables();
+    static Table onTheSpot = *tables.front();
+    onTheSpot.name = "on the spot";
+    onTheSpot.elementwise = &few;
+    tables.push_back(&onTheSpot);
+    return tables;
+  }();
+  return all;
+}
+
 void Check(const Operation& operation, const Table* form, std::size_t n, std::size_t skewA,
            std::size_t skewB, std::size_t skewOut) {
   SCOPED_TRACE(std::string(operation.name) + " " + form->name + " n=" + std::to_string(n));
@@ -83,7 +98,7 @@ void Check(const Operation& operation, const Table* form, std::size_t n, std::si
 
 TEST(Elementwise, GivesTheLoopsBitsAtEveryLengthAndMisalignment) {
   for (const Operation& operation : Operations())
-    for (const Table* form : RunnableTables())
+    for (const Table* form : Forms())
       for (std::size_t n = 0; n <= 290; n = n == 67 ? 256 : n + 1)  // short ones, and by lines
         for (std::size_t skewA : {0u, 1u, 3u})
           for (std::size_t skewB : {0u, 2u})
@@ -93,7 +108,7 @@ TEST(Elementwise, GivesTheLoopsBitsAtEveryLengthAndMisalignment) {
 
 TEST(Elementwise, GivesTheLoopsBitsOnLongArrays) {
   for (const Operation& operation : Operations())
-    for (const Table* form : RunnableTables())
+    for (const Table* form : Forms())
       for (std::size_t n : {127u, 128u, 1000u, 4099u}) Check(operation, form, n, 1, 0, 2);
 }
 
@@ -101,7 +116,7 @@ TEST(Elementwise, GivesTheLoopsBitsWhereverOperandsLieInACacheLine) {
   constexpr std::size_t kLine = 8;
   for (const Operation& operation : Operations()) {
     if (!operation.binary) continue;
-    for (const Table* form : RunnableTables())
+    for (const Table* form : Forms())
       for (std::size_t skewA = 0; skewA < kLine; ++skewA)
         for (std::size_t skewB = 0; skewB < kLine; ++skewB)
           for (std::size_t skewOut : {0u, 1u, 2u, 6u})
@@ -112,7 +127,7 @@ TEST(Elementwise, GivesTheLoopsBitsWhereverOperandsLieInACacheLine) {
 
 TEST(Elementwise, MayWriteOverAnOperand) {
   for (const Operation& operation : Operations())
-    for (const Table* form : RunnableTables())
+    for (const Table* form : Forms())
       for (std::size_t n = 0; n <= 300; n = n == 67 ? 256 : n + 1) {
         SCOPED_TRACE(std::string(operation.name) + " " + form->name + " n=" + std::to_string(n));
         const Array a = test::Awkward(n, 4), b = test::Awkward(n, 5);
@@ -132,10 +147,23 @@ TEST(Elementwise, MayWriteOverAnOperand) {
 
 TEST(Elementwise, FillKeepsTheBitsOfANaN) {
   const double nan = test::FromBits<double>(0xFFF8000000000123u);
-  for (const Table* form : RunnableTables()) {
+  for (const Table* form : Forms()) {
     Array filled(37);
     form->elementwise->fill(filled.data(), nan, filled.size());
     EXPECT_TRUE(test::SameBits(filled, Array(37, nan))) << form->name;
+  }
+}
+
+TEST(Elementwise, CopiesKeepEveryBit) {
+  for (std::size_t n = 0; n <= 40; ++n) {
+    const Array from = test::Awkward(n + 1, 6), before = test::Awkward(n + 2, 7);
+    Array to = before;
+    Copy(to.data() + 1, from.data() + 1, n);
+    ASSERT_TRUE(test::SameBits(to.data() + 1, from.data() + 1, n)) << n;
+    ASSERT_TRUE(test::SameBits(to.data(), before.data(), 1)) << n;
+    ASSERT_TRUE(test::SameBits(to.data() + n + 1, before.data() + n + 1, 1)) << n;
+    Copy(to.data(), to.data(), n);
+    ASSERT_TRUE(test::SameBits(to.data() + 1, from.data() + 1, n)) << n;
   }
 }
 

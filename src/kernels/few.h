@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+//
+// Element-wise operations as callers want them: a handful of elements on the spot, in the
+// instruction set that every processor of the target has, and longer arrays through the table. A
+// call through the table and the search for a line's edge behind it cost more than a handful's
+// arithmetic.
+#ifndef ZEPH_SRC_KERNELS_FEW_H
+#define ZEPH_SRC_KERNELS_FEW_H
+
+#include <cstddef>
+#include <cstring>
+
+#include "kernels/elementwise.h"
+#include "platform/exactness.h"
+
+namespace zeph::kernels {
+
+/// The elements that are worth no call.
+constexpr std::size_t kFew = 16;
+
+template <std::size_t k>
+struct Size {
+  static constexpr std::size_t value = k;
+};
+
+/// Deals up to kFew elements out to chunks of 16, 8, 4, 2 and 1: body(first, Size<k>()). They do
+/// not overlap: what one operation has stored is what the next one loads, which is faster than
+/// parts of two stores.
+template <class Body>
+inline void InChunks(std::size_t n, Body body) {
+  std::size_t i = 0;
+  if (n >= 4) {
+    for (; i + 8 <= n; i += 8) body(i, Size<8>());
+    if (n & 4) body(i, Size<4>()), i += 4;
+  }
+  if (n & 2) body(i, Size<2>()), i += 2;
+  if (n & 1) body(i, Size<1>());
+}
+
+/// out[i] = value(i) for up to kFew elements. A chunk is computed before it is stored, so that
+/// `out` may be an operand.
+template <class Value>
+inline void Few(double* out, std::size_t n, Value value) {
+  InChunks(n, [&](std::size_t first, auto size) {
+    double values[size.value];
+    for (std::size_t i = 0; i < size.value; ++i) values[i] = value(first + i);
+    for (std::size_t i = 0; i < size.value; ++i) out[first + i] = values[i];
+  });
+}
+
+// The operations of Elementwise; the same is demanded of the operands.
+
+inline void Add(double* out, const double* a, const double* b, std::size_t n) {
+  if (n > kFew) return Active().elementwise->add(out, a, b, n);
+  Few(out, n, [=](std::size_t i) { return a[i] + b[i]; });
+}
+inline void Subtract(double* out, const double* a, const double* b, std::size_t n) {
+  if (n > kFew) return Active().elementwise->subtract(out, a, b, n);
+  Few(out, n, [=](std::size_t i) { return a[i] - b[i]; });
+}
+inline void Multiply(double* out, const double* a, const double* b, std::size_t n) {
+  if (n > kFew) return Active().elementwise->multiply(out, a, b, n);
+  Few(out, n, [=](std::size_t i) { return a[i] * b[i]; });
+}
+inline void Scale(double* out, double s, const double* a, std::size_t n) {
+  if (n > kFew) return Active().elementwise->scale(out, s, a, n);
+  Few(out, n, [=](std::size_t i) { return s * a[i]; });
+}
+inline void SubtractFrom(double* out, double s, const double* a, std::size_t n) {
+  if (n > kFew) return Active().elementwise->subtract_from(out, s, a, n);
+  Few(out, n, [=](std::size_t i) { return s - a[i]; });
+}
+inline void Fill(double* out, double s, std::size_t n) {
+  if (n > kFew) return Active().elementwise->fill(out, s, n);
+  InChunks(n, [=](std::size_t first, auto size) {
+    for (std::size_t i = 0; i < size.value; ++i) out[first + i] = s;
+  });
+}
+
+/// out[i] = a[i], bit for bit.
+inline void Copy(double* out, const double* a, std::size_t n) {
+  if (n > kFew) {
+    std::memmove(out, a, n * sizeof *a);
+    return;
+  }
+  InChunks(n, [=](std::size_t first, auto size) {
+    std::memcpy(out + first, a + first, size.value * sizeof *a);
+  });
+}
+
+}  // namespace zeph::kernels
+
+#endif  // ZEPH_SRC_KERNELS_FEW_H

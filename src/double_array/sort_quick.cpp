@@ -1,45 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <cstdint>
 
 #include "double_array.h"
 #include "double_array/elements.h"
 #include "double_array/partition.h"
+#include "double_array/quick_walk.h"
 #include "double_array/sorting.h"
-
-namespace zeph::double_array {
-namespace {
-
-std::int64_t Length(int left, int right) {
-  return std::int64_t{right} - left + 1;
-}
-
-void Finish(double* v, int left, int right, int cutoff) {
-  if (cutoff <= 3) {
-    ManualSort(v, left, right);
-  } else if (left < right) {
-    InsertionSort(v + left, static_cast<std::size_t>(Length(left, right)));
-  }
-}
-
-/// The documented walk. The pieces on the two sides of a pivot do not touch each other, so their
-/// order does not matter; recursing into the smaller one keeps the depth below log2 of the length.
-void QuickWalk(double* v, int left, int right, int cutoff) {
-  while (Length(left, right) > cutoff) {
-    const double pivot = MedianOf3(v, left, right);
-    const int p = QuickPartition(v, left, right, pivot);
-    if (Length(left, p - 1) < Length(p + 1, right)) {
-      QuickWalk(v, left, p - 1, cutoff);
-      left = p + 1;
-    } else {
-      QuickWalk(v, p + 1, right, cutoff);
-      right = p - 1;
-    }
-  }
-  Finish(v, left, right, cutoff);
-}
-
-}  // namespace
-}  // namespace zeph::double_array
 
 // Without NaN every cut-off of 2 and more leaves the piece in ascending order: partitioning orders
 // the pieces among themselves, and both finishing sorts sort what they are given (ManualSort gets
@@ -48,10 +15,10 @@ void CZEPHDoubleArray::recQuickSort(int left, int right, int cutoff) {
   namespace impl = zeph::double_array;
   if (left >= right) return;
   impl::RequireRange(*this, "CZEPHDoubleArray::recQuickSort", left, right);
-  const auto count = static_cast<std::size_t>(impl::Length(left, right));
+  const auto count = static_cast<std::size_t>(std::int64_t{right} - left + 1);
   if (count > impl::kSmall && impl::SortIfOrderIsUnique(data + left, count)) return;
   // Pieces of one element cannot be parted: the median needs three places, or two at least.
-  impl::QuickWalk(data, left, right, std::max(cutoff, 2));
+  impl::SortAsWalked(data + left, count, static_cast<std::size_t>(std::max(cutoff, 2)));
 }
 
 void CZEPHDoubleArray::QuickSort(int cutoff) {

@@ -40,4 +40,20 @@ void SortRuns(double* v, std::size_t n, Equals equals) {
   }
 }
 
+// Large arrays: a NaN is neither moved nor passed, so it parts the array into runs that settle
+// among themselves. Within a run a key ends in front of all that are greater or equal: ascending
+// order, the later of two equals first.
+void InsertionSort(double* v, std::size_t n) {
+  if (n > kSmall) {
+    if (!SortIfOrderIsUnique(v, n)) SortRuns(v, n, Equals::kReversed);
+    return;
+  }
+  for (std::size_t i = 1; i < n; ++i) {
+    const double key = v[i];
+    std::size_t j = i;
+    for (; j > 0 && v[j - 1] >= key; --j) v[j] = v[j - 1];
+    v[j] = key;
+  }
+}
+
 }  // namespace zeph::double_array

@@ -4,19 +4,11 @@
 #ifndef ZEPH_SRC_KERNELS_DENSE_PRODUCT_H
 #define ZEPH_SRC_KERNELS_DENSE_PRODUCT_H
 
-#include <atomic>
 #include <cstddef>
 
 #include "kernels/table.h"
 
 namespace zeph::kernels {
-
-namespace detail {
-/// Where large products borrow their memory, to be released with std::free: std::malloc, unless a
-/// test put something else here. Not the allocation operators: their handlers need not hear of
-/// memory that a product can do without.
-extern std::atomic<void* (*)(std::size_t)> borrow;
-}  // namespace detail
 
 /// One form of what follows.
 struct Products {

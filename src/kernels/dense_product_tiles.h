@@ -10,11 +10,10 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdlib>
 #include <cstring>
-#include <memory>
 
 #include "kernels/dense_product.h"
+#include "kernels/memory.h"
 #include "kernels/row_sums.h"
 
 #if defined(__GNUC__) || defined(__clang__)
@@ -187,10 +186,6 @@ void RunPacked(const Block& block, double* room) {
   }
 }
 
-struct Release {
-  void operator()(void* p) const { std::free(p); }
-};
-
 /// Block after block, with `room` for a panel.
 template <class Form>
 void RunBlocks(const Block& all, double* room) {
@@ -222,8 +217,7 @@ void Run(double* const* out, const double* const* a, const double* const* b, std
   const Block all{out, a, b, rows, inner, cols, false};
   if (!Form::Packs(rows, inner, cols)) return RunInPlace<Form>(all);
   const std::size_t room = kInnerBlock * kPanelCols;
-  const std::unique_ptr<double, Release> block(
-      static_cast<double*>(detail::borrow.load(std::memory_order_relaxed)(room * sizeof(double))));
+  const Borrowed<double> block = Borrow<double>(room);
   if (!block) return RunInPlace<Form>(all);
   RunBlocks<Form>(all, block.get());
 }

@@ -11,6 +11,7 @@
 #define ZEPH_DECLARE_FORMS(level)        \
   namespace level {                      \
   extern const Sorting kSorting;         \
+  extern const Partitions kPartitions;   \
   extern const Searching kSearching;     \
   extern const Elementwise kElementwise; \
   extern const Magnitudes kMagnitudes;   \

@@ -15,6 +15,7 @@ struct Level {
 
 constexpr Table kPortable = {"portable",
                              &portable::kSorting,
+                             &portable::kPartitions,
                              &portable::kSearching,
                              &portable::kElementwise,
                              &portable::kMagnitudes,
@@ -26,9 +27,14 @@ bool Always() {
 
 // GCOVR_EXCL_START: one processor takes one way through here
 #if ZEPH_X64
-constexpr Table kAvx2 = {
-    "avx2",          &avx2::kSorting, &avx2::kSearching, &avx2::kElementwise, &avx2::kMagnitudes,
-    &avx2::kRowSums, &avx2::kProducts};
+constexpr Table kAvx2 = {"avx2",
+                         &avx2::kSorting,
+                         &avx2::kPartitions,
+                         &avx2::kSearching,
+                         &avx2::kElementwise,
+                         &avx2::kMagnitudes,
+                         &avx2::kRowSums,
+                         &avx2::kProducts};
 // The builtins also ask whether the system saves the wide registers.
 bool HasAvx2() {
   __builtin_cpu_init();
@@ -37,6 +43,7 @@ bool HasAvx2() {
 
 constexpr Table kAvx512 = {"avx512",
                            &avx512::kSorting,
+                           &avx512::kPartitions,
                            &avx512::kSearching,
                            &avx512::kElementwise,
                            &avx512::kMagnitudes,

@@ -12,6 +12,7 @@ namespace zeph::kernels {
 
 // The families, each described in the header beside it.
 struct Sorting;      // sort.h
+struct Partitions;   // partition.h
 struct Searching;    // search.h
 struct Elementwise;  // elementwise.h
 struct Magnitudes;   // largest_magnitude.h
@@ -22,6 +23,7 @@ struct Products;     // dense_product.h
 struct Table {
   const char* name;  // "portable", "avx2" or "avx512" (F, DQ, BW and VL together)
   const Sorting* sorting;
+  const Partitions* partitions;
   const Searching* searching;
   const Elementwise* elementwise;
   const Magnitudes* magnitudes;

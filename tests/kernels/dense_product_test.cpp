@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "kernels/memory.h"
 #include "oracle/dense_product.h"
 #include "support/bits.h"
 #include "support/numbers.h"

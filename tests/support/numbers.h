@@ -117,14 +117,18 @@ struct Order {
   std::function<std::vector<double>(std::size_t n, std::uint64_t seed)> make;
 };
 
-/// Input on which median-of-three of (first, middle, last) quicksort always splits off two
-/// elements.
+/// Input on which median-of-three of (first, middle, last) quicksort splits off two elements at a
+/// time until half of them are gone: the least wait where the middle will be and at even places of
+/// the first half, and the greater half, in any order, fills the rest.
 inline std::vector<double> MedianOfThreeKiller(std::size_t n) {
   std::vector<double> v(n);
-  const std::size_t half = n / 2;
-  for (std::size_t i = 0; i < half; ++i)
-    v[i] = static_cast<double>(i % 2 == 0 ? i + 1 : half + i + (half % 2 == 0 ? 0 : 1));
-  for (std::size_t i = half; i < n; ++i) v[i] = static_cast<double>(2 * (i - half + 1));
+  Random random(n);
+  for (double& x : v) x = static_cast<double>(n + random.Below(n));
+  if (n < 4) return v;
+  const std::size_t middle = (n - 1) / 2;
+  for (std::size_t i = middle; i + 2 < n; ++i) v[i] = static_cast<double>(2 * (i - middle));
+  for (std::size_t i = 0; i < middle; i += 2) v[i] = static_cast<double>(i + 3);
+  v[n - 1] = 1;
   return v;
 }
 

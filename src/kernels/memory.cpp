@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "kernels/dense_product.h"
+#include "kernels/memory.h"
 
 #include <cstdlib>
 

@@ -1,0 +1,143 @@
+#include "kernels/partition.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "oracle/sorts.h"
+#include "support/bits.h"
+#include "support/hostile.h"
+
+namespace zeph::kernels {
+namespace {
+
+using test::Arrangement;
+using test::Content;
+using test::Random;
+using Values = std::vector<double>;
+
+/// Every form this machine can run, each named for the failure message.
+class PartitionKernel : public testing::TestWithParam<const Table*> {
+ protected:
+  const Partitions& form() const { return *GetParam()->partitions; }
+
+  /// Parts `v`, laid out as the median of three leaves it, inside a guarded block.
+  void Check(Values v, std::size_t skew) const {
+    constexpr std::size_t kGuard = 16;
+    const int last = static_cast<int>(v.size()) - 1;
+    const double pivot = oracle::MedianOf3(v, 0, last);
+    Values block(skew + kGuard, -7);
+    block.insert(block.end(), v.begin(), v.end());
+    block.insert(block.end(), kGuard, -7);
+    double* const at = block.data() + skew + kGuard;
+    const std::size_t stop = form().part(at, v.size(), pivot);
+    ASSERT_EQ(stop, static_cast<std::size_t>(oracle::QuickPartition(v, 0, last, pivot)));
+    ASSERT_TRUE(test::SameBits(at, v.data(), v.size()));
+    for (std::size_t i = 0; i < kGuard; ++i) {
+      ASSERT_EQ(at[-1 - static_cast<std::ptrdiff_t>(i)], -7);
+      ASSERT_EQ(at[v.size() + i], -7);
+    }
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(Forms, PartitionKernel, testing::ValuesIn(RunnableTables()),
+                         [](const auto& form) { return std::string(form.param->name); });
+
+/// Calls `visit(values)` with every content in every arrangement.
+template <class Visit>
+void ForEachKind(std::size_t n, std::uint64_t seed, Visit visit) {
+  for (int content = 0; content < test::kContents; ++content)
+    for (int arrangement = 0; arrangement < test::kArrangements; ++arrangement) {
+      SCOPED_TRACE(std::string(test::kContentNames[content]) + " " +
+                   test::kArrangementNames[arrangement] + ", n = " + std::to_string(n));
+      visit(test::Hostile(static_cast<Content>(content), static_cast<Arrangement>(arrangement), n,
+                          seed));
+    }
+}
+
+TEST_P(PartitionKernel, MakesTheDocumentedExchangesAtEveryLength) {
+  for (std::size_t n = 3; n <= 330; ++n)
+    ForEachKind(n, n, [&](const Values& v) {
+      if (!HasFatalFailure()) Check(v, n % 9);
+    });
+  for (std::size_t n : {1000, 1001, 4096})
+    ForEachKind(n, n, [&](const Values& v) {
+      if (!HasFatalFailure()) Check(v, n % 7);
+    });
+}
+
+TEST_P(PartitionKernel, MakesTheDocumentedExchangesAmongEquals) {
+  for (std::size_t n = 3; n <= 600; ++n) {
+    Random random(n);
+    Values v(n);
+    const int letters = static_cast<int>(n % 4);
+    for (double& x : v) x = random.Below(2) ? 0.0 : -0.0;
+    for (int k = 0; k < letters; ++k) v[random.Below(n)] = random.Int(-1, 1);
+    if (n % 5 == 0) v[random.Below(n)] = std::numeric_limits<double>::quiet_NaN();
+    ASSERT_NO_FATAL_FAILURE(Check(v, 0)) << n;
+  }
+}
+
+TEST_P(PartitionKernel, FindsTheStopsOfUpTo64Elements) {
+  Random random(4);
+  for (std::size_t n = 0; n <= 64; ++n)
+    for (int round = 0; round < 20; ++round) {
+      Values v = test::Awkward(n, random.Next());
+      v.shrink_to_fit();  // a read behind the end is out of bounds
+      const double pivot = n && round % 2 ? v[random.Below(n)] : test::AwkwardValue<double>(random);
+      std::uint64_t not_less = 0, not_greater = 0;
+      for (std::size_t k = 0; k < n; ++k) {
+        if (!(v[k] < pivot)) not_less |= std::uint64_t{1} << k;
+        if (!(v[k] > pivot)) not_greater |= std::uint64_t{1} << k;
+      }
+      ASSERT_EQ(form().not_less(v.data(), n, pivot), not_less) << n;
+      ASSERT_EQ(form().not_greater(v.data(), n, pivot), not_greater) << n;
+    }
+}
+
+TEST_P(PartitionKernel, CountsWhatKeepsTheOrderFromBeingUnique) {
+  for (std::size_t n : {0, 1, 2, 3, 4, 5, 7, 8, 9, 31, 63, 64, 65, 127, 128, 129, 1000})
+    for (std::uint64_t seed = 0; seed < 30; ++seed) {
+      const Values v = test::Awkward(n, seed);
+      Census want;
+      for (double x : v) {
+        want.nans += std::isnan(x);
+        want.zeros += x == 0;
+        want.plus += x == 0 && !std::signbit(x);
+        want.minus += x == 0 && std::signbit(x);
+      }
+      const Census census = form().census(v.data(), n);
+      ASSERT_EQ(census.nans, want.nans) << n;
+      ASSERT_EQ(census.zeros, want.zeros) << n;
+      ASSERT_EQ(census.plus, want.plus) << n;
+      ASSERT_EQ(census.minus, want.minus) << n;
+    }
+}
+
+TEST_P(PartitionKernel, BoundsHoldEveryElementAndNoMore) {
+  constexpr double kInf = std::numeric_limits<double>::infinity();
+  for (std::size_t n = 1; n <= 130; ++n) {
+    Values v = test::Moderate(n, n);
+    Bounds bounds = form().bounds(v.data(), n);
+    EXPECT_EQ(bounds.least, *std::min_element(v.begin(), v.end())) << n;
+    EXPECT_EQ(bounds.greatest, *std::max_element(v.begin(), v.end())) << n;
+    v[n * 7 % n] = v[n / 2] = std::numeric_limits<double>::quiet_NaN();
+    bounds = form().bounds(v.data(), n);
+    EXPECT_EQ(bounds.least, -kInf) << n;
+    EXPECT_EQ(bounds.greatest, kInf) << n;
+  }
+}
+
+TEST(Census, OrdersAreUniqueWithoutNanAndWithZerosOfOneSignOnly) {
+  EXPECT_TRUE((Census{0, 0, 0, 0}.OrderIsUnique()));
+  EXPECT_TRUE((Census{0, 3, 3, 0}.OrderIsUnique()));
+  EXPECT_TRUE((Census{0, 3, 0, 3}.OrderIsUnique()));
+  EXPECT_FALSE((Census{0, 3, 2, 1}.OrderIsUnique()));
+  EXPECT_FALSE((Census{1, 0, 0, 0}.OrderIsUnique()));
+  EXPECT_FALSE((Census{0, 2, 1, 0}.OrderIsUnique()));  // a denormal that counts as zero
+}
+
+}  // namespace
+}  // namespace zeph::kernels

@@ -1,0 +1,102 @@
+// The quicksort's walk beside the kernels that it stands on: what it looks at, and what it does
+// without memory.
+#include "double_array/quick_walk.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "kernels/memory.h"
+#include "kernels/partition.h"
+#include "oracle/sorts.h"
+#include "support/bits.h"
+#include "support/hostile.h"
+#include "support/scale.h"
+
+namespace zeph::double_array {
+namespace {
+
+using test::Arrangement;
+using test::Content;
+using Values = std::vector<double>;
+
+void* Refuse(std::size_t) {
+  return nullptr;
+}
+
+/// Large enough for a tree of stops that lies on the heap.
+const std::size_t kLarge = test::Scaled<std::size_t>(20000, 17000);
+
+void CompareKillers(std::size_t n) {
+  for (Content content : {Content::kBothZeros, Content::kOnePercentNans, Content::kHalfZeros}) {
+    Values v = test::Hostile(content, Arrangement::kKiller, n, 3);
+    Values want = v;
+    oracle::RecQuickSort(want, 0, oracle::SizeOf(want) - 1, 10);
+    SortAsWalked(v.data(), n, 10);
+    EXPECT_TRUE(test::SameBits(v, want)) << test::kContentNames[static_cast<int>(content)];
+  }
+}
+
+TEST(QuickWalk, MakesTheDocumentedExchangesOfAKillerWithATreeOfStops) {
+  CompareKillers(kLarge);
+}
+
+TEST(QuickWalk, MakesThemWithoutMemoryForTheTree) {
+  const auto lender = kernels::detail::borrow.exchange(Refuse);
+  CompareKillers(kLarge);
+  kernels::detail::borrow = lender;
+}
+
+/// Counts the elements that the kernels look at.
+struct Looks {
+  static inline std::size_t count;
+  static inline const kernels::Partitions* form;
+};
+const kernels::Partitions kCounting = {[](const double* v, std::size_t n) {
+                                         Looks::count += n;
+                                         return Looks::form->census(v, n);
+                                       },
+                                       [](double* v, std::size_t n, double pivot) {
+                                         Looks::count += n;
+                                         return Looks::form->part(v, n, pivot);
+                                       },
+                                       [](const double* v, std::size_t n, double pivot) {
+                                         Looks::count += n;
+                                         return Looks::form->not_less(v, n, pivot);
+                                       },
+                                       [](const double* v, std::size_t n, double pivot) {
+                                         Looks::count += n;
+                                         return Looks::form->not_greater(v, n, pivot);
+                                       },
+                                       [](const double* v, std::size_t n) {
+                                         Looks::count += n;
+                                         return Looks::form->bounds(v, n);
+                                       }};
+
+/// The literal walk looks at n^2 / 5 elements of a killer: 1 in 100,000 of these would be n.
+TEST(QuickWalk, LooksAtNLogNElementsOfAnyInput) {
+  const kernels::Table& active = kernels::Active();
+  kernels::Table counting = active;
+  Looks::form = active.partitions;
+  counting.partitions = &kCounting;
+  kernels::Force(counting);
+  for (std::size_t n : {1000, 10000, 100000})
+    for (int content = 1; content < test::kContents; ++content)
+      for (int arrangement = 0; arrangement < test::kArrangements; ++arrangement) {
+        Values v = test::Hostile(static_cast<Content>(content),
+                                 static_cast<Arrangement>(arrangement), n, 3);
+        Looks::count = 0;
+        SortAsWalked(v.data(), n, 10);
+        const double each = static_cast<double>(Looks::count) / static_cast<double>(n);
+        EXPECT_LT(each, 25 * std::log2(static_cast<double>(n)))
+            << n << " " << test::kContentNames[content] << " "
+            << test::kArrangementNames[arrangement];
+        RecordProperty(
+            std::to_string(n) + test::kContentNames[content] + test::kArrangementNames[arrangement],
+            std::to_string(each));
+      }
+  kernels::Force(active);
+}
+
+}  // namespace
+}  // namespace zeph::double_array

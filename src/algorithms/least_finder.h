@@ -10,9 +10,9 @@
 
 namespace zeph::algorithms {
 
-/// Gives what a scan from a[i] to the end for the least element finds, for increasing i and with
-/// elements changing in between, without looking at all of them: the least of each block is kept.
-/// A step costs about the square root of n, or n / 256 where that is more.
+/// Finds the least element from a[i] to the end, for i = 0, 1, 2 ..., while elements change in between.
+/// It keeps the least element of each block, so a search looks at one element per block and the
+/// elements of one or two blocks: about sqrt(n) steps, or n / 256 where that is more.
 class LeastFinder {
  public:
   LeastFinder(const double* a, std::size_t n)

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "algorithms.h"
-#include "algorithms/blocked_text.h"
+#include "platform/block_writer.h"
 #include "platform/wrap.h"
 
 namespace zeph::algorithms {
@@ -46,88 +46,100 @@ struct SpacedNumbers {
 template <class T>
 class Exchanged {
  public:
-  Exchanged(T& a, T& b) : m_a(a), m_b(b) { std::swap(m_a, m_b); }
-  ~Exchanged() { std::swap(m_a, m_b); }
+  Exchanged(T& a, T& b) : a_(a), b_(b) { std::swap(a_, b_); }
+  ~Exchanged() { std::swap(a_, b_); }
   Exchanged(const Exchanged&) = delete;
   Exchanged& operator=(const Exchanged&) = delete;
 
  private:
-  T& m_a;
-  T& m_b;
+  T& a_;
+  T& b_;
 };
 
 template <class Line, class T, class Sink>
 class Lister {
  public:
-  Lister(T* items, int count, Sink& sink)
-      : m_items(items), m_count(count), m_last(platform::WrapSub(count, 1)), m_text(sink) {}
+  Lister(T* items, int count, Sink sink)
+      : items_(items), count_(count), last_(platform::WrapSub(count, 1)), text_(sink) {}
 
   void Run(int k) {
-    if (k != m_last && k >= m_count) return;  // no line, so no item is read either
-    // A line starts at position 0, wherever the permuted part does; below 0 nothing is drafted.
-    char* at = k >= 0 && m_count <= kLongestDraft ? m_draft : nullptr;
-    for (int i = 0; at && i < k && i < m_count; ++i) at = Line::Put(at, m_items[i]);
+    if (k != last_ && k >= count_) return;  // no line, so no item is read either
+    // Every line starts with item 0, even if only the items from k on are permuted. For a negative k
+    // there is no draft.
+    char* at = k >= 0 && count_ <= kLongestDraft ? draft_ : nullptr;
+    for (int i = 0; at && i < k && i < count_; ++i) at = Line::Put(at, items_[i]);
     List(k, at);
-    m_text.Flush();
+    text_.Flush();
   }
 
  private:
   // The text of items 0..k-1 is the same in all lines below depth k, so it is made once per swap:
   // `at` is its end in the draft, or null without one.
   void List(int k, char* at) {
-    if (k == m_last) return at ? PutDraft(at, k, k) : PutPlainly();
-    if (at && k < m_last && k + 1 == m_last) {  // the last exchange, without making it
-      PutDraft(at, k, m_last);
-      PutDraft(at, m_last, k);
+    if (k == last_) return at ? PutDraft(at, k, k) : PutPlainly();
+    if (at && k < last_ && k + 1 == last_) {  // the last exchange, without making it
+      PutDraft(at, k, last_);
+      PutDraft(at, last_, k);
       return;
     }
-    for (int i = k; i < m_count; ++i) {
-      const Exchanged<T> exchanged(m_items[k], m_items[i]);
-      List(k + 1, at ? Line::Put(at, m_items[k]) : nullptr);
+    for (int i = k; i < count_; ++i) {
+      const Exchanged<T> exchanged(items_[k], items_[i]);
+      List(k + 1, at ? Line::Put(at, items_[k]) : nullptr);
     }
   }
 
-  // The draft up to `draftEnd`, then the last two items (or the last alone) as a line.
+  // Writes a line: the draft up to `draftEnd`, then the last two items, or the last one if both are
+  // the same.
   void PutDraft(const char* draftEnd, int beforeLast, int last) {
-    const std::ptrdiff_t size = draftEnd - m_draft;
-    char* to = m_text.Room(kDraft);
+    const std::ptrdiff_t size = draftEnd - draft_;
+    char* to = text_.Room(kDraft);
     // Whole chunks, a few bytes too many: a copy of known size is a pair of moves.
-    for (std::ptrdiff_t i = 0; i < size; i += kChunk) std::memcpy(to + i, m_draft + i, kChunk);
+    for (std::ptrdiff_t i = 0; i < size; i += kChunk) std::memcpy(to + i, draft_ + i, kChunk);
     to += size;
-    if (beforeLast != last) to = Line::Put(to, m_items[beforeLast]);
-    to = Line::Put(to, m_items[last]);
-    m_text.Wrote(std::copy(Line::kEnd.begin(), Line::kEnd.end(), to));
+    if (beforeLast != last) to = Line::Put(to, items_[beforeLast]);
+    to = Line::Put(to, items_[last]);
+    text_.Wrote(std::copy(Line::kEnd.begin(), Line::kEnd.end(), to));
   }
 
   // Item by item, for lines of any length.
   void PutPlainly() {
-    for (int i = 0; i < m_count;) {
-      const int end = m_count - i > kLongestDraft ? i + kLongestDraft : m_count;
-      char* at = m_text.Room(kDraft);
-      for (; i < end; ++i) at = Line::Put(at, m_items[i]);
-      m_text.Wrote(at);
+    for (int i = 0; i < count_;) {
+      const int end = count_ - i > kLongestDraft ? i + kLongestDraft : count_;
+      char* at = text_.Room(kDraft);
+      for (; i < end; ++i) at = Line::Put(at, items_[i]);
+      text_.Wrote(at);
     }
-    char* at = m_text.Room(Line::kEnd.size());
-    m_text.Wrote(std::copy(Line::kEnd.begin(), Line::kEnd.end(), at));
+    char* at = text_.Room(Line::kEnd.size());
+    text_.Wrote(std::copy(Line::kEnd.begin(), Line::kEnd.end(), at));
   }
 
   static constexpr int kLongestDraft = 256;  // items; nothing longer than a dozen ever ends anyway
   static constexpr int kChunk = 16;
   static constexpr std::size_t kDraft = kLongestDraft * Line::kWidest + kChunk;
-  static_assert(kDraft <= BlockedText<Sink>::kBlock);
+  static constexpr std::size_t kBlock = 65536;
+  static_assert(kDraft <= kBlock);
 
-  T* m_items;
-  int m_count;
-  int m_last;
-  char m_draft[kDraft];
-  BlockedText<Sink> m_text;
+  T* items_;
+  int count_;
+  int last_;
+  char draft_[kDraft];
+  platform::BlockWriter<Sink, kBlock> text_;
 };
 
 template <class Line, class T, class Sink>
-int ListOrderings(T* items, int k, int n, Sink* sink) {
-  if (!items || !sink) return 0;
-  Lister<Line, T, Sink>(items, n, *sink).Run(k);
+int ListOrderings(T* items, int k, int n, Sink sink) {
+  if (!items) return 0;
+  Lister<Line, T, Sink>(items, n, sink).Run(k);
   return 1;
+}
+
+template <class Line, class T>
+int ListOrderings(T* items, int k, int n, FILE* f) {
+  return f ? ListOrderings<Line>(items, k, n, platform::StreamSink{f}) : 0;
+}
+template <class Line, class T>
+int ListOrderings(T* items, int k, int n, CString& out) {
+  return ListOrderings<Line>(items, k, n, platform::StringSink{out});
 }
 
 }  // namespace
@@ -146,13 +158,13 @@ int CZEPHPermutation::Run(char* s, int k, int n, FILE* f) {
   return ListOrderings<SpacedCharacters>(s, k, n, f);
 }
 int CZEPHPermutation::Run(char* s, int k, int n, CString& out) {
-  return ListOrderings<JoinedCharacters>(s, k, n, &out);
+  return ListOrderings<JoinedCharacters>(s, k, n, out);
 }
 int CZEPHPermutation::Run(int* s, int k, int n, FILE* f) {
   return ListOrderings<SpacedNumbers>(s, k, n, f);
 }
 int CZEPHPermutation::Run(int* s, int k, int n, CString& out) {
-  return ListOrderings<SpacedNumbers>(s, k, n, &out);
+  return ListOrderings<SpacedNumbers>(s, k, n, out);
 }
 
 int CZEPHPermutation::Test1(FILE* f) {

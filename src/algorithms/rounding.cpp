@@ -5,7 +5,7 @@
 #include "algorithms/power_of_ten.h"
 #include "platform/narrow.h"
 
-using zeph::algorithms::PowerOfTen;
+using namespace zeph::algorithms;
 using zeph::platform::TruncateToInt;
 
 double ZEPH_MathRoundOff(double value, int places) {

@@ -5,6 +5,8 @@
 #include "algorithms/power_of_ten.h"
 #include "platform/narrow.h"
 
+using namespace zeph::algorithms;
+
 int ZEPH_MathGetScientificNotationBase(double value, char digits) {
   const double x = std::log10(std::fabs(value));
   const int e = zeph::platform::TruncateToInt(x < 0 ? std::floor(x) : std::ceil(x));
@@ -15,7 +17,7 @@ int ZEPH_MathGetScientificNotationBase(double value, char digits) {
 }
 
 double ZEPH_MathGetScientificNotationValue(double value, int exponent) {
-  const double power = zeph::algorithms::PowerOfTen(exponent);
+  const double power = PowerOfTen(exponent);
   return exponent >= 0 ? value / power : value / (1.0 / power);
 }
 

@@ -9,6 +9,8 @@
 #include "platform/exactness.h"
 #include "platform/narrow.h"
 
+using namespace zeph::algorithms;
+
 namespace {
 
 void WriteElement(FILE* f, int index, int value) {
@@ -56,7 +58,7 @@ int CZEPHSelectionSort::Run(int* a, int n) {
 int CZEPHSelectionSort::Run(double* a, int n) {
   if (!a || n < 1) return 0;
   const auto count = static_cast<std::size_t>(n);
-  zeph::algorithms::LeastFinder finder(a, count);
+  LeastFinder finder(a, count);
   for (std::size_t i = 0; i < count; ++i) {
     const std::size_t least = finder.From(i);
     const int displaced = zeph::platform::TruncateToInt(a[i]);

@@ -42,11 +42,7 @@ CZEPHDoubleArray Combine(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
 }  // namespace
 }  // namespace zeph::double_array
 
-using zeph::double_array::Combine;
-using zeph::double_array::Count;
-using zeph::double_array::Make;
-using zeph::double_array::RequireSameSizeToAdd;
-using zeph::double_array::RequireSameSizeToSubtract;
+using namespace zeph::double_array;
 
 CZEPHDoubleArray& CZEPHDoubleArray::operator+=(const CZEPHDoubleArray& other) {
   RequireSameSizeToAdd(*this, other);
@@ -81,7 +77,7 @@ CZEPHDoubleArray operator-(const CZEPHDoubleArray& a) {
 }
 
 CZEPHDoubleArray operator*(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
-  zeph::double_array::RequireAsManyAs(a, b, "operator*(CZEPHDoubleArray, CZEPHDoubleArray)");
+  RequireAsManyAs(a, b, "operator*(CZEPHDoubleArray, CZEPHDoubleArray)");
   return Combine<zeph::kernels::Multiply>(a, b);
 }
 

@@ -48,8 +48,7 @@ double LargestOfFew(const double* x, std::size_t n) {
 }  // namespace
 }  // namespace zeph::double_array
 
-using zeph::double_array::Count;
-using zeph::double_array::SumInOrder;
+using namespace zeph::double_array;
 
 double CZEPHDoubleArray::OneNorm() const {
   return SumInOrder(Count(*this), [this](std::size_t i) { return std::fabs(data[i]); });
@@ -66,7 +65,7 @@ double CZEPHDoubleArray::MaxNorm() const {
 }
 
 double ZEPH_ArrayDotProduct(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
-  zeph::double_array::RequireAsManyAs(a, b, __func__);
+  RequireAsManyAs(a, b, __func__);
   const std::size_t n = b.data ? Count(a) : 0;
   return SumInOrder(n, [&](std::size_t i) { return a.data[i] * b.data[i]; });
 }

@@ -6,7 +6,7 @@
 #include "kernels/halving.h"
 #include "kernels/search.h"
 
-using zeph::double_array::Count;
+using namespace zeph::double_array;
 
 int CZEPHDoubleArray::Find(double x) {
   const std::size_t n = Count(*this);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// What the sorts share. Each classic keeps its documented walk for small arrays; the outcome of
-// larger ones is known without it, and these give it.
+// What the sorts share. On small arrays each classic sort runs its documented steps; what these leave
+// in a larger array can be computed faster, by the functions here.
 #ifndef ZEPH_SRC_DOUBLE_ARRAY_SORTING_H
 #define ZEPH_SRC_DOUBLE_ARRAY_SORTING_H
 

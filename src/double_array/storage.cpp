@@ -8,7 +8,7 @@
 #include "kernels/few.h"
 #include "platform/allocation.h"
 
-using zeph::double_array::Count;
+using namespace zeph::double_array;
 
 CZEPHDoubleArray::CZEPHDoubleArray() : sorted(0), size(0), data(nullptr) {}
 

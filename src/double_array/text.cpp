@@ -32,14 +32,13 @@ void AppendListing(CString& out, const double* first, int count) {
 }  // namespace
 }  // namespace zeph::double_array
 
-using zeph::double_array::AppendListing;
-using zeph::double_array::Count;
+using namespace zeph::double_array;
 
 void CZEPHDoubleArray::Display(std::ostream& os) {
   const int count = static_cast<int>(Count(*this));
   for (int i = 0; i < count; ++i) {
     os << data[i] << " ";
-    if (zeph::double_array::EndsLine(i)) os << std::endl;
+    if (EndsLine(i)) os << std::endl;
   }
 }
 

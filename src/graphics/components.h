@@ -61,6 +61,16 @@ template <class V>
 inline V Over(const V& v, float s) {
   return Each([s](float p) { return p / s; }, v);
 }
+/// The zero vector where `s` is zero.
+template <class V>
+inline V Quotient(const V& v, float s) {
+  return s == 0.0f ? V() : Over(v, s);
+}
+/// The same, leaving `v` alone where `s` is zero.
+template <class V>
+inline void Divide(V& v, float s) {
+  if (s != 0.0f) v = Over(v, s);
+}
 template <class V>
 inline V Negated(const V& v) {
   return Each([](float p) { return -p; }, v);

@@ -5,45 +5,45 @@
 
 using namespace zeph::graphics;
 
-#define ZEPH_DEFINE(V)                       \
-  V V::operator+(const V& other) const {     \
-    return Plus(*this, other);               \
-  }                                          \
-  V V::operator-(const V& other) const {     \
-    return Minus(*this, other);              \
-  }                                          \
-  V V::operator*(float s) const {            \
-    return Times(*this, s);                  \
-  }                                          \
-  V V::operator/(float s) const {            \
-    return s == 0.0f ? V() : Over(*this, s); \
-  }                                          \
-  V V::operator-() const {                   \
-    return Negated(*this);                   \
-  }                                          \
-  V V::operator+() const {                   \
-    return *this;                            \
-  }                                          \
-  void V::operator+=(const V& other) {       \
-    *this = Plus(*this, other);              \
-  }                                          \
-  void V::operator-=(const V& other) {       \
-    *this = Minus(*this, other);             \
-  }                                          \
-  void V::operator*=(float s) {              \
-    *this = Times(*this, s);                 \
-  }                                          \
-  void V::operator/=(float s) {              \
-    if (s != 0.0f) *this = Over(*this, s);   \
-  }                                          \
-  int V::operator==(const V& other) const {  \
-    return Equal(*this, other);              \
-  }                                          \
-  int V::operator!=(const V& other) const {  \
-    return !Equal(*this, other);             \
-  }                                          \
-  V operator*(float s, const V& v) {         \
-    return Times(v, s);                      \
+#define ZEPH_DEFINE(V)                      \
+  V V::operator+(const V& other) const {    \
+    return Plus(*this, other);              \
+  }                                         \
+  V V::operator-(const V& other) const {    \
+    return Minus(*this, other);             \
+  }                                         \
+  V V::operator*(float s) const {           \
+    return Times(*this, s);                 \
+  }                                         \
+  V V::operator/(float s) const {           \
+    return Quotient(*this, s);              \
+  }                                         \
+  V V::operator-() const {                  \
+    return Negated(*this);                  \
+  }                                         \
+  V V::operator+() const {                  \
+    return *this;                           \
+  }                                         \
+  void V::operator+=(const V& other) {      \
+    *this = Plus(*this, other);             \
+  }                                         \
+  void V::operator-=(const V& other) {      \
+    *this = Minus(*this, other);            \
+  }                                         \
+  void V::operator*=(float s) {             \
+    *this = Times(*this, s);                \
+  }                                         \
+  void V::operator/=(float s) {             \
+    Divide(*this, s);                       \
+  }                                         \
+  int V::operator==(const V& other) const { \
+    return Equal(*this, other);             \
+  }                                         \
+  int V::operator!=(const V& other) const { \
+    return !Equal(*this, other);            \
+  }                                         \
+  V operator*(float s, const V& v) {        \
+    return Times(v, s);                     \
   }
 
 ZEPH_DEFINE(CZEPHVector2D)

@@ -122,13 +122,13 @@ void PackPanel(double* to, const Tile& panel) {
 }
 
 /// Has the cache fetch what is about to be needed.
-inline void Ask([[maybe_unused]] const double* x) {
+inline void Prefetch([[maybe_unused]] const double* x) {
 #if defined(__GNUC__) || defined(__clang__)
   __builtin_prefetch(x);
 #endif
 }
 
-/// Asks ahead for what later tiles need: both factors' rows lie far apart.
+/// Prefetches what later tiles need: the rows of a matrix lie far apart, so no processor foresees it.
 class LookAhead {
  public:
   /// Spreads the panel that follows `panel` over the `tiles` tiles of that one.
@@ -142,14 +142,14 @@ class LookAhead {
   void ForNextPanel() {
     for (std::size_t end = std::min(k_ + share_, block_.inner); k_ < end; ++k_)
       for (std::size_t c = 0; c < width_ + 7; c += 8)
-        Ask(block_.b[k_] + column_ + std::min(c, width_ - 1));
+        Prefetch(block_.b[k_] + column_ + std::min(c, width_ - 1));
   }
 
   /// The result's `height` rows from `row` on in the columns of `tile`, to change.
   void ForNextTile(std::size_t row, std::size_t height, const Tile& tile) const {
     for (std::size_t r = row; r < row + height; ++r)
       for (std::size_t c = 0; c < tile.width + 7; c += 8)
-        Ask(block_.out[r] + tile.column + std::min(c, tile.width - 1));
+        Prefetch(block_.out[r] + tile.column + std::min(c, tile.width - 1));
   }
 
  private:
@@ -157,9 +157,9 @@ class LookAhead {
   std::size_t column_, width_, share_, k_ = 0;
 };
 
-/// Panel after panel of some strips, each copied together first. Some rows meet all strips of the
-/// panel before the next rows do: the left factor then comes from memory once a panel, and the
-/// panel from the second cache.
+/// Takes the right factor panel by panel, several strips each, and copies a panel before using it.
+/// A block of rows is multiplied by all strips of the panel before the next rows are: so the left
+/// factor is read from memory once per panel, and the panel stays in the second-level cache.
 template <class Form>
 void RunPacked(const Block& block, double* room) {
   static_assert(kPanelCols % Form::kCols == 0, "a panel is whole strips");

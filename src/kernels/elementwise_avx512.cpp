@@ -53,30 +53,31 @@ ZEPH_AVX512_INLINE __m512d Join(__m512d low, __m512d high) {
       _mm512_maskz_alignr_epi64(0xFF, _mm512_castpd_si512(high), _mm512_castpd_si512(low), kCount));
 }
 
-/// Elements by which `p` lies behind a line's edge, where joining lines helps; else 0. Of loads
-/// half a line off, both halves lie within lines; an odd number comes from no allocator.
-std::size_t Past(const double* p) {
-  const std::size_t past = reinterpret_cast<std::uintptr_t>(p) / sizeof(double) % kLanes;
-  return past % 4 == 2 ? past : 0;
+/// How many elements `p` lies behind the start of a cache line, if joining lines helps there; else
+/// 0. At half a line no load of half a vector crosses into the next line, and no allocator returns
+/// an odd number of elements.
+std::size_t LineOffset(const double* p) {
+  const std::size_t offset = reinterpret_cast<std::uintptr_t>(p) / sizeof(double) % kLanes;
+  return offset % 4 == 2 ? offset : 0;
 }
 
-/// Reads vector after vector of an operand whose Past is kPast: whole lines, each joined to the one
+/// Reads vector after vector of an operand whose LineOffset is kOffset: whole lines, each joined to the one
 /// before, since a load that straddles two lines takes twice as long.
-template <std::size_t kPast>
+template <std::size_t kOffset>
 class Reader {
  public:
   ZEPH_AVX512_MEMBER explicit Reader(const double* p) : p_(p), before_(_mm512_setzero_pd()) {
-    if (kPast == 0) return;
-    const __m512d rest = _mm512_maskz_loadu_pd(FirstLanes(kLanes - kPast), p);
-    before_ = Join<kLanes - kPast>(_mm512_setzero_pd(), rest);
-    p_ += kLanes - kPast;
+    if (kOffset == 0) return;
+    const __m512d rest = _mm512_maskz_loadu_pd(FirstLanes(kLanes - kOffset), p);
+    before_ = Join<kLanes - kOffset>(_mm512_setzero_pd(), rest);
+    p_ += kLanes - kOffset;
   }
   ZEPH_AVX512_MEMBER __m512d Next() {
     __m512d line = _mm512_loadu_pd(p_);
     p_ += kLanes;
-    if (kPast == 0) return line;
+    if (kOffset == 0) return line;
     __asm__("" : "+v"(line));  // g++ would load it once more for the next vector
-    const __m512d joined = Join<kPast>(before_, line);
+    const __m512d joined = Join<kOffset>(before_, line);
     before_ = line;
     return joined;
   }
@@ -87,11 +88,11 @@ class Reader {
 };
 
 /// Most of the elements, pairs of vectors; the number done. The readers are up to a line ahead.
-template <class Operation, std::size_t kPastA, std::size_t kPastB>
+template <class Operation, std::size_t kOffsetA, std::size_t kOffsetB>
 ZEPH_AVX512_INLINE std::size_t Pairs(double* out, const double* a, const double* b, std::size_t n) {
-  constexpr std::size_t kAhead = kPastA || kPastB ? kLanes : 0;
-  Reader<kPastA> left(a);
-  Reader<kPastB> right(b);
+  constexpr std::size_t kAhead = kOffsetA || kOffsetB ? kLanes : 0;
+  Reader<kOffsetA> left(a);
+  Reader<kOffsetB> right(b);
   std::size_t i = 0;
   for (; i + 2 * kLanes + kAhead <= n; i += 2 * kLanes) {
     const __m512d x0 = left.Next(), x1 = left.Next(), y0 = right.Next(), y1 = right.Next();
@@ -101,28 +102,28 @@ ZEPH_AVX512_INLINE std::size_t Pairs(double* out, const double* a, const double*
   return i;
 }
 
-template <class Operation, std::size_t kPastA>
+template <class Operation, std::size_t kOffsetA>
 ZEPH_AVX512_INLINE std::size_t PairsByB(double* out, const double* a, const double* b,
                                         std::size_t n) {
-  switch (Past(b)) {
+  switch (LineOffset(b)) {
     case 2:
-      return Pairs<Operation, kPastA, 2>(out, a, b, n);
+      return Pairs<Operation, kOffsetA, 2>(out, a, b, n);
     case 6:
-      return Pairs<Operation, kPastA, 6>(out, a, b, n);
+      return Pairs<Operation, kOffsetA, 6>(out, a, b, n);
     default:
-      return Pairs<Operation, kPastA, 0>(out, a, b, n);
+      return Pairs<Operation, kOffsetA, 0>(out, a, b, n);
   }
 }
 
-/// One vector.
+/// Vector vector.
 template <class Operation>
-ZEPH_AVX512_INLINE __m512d One(const double* a, const double* b) {
+ZEPH_AVX512_INLINE __m512d Vector(const double* a, const double* b) {
   return Operation::Op(_mm512_loadu_pd(a), _mm512_loadu_pd(b));
 }
 
 /// Fewer than a vector's elements.
 template <class Operation>
-ZEPH_AVX512_INLINE void Few(double* out, const double* a, const double* b, std::size_t n) {
+ZEPH_AVX512_INLINE void Masked(double* out, const double* a, const double* b, std::size_t n) {
   const __mmask8 mask = FirstLanes(n);
   const __m512d x = _mm512_maskz_loadu_pd(mask, a), y = _mm512_maskz_loadu_pd(mask, b);
   _mm512_mask_storeu_pd(out, mask, Operation::Op(x, y));
@@ -132,9 +133,9 @@ ZEPH_AVX512_INLINE void Few(double* out, const double* a, const double* b, std::
 template <class Operation>
 ZEPH_AVX512 std::size_t ByLines(double* out, const double* a, const double* b, std::size_t n) {
   const std::size_t i = ToEdge(out);
-  Few<Operation>(out, a, b, i);
+  Masked<Operation>(out, a, b, i);
   out += i, a += i, b += i, n -= i;
-  switch (Past(a)) {
+  switch (LineOffset(a)) {
     case 2:
       return i + PairsByB<Operation, 2>(out, a, b, n);
     case 6:
@@ -149,9 +150,9 @@ ZEPH_AVX512 void Binary(double* out, const double* a, const double* b, std::size
   if (n < kWideFrom) return (avx2::kElementwise.*Operation::kNarrow)(out, a, b, n);
   // Overlaps its neighbour, which is cheaper than masks; computed before anything is stored, since
   // `out` may be an operand.
-  const __m512d last = One<Operation>(a + n - kLanes, b + n - kLanes);
+  const __m512d last = Vector<Operation>(a + n - kLanes, b + n - kLanes);
   std::size_t i = ByLines<Operation>(out, a, b, n);
-  for (; i + kLanes <= n; i += kLanes) _mm512_storeu_pd(out + i, One<Operation>(a + i, b + i));
+  for (; i + kLanes <= n; i += kLanes) _mm512_storeu_pd(out + i, Vector<Operation>(a + i, b + i));
   _mm512_storeu_pd(out + n - kLanes, last);
 }
 

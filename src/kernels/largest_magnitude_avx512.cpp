@@ -18,7 +18,8 @@ namespace {
 constexpr std::size_t kLanes = 8;
 
 /// The next elements, `left` of them being there; the lanes beyond the end are 0.0.
-ZEPH_AVX512 inline __attribute__((always_inline)) __m512d Few(const double* x, std::size_t left) {
+ZEPH_AVX512 inline __attribute__((always_inline)) __m512d LoadPart(const double* x,
+                                                                   std::size_t left) {
   const unsigned lanes = static_cast<unsigned>(std::min(kLanes, left));
   return _mm512_maskz_loadu_pd(static_cast<__mmask8>((1u << lanes) - 1u), x);
 }
@@ -47,7 +48,7 @@ ZEPH_AVX512 double Largest(const double* x, std::size_t n) {
     m2 = Larger(_mm512_loadu_pd(x + i + 2 * kLanes), m2);
     m3 = Larger(_mm512_loadu_pd(x + i + 3 * kLanes), m3);
   }
-  for (; i < n; i += kLanes) m0 = Larger(Few(x + i, n - i), m0);
+  for (; i < n; i += kLanes) m0 = Larger(LoadPart(x + i, n - i), m0);
   double largest[kLanes];
   _mm512_storeu_pd(largest, Larger(Larger(m0, m1), Larger(m2, m3)));
   return Most(largest, first);
@@ -67,7 +68,7 @@ ZEPH_AVX512 double LargestOrNaN(const double* x, std::size_t n) {
     m2 = LargerBits(_mm512_loadu_pd(x + i + 2 * kLanes), m2);
     m3 = LargerBits(_mm512_loadu_pd(x + i + 3 * kLanes), m3);
   }
-  for (; i < n; i += kLanes) m0 = LargerBits(Few(x + i, n - i), m0);
+  for (; i < n; i += kLanes) m0 = LargerBits(LoadPart(x + i, n - i), m0);
   m0 = _mm512_maskz_max_epu64(0xFF, _mm512_maskz_max_epu64(0xFF, m0, m1),
                               _mm512_maskz_max_epu64(0xFF, m2, m3));
   std::uint64_t bits[kLanes];

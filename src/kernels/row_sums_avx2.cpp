@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A row per lane: four columns of four rows are turned over in registers, and the four columns are
+// A row per lane: four columns of four rows are transposed in registers, and the four columns are
 // taken up one after another.
 #include "kernels/row_sums.h"
 
@@ -32,17 +32,17 @@ struct Whole {
     return _mm256_loadu_pd(p);
   }
 };
-struct Few {
+struct FirstColumns {
   __m256i mask;
   ZEPH_AVX2 inline __attribute__((always_inline)) __m256d operator()(const double* p) const {
     return _mm256_maskload_pd(p, mask);
   }
 };
 
-// The terms that four elements of a row give: before the rows are turned over, since one load of
+// The terms that four elements of a row give: before the rows are transposed, since one load of
 // the factors then serves all rows. Columns that are not there give 0.0, which changes no sum: a
 // sum that started at 0.0 is never -0.0.
-struct Itself {
+struct Element {
   ZEPH_AVX2_INLINE __m256d Of(__m256d x, __m256d) { return x; }
 };
 struct Magnitude {
@@ -53,7 +53,7 @@ struct Product {
 };
 
 /// columns[c][r] = rows[r][c].
-ZEPH_AVX2_INLINE void TurnOver(__m256d (&columns)[kLanes], const __m256d (&rows)[kLanes]) {
+ZEPH_AVX2_INLINE void Transpose(__m256d (&columns)[kLanes], const __m256d (&rows)[kLanes]) {
   const __m256d even01 = _mm256_unpacklo_pd(rows[0], rows[1]);
   const __m256d even23 = _mm256_unpacklo_pd(rows[2], rows[3]);
   const __m256d odd01 = _mm256_unpackhi_pd(rows[0], rows[1]);
@@ -71,10 +71,10 @@ ZEPH_AVX2_INLINE void Columns(__m256d (&columns)[kLanes], const double* const* m
   const __m256d rows[kLanes] = {
       Term::Of(load(m[0] + j), factors), Term::Of(load(m[1] + j), factors),
       Term::Of(load(m[2] + j), factors), Term::Of(load(m[3] + j), factors)};
-  TurnOver(columns, rows);
+  Transpose(columns, rows);
 }
 
-ZEPH_AVX2_INLINE Few FirstColumns(std::size_t count) {
+ZEPH_AVX2_INLINE FirstColumns First(std::size_t count) {
   const __m256i lanes = _mm256_set_epi64x(3, 2, 1, 0);
   return {_mm256_cmpgt_epi64(_mm256_set1_epi64x(static_cast<long long>(count)), lanes)};
 }
@@ -106,14 +106,14 @@ struct Sums {
     for (std::size_t g = 0; g < Groups; ++g) sum[g] = _mm256_setzero_pd();
     std::size_t j = 0;
     for (; j + kLanes <= cols; j += kLanes) AddColumns<Term>(sum, m, v, j, Whole());
-    if (j < cols) AddColumns<Term>(sum, m, v, j, FirstColumns(cols - j));
+    if (j < cols) AddColumns<Term>(sum, m, v, j, First(cols - j));
 #pragma GCC unroll 4
     for (std::size_t g = 0; g < Groups; ++g) _mm256_storeu_pd(sums + g * kLanes, sum[g]);
   }
 };
 
 /// Hypotenuse in each lane.
-ZEPH_AVX2_INLINE __m256d Grown(__m256d r, __m256d x) {
+ZEPH_AVX2_INLINE __m256d Hypotenuses(__m256d r, __m256d x) {
   const __m256d limit = _mm256_set1_pd(kScaledFrom);
   const __m256d small =
       _mm256_and_pd(_mm256_cmp_pd(r, limit, _CMP_LT_OQ), _mm256_cmp_pd(x, limit, _CMP_LT_OQ));
@@ -138,7 +138,7 @@ ZEPH_AVX2_INLINE void GrowByColumns(__m256d (&length)[Groups], const double* con
   for (std::size_t c = 0; c < count; ++c)
 #pragma GCC unroll 4
     for (std::size_t g = 0; g < Groups; ++g)
-      length[g] = j + c == 0 ? columns[g][0] : Grown(length[g], columns[g][c]);
+      length[g] = j + c == 0 ? columns[g][0] : Hypotenuses(length[g], columns[g][c]);
 }
 
 /// The lengths of 4 * Groups rows.
@@ -150,7 +150,7 @@ struct Lengths {
     for (std::size_t g = 0; g < Groups; ++g) length[g] = _mm256_setzero_pd();
     std::size_t j = 0;
     for (; j + kLanes <= cols; j += kLanes) GrowByColumns(length, m, j, kLanes, Whole());
-    if (j < cols) GrowByColumns(length, m, j, cols - j, FirstColumns(cols - j));
+    if (j < cols) GrowByColumns(length, m, j, cols - j, First(cols - j));
 #pragma GCC unroll 4
     for (std::size_t g = 0; g < Groups; ++g) _mm256_storeu_pd(lengths + g * kLanes, length[g]);
   }
@@ -158,7 +158,8 @@ struct Lengths {
 
 /// `rows` rows, at most 4 * Groups: the last one stands in for those that are not there.
 template <std::size_t Groups, class Results>
-void Some(double* results, const double* const* m, std::size_t rows, std::size_t cols, Results of) {
+void RowGroup(double* results, const double* const* m, std::size_t rows, std::size_t cols,
+              Results of) {
   constexpr std::size_t kRows = Groups * kLanes;
   if (rows == kRows) return of.template Of<Groups>(results, m, cols);
   const double* row[kRows];
@@ -172,20 +173,20 @@ void Some(double* results, const double* const* m, std::size_t rows, std::size_t
 template <class Results>
 void ForEachRow(double* results, const double* const* m, std::size_t rows, std::size_t cols,
                 Results of) {
-  for (std::size_t i = 0, some = 0; i < rows; i += some) {
+  for (std::size_t i = 0, count = 0; i < rows; i += count) {
     const std::size_t left = rows - i;
-    some = left > 16 ? 12 : left > 12 ? 8 : left;
-    if (some > 8)
-      Some<3>(results + i, m + i, some, cols, of);
-    else if (some > 4)
-      Some<2>(results + i, m + i, some, cols, of);
+    count = left > 16 ? 12 : left > 12 ? 8 : left;
+    if (count > 8)
+      RowGroup<3>(results + i, m + i, count, cols, of);
+    else if (count > 4)
+      RowGroup<2>(results + i, m + i, count, cols, of);
     else
-      Some<1>(results + i, m + i, some, cols, of);
+      RowGroup<1>(results + i, m + i, count, cols, of);
   }
 }
 
 void Sum(double* sums, const double* const* m, std::size_t rows, std::size_t cols) {
-  ForEachRow(sums, m, rows, cols, Sums<Itself>{nullptr});
+  ForEachRow(sums, m, rows, cols, Sums<Element>{nullptr});
 }
 
 void MagnitudeSum(double* sums, const double* const* m, std::size_t rows, std::size_t cols) {

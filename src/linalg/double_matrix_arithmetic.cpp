@@ -16,8 +16,7 @@ namespace {
 using zeph::kernels::Add;
 using zeph::kernels::Elementwise;
 using zeph::kernels::Subtract;
-using zeph::linalg::Combine;
-using zeph::linalg::Fill;
+using namespace zeph::linalg;
 
 bool SameSize(const CZEPHDoubleMatrix& a, const CZEPHDoubleMatrix& b) {
   return a.m_nRows == b.m_nRows && a.m_nColumns == b.m_nColumns;
@@ -73,7 +72,7 @@ CZEPHDoubleMatrix CZEPHDoubleMatrix::operator-(const CZEPHDoubleMatrix& other) {
 }
 
 CZEPHDoubleMatrix& CZEPHDoubleMatrix::operator-() {
-  return zeph::linalg::Keep(Combined<FromZero>(*this, *this));
+  return Keep(Combined<FromZero>(*this, *this));
 }
 
 CZEPHDoubleMatrix operator+(const CZEPHDoubleMatrix& a, const CZEPHDoubleMatrix& b) {

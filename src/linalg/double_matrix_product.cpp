@@ -10,13 +10,15 @@
 #include "linalg/row_table.h"
 #include "platform/exactness.h"
 
+using namespace zeph::linalg;
+
 CZEPHDoubleMatrix& CZEPHDoubleMatrix::operator*=(const CZEPHDoubleMatrix& other) {
   if (m_nColumns != other.m_nRows)
     ErrorMessage("Matrices are not conformable : CZEPHDoubleMatrix::operator*=()", std::cout);
   CZEPHDoubleMatrix product;
   if (product.AllocMemory(m_nRows, other.m_nColumns) == 1)
-    zeph::linalg::Multiply(product.m_ppData, m_ppData, other.m_ppData, product.m_nRows, m_nColumns,
-                           product.m_nColumns);
+    Multiply(product.m_ppData, m_ppData, other.m_ppData, product.m_nRows, m_nColumns,
+             product.m_nColumns);
   else
     product.Clear();  // keeps its counts, which the assignment compares
   return *this = product;
@@ -34,7 +36,7 @@ CZEPHDoubleArray CZEPHDoubleMatrix::operator*(const CZEPHDoubleArray& v) const {
   if (!result.data) return result;
   int rows = 0;
   if (v.data) {
-    rows = zeph::linalg::StoredRows(m_ppData, m_nRows);
+    rows = StoredRows(m_ppData, m_nRows);
     zeph::kernels::Active().row_sums->dot(result.data, m_ppData, v.data,
                                           static_cast<std::size_t>(rows),
                                           static_cast<std::size_t>(std::max(m_nColumns, 0)));

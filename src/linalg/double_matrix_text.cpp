@@ -4,7 +4,7 @@
 #include "linalg.h"
 #include "linalg/row_table.h"
 
-using zeph::linalg::StoredRows;
+using namespace zeph::linalg;
 
 void CZEPHDoubleMatrix::Display(std::ostream& os) {
   const int rows = StoredRows(m_ppData, m_nRows);

@@ -5,6 +5,8 @@
 #include "linalg/row_table.h"
 #include "platform/exactness.h"
 
+using namespace zeph::linalg;
+
 void CZEPHMatrix::Check(bool failed, char* message) {
   if (failed) ZEPH_REQUIRE_POINTER("CZEPHMatrix::Check", message);
   zeph::frame::Check(failed, message);
@@ -14,16 +16,16 @@ CZEPHMatrix CZEPHMatrix::operator+(const CZEPHMatrix& other) {
   if (m_nRows != other.m_nRows || m_nColumns != other.m_nColumns)
     Check(true, "Addition error (Not of the same size)");
   CZEPHMatrix sum(m_nRows, m_nColumns);
-  const int added = zeph::linalg::Combine<zeph::kernels::Add>(
-      sum.m_ppData, other.m_ppData, m_ppData, sum.m_nRows, sum.m_nColumns);
-  zeph::linalg::Fill(sum.m_ppData, added, sum.m_nRows, sum.m_nColumns, 0.0);
+  const int added = Combine<zeph::kernels::Add>(sum.m_ppData, other.m_ppData, m_ppData, sum.m_nRows,
+                                                sum.m_nColumns);
+  Fill(sum.m_ppData, added, sum.m_nRows, sum.m_nColumns, 0.0);
   return sum;
 }
 
 CZEPHMatrix CZEPHMatrix::operator*(const CZEPHMatrix& other) {
   if (m_nColumns != other.m_nRows) Check(true, "Multiplication error!(size)");
   CZEPHMatrix product(m_nRows, other.m_nColumns);
-  zeph::linalg::Multiply(product.m_ppData, m_ppData, other.m_ppData, product.m_nRows, m_nColumns,
-                         product.m_nColumns);
+  Multiply(product.m_ppData, m_ppData, other.m_ppData, product.m_nRows, m_nColumns,
+           product.m_nColumns);
   return product;
 }

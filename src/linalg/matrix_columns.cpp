@@ -10,7 +10,7 @@
 #include "linalg/row_table.h"
 #include "platform/exactness.h"
 
-using zeph::linalg::StoredRows;
+using namespace zeph::linalg;
 
 namespace {
 

@@ -4,8 +4,10 @@
 #include "platform/exactness.h"
 #include "platform/random.h"
 
+using namespace zeph::linalg;
+
 void ZEPH_RandomizeMatrix(CZEPHMatrix& m, double scale) {
-  const int rows = zeph::linalg::StoredRows(m.m_ppData, m.m_nRows);
+  const int rows = StoredRows(m.m_ppData, m.m_nRows);
   for (int i = 0; i < rows; ++i)
     for (int j = 0; j < m.m_nColumns; ++j)
       m.m_ppData[i][j] = zeph::platform::NextRandom() * scale / 32767.0;

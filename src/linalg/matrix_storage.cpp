@@ -2,6 +2,8 @@
 #include "linalg.h"
 #include "linalg/row_table.h"
 
+using namespace zeph::linalg;
+
 // Delegating to the default constructor has the destructor release what was had when memory runs
 // out half-way.
 
@@ -18,7 +20,7 @@ CZEPHMatrix::CZEPHMatrix(int rows, int cols, const double* data) : CZEPHMatrix(r
 }
 
 CZEPHMatrix::CZEPHMatrix(CZEPHMatrix& other) : CZEPHMatrix(other.m_nRows, other.m_nColumns) {
-  zeph::linalg::CopyOrZero(m_ppData, other.m_ppData, m_nRows, m_nColumns);
+  CopyOrZero(m_ppData, other.m_ppData, m_nRows, m_nColumns);
 }
 
 CZEPHMatrix::~CZEPHMatrix() {
@@ -31,8 +33,8 @@ void CZEPHMatrix::Create(int rows, int cols) {
   m_nRows = rows;
   m_nColumns = cols;
   if (rows < 1) return;
-  m_ppData = zeph::linalg::NewTable(rows);
-  zeph::linalg::NewRows(m_ppData, rows, cols);
+  m_ppData = NewTable(rows);
+  NewRows(m_ppData, rows, cols);
 }
 
 void CZEPHMatrix::ReSize(int rows, int cols) {
@@ -41,7 +43,7 @@ void CZEPHMatrix::ReSize(int rows, int cols) {
 
 void CZEPHMatrix::Free() {
   if (!m_ppData) return;
-  zeph::linalg::ReleaseRows(m_ppData, m_nRows);
+  ReleaseRows(m_ppData, m_nRows);
   delete[] m_ppData;
   m_ppData = nullptr;
 }
@@ -49,9 +51,9 @@ void CZEPHMatrix::Free() {
 CZEPHMatrix CZEPHMatrix::operator=(const CZEPHMatrix& other) {
   if (m_nRows != other.m_nRows || m_nColumns != other.m_nColumns) {
     Create(other.m_nRows, other.m_nColumns);
-    zeph::linalg::CopyOrZero(m_ppData, other.m_ppData, m_nRows, m_nColumns);
+    CopyOrZero(m_ppData, other.m_ppData, m_nRows, m_nColumns);
   } else {
-    zeph::linalg::Copy(m_ppData, other.m_ppData, m_nRows, m_nColumns);
+    Copy(m_ppData, other.m_ppData, m_nRows, m_nColumns);
   }
   return *this;
 }

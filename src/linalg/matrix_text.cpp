@@ -6,10 +6,12 @@
 #include "linalg/cell_writer.h"
 #include "linalg/row_table.h"
 
+using namespace zeph::linalg;
+
 void CZEPHMatrix::Display(std::FILE* stream, char separator) {
   if (!stream) return;
-  zeph::linalg::CellWriter writer(stream, separator);
-  const int rows = zeph::linalg::StoredRows(m_ppData, m_nRows);
+  CellWriter writer(stream, separator);
+  const int rows = StoredRows(m_ppData, m_nRows);
   for (int i = 0; i < rows; ++i) writer.Line(m_ppData[i], m_nColumns);
   writer.Line(nullptr, 0);
   writer.Flush();
@@ -18,7 +20,7 @@ void CZEPHMatrix::Display(std::FILE* stream, char separator) {
 void CZEPHMatrix::Display() {
   std::cout.setf(std::ios_base::right | std::ios_base::fixed | std::ios_base::showpoint);
   std::cout.precision(4);
-  const int rows = zeph::linalg::StoredRows(m_ppData, m_nRows);
+  const int rows = StoredRows(m_ppData, m_nRows);
   for (int i = 0; i < rows; ++i) {
     for (int j = 0; j < m_nColumns; ++j) std::cout << std::setw(10) << m_ppData[i][j] << " ";
     std::cout << std::endl;

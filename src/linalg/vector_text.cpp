@@ -5,9 +5,11 @@
 #include "linalg.h"
 #include "linalg/cell_writer.h"
 
+using namespace zeph::linalg;
+
 void CZEPHVector::Display(std::FILE* stream, char separator) {
   if (!stream) return;
-  zeph::linalg::CellWriter writer(stream, separator);
+  CellWriter writer(stream, separator);
   writer.Line(m_pData, m_pData ? m_nSize : 0);
   writer.Flush();
 }

@@ -13,6 +13,12 @@
 
 namespace zeph::platform {
 
+template <class T>
+T& ElementOf(const char* operation, T* data, std::ptrdiff_t size, std::ptrdiff_t index) {
+  if (index < 0 || index >= size) RefuseIndex(operation, index, size - 1);
+  return data[index];
+}
+
 /// Works on the four members of an array class. Elements past `size` hold whatever they held.
 template <class T>
 struct ArrayStorage {
@@ -22,6 +28,8 @@ struct ArrayStorage {
   Count& size;
   Count& capacity;
   Count& growth;
+
+  ArrayStorage(T*& d, Count& s, Count& c, Count& g) : data(d), size(s), capacity(c), growth(g) {}
 
   void SetSize(const char* operation, Count wanted, Count growBy) {
     if (wanted < 0) Refuse(operation, "a size below 0");
@@ -47,6 +55,15 @@ struct ArrayStorage {
     if (index < 0) Refuse(operation, "an index below 0");
     if (index >= size) SetSize(operation, End(operation, index, 1), -1);
     data[index] = element;
+  }
+
+  /// Gives the element's index.
+  Count Add(const char* operation, T element) {
+    if (size < capacity)
+      data[size++] = element;
+    else
+      SetAtGrow(operation, size, element);
+    return size - 1;
   }
 
   void InsertAt(const char* operation, Count index, T element, Count count) {

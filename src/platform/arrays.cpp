@@ -7,18 +7,10 @@
 
 #include "platform/array_storage.h"
 
-using zeph::platform::ArrayStorage;
-using zeph::platform::RefuseIndex;
+using namespace zeph::platform;
 
-namespace {
-
-void CheckIndex(const char* operation, std::ptrdiff_t index, std::ptrdiff_t size) {
-  if (index < 0 || index >= size) RefuseIndex(operation, index, size - 1);
-}
-
-}  // namespace
-
-#define ZEPH_STORAGE(T) (ArrayStorage<T>{m_pData, m_nSize, m_nMaxSize, m_nGrowBy})
+// Each member of a class is one call of the body that all three share.
+#define ZEPH_STORAGE (ArrayStorage{m_pData, m_nSize, m_nMaxSize, m_nGrowBy})
 #define ZEPH_DEFINE_ARRAY(Array, T)                                             \
   Array::Array() : m_pData(nullptr), m_nSize(0), m_nMaxSize(0), m_nGrowBy(0) {} \
   Array::~Array() {                                                             \
@@ -37,33 +29,28 @@ void CheckIndex(const char* operation, std::ptrdiff_t index, std::ptrdiff_t size
     return m_nSize - 1;                                                         \
   }                                                                             \
   void Array::SetSize(std::ptrdiff_t size, std::ptrdiff_t growBy) {             \
-    ZEPH_STORAGE(T).SetSize(#Array "::SetSize", size, growBy);                  \
+    ZEPH_STORAGE.SetSize(#Array "::SetSize", size, growBy);                     \
   }                                                                             \
   void Array::FreeExtra() {                                                     \
-    ZEPH_STORAGE(T).FreeExtra();                                                \
+    ZEPH_STORAGE.FreeExtra();                                                   \
   }                                                                             \
   void Array::RemoveAll() {                                                     \
-    ZEPH_STORAGE(T).Release();                                                  \
+    ZEPH_STORAGE.Release();                                                     \
   }                                                                             \
   T Array::GetAt(std::ptrdiff_t index) const {                                  \
-    CheckIndex(#Array "::GetAt", index, m_nSize);                               \
-    return m_pData[index];                                                      \
+    return ElementOf(#Array "::GetAt", m_pData, m_nSize, index);                \
   }                                                                             \
   void Array::SetAt(std::ptrdiff_t index, T element) {                          \
-    CheckIndex(#Array "::SetAt", index, m_nSize);                               \
-    m_pData[index] = element;                                                   \
+    ElementOf(#Array "::SetAt", m_pData, m_nSize, index) = element;             \
   }                                                                             \
   T& Array::ElementAt(std::ptrdiff_t index) {                                   \
-    CheckIndex(#Array "::ElementAt", index, m_nSize);                           \
-    return m_pData[index];                                                      \
+    return ElementOf(#Array "::ElementAt", m_pData, m_nSize, index);            \
   }                                                                             \
   T Array::operator[](std::ptrdiff_t index) const {                             \
-    CheckIndex(#Array "::operator[]", index, m_nSize);                          \
-    return m_pData[index];                                                      \
+    return ElementOf(#Array "::operator[]", m_pData, m_nSize, index);           \
   }                                                                             \
   T& Array::operator[](std::ptrdiff_t index) {                                  \
-    CheckIndex(#Array "::operator[]", index, m_nSize);                          \
-    return m_pData[index];                                                      \
+    return ElementOf(#Array "::operator[]", m_pData, m_nSize, index);           \
   }                                                                             \
   T const* Array::GetData() const {                                             \
     return m_pData;                                                             \
@@ -72,20 +59,16 @@ void CheckIndex(const char* operation, std::ptrdiff_t index, std::ptrdiff_t size
     return m_pData;                                                             \
   }                                                                             \
   void Array::SetAtGrow(std::ptrdiff_t index, T element) {                      \
-    ZEPH_STORAGE(T).SetAtGrow(#Array "::SetAtGrow", index, element);            \
+    ZEPH_STORAGE.SetAtGrow(#Array "::SetAtGrow", index, element);               \
   }                                                                             \
   std::ptrdiff_t Array::Add(T element) {                                        \
-    if (m_nSize == m_nMaxSize)                                                  \
-      ZEPH_STORAGE(T).SetAtGrow(#Array "::Add", m_nSize, element);              \
-    else                                                                        \
-      m_pData[m_nSize++] = element;                                             \
-    return m_nSize - 1;                                                         \
+    return ZEPH_STORAGE.Add(#Array "::Add", element);                           \
   }                                                                             \
   void Array::InsertAt(std::ptrdiff_t index, T element, std::ptrdiff_t count) { \
-    ZEPH_STORAGE(T).InsertAt(#Array "::InsertAt", index, element, count);       \
+    ZEPH_STORAGE.InsertAt(#Array "::InsertAt", index, element, count);          \
   }                                                                             \
   void Array::RemoveAt(std::ptrdiff_t index, std::ptrdiff_t count) {            \
-    ZEPH_STORAGE(T).RemoveAt(#Array "::RemoveAt", index, count);                \
+    ZEPH_STORAGE.RemoveAt(#Array "::RemoveAt", index, count);                   \
   }
 
 ZEPH_DEFINE_ARRAY(CObArray, CObject*)

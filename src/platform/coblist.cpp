@@ -10,8 +10,7 @@
 #include "platform/allocation.h"
 #include "platform/refusal.h"
 
-using zeph::platform::Refuse;
-using zeph::platform::RequestBytes;
+using namespace zeph::platform;
 
 namespace {
 

@@ -8,6 +8,8 @@
 
 #include "platform/refusal.h"
 
+using namespace zeph::platform;
+
 CString::CString() = default;
 CString::CString(const CString& other) = default;
 CString::CString(CString&& other) noexcept = default;
@@ -39,8 +41,7 @@ CString::operator const char*() const {
 }
 
 char CString::GetAt(int index) const {
-  if (index < 0 || index > GetLength())
-    zeph::platform::RefuseIndex("CString::GetAt", index, GetLength());
+  if (index < 0 || index > GetLength()) RefuseIndex("CString::GetAt", index, GetLength());
   return m_text.c_str()[index];
 }
 char CString::operator[](int index) const {

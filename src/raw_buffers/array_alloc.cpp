@@ -25,15 +25,17 @@ T* AllocArray(int lo, int hi, long int* bytes) {
 }  // namespace
 }  // namespace zeph::raw_buffers
 
-#define ZEPH_DEFINE(T, Alloc)                                 \
-  T* Alloc(char*, int lo, int hi) {                           \
-    return zeph::raw_buffers::AllocArray<T>(lo, hi, nullptr); \
-  }                                                           \
-  T* Alloc(char*, int lo, int hi, long int& bytes) {          \
-    return zeph::raw_buffers::AllocArray<T>(lo, hi, &bytes);  \
-  }                                                           \
-  void ZEPH_ArrayFree(T* p, int lo, int /*hi*/) {             \
-    delete[] zeph::raw_buffers::Block(p, lo);                 \
+using namespace zeph::raw_buffers;
+
+#define ZEPH_DEFINE(T, Alloc)                        \
+  T* Alloc(char*, int lo, int hi) {                  \
+    return AllocArray<T>(lo, hi, nullptr);           \
+  }                                                  \
+  T* Alloc(char*, int lo, int hi, long int& bytes) { \
+    return AllocArray<T>(lo, hi, &bytes);            \
+  }                                                  \
+  void ZEPH_ArrayFree(T* p, int lo, int /*hi*/) {    \
+    delete[] Block(p, lo);                           \
   }
 ZEPH_DEFINE(double, ZEPH_ArrayAllocDouble)
 ZEPH_DEFINE(float, ZEPH_ArrayAllocFloat)

@@ -52,12 +52,14 @@ T* Resize(T* old, int oldCount, int newCount) {
 }  // namespace
 }  // namespace zeph::raw_buffers
 
-#define ZEPH_DEFINE(T)                                         \
-  T* ZEPH_ArrayRealloc(T* old, int oldN, int newN, char*) {    \
-    return zeph::raw_buffers::Realloc(old, oldN, newN);        \
-  }                                                            \
-  T* ZEPH_ArrayResize(T* old, int oldCount, int newCount) {    \
-    return zeph::raw_buffers::Resize(old, oldCount, newCount); \
+using namespace zeph::raw_buffers;
+
+#define ZEPH_DEFINE(T)                                      \
+  T* ZEPH_ArrayRealloc(T* old, int oldN, int newN, char*) { \
+    return Realloc(old, oldN, newN);                        \
+  }                                                         \
+  T* ZEPH_ArrayResize(T* old, int oldCount, int newCount) { \
+    return Resize(old, oldCount, newCount);                 \
   }
 ZEPH_DEFINE(int)
 ZEPH_DEFINE(ZEPH_Long)

@@ -110,23 +110,23 @@ std::int64_t Last(int n) {
 }  // namespace
 }  // namespace zeph::raw_buffers
 
-namespace rb = zeph::raw_buffers;
+using namespace zeph::raw_buffers;
 
 #define ZEPH_DEFINE(T)                                                     \
   void ZEPH_ArrayDisplay(CString& out, T* a, int lo, int hi, char* name) { \
-    rb::ListToString(out, a, lo, hi, name);                                \
+    ListToString(out, a, lo, hi, name);                                    \
   }                                                                        \
   void ZEPH_ArrayDisplay(CString& out, T* a, int n, char* name) {          \
-    rb::ListToString(out, a, 0, rb::Last(n), name);                        \
+    ListToString(out, a, 0, Last(n), name);                                \
   }                                                                        \
   void ZEPH_ArrayDisplay(T* a, int lo, int hi, char* name) {               \
-    rb::ListToStandardOutput(a, lo, hi, name);                             \
+    ListToStandardOutput(a, lo, hi, name);                                 \
   }                                                                        \
   void ZEPH_ArrayDisplay(FILE* stream, T* a, int lo, int hi, char* name) { \
-    rb::ListToStream(stream, a, lo, hi, name);                             \
+    ListToStream(stream, a, lo, hi, name);                                 \
   }                                                                        \
   void ZEPH_ArrayDisplay(FILE* stream, T* a, int n, char* name) {          \
-    rb::ListToStream(stream, a, 0, rb::Last(n), name);                     \
+    ListToStream(stream, a, 0, Last(n), name);                             \
   }
 ZEPH_DEFINE(int)
 ZEPH_DEFINE(double)
@@ -134,5 +134,5 @@ ZEPH_DEFINE(double)
 
 // The count form to the standard output exists for ints only.
 void ZEPH_ArrayDisplay(int* a, int n, char* name) {
-  rb::ListToStandardOutput(a, 0, rb::Last(n), name);
+  ListToStandardOutput(a, 0, Last(n), name);
 }

@@ -38,43 +38,43 @@ void PrintRows(std::FILE* stream, int rows, int cols, Rows m, const char* name) 
 }  // namespace
 }  // namespace zeph::raw_buffers
 
-namespace rb = zeph::raw_buffers;
+using namespace zeph::raw_buffers;
 
 void ZEPH_MatrixPrint(FILE* stream, int rows, int cols, double** m, char* name) {
   ZEPH_REQUIRE_POINTER(__func__, stream);
-  rb::RequireRows(__func__, "m", m, 0, cols > 0 ? rows : 0);
-  rb::PrintRows(stream, rows, cols, rb::TableRows{m}, name);
+  RequireRows(__func__, "m", m, 0, cols > 0 ? rows : 0);
+  PrintRows(stream, rows, cols, TableRows{m}, name);
 }
 
 void ZEPH_MatrixPrint(FILE* stream, int n, double** m, char* name) {
   ZEPH_REQUIRE_POINTER(__func__, stream);
-  rb::RequireRows(__func__, "m", m, 0, n);
-  rb::PrintRows(stream, n, n, rb::TableRows{m}, name);
+  RequireRows(__func__, "m", m, 0, n);
+  PrintRows(stream, n, n, TableRows{m}, name);
 }
 
 void ZEPH_MatrixPrint3(FILE* stream, double** m, char* name) {
   ZEPH_REQUIRE_POINTER(__func__, stream);
-  rb::RequireRows(__func__, "m", m, 0, 3);
-  rb::PrintRows(stream, 3, 3, rb::TableRows{m}, name);
+  RequireRows(__func__, "m", m, 0, 3);
+  PrintRows(stream, 3, 3, TableRows{m}, name);
 }
 
 void ZEPH_MatrixPrint4(FILE* stream, double** m, char* name) {
   ZEPH_REQUIRE_POINTER(__func__, stream);
-  rb::RequireRows(__func__, "m", m, 0, 4);
-  rb::PrintRows(stream, 4, 4, rb::TableRows{m}, name);
+  RequireRows(__func__, "m", m, 0, 4);
+  PrintRows(stream, 4, 4, TableRows{m}, name);
 }
 
 void ZEPH_MatrixPrint4(FILE* stream, double* const m, char* name) {
   ZEPH_REQUIRE_POINTER(__func__, stream);
   ZEPH_REQUIRE_POINTER(__func__, m);
-  rb::PrintRows(stream, 4, 4, rb::FlatRows{m, 4}, name);
+  PrintRows(stream, 4, 4, FlatRows{m, 4}, name);
 }
 
 void ZEPH_VectorPrint3(FILE* stream, double* const v, char* name) {
   ZEPH_REQUIRE_POINTER(__func__, stream);
   ZEPH_REQUIRE_POINTER(__func__, v);
-  const rb::RealFormat format = rb::CellFormat();
-  rb::BlockWriter<rb::StreamSink> writer(rb::StreamSink{stream});
+  const RealFormat format = CellFormat();
+  BlockWriter<StreamSink> writer(StreamSink{stream});
   writer.Text(zeph::platform::TextOrNull(name));
   const char* before = " = (";
   for (int k = 0; k < 3; ++k) {

@@ -37,7 +37,7 @@ void Row4(const double* a, const double* b, double* out) {
 }  // namespace
 }  // namespace zeph::raw_buffers
 
-namespace rb = zeph::raw_buffers;
+using namespace zeph::raw_buffers;
 using zeph::platform::SinCosDegrees;
 
 void ZEPH_MatrixSet3(double m[3][3], double m00, double m01, double m02, double m10, double m11,
@@ -50,8 +50,8 @@ void ZEPH_MatrixSet3(double m[3][3], double m00, double m01, double m02, double 
 
 void ZEPH_MatrixSetIdentity(double* const m) {
   ZEPH_REQUIRE_POINTER(__func__, m);
-  std::fill_n(m, rb::k4 * rb::k4, 0.0);
-  for (int i = 0; i < rb::k4; ++i) m[i * rb::k4 + i] = 1.0;
+  std::fill_n(m, k4 * k4, 0.0);
+  for (int i = 0; i < k4; ++i) m[i * k4 + i] = 1.0;
 }
 
 void ZEPH_MatrixMultiply3(double a[3][3], double b[3][3], double out[3][3]) {
@@ -59,8 +59,8 @@ void ZEPH_MatrixMultiply3(double a[3][3], double b[3][3], double out[3][3]) {
   ZEPH_REQUIRE_POINTER(__func__, b);
   ZEPH_REQUIRE_POINTER(__func__, out);
   double product[3][3];
-  for (int i = 0; i < rb::k3; ++i)
-    for (int j = 0; j < rb::k3; ++j) product[i][j] = rb::SnappedEntry(a[i], b, j);
+  for (int i = 0; i < k3; ++i)
+    for (int j = 0; j < k3; ++j) product[i][j] = SnappedEntry(a[i], b, j);
   std::memcpy(out, product, sizeof product);
 }
 
@@ -68,18 +68,18 @@ void ZEPH_MatrixMult4(double* const a, double* const b, double* const out) {
   ZEPH_REQUIRE_POINTER(__func__, a);
   ZEPH_REQUIRE_POINTER(__func__, b);
   ZEPH_REQUIRE_POINTER(__func__, out);
-  constexpr std::size_t kCells = rb::k4 * rb::k4;
+  constexpr std::size_t kCells = k4 * k4;
   if (zeph::kernels::Overlap(out, kCells, a, kCells) ||
       zeph::kernels::Overlap(out, kCells, b, kCells)) {
     // Not allowed, yet the documented order of stores is cheap to keep.
-    for (int i = 0; i < rb::k4; ++i) rb::Row4(a + rb::k4 * i, b, out + rb::k4 * i);
+    for (int i = 0; i < k4; ++i) Row4(a + k4 * i, b, out + k4 * i);
     return;
   }
   // Nothing shared: a row in registers, its four entries side by side, each in its own order.
-  for (int i = 0; i < rb::k4; ++i) {
-    double row[rb::k4];
-    rb::Row4(a + rb::k4 * i, b, row);
-    std::copy_n(row, rb::k4, out + rb::k4 * i);
+  for (int i = 0; i < k4; ++i) {
+    double row[k4];
+    Row4(a + k4 * i, b, row);
+    std::copy_n(row, k4, out + k4 * i);
   }
 }
 
@@ -130,6 +130,6 @@ void ZEPH_MatrixTransform3(double m[3][3], double* x, double* y, double* z) {
 
 void ZEPH_MatrixTranspose3(double m[3][3]) {
   ZEPH_REQUIRE_POINTER(__func__, m);
-  for (int i = 0; i < rb::k3; ++i)
-    for (int j = i + 1; j < rb::k3; ++j) std::swap(m[i][j], m[j][i]);
+  for (int i = 0; i < k3; ++i)
+    for (int j = i + 1; j < k3; ++j) std::swap(m[i][j], m[j][i]);
 }

@@ -16,24 +16,26 @@ T** AllocRange(int nrl, int nrh, int ncl, int nch, long int* bytes) {
 }  // namespace
 }  // namespace zeph::raw_buffers
 
+using namespace zeph::raw_buffers;
+
 #define ZEPH_DEFINE(T, Alloc)                                             \
   T** Alloc(char*, int rows, int cols) {                                  \
-    return zeph::raw_buffers::AllocMatrix<T>(rows, cols, 0, 0, nullptr);  \
+    return AllocMatrix<T>(rows, cols, 0, 0, nullptr);                     \
   }                                                                       \
   T** Alloc(char*, int rows, int cols, long int& bytes) {                 \
-    return zeph::raw_buffers::AllocMatrix<T>(rows, cols, 0, 0, &bytes);   \
+    return AllocMatrix<T>(rows, cols, 0, 0, &bytes);                      \
   }                                                                       \
   T** Alloc(char*, int nrl, int nrh, int ncl, int nch) {                  \
-    return zeph::raw_buffers::AllocRange<T>(nrl, nrh, ncl, nch, nullptr); \
+    return AllocRange<T>(nrl, nrh, ncl, nch, nullptr);                    \
   }                                                                       \
   T** Alloc(char*, int nrl, int nrh, int ncl, int nch, long int& bytes) { \
-    return zeph::raw_buffers::AllocRange<T>(nrl, nrh, ncl, nch, &bytes);  \
+    return AllocRange<T>(nrl, nrh, ncl, nch, &bytes);                     \
   }                                                                       \
   void ZEPH_MatrixFree(T** m, int rows, int /*cols*/) {                   \
-    zeph::raw_buffers::FreeMatrix(m, 0, std::max(rows, 0) - 1, 0);        \
+    FreeMatrix(m, 0, std::max(rows, 0) - 1, 0);                           \
   }                                                                       \
   void ZEPH_MatrixFree(T** m, int nrl, int nrh, int ncl, int /*nch*/) {   \
-    zeph::raw_buffers::FreeMatrix(m, nrl, nrh, ncl);                      \
+    FreeMatrix(m, nrl, nrh, ncl);                                         \
   }
 ZEPH_DEFINE(double, ZEPH_MatrixAllocDouble)
 ZEPH_DEFINE(float, ZEPH_MatrixAllocFloat)

@@ -29,9 +29,11 @@ T** ResizeMatrix(T** old, int oldRowHi, int oldColHi, int newRowHi, int newColHi
 }  // namespace
 }  // namespace zeph::raw_buffers
 
+using namespace zeph::raw_buffers;
+
 #define ZEPH_DEFINE(T)                                                                     \
   T** ZEPH_MatrixResize(T** old, int oldRowHi, int oldColHi, int newRowHi, int newColHi) { \
-    return zeph::raw_buffers::ResizeMatrix(old, oldRowHi, oldColHi, newRowHi, newColHi);   \
+    return ResizeMatrix(old, oldRowHi, oldColHi, newRowHi, newColHi);                      \
   }
 ZEPH_DEFINE(int)
 ZEPH_DEFINE(ZEPH_Long)

@@ -116,49 +116,49 @@ double LargestColumnSum(double* const* m, int n, int start) {
 }  // namespace
 }  // namespace zeph::raw_buffers
 
-namespace rb = zeph::raw_buffers;
+using namespace zeph::raw_buffers;
 
 double ZEPH_ArrayOneNorm(double* a, int n, int start) {
   ZEPH_REQUIRE_POINTER(__func__, a);
-  return rb::Accumulate<rb::AbsoluteSum>(a + start, n);
+  return Accumulate<AbsoluteSum>(a + start, n);
 }
 
 double ZEPH_ArrayTwoNorm(double* a, int n, int start) {
   ZEPH_REQUIRE_POINTER(__func__, a);
-  return std::sqrt(rb::Accumulate<rb::SquareSum>(a + start, n));
+  return std::sqrt(Accumulate<SquareSum>(a + start, n));
 }
 
 double ZEPH_ArrayTwoNorm2(double* a, int n, int start) {
   ZEPH_REQUIRE_POINTER(__func__, a);
-  return rb::Accumulate<rb::ScaledLength>(a + start, n);
+  return Accumulate<ScaledLength>(a + start, n);
 }
 
 double ZEPH_ArrayMaxNorm(double* a, int n, int start) {
   ZEPH_REQUIRE_POINTER(__func__, a);
-  return n > 1 ? rb::MaximumOf(a + start, static_cast<std::size_t>(n)) : std::fabs(a[start]);
+  return n > 1 ? MaximumOf(a + start, static_cast<std::size_t>(n)) : std::fabs(a[start]);
 }
 
 double ZEPH_MatrixOneNorm(double** m, int n, int start) {
-  rb::RequireRows(__func__, "m", m, start, n);
-  return rb::LargestColumnSum(m, n, start);
+  RequireRows(__func__, "m", m, start, n);
+  return LargestColumnSum(m, n, start);
 }
 
 double ZEPH_MatrixMaxNorm(double** m, int n, int start) {
-  rb::RequireRows(__func__, "m", m, start, std::max(n, 1));
-  return rb::RowWise(m + start, n, zeph::kernels::Active().row_sums->magnitude, rb::LargerOrLater);
+  RequireRows(__func__, "m", m, start, std::max(n, 1));
+  return RowWise(m + start, n, zeph::kernels::Active().row_sums->magnitude, LargerOrLater);
 }
 
 double ZEPH_MatrixFrobNorm(double** m, int n, int start) {
-  rb::RequireRows(__func__, "m", m, start, std::max(n, 1));
-  return rb::RowWise(m + start, n, zeph::kernels::Active().row_sums->length, rb::Hypotenuse);
+  RequireRows(__func__, "m", m, start, std::max(n, 1));
+  return RowWise(m + start, n, zeph::kernels::Active().row_sums->length, Hypotenuse);
 }
 
 double ZEPH_MatrixFrobNorm2(double** m, int n, int start) {
-  rb::RequireRows(__func__, "m", m, start, n);
-  return rb::ElementWise<rb::ScaledLength>(m, n, start, 0.0);
+  RequireRows(__func__, "m", m, start, n);
+  return ElementWise<ScaledLength>(m, n, start, 0.0);
 }
 
 double ZEPH_MatrixFrobNorm3(double** m, int n, int start) {
-  rb::RequireRows(__func__, "m", m, start, n);
-  return std::sqrt(rb::ElementWise<rb::SquareSum>(m, n, start, 0.0));
+  RequireRows(__func__, "m", m, start, n);
+  return std::sqrt(ElementWise<SquareSum>(m, n, start, 0.0));
 }

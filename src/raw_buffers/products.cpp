@@ -78,19 +78,21 @@ void AssignRow3(const double* a, const double (*b)[k3], double* out) {
 }  // namespace
 }  // namespace zeph::raw_buffers
 
+using namespace zeph::raw_buffers;
+
 void ZEPH_MatrixMult(int rowsA, int colsA, double** a, int rowsB, int colsB, double** b,
                      double** out) {
   if (colsA != rowsB || !a || !b || !out) return;
   if (colsA < 1 || colsB < 1 || rowsA < 1) return;
-  zeph::raw_buffers::RequireRows(__func__, "a", a, 0, rowsA);
-  zeph::raw_buffers::RequireRows(__func__, "b", b, 0, rowsB);
-  zeph::raw_buffers::RequireRows(__func__, "out", out, 0, rowsA);
-  for (int i = 0; i < rowsA; ++i) zeph::raw_buffers::AssignRow({a[i], b, colsA}, out[i], colsB);
+  RequireRows(__func__, "a", a, 0, rowsA);
+  RequireRows(__func__, "b", b, 0, rowsB);
+  RequireRows(__func__, "out", out, 0, rowsA);
+  for (int i = 0; i < rowsA; ++i) AssignRow({a[i], b, colsA}, out[i], colsB);
 }
 
 void ZEPH_MatrixMult3(double a[3][3], double b[3][3], double out[3][3]) {
   ZEPH_REQUIRE_POINTER(__func__, a);
   ZEPH_REQUIRE_POINTER(__func__, b);
   ZEPH_REQUIRE_POINTER(__func__, out);
-  for (int i = 0; i < zeph::raw_buffers::k3; ++i) zeph::raw_buffers::AssignRow3(a[i], b, out[i]);
+  for (int i = 0; i < k3; ++i) AssignRow3(a[i], b, out[i]);
 }

@@ -56,7 +56,7 @@ bool SharesRows(int n, double* const* a, double* const* b) {
 }  // namespace
 }  // namespace zeph::raw_buffers
 
-namespace rb = zeph::raw_buffers;
+using namespace zeph::raw_buffers;
 
 void ZEPH_MatrixTranspose(int n, double* a, double* b) {
   if (n < 1) return;
@@ -64,17 +64,17 @@ void ZEPH_MatrixTranspose(int n, double* a, double* b) {
   ZEPH_REQUIRE_POINTER(__func__, b);
   const std::size_t cells = static_cast<std::size_t>(n) * static_cast<std::size_t>(n);
   const bool apart = !zeph::kernels::Overlap(a, cells, b, cells);
-  rb::Transpose(n, rb::FlatRows{a, n}, rb::FlatRows{b, n}, apart);
+  Transpose(n, FlatRows{a, n}, FlatRows{b, n}, apart);
 }
 
 void ZEPH_MatrixTranspose(int n, double** a, double** b) {
-  rb::RequireRows(__func__, "a", a, 0, n);
-  rb::RequireRows(__func__, "b", b, 0, n);
-  rb::Transpose(n, rb::TableRows{a}, rb::TableRows{b}, !rb::SharesRows(n, a, b));
+  RequireRows(__func__, "a", a, 0, n);
+  RequireRows(__func__, "b", b, 0, n);
+  Transpose(n, TableRows{a}, TableRows{b}, !SharesRows(n, a, b));
 }
 
 void ZEPH_MatrixSetIdentity(int n, double** m) {
-  rb::RequireRows(__func__, "m", m, 0, n);
+  RequireRows(__func__, "m", m, 0, n);
   // Two passes, not one: rows may be shared, and then keep every one of their ones.
   for (int i = 0; i < n; ++i) std::fill_n(m[i], n, 0.0);
   for (int i = 0; i < n; ++i) m[i][i] = 1.0;

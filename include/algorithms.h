@@ -15,10 +15,11 @@
 //   CZEPHSelectionSort  selection sort of int and double blocks
 //   CZEPHSortTester     random fill, and a sorting demonstration by method number
 //   CZEPHDSTimer        a stopwatch in milliseconds of the wall clock
+//   additions           ZEPH_MathRandomSeed, ZEPH_MathIsPortable, ZEPH_PortableMath
 //
 // Nothing here checks or rejects an input unless it says so. Functions are safe to call from
-// several threads at once, except those that draw random numbers: they share the C runtime's
-// generator.
+// several threads at once, except those that draw random numbers: they share one generator, the
+// C runtime's unless ZEPH_PORTABLE_MATH gives the library its own.
 #ifndef ZEPH_ALGORITHMS_H
 #define ZEPH_ALGORITHMS_H
 
@@ -134,7 +135,8 @@ ZEPH_API CString ZEPH_MathToScientificNotation(double value, int& exponent, doub
 // ---- Random numbers -----------------------------------------------------------------------------
 //
 // From the C runtime's generator, which the application shares: a seed set by either serves both.
-// Draws are 0..32767 on every system. Until a seed is set, sequences repeat from run to run.
+// (With ZEPH_PORTABLE_MATH from the library's own: see ZEPH_MathRandomSeed.) Draws are 0..32767 on
+// every system. Until a seed is set, sequences repeat from run to run.
 
 /// Seeds the generator with the current time in seconds; twice in a second gives the same sequence.
 ZEPH_API void ZEPH_MathRandomInit();
@@ -374,5 +376,28 @@ class ZEPH_API CZEPHDSTimer {
   ZEPH_TimeOfDay stop;   ///< taken by Stop
   int elapsed;           ///< -1000 never started, 0 running, else the last reading
 };
+
+// ---- Additions: portable mathematics ------------------------------------------------------------
+
+/// Seeds the generator of all the random numbers here.
+///
+/// That is the C runtime's, seeded as by its `srand`; with ZEPH_PORTABLE_MATH it is one of the
+/// library's own, which only the library's functions draw from and seed, and a seed gives the same
+/// numbers on every system: the linear congruence that the C standard shows as an example, 15 bits of
+/// 32, from seed 1.
+ZEPH_API void ZEPH_MathRandomSeed(unsigned seed);
+
+/// 1 if the loaded library was built with ZEPH_PORTABLE_MATH, else 0.
+///
+/// With that option sine, cosine, tangent, decimal logarithm, random numbers and the texts of numbers
+/// are the library's own, the same on every system, instead of the C runtime's.
+ZEPH_API int ZEPH_MathIsPortable();
+
+/// The same as the package says that this program was compiled with.
+#ifdef ZEPH_PORTABLE_MATH
+ZEPH_ADDED inline constexpr bool ZEPH_PortableMath = true;
+#else
+ZEPH_ADDED inline constexpr bool ZEPH_PortableMath = false;
+#endif
 
 #endif  // ZEPH_ALGORITHMS_H

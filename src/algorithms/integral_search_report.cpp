@@ -5,8 +5,11 @@
 
 #include "algorithms.h"
 #include "platform/exactness.h"
+#include "platform/format_number.h"
 
 namespace {
+
+using zeph::platform::RealFormat;
 
 constexpr int kSizes[] = {0,   10,  20,  30,  40,  50,  60,  70,  80,  90,
                           100, 200, 300, 400, 500, 600, 700, 800, 900, 1000};
@@ -61,7 +64,9 @@ void ReportRepeatedSearches(FILE* f, int* many) {
     for (int i = 0; i < count; ++i) found = CZEPHIntegralSearch::SequentialSearch(many, n, kWanted);
     const float each = static_cast<float>(watch.Stop()) / static_cast<float>(count);
     const long total = watch.Stop();
-    std::fprintf(f, "%d\t%ld\t%f\t%d\n", n, total, static_cast<double>(each), found);
+    char text[RealFormat::kRoom];
+    *RealFormat("%f", RealFormat::Notation::kFixed, 6).Write(text, each) = '\0';
+    std::fprintf(f, "%d\t%ld\t%s\t%d\n", n, total, text, found);
   }
 }
 

@@ -6,6 +6,14 @@
 
 using zeph::platform::NextRandom;
 
+int ZEPH_MathIsPortable() {
+  return ZEPH_PortableMath ? 1 : 0;
+}
+
+void ZEPH_MathRandomSeed(unsigned seed) {
+  zeph::platform::SeedRandom(seed);
+}
+
 void ZEPH_MathRandomInit() {
   zeph::platform::SeedRandomFromTime();
 }

@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
+#include <charconv>
 #include <cmath>
 
 #include "algorithms.h"
 #include "algorithms/power_of_ten.h"
+#include "platform/format_number.h"
+#include "platform/functions.h"
 #include "platform/narrow.h"
 
 using namespace zeph::algorithms;
 
 int ZEPH_MathGetScientificNotationBase(double value, char digits) {
-  const double x = std::log10(std::fabs(value));
+  const double x = zeph::platform::DecimalLogarithm(std::fabs(value));
   const int e = zeph::platform::TruncateToInt(x < 0 ? std::floor(x) : std::ceil(x));
   // Plain char has no sign on some processors; the count has one.
   const int limit = static_cast<signed char>(digits) + 1;
@@ -21,13 +24,42 @@ double ZEPH_MathGetScientificNotationValue(double value, int exponent) {
   return exponent >= 0 ? value / power : value / (1.0 / power);
 }
 
+namespace {
+
+/// As printf writes "%.{decimals}lfxE%d".
+CString RuntimesText(double mantissa, int exponent, int decimals) {
+  CString format, text;
+  format.Format("%%.%dlfxE%%d", decimals);
+  text.Format(format.GetString(), mantissa, exponent);
+  return text;
+}
+
+/// The same on every system: what glibc writes, a negative count of decimals included.
+CString PortableText(double mantissa, int exponent, int decimals) {
+  char text[512];  // 309 digits, a point, 127 decimals
+  char* end = text;
+  CString whole;
+  if (decimals < 0) {
+    whole.Format("%%.0%dlf", decimals);
+  } else {
+    end = std::isfinite(mantissa) ? std::to_chars(text, text + sizeof text - 1, mantissa,
+                                                  std::chars_format::fixed, decimals)
+                                        .ptr
+                                  : zeph::platform::WriteNonFinite(text, mantissa);
+    *end = '\0';
+    whole = text;
+  }
+  whole.AppendFormat("xE%d", exponent);
+  return whole;
+}
+
+}  // namespace
+
 CString ZEPH_MathToScientificNotation(double value, int& exponent, double& mantissa, char digits,
                                       char decimals) {
   exponent = ZEPH_MathGetScientificNotationBase(value, digits);
   mantissa = ZEPH_MathGetScientificNotationValue(value, exponent);
-  CString format;
-  format.Format("%%.%dlfxE%%d", static_cast<int>(static_cast<signed char>(decimals)));
-  CString text;
-  text.Format(format.GetString(), mantissa, exponent);
-  return text;
+  const int count = static_cast<signed char>(decimals);
+  return zeph::platform::kPortableMath ? PortableText(mantissa, exponent, count)
+                                       : RuntimesText(mantissa, exponent, count);
 }

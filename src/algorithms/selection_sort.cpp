@@ -7,18 +7,23 @@
 #include "kernels/sort.h"
 #include "platform/allocation.h"
 #include "platform/exactness.h"
+#include "platform/format_number.h"
 #include "platform/narrow.h"
 
 using namespace zeph::algorithms;
 
 namespace {
 
+using zeph::platform::RealFormat;
+
 void WriteElement(FILE* f, int index, int value) {
   std::fprintf(f, "Array[%2d]= %d\n", index, value);
 }
 
 void WriteElement(FILE* f, int index, double value) {
-  std::fprintf(f, "Array[%2d]= %12.4lf\n", index, value);
+  char text[RealFormat::kRoom];
+  *RealFormat("%.4lf", RealFormat::Notation::kFixed, 4).Write(text, value) = '\0';
+  std::fprintf(f, "Array[%2d]= %12s\n", index, text);
 }
 
 template <class T>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 
 #include "algorithms.h"
 #include "platform/clock.h"
@@ -16,7 +15,7 @@ constexpr int kHalfOfDraws = 16383;
 
 void Reseed() {
   const auto seconds = static_cast<std::uint32_t>(zeph::platform::ReadClock().time);
-  std::srand(seconds + static_cast<std::uint32_t>(NextRandom()));
+  zeph::platform::SeedRandom(seconds + static_cast<std::uint32_t>(NextRandom()));
 }
 
 void Draw(int& x, bool negative) {

@@ -6,6 +6,7 @@
 #include "double_array/elements.h"
 #include "platform/block_writer.h"
 #include "platform/format_number.h"
+#include "platform/stream_number.h"
 
 namespace zeph::double_array {
 namespace {
@@ -37,7 +38,7 @@ using namespace zeph::double_array;
 void CZEPHDoubleArray::Display(std::ostream& os) {
   const int count = static_cast<int>(Count(*this));
   for (int i = 0; i < count; ++i) {
-    os << data[i] << " ";
+    os << zeph::platform::Number{data[i]} << " ";
     if (EndsLine(i)) os << std::endl;
   }
 }
@@ -61,7 +62,8 @@ std::ostream& operator<<(std::ostream& os, const CZEPHDoubleArray& a) {
   const int count = static_cast<int>(Count(a));
   const bool onOneLine = count < 5;
   os << "Elements of the vector are: \n";
-  for (int i = 0; i < count; ++i) os << a.data[i] << (onOneLine ? "  " : "\n");
+  for (int i = 0; i < count; ++i)
+    os << zeph::platform::Number{a.data[i]} << (onOneLine ? "  " : "\n");
   if (onOneLine && count > 0) os << "\n";
   return os;
 }

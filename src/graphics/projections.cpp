@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
 // The planes are called nearPlane and farPlane here: `near` and `far` are macros on some systems.
-#include <cmath>
-
 #include "graphics.h"
 #include "platform/exactness.h"
+#include "platform/functions.h"
 
 void CZEPHMatrix4x4::SetPerspective(float left, float right, float bottom, float top,
                                     float nearPlane, float farPlane) {
@@ -28,7 +27,7 @@ void CZEPHMatrix4x4::SetPerspective(float left, float right, float bottom, float
 
 void CZEPHMatrix4x4::SetPerspective(float fovy, float aspect, float nearPlane, float farPlane) {
   constexpr float kDegree = 0.017453292f;
-  const float top = std::tan(fovy * kDegree * 0.5f) * nearPlane;
+  const float top = zeph::platform::Tangent(fovy * kDegree * 0.5f) * nearPlane;
   SetPerspective(-top * aspect, top * aspect, -top, top, nearPlane, farPlane);
 }
 

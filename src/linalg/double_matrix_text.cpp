@@ -3,20 +3,22 @@
 // Text output and input of the double matrix.
 #include "linalg.h"
 #include "linalg/row_table.h"
+#include "platform/stream_number.h"
 
 using namespace zeph::linalg;
+using zeph::platform::Number;
 
 void CZEPHDoubleMatrix::Display(std::ostream& os) {
   const int rows = StoredRows(m_ppData, m_nRows);
   for (int i = 0; i < rows; ++i)
     for (int j = 0; j < m_nColumns; ++j)
-      os << "Mat[" << i << "][" << j << "]=" << m_ppData[i][j] << std::endl;
+      os << "Mat[" << i << "][" << j << "]=" << Number{m_ppData[i][j]} << std::endl;
 }
 
 std::ostream& operator<<(std::ostream& os, const CZEPHDoubleMatrix& a) {
   const int rows = StoredRows(a.m_ppData, a.m_nRows);
   for (int i = 0; i < rows; ++i) {
-    for (int j = 0; j < a.m_nColumns; ++j) os << a.m_ppData[i][j];
+    for (int j = 0; j < a.m_nColumns; ++j) os << Number{a.m_ppData[i][j]};
     os << std::endl;
   }
   return os;

@@ -6,6 +6,9 @@
 
 #include "linalg.h"
 #include "platform/exactness.h"
+#include "platform/stream_number.h"
+
+using zeph::platform::Number;
 
 namespace {
 
@@ -141,7 +144,7 @@ CZEPHMatrix4 operator/(const CZEPHMatrix4& a, const double& s) {
 std::ostream& operator<<(std::ostream& os, const CZEPHMatrix4& a) {
   for (int i = 0; i < 4; ++i) {
     os << "[ ";
-    for (int j = 0; j < 4; ++j) os << a.m_data[i + 4 * j] << (j < 3 ? " " : " ]\n");
+    for (int j = 0; j < 4; ++j) os << Number{a.m_data[i + 4 * j]} << (j < 3 ? " " : " ]\n");
   }
   return os;
 }

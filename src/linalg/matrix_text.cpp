@@ -5,6 +5,7 @@
 #include "linalg.h"
 #include "linalg/cell_writer.h"
 #include "linalg/row_table.h"
+#include "platform/stream_number.h"
 
 using namespace zeph::linalg;
 
@@ -22,7 +23,8 @@ void CZEPHMatrix::Display() {
   std::cout.precision(4);
   const int rows = StoredRows(m_ppData, m_nRows);
   for (int i = 0; i < rows; ++i) {
-    for (int j = 0; j < m_nColumns; ++j) std::cout << std::setw(10) << m_ppData[i][j] << " ";
+    for (int j = 0; j < m_nColumns; ++j)
+      std::cout << std::setw(10) << zeph::platform::Number{m_ppData[i][j]} << " ";
     std::cout << std::endl;
   }
 }

@@ -6,6 +6,9 @@
 #include "algorithms.h"
 #include "linalg.h"
 #include "platform/exactness.h"
+#include "platform/stream_number.h"
+
+using zeph::platform::Number;
 
 int CZEPHVector3::m_nObject = 0;
 
@@ -128,7 +131,7 @@ int operator!=(const CZEPHVector3& a, const CZEPHVector3& b) {
 }
 
 std::ostream& operator<<(std::ostream& os, const CZEPHVector3& v) {
-  return os << "[ " << v.m_x << " ; " << v.m_y << " ; " << v.m_z << " ]";
+  return os << "[ " << Number{v.m_x} << " ; " << Number{v.m_y} << " ; " << Number{v.m_z} << " ]";
 }
 
 CZEPHVector3 Bisect(CZEPHVector3 a, CZEPHVector3 b) {

@@ -4,6 +4,7 @@
 
 #include "linalg.h"
 #include "linalg/cell_writer.h"
+#include "platform/stream_number.h"
 
 using namespace zeph::linalg;
 
@@ -17,7 +18,7 @@ void CZEPHVector::Display(std::FILE* stream, char separator) {
 void CZEPHVector::Display() {
   for (std::size_t i = 0; i < size(); ++i) {
     std::cout.setf(std::ios_base::right | std::ios_base::fixed | std::ios_base::showpoint);
-    std::cout << std::setprecision(4) << std::setw(12) << m_pData[i];
+    std::cout << std::setprecision(4) << std::setw(12) << zeph::platform::Number{m_pData[i]};
   }
   std::cout << std::endl;
 }

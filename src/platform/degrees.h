@@ -4,11 +4,9 @@
 #ifndef ZEPH_SRC_PLATFORM_DEGREES_H
 #define ZEPH_SRC_PLATFORM_DEGREES_H
 
-namespace zeph::platform {
+#include "platform/functions.h"
 
-struct SineAndCosine {
-  double sine, cosine;
-};
+namespace zeph::platform {
 
 /// Of an angle in degrees: its radians are degrees * pi / 180 in double, pi rounded to double. The
 /// one place where the library turns an angle into a sine or a cosine.

@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "platform/format_number.h"
 
+#include <algorithm>
 #include <cfenv>
 #include <charconv>
 #include <clocale>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 #include "platform/exactness.h"
+#include "platform/functions.h"
 
 namespace zeph::platform {
 namespace {
@@ -108,9 +111,10 @@ char* WriteScientific(char* out, double x, int decimals, int exponentDigits) {
 }  // namespace
 
 NumberConventions NumberConventions::Current() {
+  if (kPortableMath) return {true, 2, ".", true};
   static const Runtime runtime = AskRuntime();
   return {runtime.exact && RoundsToNearest(), runtime.exponentDigits,
-          std::localeconv()->decimal_point};
+          std::localeconv()->decimal_point, false};
 }
 
 RealFormat::RealFormat(const char* conversion, Notation notation, int decimals,
@@ -124,6 +128,7 @@ RealFormat::RealFormat(const char* conversion, Notation notation, int decimals,
 
 char* RealFormat::Write(char* out, double x) const {
   if (conventions_.exact && std::isfinite(x)) return WriteExactly(out, x);
+  if (conventions_.ownNames) return WritePadded(out, x);
   return out + std::snprintf(out, kRoom, conversion_, x);
 }
 
@@ -134,12 +139,30 @@ char* RealFormat::WriteExactly(char* out, double x) const {
   return fullStop_ ? end : InsertPoint(out, end);
 }
 
+/// A name in the width and on the side that the conversion says.
+char* RealFormat::WritePadded(char* out, double x) const {
+  const char* flags = conversion_ + 1;
+  const bool left = *flags == '-';
+  const auto width = std::strtol(left ? flags + 1 : flags, nullptr, 10);
+  char* end = WriteNonFinite(out, x);
+  const long blanks = std::max(width - (end - out), 0L);
+  if (!left) end = Shift(out, end, static_cast<std::size_t>(blanks));
+  std::memset(left ? end : out, ' ', static_cast<std::size_t>(blanks));
+  return left ? end + blanks : end;
+}
+
 /// The full stop stands after the first digit, or before the decimals.
 char* RealFormat::InsertPoint(char* text, char* end) const {
   char* stop = notation_ == Notation::kScientific ? text + 1 + (*text == '-') : end - decimals_ - 1;
   end = Shift(stop + 1, end, pointSize_ - 1);
   std::memcpy(stop, conventions_.point, pointSize_);
   return end;
+}
+
+char* WriteNonFinite(char* out, double x) {
+  if (std::signbit(x)) *out++ = '-';
+  std::memcpy(out, std::isnan(x) ? "nan" : "inf", 3);
+  return out + 3;
 }
 
 char* WriteInt(char* out, int value, int width) {

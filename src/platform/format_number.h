@@ -10,12 +10,13 @@ namespace zeph::platform {
 
 /// What the C runtime and the caller's locale decide about the texts of numbers.
 struct NumberConventions {
-  bool exact;          // printf rounds as the exact conversion does: to nearest, ties to even
-  int exponentDigits;  // fewest digits of an exponent, 2 or 3
-  const char* point;   // the decimal point, a string as in `localeconv`
+  bool exact;             // printf rounds as the exact conversion does: to nearest, ties to even
+  int exponentDigits;     // fewest digits of an exponent, 2 or 3
+  const char* point;      // the decimal point, a string as in `localeconv`
+  bool ownNames = false;  // infinities and NaN are written here, not by printf
 
   /// As they stand for this call: the runtime is asked once per process, the locale and the
-  /// rounding direction every time.
+  /// rounding direction every time. With ZEPH_PORTABLE_MATH those of glibc in the C locale, always.
   static NumberConventions Current();
 };
 
@@ -42,6 +43,7 @@ class RealFormat {
 
  private:
   char* WriteExactly(char* out, double x) const;
+  char* WritePadded(char* out, double x) const;
   char* InsertPoint(char* text, char* end) const;
 
   const char* conversion_;
@@ -51,6 +53,9 @@ class RealFormat {
   std::size_t pointSize_;
   bool fullStop_;
 };
+
+/// "inf", "-inf", "nan" or "-nan", the last for a NaN with its sign set, as glibc writes them.
+char* WriteNonFinite(char* out, double x);
 
 /// Characters that WriteInt needs.
 constexpr std::size_t kIntRoom = 16;

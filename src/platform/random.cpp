@@ -4,7 +4,24 @@
 #include <cstdlib>
 #include <ctime>
 
+#ifdef ZEPH_PORTABLE_MATH
+#include "portable_math/random.h"
+#endif
+
 namespace zeph::platform {
+
+#ifdef ZEPH_PORTABLE_MATH
+
+int NextRandom() {
+  return portable_math::DrawFifteenBits();
+}
+
+void SeedRandom(unsigned seed) {
+  portable_math::SeedFifteenBits(seed);
+}
+
+#else
+
 namespace {
 
 constexpr int SurplusBits() {
@@ -20,8 +37,14 @@ int NextRandom() {
   return std::rand() >> SurplusBits();
 }
 
+void SeedRandom(unsigned seed) {
+  std::srand(seed);
+}
+
+#endif
+
 void SeedRandomFromTime() {
-  std::srand(static_cast<unsigned>(std::time(nullptr)));
+  SeedRandom(static_cast<unsigned>(std::time(nullptr)));
 }
 
 }  // namespace zeph::platform

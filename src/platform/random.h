@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The random source: the C runtime's generator, which the application shares.
+// The random source: the C runtime's generator, which the application shares, or with
+// ZEPH_PORTABLE_MATH one of our own.
 #ifndef ZEPH_SRC_PLATFORM_RANDOM_H
 #define ZEPH_SRC_PLATFORM_RANDOM_H
 
@@ -9,10 +10,14 @@ namespace zeph::platform {
 /// The largest number that NextRandom gives.
 constexpr int kRandomMax = 32767;
 
-/// The next number of `rand`, 0..32767: its high 15 bits where the runtime's range is larger.
+/// The next number of the source, 0..32767: of `rand` its high 15 bits where the runtime's range is
+/// larger.
 int NextRandom();
 
-/// Seeds the generator with the current time in seconds, so twice in a second gives one sequence.
+/// Seeds the source.
+void SeedRandom(unsigned seed);
+
+/// Seeds it with the current time in seconds, so twice in a second gives one sequence.
 void SeedRandomFromTime();
 
 }  // namespace zeph::platform

@@ -9,14 +9,14 @@
 
 using namespace zeph::test;
 
-TEST(MathRandom, IsTheRuntimesGeneratorInFifteenBits) {
+TEST(MathRandom, IsTheRuntimesGeneratorOrOurOwnInFifteenBits) {
   const auto draws = DrawsAfterSeed(7, 1000);
   for (const int n : {0, -5, INT_MIN}) {
-    std::srand(7);
+    Seed(7);
     for (const int draw : draws) EXPECT_EQ(ZEPH_MathRandom(n), draw);
   }
   for (const int n : {1, 2, 6, 32767, 32768, INT_MAX}) {
-    std::srand(7);
+    Seed(7);
     for (const int draw : draws) EXPECT_EQ(ZEPH_MathRandom(n), draw % n);
   }
 }
@@ -36,7 +36,7 @@ TEST(MathRandom, DrawsBetweenTwoBoundsInEitherOrder) {
   const auto draws = DrawsAfterSeed(9, 1000);
   const double bounds[][2] = {{2.0, 1.0}, {-1.0, 3.5}, {0.1, 0.7}, {-1e308, 1e308}};
   for (const auto& [lo, hi] : bounds) {
-    std::srand(9);
+    Seed(9);
     for (const int draw : draws) {
       const double span = hi - lo;
       const double product = static_cast<double>(draw) * span;
@@ -58,4 +58,16 @@ TEST(MathRandomInit, SeedsWithTheTimeInSeconds) {
     return;
   }
   FAIL() << "no attempt stayed within a second";
+}
+
+TEST(MathRandomSeed, StartsTheSequenceOfTheSeed) {
+  for (const unsigned seed : {0u, 1u, 12345u, 4294967295u}) {
+    const auto draws = DrawsAfterSeed(seed, 50);
+    ZEPH_MathRandomSeed(seed);
+    for (const int draw : draws) EXPECT_EQ(ZEPH_MathRandom(0), draw);
+  }
+}
+
+TEST(MathIsPortable, SaysWhatThePackageSays) {
+  EXPECT_EQ(ZEPH_MathIsPortable(), ZEPH_PortableMath ? 1 : 0);
 }

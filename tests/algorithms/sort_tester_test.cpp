@@ -67,7 +67,7 @@ void ExpectRandomised(int sign) {
   constexpr int kCount = 500;
   for (int attempt = 0; attempt < 10; ++attempt) {
     const int first = DrawsAfterSeed(41, 1)[0];
-    std::srand(41);
+    Seed(41);
     std::vector<T> got(kCount + 1, T(77));
     const std::time_t before = SecondAwayFromItsTurn();
     ASSERT_EQ(Tester::Randomize(got.data(), kCount, sign), 1);
@@ -114,7 +114,7 @@ TEST(SortTester, RandomisesWithinItsRanges) {
 TEST(SortTester, RandomisesNothingWithoutElements) {
   int a[] = {3};
   double b[] = {3.5};
-  std::srand(41);
+  Seed(41);
   for (const int n : {0, -1, INT_MIN}) {
     EXPECT_EQ(Tester::Randomize(a, n, 1), 0);
     EXPECT_EQ(Tester::Randomize(b, n, 1), 0);
@@ -123,9 +123,8 @@ TEST(SortTester, RandomisesNothingWithoutElements) {
   EXPECT_EQ(Tester::Randomize(static_cast<double*>(nullptr), 1, 1), 0);
   EXPECT_EQ(a[0], 3);
   EXPECT_EQ(b[0], 3.5);
-  const int next = std::rand();
-  std::srand(41);
-  EXPECT_EQ(next, std::rand());  // the generator was left alone
+  const int next = ZEPH_MathRandom(0);
+  EXPECT_EQ(next, DrawsAfterSeed(41, 1)[0]);  // the generator was left alone
 }
 
 TEST(SortTester, DemonstratesOnTheStandardOutputWhateverStreamIsGiven) {

@@ -84,7 +84,7 @@ TEST(MatrixRandom, FillsRowByRowFromTheRuntimesGenerator) {
   for (double scale : {1.0, -2.5, 1e-3, 0.0}) {
     const std::vector<int> draws = DrawsAfterSeed(77, 12);
     CZEPHMatrix m(3, 4);
-    std::srand(77);
+    Seed(77);
     ZEPH_RandomizeMatrix(m, scale);
     for (std::size_t n = 0; n < draws.size(); ++n) {
       volatile double scaled = draws[n] * scale;
@@ -95,7 +95,7 @@ TEST(MatrixRandom, FillsRowByRowFromTheRuntimesGenerator) {
 
 TEST(MatrixRandom, StaysBetweenZeroAndTheScaleAndDoesNotSeed) {
   CZEPHMatrix m(50, 50), again(50, 50);
-  std::srand(1);
+  Seed(1);
   ZEPH_RandomizeMatrix(m, 10.0);
   for (const auto& row : Elements(m))
     for (double x : row) EXPECT_TRUE(x >= 0.0 && x <= 10.0);

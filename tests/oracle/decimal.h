@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <string>
 
+#include "functions.h"
+
 namespace oracle {
 
 inline int ToInt(double x) {
@@ -51,7 +53,7 @@ inline int RoundOffToInt(double x) {
 }
 
 inline int Exponent(double value, signed char digits) {
-  const double x = std::log10(std::fabs(value));
+  const double x = zeph::functions::Log10(std::fabs(value));
   const int e = x < 0 ? ToInt(std::floor(x)) : ToInt(std::ceil(x));
   const int d = digits + 1;
   if (e >= d) return e - digits;

@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+#include "functions.h"
+
 namespace zeph::oracle {
 
 inline void Snap(double& s) {
@@ -28,7 +30,7 @@ inline void Multiply3(const double a[3][3], const double b[3][3], double out[3][
 /// axis 0, 1, 2 for X, Y, Z.
 inline void Rotate3(double m[3][3], int axis, double angle) {
   const double radians = angle * 3.141592653589793 / 180.0;
-  const double co = std::cos(radians), si = std::sin(radians);
+  const double co = ::zeph::functions::Cos(radians), si = ::zeph::functions::Sin(radians);
   const double x[3][3] = {{1, 0, 0}, {0, co, -si}, {0, si, co}};
   const double y[3][3] = {{co, 0, si}, {0, 1, 0}, {-si, 0, co}};
   const double z[3][3] = {{co, -si, 0}, {si, co, 0}, {0, 0, 1}};

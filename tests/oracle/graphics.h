@@ -7,6 +7,8 @@
 #include <cmath>
 #include <vector>
 
+#include "functions.h"
+
 namespace oracle {
 
 using Vector = std::vector<float>;  // two to four components
@@ -108,12 +110,12 @@ inline double Radians(double degrees) {
 }
 inline double SineInDouble(double degrees) {
   volatile double radians = Radians(degrees);
-  volatile double r = std::sin(radians);
+  volatile double r = ::zeph::functions::Sin(radians);
   return r;
 }
 inline double CosineInDouble(double degrees) {
   volatile double radians = Radians(degrees);
-  volatile double r = std::cos(radians);
+  volatile double r = ::zeph::functions::Cos(radians);
   return r;
 }
 inline float Sine(double degrees) {
@@ -324,7 +326,7 @@ inline Matrix Frustum(float l, float r, float b, float t, float n, float f) {
 
 inline Matrix Perspective(float fovy, float aspect, float n, float f) {
   volatile float half = Mul(Mul(fovy, 0.017453292f), 0.5f);
-  volatile float tangent = std::tan(half);
+  volatile float tangent = ::zeph::functions::Tan(half);
   const float t = Mul(tangent, n);
   return Frustum(Mul(-t, aspect), Mul(t, aspect), -t, t, n, f);
 }

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdio>
+#include <limits>
 #include <string>
 
 #include "support/numbers.h"
@@ -54,6 +56,20 @@ TEST(RealFormat, LeavesEverythingToPrintfWhereTheRuntimeRoundsInItsOwnWay) {
   const NumberConventions inexact{false, 3, ","};  // what it would write shows who wrote
   EXPECT_EQ(Scientific(1.5, inexact), "1.5000e+00");
   EXPECT_EQ(Fixed(1.5, inexact), "1.500000");
+}
+
+TEST(RealFormat, WritesInfinitiesAndNaNWithinTheConversionsWidthWhereTheNamesAreItsOwn) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+  const NumberConventions own{true, 2, ".", true};
+  EXPECT_EQ(Scientific(kInfinity, own), "inf  ");
+  EXPECT_EQ(Scientific(-kInfinity, own), "-inf ");
+  EXPECT_EQ(Scientific(std::copysign(kNaN, 1.0), own), "nan  ");
+  EXPECT_EQ(Scientific(std::copysign(kNaN, -1.0), own), "-nan ");
+  EXPECT_EQ(Fixed(-kInfinity, own), "-inf");
+  char text[RealFormat::kRoom];
+  const RealFormat wide("%12.4lf", RealFormat::Notation::kFixed, 4, own);
+  EXPECT_EQ(std::string(text, wide.Write(text, kInfinity)), "         inf");
 }
 
 TEST(RealFormat, WritesTheLongestNumbers) {

@@ -4,7 +4,6 @@
 #include "algorithms.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <limits>
 
 #include "inputs.h"
@@ -106,7 +105,7 @@ void Notation(Report& report, Inputs& in) {
 }
 
 void RandomNumbers(Report& report) {
-  std::srand(12345);
+  ZEPH_MathRandomSeed(12345);
   Digest& digest = report("random numbers", Rests::kRandom);
   for (int k = 1; k < 500; ++k) {
     digest.Integer(ZEPH_MathRandom(k));

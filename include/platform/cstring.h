@@ -29,7 +29,11 @@
 ///
 /// Holds any bytes, zeros included, behind which a closing zero always stands. A null `const char*`
 /// counts as the empty text everywhere. Copies are deep; appending costs amortised constant time a
-/// character and may be given a piece of the string itself.
+/// character and may be given a piece of the string itself. Texts of up to 15 characters live in the
+/// object itself.
+///
+/// A text has at most 2^31 - 2 characters. An operation that would make a longer one throws
+/// std::length_error and changes nothing.
 class ZEPH_API CString {
  public:
   CString();
@@ -68,8 +72,8 @@ class ZEPH_API CString {
 
   /// Replaces the content by the formatted text (printf conversions), of any length.
   ///
-  /// Arguments may point into this string. A null format gives the empty text. Strings among the
-  /// arguments are passed as GetString().
+  /// Arguments may point into this string. A null format gives the empty text, as does one that the
+  /// runtime refuses. Strings among the arguments are passed as GetString().
   void Format(const char* format, ...) ZEPH_PRINTF_FORMAT;
   /// Appends the formatted text; otherwise as Format.
   void AppendFormat(const char* format, ...) ZEPH_PRINTF_FORMAT;
@@ -111,7 +115,14 @@ class ZEPH_API CString {
                                                                         : static_cast<int>(index);
   }
 
-  std::string m_text;
+  void ReplaceFrom(int from, std::string_view tail);
+  void TakeFrom(CString& other) noexcept;
+  void Release() noexcept;
+
+  char* m_pchData;  // the characters and the closing zero: m_here, or a block of its own
+  int m_nLength;    // characters, without the closing zero
+  int m_nCapacity;  // characters that there is room for, likewise
+  char m_here[16];
 };
 
 /// The two texts one after the other. A chain of `+` grows one string.

@@ -31,11 +31,12 @@ CZEPHDoubleArray::~CZEPHDoubleArray() {
 
 int CZEPHDoubleArray::AllocMemory(int n) {
   size = n;
-  auto* block = zeph::platform::TryNewArray<double>(n);
-  if (!block) return 0;
-  data = block;
-  sorted = 0;
-  return 1;
+  return zeph::platform::OnExhaustion(0, [=] {
+    data = zeph::platform::NewArrayOrNull<double>(n);
+    if (!data) return 0;
+    sorted = 0;
+    return 1;
+  });
 }
 
 void CZEPHDoubleArray::FreeMemory() {

@@ -22,7 +22,7 @@ struct Kept : platform::ThreadData {
 };
 
 platform::ThreadData* MakeKept() {
-  return platform::OnExhaustion<Kept*>(nullptr, [] { return new Kept; });
+  return platform::OnExhaustion<Kept*>(nullptr, [] { return platform::NewObject<Kept>(); });
 }
 
 /// For threads that cannot have their own. Never destroyed: threads may outlive static objects.

@@ -22,20 +22,35 @@ constexpr std::size_t RequestBytes(std::int64_t count, std::size_t elementSize) 
   return n > SIZE_MAX / elementSize ? SIZE_MAX : static_cast<std::size_t>(n) * elementSize;
 }
 
-/// A block for `count` elements, uninitialised, to be released with `delete[]`. Exhaustion passes
-/// to the caller as whatever the allocation operator throws.
-template <class T>
-T* NewArray(std::int64_t count) {
-  static_assert(std::is_trivially_destructible_v<T>, "released without destructor calls");
-  return static_cast<T*>(::operator new[](RequestBytes(count, sizeof(T))));
+/// What an allocation operator returned, null included. An application's own operator may return
+/// null, as old ones do; compilers take it that none does, and would drop the tests.
+inline void* PerhapsNull(void* block) {
+  void* volatile kept = block;
+  return kept;
 }
 
-/// A new object, or null where the application's own allocation operator answers null; what that
-/// operator throws passes to the caller. Released with `delete`.
+/// A block for `count` elements, uninitialised, to be released with `delete[]`; null where the
+/// application's operator returns null. What that operator throws passes to the caller.
+template <class T>
+T* NewArrayOrNull(std::int64_t count) {
+  static_assert(std::is_trivially_destructible_v<T>, "released without destructor calls");
+  return static_cast<T*>(PerhapsNull(::operator new[](RequestBytes(count, sizeof(T)))));
+}
+
+/// The same, never null: exhaustion passes to the caller as whatever the allocation operator throws,
+/// or as std::bad_alloc where it returns null.
+template <class T>
+T* NewArray(std::int64_t count) {
+  T* const block = NewArrayOrNull<T>(count);
+  if (!block) throw std::bad_alloc();
+  return block;
+}
+
+/// A new object, or null where the application's operator returns null; what that operator throws
+/// passes to the caller. Released with `delete`.
 template <class T, class... Arguments>
 T* NewObject(Arguments&&... arguments) {
-  // Compilers take it that the operator never answers null, and would drop the test.
-  void* volatile block = ::operator new(sizeof(T));
+  void* const block = PerhapsNull(::operator new(sizeof(T)));
   if (!block) return nullptr;
   try {
     return new (block) T{std::forward<Arguments>(arguments)...};

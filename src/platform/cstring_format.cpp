@@ -3,8 +3,14 @@
 
 #ifndef ZEPH_USE_MFC
 
+#include <cerrno>
+#include <climits>
 #include <cstdarg>
 #include <cstdio>
+#include <memory>
+
+#include "platform/allocation.h"
+#include "platform/refusal.h"
 
 namespace {
 
@@ -14,22 +20,32 @@ class Formatted {
  public:
   Formatted(const char* format, va_list arguments) {
     if (!format) return;
-    va_list again;
-    va_copy(again, arguments);
-    const int length = std::vsnprintf(short_, sizeof short_, format, arguments);
-    if (length > 0) size_ = static_cast<std::size_t>(length);
-    if (size_ >= sizeof short_) {
-      long_.resize(size_);
-      std::vsnprintf(long_.data(), size_ + 1, format, again);
+    Copied again(arguments);
+    m_size = Length(std::vsnprintf(m_short, sizeof m_short, format, arguments));
+    if (m_size >= sizeof m_short) {
+      m_long.reset(zeph::platform::NewArray<char>(static_cast<std::int64_t>(m_size) + 1));
+      std::vsnprintf(m_long.get(), m_size + 1, format, again.list);
     }
-    va_end(again);
   }
-  std::string_view Text() const { return {long_.empty() ? short_ : long_.data(), size_}; }
+  std::string_view Text() const { return {m_long ? m_long.get() : m_short, m_size}; }
 
  private:
-  char short_[512];
-  std::string long_;
-  std::size_t size_ = 0;
+  /// What the runtime counted; 0 for what it refuses. It counts in int: longer texts it cannot write.
+  static std::size_t Length(int counted) {
+    if (counted == INT_MAX || (counted < 0 && errno == EOVERFLOW))
+      zeph::platform::RefuseLength("CString", INT_MAX - 1);
+    return counted > 0 ? static_cast<std::size_t>(counted) : 0;
+  }
+
+  struct Copied {
+    va_list list;
+    explicit Copied(va_list from) { va_copy(list, from); }
+    ~Copied() { va_end(list); }
+  };
+
+  char m_short[512];
+  std::unique_ptr<char[]> m_long;
+  std::size_t m_size = 0;
 };
 
 }  // namespace
@@ -39,7 +55,7 @@ void CString::Format(const char* format, ...) {
   va_start(arguments, format);
   const Formatted formatted(format, arguments);
   va_end(arguments);
-  m_text = formatted.Text();
+  ReplaceFrom(0, formatted.Text());
 }
 
 void CString::AppendFormat(const char* format, ...) {
@@ -47,7 +63,7 @@ void CString::AppendFormat(const char* format, ...) {
   va_start(arguments, format);
   const Formatted formatted(format, arguments);
   va_end(arguments);
-  m_text += formatted.Text();
+  ReplaceFrom(m_nLength, formatted.Text());
 }
 
 #endif  // ZEPH_USE_MFC

@@ -11,6 +11,11 @@ void RefuseIndex(const char* operation, std::int64_t index, std::int64_t last) {
                           " is outside 0.." + std::to_string(last));
 }
 
+void RefuseLength(const char* type, std::int64_t most) {
+  throw std::length_error(std::string(type) + ": a text has at most " + std::to_string(most) +
+                          " characters");
+}
+
 void Refuse(const char* operation, const char* reason) {
   throw std::out_of_range(std::string(operation) + ": " + reason);
 }

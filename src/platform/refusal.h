@@ -11,6 +11,9 @@ namespace zeph::platform {
 /// Throws std::out_of_range: "CObArray::GetAt: index 7 is outside 0..2".
 [[noreturn]] void RefuseIndex(const char* operation, std::int64_t index, std::int64_t last);
 
+/// Throws std::length_error: "CString: a text has at most 2147483646 characters".
+[[noreturn]] void RefuseLength(const char* type, std::int64_t most);
+
 /// Throws std::out_of_range with "operation: reason".
 [[noreturn]] void Refuse(const char* operation, const char* reason);
 

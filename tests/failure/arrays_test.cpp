@@ -116,6 +116,22 @@ TEST_F(DoubleArrayFailure, AllocMemoryAnswersZeroWithTheSizeSet) {
       [](auto& s) { return s.answer == 0 && s.a->size == 3 && !s.a->data; });
 }
 
+TEST_F(DoubleArrayFailure, ANullBlockIsStoredWhereAnExceptionKeepsTheOldOne) {
+  for (const Failure how : {Failure::kBadAlloc, Failure::kMemoryException, Failure::kNull}) {
+    OpenArray a;
+    ASSERT_EQ(a.AllocMemory(3), 1);
+    double* const held = a.data;
+    {
+      FailAllocation failing(1, false, how);
+      EXPECT_EQ(a.AllocMemory(4), 0);
+    }
+    EXPECT_EQ(a.size, 4);
+    EXPECT_EQ(a.data, how == Failure::kNull ? nullptr : held);
+    a.data = held;
+    a.size = 3;
+  }
+}
+
 TEST_F(DoubleArrayFailure, TextsStayAsTheyWere) {
   struct State {
     CZEPHDoubleArray a = CZEPHDoubleArray(100, 1.0);

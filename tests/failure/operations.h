@@ -11,7 +11,7 @@
 
 namespace zeph::test {
 
-/// What exhausted memory does to an operation.
+/// What exhausted memory does to an operation, however the allocation operator tells of it.
 enum class Ending {
   kPasses,  // the exception reaches the caller
   kSilent   // the operation ends as documented
@@ -45,11 +45,15 @@ inline long LosesTheEarlierBlocks(long k) {
 /// One or more requests: how a standard string grows is not the library's.
 constexpr long kSome = -1;
 
+/// Where a null block means something else than an exception.
+inline const std::vector<Failure> kExceptions = {Failure::kBadAlloc, Failure::kMemoryException};
+
 struct Expectation {
   const char* name;
   long requests;  // that the operation makes when none fails, or kSome
   Ending ending;
   long (*lost)(long k) = LosesNothing;  // blocks lost for good when the k-th fails
+  std::vector<Failure> ways = {Failure::kBadAlloc, Failure::kMemoryException, Failure::kNull};
 };
 
 /// One run with the `k`-th request failing; false when there was no such request.
@@ -90,7 +94,7 @@ bool RunWithFailure(const Expectation& want, long k, bool andAllAfter, Failure h
 template <class Make, class Call, class Check>
 void ExpectOnFailure(const Expectation& want, Make make, Call call, Check check) {
   { [[maybe_unused]] auto first = make(); }  // what a first use keeps is there
-  for (const Failure how : {Failure::kBadAlloc, Failure::kMemoryException})
+  for (const Failure how : want.ways)
     for (const bool andAllAfter : {false, true}) {
       long k = 1;
       while (k < 100 && RunWithFailure(want, k, andAllAfter, how, make, call, check)) ++k;

@@ -52,7 +52,7 @@ static_assert(kVirtual<CObject> && kVirtual<CMemoryException> && kVirtual<CWinAp
 ZEPH_SIZE(CMemoryException, P);
 ZEPH_AT(CWinApp, m_pszAppName, P);
 ZEPH_SIZE(CWinApp, 2 * P);
-ZEPH_SIZE(CString, sizeof(std::string));
+ZEPH_SIZE(CString, P + 24);
 static_assert(!std::is_polymorphic_v<CString>);
 
 // Where the collections' protected fields stand.

@@ -128,10 +128,13 @@ class ObjectList(Chain):
 
 class Text:
     def __init__(self, value):
-        self.text = value["m_text"]
+        self.characters, self.length = value["m_pchData"], int(value["m_nLength"])
 
     def to_string(self):
-        return self.text
+        return self.characters.lazy_string(length=self.length)
+
+    def display_hint(self):
+        return "string"
 
 
 def view(make, *fields):

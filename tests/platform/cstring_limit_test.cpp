@@ -1,0 +1,75 @@
+// The longest text: one more character is refused, and nothing is lost.
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cstring>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "platform.h"
+
+#ifdef __linux__
+#include <sys/mman.h>
+#endif
+
+namespace {
+
+constexpr std::size_t kTooLong = INT_MAX;
+volatile int most = INT_MAX;  // the compiler would warn of a constant width
+
+template <class Call>
+void ExpectRefused(CString& text, Call call) {
+  const std::string before(text, static_cast<std::size_t>(text.GetLength()));
+  try {
+    call(text);
+    FAIL() << "nothing was thrown";
+  } catch (const std::length_error& error) {
+    EXPECT_STREQ(error.what(), "CString: a text has at most 2147483646 characters");
+  }
+  EXPECT_EQ(text.GetLength(), static_cast<int>(before.size()));
+  EXPECT_STREQ(text, before.c_str());
+}
+
+}  // namespace
+
+TEST(CStringLimit, AFormattedTextThatIsTooLongIsRefused) {
+  for (const char* held : {"", "short", "a text that has a block of its own, being so long"}) {
+    CString text(held);
+    ExpectRefused(text, [](CString& s) { s.Format("%*s%*s", most - 5, "", 10, ""); });
+    ExpectRefused(text, [](CString& s) { s.AppendFormat("%*s%*s", most - 5, "", 10, ""); });
+    ExpectRefused(text, [](CString& s) { s.AppendFormat("%*s%*s", most - 5, "", 5, ""); });
+  }
+}
+
+#if defined(__linux__) && SIZE_MAX > UINT_MAX
+namespace {
+
+/// 2^31 readable zeros that take no memory.
+class Zeros {
+ public:
+  Zeros()
+      : m_pages(
+            mmap(nullptr, kSize, PROT_READ, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0)) {}
+  ~Zeros() {
+    if (Had()) munmap(m_pages, kSize);
+  }
+  bool Had() const { return m_pages != MAP_FAILED; }
+  const char* Text() const { return static_cast<const char*>(m_pages); }
+
+ private:
+  static constexpr std::size_t kSize = kTooLong + 1;
+  void* m_pages;
+};
+
+}  // namespace
+
+TEST(CStringLimit, ATextThatIsTooLongIsRefusedBeforeItIsRead) {
+  const Zeros zeros;
+  if (!zeros.Had()) GTEST_SKIP() << "no 2 GiB of addresses";
+  EXPECT_THROW(CString(std::string_view(zeros.Text(), kTooLong)), std::length_error);
+  CString text("0123456789");
+  ExpectRefused(text, [&](CString& s) { s.Append(zeros.Text(), INT_MAX - 10); });
+  ExpectRefused(text, [&](CString& s) { s.Append(zeros.Text(), INT_MAX); });
+}
+#endif

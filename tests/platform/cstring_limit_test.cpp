@@ -16,10 +16,9 @@
 namespace {
 
 constexpr std::size_t kTooLong = INT_MAX;
-volatile int most = INT_MAX;  // the compiler would warn of a constant width
 
 template <class Call>
-void ExpectRefused(CString& text, Call call) {
+[[maybe_unused]] void ExpectRefused(CString& text, Call call) {
   const std::string before(text, static_cast<std::size_t>(text.GetLength()));
   try {
     call(text);
@@ -33,14 +32,18 @@ void ExpectRefused(CString& text, Call call) {
 
 }  // namespace
 
+#ifdef __GLIBC__  // which says at once that there is no such text; others write it for seconds
+namespace {
+const char* volatile kWide = "%2147483648d";  // the compiler would warn of a literal
+}
 TEST(CStringLimit, AFormattedTextThatIsTooLongIsRefused) {
   for (const char* held : {"", "short", "a text that has a block of its own, being so long"}) {
     CString text(held);
-    ExpectRefused(text, [](CString& s) { s.Format("%*s%*s", most - 5, "", 10, ""); });
-    ExpectRefused(text, [](CString& s) { s.AppendFormat("%*s%*s", most - 5, "", 10, ""); });
-    ExpectRefused(text, [](CString& s) { s.AppendFormat("%*s%*s", most - 5, "", 5, ""); });
+    ExpectRefused(text, [](CString& s) { s.Format(kWide, 1); });
+    ExpectRefused(text, [](CString& s) { s.AppendFormat(kWide, 1); });
   }
 }
+#endif
 
 #if defined(__linux__) && SIZE_MAX > UINT_MAX
 namespace {

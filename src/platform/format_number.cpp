@@ -143,9 +143,9 @@ char* RealFormat::WriteExactly(char* out, double x) const {
 char* RealFormat::WritePadded(char* out, double x) const {
   const char* flags = conversion_ + 1;
   const bool left = *flags == '-';
-  const auto width = std::strtol(left ? flags + 1 : flags, nullptr, 10);
+  const std::ptrdiff_t width = std::strtol(left ? flags + 1 : flags, nullptr, 10);
   char* end = WriteNonFinite(out, x);
-  const long blanks = std::max(width - (end - out), 0L);
+  const std::ptrdiff_t blanks = std::max<std::ptrdiff_t>(width - (end - out), 0);
   if (!left) end = Shift(out, end, static_cast<std::size_t>(blanks));
   std::memset(left ? end : out, ' ', static_cast<std::size_t>(blanks));
   return left ? end + blanks : end;

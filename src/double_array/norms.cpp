@@ -42,7 +42,9 @@ double LargestOfFew(const double* x, std::size_t n) {
     even = Larger(std::fabs(x[i + 1]), even);
   }
   if (i < n) odd = Larger(std::fabs(x[i]), odd);
-  return Larger(even, odd);
+  // Denormals may have become zeros in the maxima: where all elements equal 0.0 the first one stands.
+  const double largest = Larger(even, odd);
+  return largest == 0.0 ? std::fabs(x[0]) : largest;
 }
 
 }  // namespace

@@ -34,8 +34,10 @@ ZEPH_WIDE __m256i FirstLanes(std::size_t count) {
 ZEPH_WIDE __m256d Load(const double* p) {
   return _mm256_loadu_pd(p);
 }
+/// The first of them again in the other lanes, which may raise no exception of their own.
 ZEPH_WIDE __m256d LoadFirst(const double* p, __m256i mask) {
-  return _mm256_maskload_pd(p, mask);
+  return _mm256_blendv_pd(_mm256_broadcast_sd(p), _mm256_maskload_pd(p, mask),
+                          _mm256_castsi256_pd(mask));
 }
 ZEPH_WIDE void Store(double* p, __m256d x) {
   _mm256_storeu_pd(p, x);

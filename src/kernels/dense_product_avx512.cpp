@@ -32,8 +32,9 @@ ZEPH_WIDE __mmask8 FirstLanes(std::size_t count) {
 ZEPH_WIDE __m512d Load(const double* p) {
   return _mm512_loadu_pd(p);
 }
+/// The first of them again in the other lanes, which may raise no exception of their own.
 ZEPH_WIDE __m512d LoadFirst(const double* p, __mmask8 mask) {
-  return _mm512_maskz_loadu_pd(mask, p);
+  return _mm512_mask_loadu_pd(_mm512_set1_pd(*p), mask, p);
 }
 ZEPH_WIDE void Store(double* p, __m512d x) {
   _mm512_storeu_pd(p, x);

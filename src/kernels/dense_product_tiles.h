@@ -104,8 +104,9 @@ void RunInPlace(const Block& block) {
   }
 }
 
-/// Copies a panel of the right factor, strip behind strip; columns it does not have become 0.0 and
-/// are never stored.
+/// Copies a panel of the right factor, strip behind strip. In the place of columns it does not have
+/// stands the first one of the last vector: what they give is never stored, and raises no exception
+/// that a column does not raise.
 template <class Form>
 void PackPanel(double* to, const Tile& panel) {
   for (std::size_t k = 0; k < panel.inner; ++k, to += Form::kCols) {
@@ -117,7 +118,8 @@ void PackPanel(double* to, const Tile& panel) {
       strip += panel.inner * Form::kCols;
     }
     if (!left) continue;
-    for (std::size_t c = 0; c < Form::kCols; ++c) strip[c] = c < left ? from[c] : 0.0;
+    const double missing = from[(left - 1) / Form::kVector * Form::kVector];
+    for (std::size_t c = 0; c < Form::kCols; ++c) strip[c] = c < left ? from[c] : missing;
   }
 }
 

@@ -5,6 +5,7 @@
 #define ZEPH_SRC_KERNELS_MERGE_H
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 
 #include "kernels/overlap.h"
@@ -63,6 +64,13 @@ void MergeFromBothEnds(Pair<T> p) {
   MergeForward(p);
 }
 
+inline bool NotGreater(int x, int y) {
+  return x <= y;
+}
+inline bool NotGreater(double x, double y) {
+  return std::islessequal(x, y);  // quietly: the steps may compare no NaN that is there
+}
+
 /// Whether every element is at least the one before it; a NaN is not.
 template <class T>
 bool Ascends(const T* first, const T* end) {
@@ -70,7 +78,7 @@ bool Ascends(const T* first, const T* end) {
   bool ascends = true;
   while (ascends && end - first > 1) {
     const std::ptrdiff_t steps = std::min(end - first - 1, kStride);
-    for (std::ptrdiff_t i = 0; i < steps; ++i) ascends &= first[i] <= first[i + 1];
+    for (std::ptrdiff_t i = 0; i < steps; ++i) ascends &= NotGreater(first[i], first[i + 1]);
     first += steps;
   }
   return ascends;

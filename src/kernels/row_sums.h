@@ -14,11 +14,11 @@
 namespace zeph::kernels {
 
 /// The sums of one form, for `rows` rows of `cols` elements; Active().row_sums is the one in use.
-/// `sums` overlaps no input. Each sum starts at 0.0 and takes up its terms from column 0 upward.
+/// `sums` overlaps no input. Each sum takes up its terms from column 0 upward.
 struct RowSums {
   using OfRows = void (*)(double* sums, const double* const* m, std::size_t rows, std::size_t cols);
   OfRows sum;        // sums[i] = 0.0 + m[i][0] + m[i][1] + ...
-  OfRows magnitude;  // sums[i] = 0.0 + |m[i][0]| + |m[i][1]| + ...
+  OfRows magnitude;  // sums[i] = |m[i][0]| + |m[i][1]| + ..., or 0.0 where `cols` is 0
   /// lengths[i] = |m[i][0]|, grown by Hypotenuse with |m[i][1]|, |m[i][2]| ...; `cols` is not 0.
   OfRows length;
   /// sums[i] = 0.0 + m[i][0] * v[0] + m[i][1] * v[1] + ...

@@ -40,15 +40,17 @@ struct FirstColumns {
 };
 
 // The terms that four elements of a row give: before the rows are transposed, since one load of
-// the factors then serves all rows. Columns that are not there give 0.0, which changes no sum: a
-// sum that started at 0.0 is never -0.0.
+// the factors then serves all rows. Sums begin with 0.0, or with the first term as it is.
 struct Element {
+  static constexpr bool kFirstTermBegins = false;
   ZEPH_AVX2_INLINE __m256d Of(__m256d x, __m256d) { return x; }
 };
 struct Magnitude {
+  static constexpr bool kFirstTermBegins = true;
   ZEPH_AVX2_INLINE __m256d Of(__m256d x, __m256d) { return Magnitudes(x); }
 };
 struct Product {
+  static constexpr bool kFirstTermBegins = false;
   ZEPH_AVX2_INLINE __m256d Of(__m256d x, __m256d factors) { return _mm256_mul_pd(x, factors); }
 };
 
@@ -79,10 +81,11 @@ ZEPH_AVX2_INLINE FirstColumns First(std::size_t count) {
   return {_mm256_cmpgt_epi64(_mm256_set1_epi64x(static_cast<long long>(count)), lanes)};
 }
 
-/// Adds the terms of the columns from j on to the sums of 4 * Groups rows.
-template <class Term, std::size_t Groups, class Load>
+/// Adds the terms of `count` columns from j on to the sums of 4 * Groups rows. (Adding the 0.0 of a
+/// column that is not there would make a zero of a denormal sum where the host counts it as one.)
+template <class Term, bool kBegin, std::size_t Groups, class Load>
 ZEPH_AVX2_INLINE void AddColumns(__m256d (&sum)[Groups], const double* const* m, const double* v,
-                                 std::size_t j, Load load) {
+                                 std::size_t j, std::size_t count, Load load) {
   const __m256d factors =
       v ? load(v + j) : _mm256_setzero_pd();  // GCOVR_EXCL_BR_LINE: one way a use
 #pragma GCC unroll 4
@@ -90,7 +93,10 @@ ZEPH_AVX2_INLINE void AddColumns(__m256d (&sum)[Groups], const double* const* m,
     __m256d columns[kLanes];
     Columns<Term>(columns, m + g * kLanes, j, factors, load);
 #pragma GCC unroll 4
-    for (std::size_t c = 0; c < kLanes; ++c) sum[g] = _mm256_add_pd(sum[g], columns[c]);
+    for (std::size_t c = 0; c < kLanes; ++c) {
+      if (c >= count) break;
+      sum[g] = kBegin && c == 0 ? columns[0] : _mm256_add_pd(sum[g], columns[c]);
+    }
   }
 }
 
@@ -104,23 +110,39 @@ struct Sums {
     __m256d sum[Groups];
 #pragma GCC unroll 4
     for (std::size_t g = 0; g < Groups; ++g) sum[g] = _mm256_setzero_pd();
+    constexpr bool kBegin = Term::kFirstTermBegins;
     std::size_t j = 0;
-    for (; j + kLanes <= cols; j += kLanes) AddColumns<Term>(sum, m, v, j, Whole());
-    if (j < cols) AddColumns<Term>(sum, m, v, j, First(cols - j));
+    if (kBegin && cols >= kLanes) {
+      AddColumns<Term, kBegin>(sum, m, v, 0, kLanes, Whole());
+      j = kLanes;
+    }
+    for (; j + kLanes <= cols; j += kLanes) AddColumns<Term, false>(sum, m, v, j, kLanes, Whole());
+    const std::size_t left = cols - j;
+    if (kBegin && j == 0 && left)
+      AddColumns<Term, kBegin>(sum, m, v, j, left, First(left));
+    else if (left)
+      AddColumns<Term, false>(sum, m, v, j, left, First(left));
 #pragma GCC unroll 4
     for (std::size_t g = 0; g < Groups; ++g) _mm256_storeu_pd(sums + g * kLanes, sum[g]);
   }
 };
+
+ZEPH_AVX2_INLINE __m256d Direct(__m256d r, __m256d x) {
+  return _mm256_sqrt_pd(_mm256_add_pd(_mm256_mul_pd(r, r), _mm256_mul_pd(x, x)));
+}
 
 /// Hypotenuse in each lane.
 ZEPH_AVX2_INLINE __m256d Hypotenuses(__m256d r, __m256d x) {
   const __m256d limit = _mm256_set1_pd(kScaledFrom);
   const __m256d small =
       _mm256_and_pd(_mm256_cmp_pd(r, limit, _CMP_LT_OQ), _mm256_cmp_pd(x, limit, _CMP_LT_OQ));
-  const __m256d direct = _mm256_sqrt_pd(_mm256_add_pd(_mm256_mul_pd(r, r), _mm256_mul_pd(x, x)));
-  if (_mm256_movemask_pd(small) == 0xF) return direct;
+  if (_mm256_movemask_pd(small) == 0xF) return Direct(r, x);
+  // Both ways for all lanes, each with 0.0 for operands (and 1.0 to divide by) in the lanes that go
+  // the other way: these may raise no exception.
+  const __m256d direct = Direct(_mm256_and_pd(small, r), _mm256_and_pd(small, x));
   const __m256d larger = _mm256_cmp_pd(r, x, _CMP_GT_OQ);
-  const __m256d leg = _mm256_blendv_pd(x, r, larger), other = _mm256_blendv_pd(r, x, larger);
+  const __m256d leg = _mm256_blendv_pd(_mm256_blendv_pd(x, r, larger), _mm256_set1_pd(1.0), small);
+  const __m256d other = _mm256_andnot_pd(small, _mm256_blendv_pd(r, x, larger));
   const __m256d ratio = _mm256_div_pd(other, leg);
   const __m256d scaled = _mm256_mul_pd(
       leg, _mm256_sqrt_pd(_mm256_add_pd(_mm256_set1_pd(1.0), _mm256_mul_pd(ratio, ratio))));

@@ -28,7 +28,7 @@ inline double ArrayTwoNorm2(const double* a, int n, int start) {
   return r;
 }
 inline double ArrayMaxNorm(const double* a, int n, int start) {
-  double largest = std::fabs(a[start]);
+  volatile double largest = std::fabs(a[start]);  // never a maximum instruction
   for (int i = start + 1; i < start + n; ++i)
     if (!(largest > std::fabs(a[i]))) largest = std::fabs(a[i]);
   return largest;

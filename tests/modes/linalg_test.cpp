@@ -1,0 +1,191 @@
+// The matrices and vectors of doubles in every floating-point mode of the host.
+#include <cmath>
+
+#include "linalg/matrices.h"
+#include "modes/inputs.h"
+#include "oracle/matrix4.h"
+#include "support/modes.h"
+
+using namespace zeph::test;
+
+namespace {
+
+using Doubles = std::vector<double>;
+
+/// `count` rows of `cols` of the values.
+Rows Cut(const Doubles& values, std::size_t count, std::size_t cols) {
+  Rows rows;
+  for (std::size_t i = 0; i < count; ++i)
+    rows.emplace_back(values.begin() + static_cast<std::ptrdiff_t>(i * cols),
+                      values.begin() + static_cast<std::ptrdiff_t>((i + 1) * cols));
+  return rows;
+}
+
+Doubles Joined(const Rows& rows) {
+  Doubles all;
+  for (const auto& row : rows) all.insert(all.end(), row.begin(), row.end());
+  return all;
+}
+
+struct Shape {
+  std::size_t rows, inner, cols;
+};
+
+// Narrower than a vector, whole vectors, loose columns, more than a block of k, panels.
+const Shape kShapes[] = {{1, 1, 1},  {2, 2, 2},   {3, 5, 7},   {4, 4, 3},    {6, 9, 9},
+                         {9, 8, 10}, {12, 7, 25}, {5, 260, 3}, {70, 65, 71}, {130, 70, 49}};
+
+CZEPHDoubleMatrix ToDoubleMatrix(const Rows& rows) {
+  return zeph::test::ToDoubleMatrix(rows, static_cast<int>(rows.size()),
+                                    static_cast<int>(rows[0].size()));
+}
+
+}  // namespace
+
+TEST(LinalgModes, Products) {
+  for (const Shape& shape : kShapes) {
+    const std::size_t left = shape.rows * shape.inner, right = shape.inner * shape.cols;
+    for (const auto& input : ModeInputs(left + right, left)) {
+      SCOPED_TRACE(input.name + ", " + std::to_string(shape.rows) + " x " +
+                   std::to_string(shape.inner) + " x " + std::to_string(shape.cols));
+      const Rows a = Cut(input.values, shape.rows, shape.inner);
+      const Doubles rest(input.values.begin() + static_cast<std::ptrdiff_t>(left),
+                         input.values.end());
+      const Rows b = Cut(rest, shape.inner, shape.cols);
+      const auto steps = [&] {
+        return Joined(zeph::oracle::DenseProduct(a, b, shape.rows, shape.inner, shape.cols));
+      };
+      EXPECT_TRUE(ComputesInEveryMode(
+          [&] {
+            CZEPHMatrix m = ToMatrix(a);
+            return Joined(Elements(m * ToMatrix(b)));
+          },
+          steps));
+      const Rows column = Cut(rest, shape.inner, 1);
+      const Doubles v = Joined(column);
+      EXPECT_TRUE(ComputesInEveryMode(
+          [&] {
+            return Elements(ToDoubleMatrix(a) *
+                            CZEPHDoubleArray(static_cast<int>(v.size()), v.data()));
+          },
+          [&] {
+            return Joined(zeph::oracle::DenseProduct(a, column, shape.rows, shape.inner, 1));
+          }));
+      if (HasFailure()) return;
+    }
+  }
+}
+
+TEST(LinalgModes, ProductWithAnInfinityBesideMissingColumns) {
+  constexpr double kInf = std::numeric_limits<double>::infinity();
+  const Rows a = {{1, kInf}, {2, 3}}, b = {{1, 2}, {3, 4}};
+  EXPECT_TRUE(ComputesInEveryMode(
+      [&] {
+        CZEPHMatrix left = ToMatrix(a);
+        return Joined(Elements(left * ToMatrix(b)));
+      },
+      [&] { return Joined(zeph::oracle::DenseProduct(a, b, 2, 2, 2)); }));
+}
+
+TEST(LinalgModes, SumsDifferencesAndNegation) {
+  for (const std::size_t cols : {1, 3, 8, 19, 300})
+    for (const auto& input : ModeInputs(8 * cols, cols)) {
+      SCOPED_TRACE(input.name);
+      const Rows all = Cut(input.values, 8, cols);
+      const Rows x(all.begin(), all.begin() + 4), y(all.begin() + 4, all.end());
+      CZEPHDoubleMatrix a = ToDoubleMatrix(x), b = ToDoubleMatrix(y);
+      const auto check = [&](auto operation, auto step) {
+        EXPECT_TRUE(ComputesInEveryMode([&] { return Joined(Elements(operation())); },
+                                        [&] {
+                                          Doubles out;
+                                          for (std::size_t i = 0; i < 4; ++i)
+                                            for (std::size_t j = 0; j < cols; ++j)
+                                              out.push_back(step(x[i][j], y[i][j]));
+                                          return out;
+                                        }));
+      };
+      check([&] { return a + b; }, [](double p, double q) { return p + q; });
+      check([&] { return a - b; }, [](double p, double q) { return p - q; });
+      check([&] { return CZEPHDoubleMatrix(-a); }, [](double p, double) { return 0.0 - p; });
+    }
+}
+
+TEST(LinalgModes, Vectors) {
+  for (const std::size_t n : {1, 2, 5, 8, 13, 100, 600})
+    for (const auto& input : ModeInputs(n, n)) {
+      SCOPED_TRACE(input.name + ", " + std::to_string(n));
+      const Doubles& values = input.values;
+      CZEPHVector v = ToVector(values);
+      EXPECT_TRUE(MovesInEveryMode(
+          [&] {
+            return Doubles{double(ZEPH_GetVectorMaxSite(v)), double(ZEPH_GetVectorMinSite(v)),
+                           ZEPH_GetVectorInfititeNorm(v)};
+          },
+          [&] {
+            std::size_t most = 0, least = 0;
+            volatile double norm = std::fabs(values[0]);  // never a maximum instruction
+            for (std::size_t i = 1; i < n; ++i) {
+              if (values[i] > values[most]) most = i;
+              if (values[least] > values[i]) least = i;
+              if (std::fabs(values[i]) > norm) norm = std::fabs(values[i]);
+            }
+            return Doubles{double(most), double(least), norm};
+          }));
+      for (const double s : {3.0, 1e-9, 0.0, 1e200, Denormal<double>(3)})
+        EXPECT_TRUE(ComputesInEveryMode(
+            [&] {
+              Doubles out = Elements(v / s);
+              out.push_back(ZEPH_GetVectorSquareNorm(v));
+              return out;
+            },
+            [&] {
+              const double factor = std::fabs(s) > 1e-8 ? 1.0 / s : 1.0;
+              Doubles out;
+              double sum = 0.0;
+              for (const double x : values) {
+                out.push_back(factor * x);
+                sum += x * x;
+              }
+              out.push_back(sum);
+              return out;
+            }));
+    }
+}
+
+TEST(LinalgModes, Matrix4AndVector3) {
+  for (std::uint64_t seed = 0; seed < 40; ++seed)
+    for (const auto& input : ModeInputs(32, seed)) {
+      SCOPED_TRACE(input.name);
+      const double* v = input.values.data();
+      const CZEPHMatrix4 a(v, CZEPHMatrix4::RowMajor), b(v + 16, CZEPHMatrix4::RowMajor);
+      EXPECT_TRUE(ComputesInEveryMode(
+          [&] {
+            const CZEPHMatrix4 product = a * b;
+            Doubles out;
+            for (std::size_t k = 0; k < 16; ++k) out.push_back(product.m_data[k / 4 + k % 4 * 4]);
+            return out;
+          },
+          [&] {
+            oracle::Matrix4 x, y;
+            for (std::size_t k = 0; k < 16; ++k)
+              x[k / 4][k % 4] = v[k], y[k / 4][k % 4] = v[16 + k];
+            Doubles out;
+            for (const auto& row : oracle::Multiply(x, y))
+              out.insert(out.end(), row.begin(), row.end());
+            return out;
+          }));
+      const CZEPHVector3 p(v[0], v[1], v[2]), q(v[3], v[4], v[5]);
+      EXPECT_TRUE(ComputesInEveryMode(
+          [&] {
+            const CZEPHVector3 cross = p ^ q, middle = Bisect(p, q);
+            return Doubles{p * q,      cross.m_x,  cross.m_y, cross.m_z,
+                           middle.m_x, middle.m_y, middle.m_z};
+          },
+          [&] {
+            const oracle::Vector3 x = {v[0], v[1], v[2]}, y = {v[3], v[4], v[5]};
+            const auto cross = oracle::Cross(x, y), middle = oracle::Bisect(x, y);
+            return Doubles{oracle::Dot(x, y), cross[0],  cross[1], cross[2],
+                           middle[0],         middle[1], middle[2]};
+          }));
+    }
+}

@@ -2,6 +2,7 @@
 #include <iostream>
 
 #include "containers.h"
+#include "containers/chain_sorter.h"
 
 namespace zeph::containers {
 namespace {
@@ -45,6 +46,7 @@ void InsertOrdered(const char* operation, Node*& head, Node* node) {
 /// stopped: it is not smaller, so all that the first has passed, it passes.
 template <class Node>
 Node* Merge(Node* fresh, Node* head) {
+  if (!head) return fresh;
   Node** link = &head;
   while (fresh) {
     Node* node = fresh;
@@ -56,34 +58,6 @@ Node* Merge(Node* fresh, Node* head) {
   }
   return head;
 }
-
-/// Ascending order of a chain whose nodes stand newest first, equal ones left in that order.
-/// Bottom-up merge sort: bins[i] is null or an ascending chain of 2^i nodes, newer than those of
-/// the higher bins when the chain is fed oldest first, as it is here.
-class ChainSorter {
- public:
-  void Add(CZEPHLink<double>* node) {
-    node->m_pNext = nullptr;
-    int i = 0;
-    for (; bins_[i]; ++i) {
-      node = Merge(node, bins_[i]);
-      bins_[i] = nullptr;
-    }
-    bins_[i] = node;
-  }
-  /// The ascending chain of all nodes added since the last call.
-  CZEPHLink<double>* Take() {
-    CZEPHLink<double>* chain = nullptr;
-    for (auto*& bin : bins_) {
-      chain = Merge(chain, bin);
-      bin = nullptr;
-    }
-    return chain;
-  }
-
- private:
-  CZEPHLink<double>* bins_[32] = {};  // a count is an int: below 2^31 nodes
-};
 
 }  // namespace
 }  // namespace zeph::containers

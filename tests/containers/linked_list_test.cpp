@@ -110,6 +110,22 @@ TEST(LinkList, SortsAWholeTableOfNodes) {
   EXPECT_EQ(list.m_pHead->m_pNext, links[1]);
 }
 
+TEST(LinkList, SortingAgreesWithInsertionAroundTheSizesOfItsTables) {
+  zeph::test::Random random(77);
+  for (const std::size_t n : {15u, 16u, 17u, 31u, 32u, 33u, 48u, 100u, 255u, 256u, 257u, 511u, 512u,
+                              513u, 768u, 1025u, 1300u})
+    for (const int distinct : {1, 3, 50, 100'000})
+      for (const bool nan : {false, true}) {
+        std::vector<double> values(n);
+        for (double& x : values) x = random.Int(-distinct, distinct);
+        for (double& x : values)
+          if (x == 0 && random.Below(2)) x = -0.0;
+        if (nan) values[random.Below(n)] = kNan;
+        ASSERT_NO_FATAL_FAILURE(CompareSorting(values, 0));
+        ASSERT_NO_FATAL_FAILURE(CompareSorting(values, n / 3));
+      }
+}
+
 TEST(LinkList, SortingAddsToTheListAsItStands) {
   List list;
   for (double x : {2.0, 7.0}) list.InsertOrdered(new Link(x));

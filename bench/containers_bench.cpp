@@ -74,5 +74,83 @@ struct Nodes {
       });
     });
 
+struct Weighed : CObject {
+  int weight = 0;
+};
+int ByWeight(CObject* a, CObject* b) {
+  const int x = static_cast<Weighed*>(a)->weight, y = static_cast<Weighed*>(b)->weight;
+  return (x > y) - (x < y);
+}
+bool Lighter(CObject* a, CObject* b) {
+  return ByWeight(a, b) < 0;
+}
+
+/// Objects of random weights, and whoever holds pointers to them, filled anew before each call.
+struct Objects {
+  std::vector<Weighed> objects;
+  std::vector<CObject*> order, vector;
+  CZEPHSortableObArray array;
+  CZEPHSortableObList list;
+
+  Objects(Row& row, std::size_t n) : objects(n) {
+    for (auto& object : objects)
+      order.push_back(&object), array.Add(&object), list.AddTail(&object);
+    row.Before([this](std::size_t round) {
+      const auto weights = RandomDoubles(objects.size(), 1000 * round, -1e9, 1e9);
+      for (std::size_t i = 0; i < weights.size(); ++i)
+        objects[i].weight = static_cast<int>(weights[i]);
+      vector = order;
+      std::copy(order.begin(), order.end(), array.GetData());
+      std::size_t i = 0;
+      for (POSITION at = list.GetHeadPosition(); at;) list.GetNext(at) = order[i++];
+    });
+  }
+  static void Append(Numbers& weights, CObject* object) {
+    weights.push_back(static_cast<Weighed*>(object)->weight);
+  }
+  Numbers OfArray() {
+    Numbers weights;
+    for (std::ptrdiff_t i = 0; i < array.GetSize(); ++i) Append(weights, array[i]);
+    return weights;
+  }
+  Numbers OfList() {
+    Numbers weights;
+    for (POSITION at = list.GetHeadPosition(); at;) Append(weights, list.GetNext(at));
+    return weights;
+  }
+  Numbers OfVector() {
+    Numbers weights;
+    for (CObject* object : vector) Append(weights, object);
+    return weights;
+  }
+};
+
+[[maybe_unused]] const bool kObjects[] = {
+    Add("CZEPHSortableObArray", "Sort", {1000, 100'000},
+        [](Row& row) {
+          auto& o = row.Keep<Objects>(row, row.n());
+          row.Ours([&o] { o.array.Sort(ByWeight); }).Result([&o] { return o.OfArray(); });
+          row.Peer("std::sort", [&o] { std::sort(o.vector.begin(), o.vector.end(), Lighter); })
+              .Result([&o] { return o.OfVector(); });
+        }),
+    Add("CZEPHSortableObArray", "SortStable", {1000, 100'000, 1'000'000},
+        [](Row& row) {
+          auto& o = row.Keep<Objects>(row, row.n());
+          row.Ours([&o] { o.array.SortStable(ByWeight); }).Result([&o] { return o.OfArray(); });
+          row.Peer("std::stable_sort",
+                   [&o] { std::stable_sort(o.vector.begin(), o.vector.end(), Lighter); })
+              .Result([&o] { return o.OfVector(); });
+        }),
+    Add("CZEPHSortableObList", "SortStable", {1000, 10'000},
+        [](Row& row) {
+          auto& o = row.Keep<Objects>(row, row.n());
+          row.Ours([&o] { o.list.SortStable(ByWeight); }).Result([&o] { return o.OfList(); });
+          row.Peer("Sort", [&o] { o.list.Sort(ByWeight); }).Result([&o] { return o.OfList(); });
+          row.Peer("std::stable_sort of a vector",
+                   [&o] { std::stable_sort(o.vector.begin(), o.vector.end(), Lighter); })
+              .Result([&o] { return o.OfVector(); });
+        }),
+};
+
 }  // namespace
 }  // namespace zeph::bench

@@ -14,6 +14,7 @@
 
 #include <cstdio>
 
+#include "containers/stable_order.h"
 #include "platform.h"
 
 // --- linked lists ------------------------------------------------------------------------------
@@ -278,6 +279,35 @@ class ZEPH_API CZEPHSortableObArray : public CObArray {
   /// up once; if `compare` makes the array move it, sorting stops there. Hardened builds insist on
   /// a range inside the array.
   void Sort(int first, int count, int (*compare)(CObject*, CObject*));
+
+  /// Our addition: sorts the whole array stably, by a merge sort with n log2 n calls of `compare`.
+  ///
+  /// Sort keeps to its documented sequence of calls, which `compare` can see; this one does not,
+  /// and takes memory for two copies of the pointers. Elements that compare equal keep their order.
+  /// The array is written when all is compared: where `compare` or the allocation throws, it is as
+  /// before. `compare` must leave the array alone.
+  ZEPH_ADDED void SortStable(int (*compare)(CObject*, CObject*)) {
+    ZEPH_REQUIRE_POINTER("CZEPHSortableObArray::SortStable", compare);
+    OrderStably(0, m_nSize, compare);
+  }
+  /// The same with the `count` elements from index `first` on, as far as there are any.
+  ZEPH_ADDED void SortStable(int first, int count, int (*compare)(CObject*, CObject*)) {
+    ZEPH_REQUIRE_POINTER("CZEPHSortableObArray::SortStable", compare);
+    if (count < 1) return;
+    ZEPH_REQUIRE_INSIDE("CZEPHSortableObArray::SortStable", first, 0, m_nSize);
+    ZEPH_REQUIRE_INSIDE("CZEPHSortableObArray::SortStable", count, 1, m_nSize - first);
+    const std::ptrdiff_t from = first, end = from + count;
+    OrderStably(from < 0 ? 0 : from, end < m_nSize ? end : m_nSize, compare);
+  }
+
+ private:
+  ZEPH_ADDED void OrderStably(std::ptrdiff_t first, std::ptrdiff_t end,
+                              int (*compare)(CObject*, CObject*)) {
+    if (end - first < 2) return;
+    std::vector<CObject*> ordered(m_pData + first, m_pData + end);
+    ZEPH_OrderStably(ordered, compare);
+    std::copy(ordered.begin(), ordered.end(), m_pData + first);
+  }
 };
 
 /// A doubly linked list of object pointers that sorts itself. Owns none of the objects.
@@ -308,6 +338,38 @@ class ZEPH_API CZEPHSortableObList : public CObList {
   /// is taken as unsigned and so runs to the end. Does nothing when the list is empty or `start`
   /// null; `start` must be a position of this list.
   void Sort(POSITION start, int count, int (*compare)(CObject*, CObject*));
+
+  /// Our addition: sorts the whole list by a merge sort with n log2 n calls of `compare`, where Sort
+  /// makes up to n(n-1)/2.
+  ///
+  /// The outcome is that of Sort, which is stable as well; Sort keeps to its documented sequence of
+  /// calls, which `compare` can see, while this one takes memory for three copies of the pointers.
+  /// The list is written when all is compared: where `compare` or the allocation throws, it is as
+  /// before. `compare` must leave the list alone.
+  ZEPH_ADDED void SortStable(int (*compare)(CObject*, CObject*)) {
+    ZEPH_REQUIRE_POINTER("CZEPHSortableObList::SortStable", compare);
+    OrderStably(m_pNodeHead, static_cast<unsigned>(-1), compare);
+  }
+  /// The same with `count` elements from `start` on, as far as there are any; a negative count runs
+  /// to the end, as in Sort.
+  ZEPH_ADDED void SortStable(POSITION start, int count, int (*compare)(CObject*, CObject*)) {
+    ZEPH_REQUIRE_POINTER("CZEPHSortableObList::SortStable", compare);
+    if (m_pNodeHead)
+      OrderStably(reinterpret_cast<CNode*>(start), static_cast<unsigned>(count), compare);
+  }
+
+ private:
+  ZEPH_ADDED static void OrderStably(CNode* start, unsigned count,
+                                     int (*compare)(CObject*, CObject*)) {
+    std::vector<CObject*> ordered;
+    for (CNode* node = start; node && ordered.size() < count; node = node->pNext)
+      ordered.push_back(node->data);
+    ZEPH_OrderStably(ordered, compare);
+    for (CObject* object : ordered) {
+      start->data = object;
+      start = start->pNext;
+    }
+  }
 };
 
 // --- growth-size arrays ------------------------------------------------------------------------

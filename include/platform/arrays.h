@@ -38,7 +38,7 @@ class ZEPH_API CObArray : public CObject {
   /// Sets the number of elements to `size`; new ones are null, dropped ones forgotten.
   ///
   /// `growBy` >= 0 becomes the growth setting: the least number of elements by which storage grows;
-  /// 0 doubles it (by 4 at least). Below 0 the setting stays. Size 0 releases the
+  /// 0 doubles it (by 3 at least). Below 0 the setting stays. Size 0 releases the
   /// storage; a smaller size keeps it. Throws std::out_of_range when `size` is negative.
   void SetSize(std::ptrdiff_t size, std::ptrdiff_t growBy = -1);
   /// Cuts the storage down to the elements.
@@ -59,7 +59,13 @@ class ZEPH_API CObArray : public CObject {
   /// Sets one element, growing the array to hold it; throws when `index` is negative.
   void SetAtGrow(std::ptrdiff_t index, CObject* element);
   /// Appends one element and returns its index. Constant time but where storage grows.
-  std::ptrdiff_t Add(CObject* element);
+  ZEPH_EMIT std::ptrdiff_t Add(CObject* element) {
+    if (m_nSize < m_nMaxSize)
+      m_pData[m_nSize++] = element;
+    else
+      SetAtGrow(m_nSize, element);
+    return m_nSize - 1;
+  }
   /// Puts `count` copies in front of `index`; behind the end, the gap is filled with nulls.
   ///
   /// Throws std::out_of_range when `index` is negative or `count` below 1.
@@ -107,7 +113,13 @@ class ZEPH_API CUIntArray : public CObject {
   /// As CObArray::SetAtGrow.
   void SetAtGrow(std::ptrdiff_t index, unsigned int element);
   /// As CObArray::Add.
-  std::ptrdiff_t Add(unsigned int element);
+  ZEPH_EMIT std::ptrdiff_t Add(unsigned int element) {
+    if (m_nSize < m_nMaxSize)
+      m_pData[m_nSize++] = element;
+    else
+      SetAtGrow(m_nSize, element);
+    return m_nSize - 1;
+  }
   /// As CObArray::InsertAt; a gap is filled with 0.
   void InsertAt(std::ptrdiff_t index, unsigned int element, std::ptrdiff_t count = 1);
   /// As CObArray::RemoveAt.
@@ -151,7 +163,13 @@ class ZEPH_API CWordArray : public CObject {
   /// As CObArray::SetAtGrow.
   void SetAtGrow(std::ptrdiff_t index, unsigned short element);
   /// As CObArray::Add.
-  std::ptrdiff_t Add(unsigned short element);
+  ZEPH_EMIT std::ptrdiff_t Add(unsigned short element) {
+    if (m_nSize < m_nMaxSize)
+      m_pData[m_nSize++] = element;
+    else
+      SetAtGrow(m_nSize, element);
+    return m_nSize - 1;
+  }
   /// As CObArray::InsertAt; a gap is filled with 0.
   void InsertAt(std::ptrdiff_t index, unsigned short element, std::ptrdiff_t count = 1);
   /// As CObArray::RemoveAt.

@@ -58,14 +58,6 @@ struct ArrayStorage {
   }
 
   /// Gives the element's index.
-  Count Add(const char* operation, T element) {
-    if (size < capacity)
-      data[size++] = element;
-    else
-      SetAtGrow(operation, size, element);
-    return size - 1;
-  }
-
   void InsertAt(const char* operation, Count index, T element, Count count) {
     if (index < 0) Refuse(operation, "an index below 0");
     if (count < 1) Refuse(operation, "a count below 1");
@@ -89,10 +81,11 @@ struct ArrayStorage {
   }
 
   // The first storage is as large as asked for, or as one growth step; a later one adds a step.
-  // Without a setting it doubles, so that adding elements one by one takes constant time each.
+  // Without a setting it doubles, so that adding elements one by one takes constant time each: 1, 4,
+  // 8, 16, ...
   Count CapacityFor(Count wanted) const {
     if (!data) return std::max(wanted, growth);
-    const Count step = growth > 0 ? growth : std::max<Count>(capacity, 4);
+    const Count step = growth > 0 ? growth : std::max<Count>(capacity, 3);
     return step > PTRDIFF_MAX - capacity ? wanted : std::max(wanted, capacity + step);
   }
 

@@ -61,9 +61,6 @@ using namespace zeph::platform;
   void Array::SetAtGrow(std::ptrdiff_t index, T element) {                      \
     ZEPH_STORAGE.SetAtGrow(#Array "::SetAtGrow", index, element);               \
   }                                                                             \
-  std::ptrdiff_t Array::Add(T element) {                                        \
-    return ZEPH_STORAGE.Add(#Array "::Add", element);                           \
-  }                                                                             \
   void Array::InsertAt(std::ptrdiff_t index, T element, std::ptrdiff_t count) { \
     ZEPH_STORAGE.InsertAt(#Array "::InsertAt", index, element, count);          \
   }                                                                             \

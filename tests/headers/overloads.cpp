@@ -165,3 +165,12 @@ void RawBuffers(char* name, double* a, int* i, double** m, CString& out, long& b
   ZEPH_MatrixPrint4(stdout, a, "x");               // added
   ZEPH_VectorPrint3(stdout, a, "x");               // added
 }
+
+void Collections(CZEPHSortableObArray& array, CZEPHSortableObList& list, int (*compare)(CObject*, CObject*)) {
+  array.Sort(compare), array.Sort(0, 2, compare);
+  list.Sort(compare), list.Sort(list.GetHeadPosition(), 2, compare);
+  array.SortStable(compare);                       // added
+  array.SortStable(0, 2, compare);                 // added
+  list.SortStable(compare);                        // added
+  list.SortStable(list.GetHeadPosition(), 2, compare);  // added
+}

@@ -107,7 +107,7 @@ TYPED_TEST(Array, DoublesItsStorageWithoutASetting) {
   TypeParam a;
   a.SetSize(3);
   a.SetSize(4);
-  EXPECT_EQ(a.m_nMaxSize, 7);
+  EXPECT_EQ(a.m_nMaxSize, 6);
   a.SetSize(80);
   EXPECT_EQ(a.m_nMaxSize, 80);
   a.SetSize(81);

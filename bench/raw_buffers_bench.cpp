@@ -130,29 +130,66 @@ const bool kProducts[] = {
               .Near(1e-12);
 #endif
         }),
-    Add("raw", "ArrayMergeSorted", {100, 100'000},
-        [](Row& row) {
-          const std::size_t n = row.n();
-          const std::size_t rounds = n < 1000 ? 512 : 16;  // more than can be learned
-          auto& inputs = row.Keep<std::vector<std::vector<double>>>();
-          for (std::size_t k = 0; k < 2 * rounds; ++k) {
-            inputs.push_back(RandomDoubles(n, 12 + k));
-            std::sort(inputs.back().begin(), inputs.back().end());
-          }
-          auto& at = row.Keep<std::size_t>(0u);
-          auto& out = row.Keep<std::vector<double>>(2 * n);
-          row.Before([&, rounds](std::size_t round) { at = 2 * (round % rounds); });
-          row.Result([&] { return out; });
-          row.Ours([&, n] {
-            const int count = static_cast<int>(n);
-            ZEPH_ArrayMergeSorted(inputs[at].data(), count, inputs[at + 1].data(), count,
-                                  out.data());
-          });
-          row.Peer("std::merge", [&] {
-            std::merge(inputs[at].begin(), inputs[at].end(), inputs[at + 1].begin(),
-                       inputs[at + 1].end(), out.begin());
-          });
-        }),
+};
+
+/// Two ascending blocks of n elements each, by the way in which they take turns.
+using Blocks = std::pair<std::vector<double>, std::vector<double>>;
+Blocks RandomBlocks(std::size_t n, unsigned long long seed) {
+  Blocks blocks = {RandomDoubles(n, seed, -1e9, 1e9), RandomDoubles(n, seed + 1, -1e9, 1e9)};
+  std::sort(blocks.first.begin(), blocks.first.end());
+  std::sort(blocks.second.begin(), blocks.second.end());
+  return blocks;
+}
+template <std::size_t kRun>
+Blocks InRuns(std::size_t n, unsigned long long) {
+  Blocks blocks;
+  const std::size_t run = kRun ? kRun : n;  // 0: one block behind the other
+  for (std::size_t i = 0; i < 2 * n; ++i)
+    (i / run % 2 ? blocks.second : blocks.first).push_back(static_cast<double>(i));
+  blocks.first.resize(n, 2.0 * static_cast<double>(n));
+  blocks.second.resize(n, 2.0 * static_cast<double>(n));
+  return blocks;
+}
+
+template <class T>
+void MergeRow(Row& row, Blocks (*make)(std::size_t, unsigned long long)) {
+  const std::size_t n = row.n();
+  using Pair = std::pair<std::vector<T>, std::vector<T>>;
+  auto& inputs = row.Keep<std::vector<Pair>>();
+  for (std::size_t k = 0; k < (n < 1000 ? 512 : 8); ++k) {  // more than can be learned
+    const Blocks blocks = make(n, 1000 * k);
+    inputs.push_back(
+        {{blocks.first.begin(), blocks.first.end()}, {blocks.second.begin(), blocks.second.end()}});
+  }
+  auto& at = row.Keep<const Pair*>();
+  auto& out = row.Keep<std::vector<T>>(2 * n);
+  row.Before([&](std::size_t round) { at = &inputs[round % inputs.size()]; });
+  row.Result([&] { return Numbers(out.begin(), out.end()); });
+  row.Ours([&, n] {
+    const int count = static_cast<int>(n);
+    ZEPH_ArrayMergeSorted(const_cast<T*>(at->first.data()), count,
+                          const_cast<T*>(at->second.data()), count, out.data());
+  });
+  row.Peer("std::merge", [&] {
+    std::merge(at->first.begin(), at->first.end(), at->second.begin(), at->second.end(),
+               out.begin());
+  });
+}
+
+template <class T>
+bool AddMerge(const char* name, Blocks (*make)(std::size_t, unsigned long long)) {
+  return Add("ArrayMergeSorted", name, {100, 100'000},
+             [make](Row& row) { MergeRow<T>(row, make); });
+}
+[[maybe_unused]] const bool kMerges[] = {
+    AddMerge<double>("doubles, random", RandomBlocks),
+    AddMerge<double>("doubles, one behind the other", InRuns<0>),
+    AddMerge<double>("doubles, runs of 50", InRuns<50>),
+    AddMerge<double>("doubles, in turn", InRuns<1>),
+    AddMerge<int>("ints, random", RandomBlocks),
+    AddMerge<int>("ints, one behind the other", InRuns<0>),
+    AddMerge<int>("ints, runs of 50", InRuns<50>),
+    AddMerge<int>("ints, in turn", InRuns<1>),
 };
 
 /// A norm of a random matrix against its textbook form and, where there is one, Eigen's.

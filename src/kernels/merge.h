@@ -5,83 +5,64 @@
 #define ZEPH_SRC_KERNELS_MERGE_H
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 
+#include "kernels/merge_steps.h"
 #include "kernels/overlap.h"
-#include "platform/choose.h"
+#include "kernels/sort.h"
 
 namespace zeph::kernels {
 
 namespace merge {
 
-/// What is still to be merged, and where it goes.
-template <class T>
-struct Pair {
-  const T *a, *aEnd, *b, *bEnd;
-  T* out;
-  std::ptrdiff_t Shorter() const { return std::min(aEnd - a, bEnd - b); }
-  T* OutEnd() const { return out + (aEnd - a) + (bEnd - b); }
+/// The first of the elements of an ascending block that are at least 0, or above it.
+template <class T, class Below>
+const T* FirstNot(const T* first, const T* end, Below below) {
+  for (std::ptrdiff_t n = end - first; n > 0;) {
+    const std::ptrdiff_t half = n / 2;
+    const bool passed = below(first[half]);
+    first = Either(passed, first + half + 1, first);
+    n = half - (passed & (n % 2 == 0));
+  }
+  return first;
+}
+
+/// Where the elements of an ascending block begin that equal 0, and those above.
+struct Signs {
+  const double *zeros, *positive;
+  Signs(const double* first, const double* end)
+      : zeros(FirstNot(first, end, [](double x) { return x < 0; })),
+        positive(FirstNot(zeros, end, [](double x) { return !(x > 0); })) {}
 };
 
-/// Moves the next element: from `a` only where its element is strictly less; equal ones, and a pair
-/// with a NaN, take from `b`. Without a branch on the outcome, which no processor could predict.
-template <class T>
-void TakeNext(Pair<T>& p) {
-  const T fromA = *p.a, fromB = *p.b;
-  const bool takeA = fromA < fromB;
-  *p.out++ = platform::Choose(takeA, fromA, fromB);
-  p.a += takeA;
-  p.b += !takeA;
+/// Merges ascending blocks without NaN. What equals 0.0 may differ in its bits and goes by the
+/// steps; anything else has one bit pattern for each value, so that any right order is the same.
+inline void MergeOrdered(const Pair<double>& p) {
+  const auto merge = Active().sorting->merge_doubles;
+  if (*p.a > 0 && *p.b > 0) return merge(p);
+  const Signs a(p.a, p.aEnd), b(p.b, p.bEnd);
+  const Pair<double> below{p.a, a.zeros, p.b, b.zeros, p.out};
+  const Pair<double> zeros{a.zeros, a.positive, b.zeros, b.positive, below.OutEnd()};
+  merge(below);
+  MergeByEights(zeros);
+  merge({a.positive, p.aEnd, b.positive, p.bEnd, zeros.OutEnd()});
+}
+inline void MergeOrdered(const Pair<int>& p) {
+  Active().sorting->merge_ints(p);
 }
 
-/// The documented steps.
-template <class T>
-void MergeForward(Pair<T> p) {
-  while (p.a < p.aEnd && p.b < p.bEnd) TakeNext(p);
-  while (p.a < p.aEnd) *p.out++ = *p.a++;
-  while (p.b < p.bEnd) *p.out++ = *p.b++;
+inline void TakeFront(Pair<double>& p) {
+  Active().sorting->take_front_doubles(p);
+}
+inline void TakeFront(Pair<int>& p) {
+  Active().sorting->take_front_ints(p);
 }
 
-/// From both ends at once: two walks that do not wait for each other. Where both inputs ascend, the
-/// merged order is unique (among equals b's first), so its last element can be told as well as its
-/// first: the last of `a` unless the last of `b` is greater. Within as many steps as the shorter
-/// input has, neither walk can run off an input, so no step checks.
-template <class T>
-void MergeFromBothEnds(Pair<T> p) {
-  constexpr std::ptrdiff_t kFewest = 8;
-  for (std::ptrdiff_t steps; (steps = p.Shorter() / 2) >= kFewest;) {
-    T* outEnd = p.OutEnd();
-    for (; steps > 0; --steps) {
-      TakeNext(p);
-      const T fromA = p.aEnd[-1], fromB = p.bEnd[-1];
-      const bool takeB = fromB > fromA;
-      *--outEnd = platform::Choose(takeB, fromB, fromA);
-      p.bEnd -= takeB;
-      p.aEnd -= !takeB;
-    }
-  }
-  MergeForward(p);
+inline bool Ascends(const double* first, const double* end) {
+  return Active().sorting->ascends_doubles(first, static_cast<std::size_t>(end - first));
 }
-
-inline bool NotGreater(int x, int y) {
-  return x <= y;
-}
-inline bool NotGreater(double x, double y) {
-  return std::islessequal(x, y);  // quietly: the steps may compare no NaN that is there
-}
-
-/// Whether every element is at least the one before it; a NaN is not.
-template <class T>
-bool Ascends(const T* first, const T* end) {
-  constexpr std::ptrdiff_t kStride = 256;  // looked at without a branch in between
-  bool ascends = true;
-  while (ascends && end - first > 1) {
-    const std::ptrdiff_t steps = std::min(end - first - 1, kStride);
-    for (std::ptrdiff_t i = 0; i < steps; ++i) ascends &= NotGreater(first[i], first[i + 1]);
-    first += steps;
-  }
-  return ascends;
+inline bool Ascends(const int* first, const int* end) {
+  return Active().sorting->ascends_ints(first, static_cast<std::size_t>(end - first));
 }
 
 }  // namespace merge
@@ -93,11 +74,15 @@ template <class T>
 void MergeAscending(const T* a, std::ptrdiff_t na, const T* b, std::ptrdiff_t nb, T* out) {
   const auto countA = static_cast<std::size_t>(std::max<std::ptrdiff_t>(na, 0));
   const auto countB = static_cast<std::size_t>(std::max<std::ptrdiff_t>(nb, 0));
-  const merge::Pair<T> p{a, a + countA, b, b + countB, out};
+  merge::Pair<T> p{a, a + countA, b, b + countB, out};
   const bool apart =
       !Overlap<T>(out, countA + countB, a, countA) && !Overlap<T>(out, countA + countB, b, countB);
-  if (apart && merge::Ascends(p.a, p.aEnd) && merge::Ascends(p.b, p.bEnd))
-    merge::MergeFromBothEnds(p);
+  if (!apart) return merge::MergeForward(p);
+  merge::TakeFront(p);
+  if (p.Shorter() == 0)
+    merge::TakeRest(p);
+  else if (merge::Ascends(p.a, p.aEnd) && merge::Ascends(p.b, p.bEnd))
+    merge::MergeOrdered(p);
   else
     merge::MergeForward(p);
 }

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 
+#include "kernels/merge_steps.h"
 #include "kernels/table.h"
 
 namespace zeph::kernels {
@@ -15,6 +16,17 @@ struct Sorting {
   bool (*order_is_unique)(const double* v, std::size_t n);
   void (*sort_doubles)(double* v, std::size_t n);
   void (*sort_ints)(int* v, std::size_t n);
+  /// Whether every element is at least the one before it; a NaN is not.
+  bool (*ascends_doubles)(const double* v, std::size_t n);
+  bool (*ascends_ints)(const int* v, std::size_t n);
+  /// Merges ascending blocks that lie apart from the result and in which equal elements have equal
+  /// bits; no double is a NaN or counts as a zero.
+  void (*merge_doubles)(const merge::Pair<double>& blocks);
+  void (*merge_ints)(const merge::Pair<int>& blocks);
+  /// The steps of a merge as long as they take many elements of one block running. Nothing has to
+  /// ascend; the blocks lie apart from the result.
+  void (*take_front_doubles)(merge::Pair<double>& blocks);
+  void (*take_front_ints)(merge::Pair<int>& blocks);
 };
 
 /// True when `v` has no NaN and all elements that equal 0.0 have the same bits: then every correct

@@ -58,13 +58,14 @@ ZEPH_WIDE V LowHigh(V a, V b) {
 /// Each lane's neighbour at distance D.
 template <int D>
 ZEPH_WIDE __m256d Flip(__m256d x) {
-  static_assert(D == 1);
-  return _mm256_permute_pd(x, 0x5);
+  if constexpr (D == 1)
+    return _mm256_permute_pd(x, 0x5);
+  else
+    return _mm256_permute4x64_pd(x, 0x4E);
 }
 template <int D>
 ZEPH_WIDE __m128i Flip(__m128i x) {
-  static_assert(D == 1);
-  return _mm_shuffle_epi32(x, 0xB1);
+  return _mm_shuffle_epi32(x, D == 1 ? 0xB1 : 0x4E);
 }
 /// The lanes of each group of G in reverse.
 template <int G>
@@ -153,6 +154,13 @@ ZEPH_WIDE unsigned LessLanes(__m256d a, __m256d b) {
 ZEPH_WIDE unsigned LessLanes(__m128i a, __m128i b) {
   return static_cast<unsigned>(_mm_movemask_ps(_mm_castsi128_ps(_mm_cmplt_epi32(a, b))));
 }
+/// Lanes of `a` that are not at most those of `b`.
+ZEPH_WIDE unsigned FallingLanes(__m256d a, __m256d b) {
+  return static_cast<unsigned>(_mm256_movemask_pd(_mm256_cmp_pd(a, b, _CMP_NLE_UQ)));
+}
+ZEPH_WIDE unsigned FallingLanes(__m128i a, __m128i b) {
+  return LessLanes(b, a);
+}
 ZEPH_WIDE std::size_t CountLanes(unsigned mask) {
   return static_cast<std::size_t>(_mm_popcnt_u32(mask));
 }
@@ -186,7 +194,9 @@ ZEPH_WIDE __m128i FrontFirst(__m128i x, unsigned mask) {
   return _mm_shuffle_epi8(x, _mm_load_si128(order));
 }
 
-#include "kernels/sort_network.inc"
+#include "kernels/sort_network.inc"  // first: the others are made of it
+
+#include "kernels/sort_merge.inc"
 #include "kernels/sort_quick.inc"
 
 /// Bits that were clear and bits that were set in an element equal to 0.0, and all bits where a NaN
@@ -217,7 +227,9 @@ ZEPH_WIDE_CALL bool OrderIsUnique(const double* v, std::size_t n) {
 
 }  // namespace
 
-const Sorting kSorting = {OrderIsUnique, Sort<double>, Sort<int>};
+const Sorting kSorting = {OrderIsUnique,   Sort<double>,      Sort<int>,
+                          Ascends<double>, Ascends<int>,      MergeWide<double>,
+                          MergeWide<int>,  TakeFront<double>, TakeFront<int>};
 
 }  // namespace zeph::kernels::avx2
 

@@ -67,12 +67,17 @@ template <int D>
 ZEPH_WIDE __m512d Flip(__m512d x) {
   if constexpr (D == 1)
     return _mm512_permute_pd(x, 0x55);
-  else
+  else if constexpr (D == 2)
     return _mm512_permutex_pd(x, 0x4E);
+  else
+    return _mm512_shuffle_f64x2(x, x, 0x4E);
 }
 template <int D>
 ZEPH_WIDE __m256i Flip(__m256i x) {
-  return _mm256_shuffle_epi32(x, D == 1 ? 0xB1 : 0x4E);
+  if constexpr (D < 4)
+    return _mm256_shuffle_epi32(x, D == 1 ? 0xB1 : 0x4E);
+  else
+    return _mm256_permute2x128_si256(x, x, 1);
 }
 /// The lanes of each group of G in reverse.
 template <int G>
@@ -203,6 +208,13 @@ ZEPH_WIDE unsigned LessLanes(__m512d a, __m512d b) {
 ZEPH_WIDE unsigned LessLanes(__m256i a, __m256i b) {
   return _mm256_cmplt_epi32_mask(a, b);
 }
+/// Lanes of `a` that are not at most those of `b`.
+ZEPH_WIDE unsigned FallingLanes(__m512d a, __m512d b) {
+  return _mm512_cmp_pd_mask(a, b, _CMP_NLE_UQ);
+}
+ZEPH_WIDE unsigned FallingLanes(__m256i a, __m256i b) {
+  return LessLanes(b, a);
+}
 ZEPH_WIDE std::size_t CountLanes(unsigned mask) {
   return static_cast<std::size_t>(_mm_popcnt_u32(mask));
 }
@@ -232,7 +244,9 @@ ZEPH_WIDE __m256i FrontFirst(__m256i x, unsigned mask) {
   return _mm256_permutevar8x32_epi32(x, _mm256_cvtepu8_epi32(order));
 }
 
-#include "kernels/sort_network.inc"
+#include "kernels/sort_network.inc"  // first: the others are made of it
+
+#include "kernels/sort_merge.inc"
 #include "kernels/sort_quick.inc"
 
 /// Bits that were clear and bits that were set in an element equal to 0.0, and the lanes in which a
@@ -269,7 +283,9 @@ ZEPH_WIDE_CALL bool OrderIsUnique(const double* v, std::size_t n) {
 
 }  // namespace
 
-const Sorting kSorting = {OrderIsUnique, Sort<double>, Sort<int>};
+const Sorting kSorting = {OrderIsUnique,   Sort<double>,      Sort<int>,
+                          Ascends<double>, Ascends<int>,      MergeWide<double>,
+                          MergeWide<int>,  TakeFront<double>, TakeFront<int>};
 
 }  // namespace zeph::kernels::avx512
 

@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: MIT
+//
+// What the forms of the merge share: the documented steps, and the same steps from both ends.
+#ifndef ZEPH_SRC_KERNELS_MERGE_STEPS_H
+#define ZEPH_SRC_KERNELS_MERGE_STEPS_H
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+
+#include "platform/choose.h"
+
+namespace zeph::kernels::merge {
+
+/// What is still to be merged, and where it goes.
+template <class T>
+struct Pair {
+  const T *a, *aEnd, *b, *bEnd;
+  T* out;
+  std::ptrdiff_t Shorter() const { return std::min(aEnd - a, bEnd - b); }
+  T* OutEnd() const { return out + (aEnd - a) + (bEnd - b); }
+};
+
+/// `a` or `b`, without a branch.
+template <class T>
+const T* Either(bool first, const T* a, const T* b) {
+  const std::uintptr_t mask = std::uintptr_t{0} - first;
+  return reinterpret_cast<const T*>((reinterpret_cast<std::uintptr_t>(a) & mask) |
+                                    (reinterpret_cast<std::uintptr_t>(b) & ~mask));
+}
+
+/// Moves the next element: from `a` only where its element is strictly less; equal ones, and a pair
+/// with a NaN, take from `b`. Without a branch on the outcome, which no processor could predict.
+template <class T>
+void TakeNext(Pair<T>& p) {
+  const T fromA = *p.a, fromB = *p.b;
+  const bool takeA = fromA < fromB;
+  *p.out++ = platform::Choose(takeA, fromA, fromB);
+  p.a += takeA;
+  p.b += !takeA;
+}
+
+template <class T>
+void TakeRest(const Pair<T>& p) {
+  std::copy(p.b, p.bEnd, std::copy(p.a, p.aEnd, p.out));
+}
+
+/// The documented steps, for any elements and blocks that may overlap.
+template <class T>
+void MergeForward(Pair<T> p) {
+  while (p.a < p.aEnd && p.b < p.bEnd) TakeNext(p);
+  while (p.a < p.aEnd) *p.out++ = *p.a++;
+  while (p.b < p.bEnd) *p.out++ = *p.b++;
+}
+
+constexpr std::ptrdiff_t kEight = 8;
+
+template <class T>
+void TakeEight(const T*& from, T*& out) {
+  std::copy(from, from + kEight, out);
+  from += kEight;
+  out += kEight;
+}
+
+/// x < y and x <= y, quietly: the steps may compare no NaN that is there.
+inline bool QuietLess(double x, double y) {
+  return std::isless(x, y);
+}
+inline bool QuietLess(int x, int y) {
+  return x < y;
+}
+inline bool QuietNotAbove(double x, double y) {
+  return std::islessequal(x, y);
+}
+inline bool QuietNotAbove(int x, int y) {
+  return x <= y;
+}
+
+/// The same steps as long as they take eight elements of one block running. Nothing has to ascend;
+/// the blocks lie apart from where they go.
+template <class T>
+void TakeWhatIsInFront(Pair<T>& p) {
+  const auto all = [](const T* v, auto test) {
+    int passed = 0;
+    for (std::ptrdiff_t i = 0; i < kEight; ++i) passed += test(v[i]);
+    return passed == kEight;
+  };
+  while (p.Shorter() > 0) {
+    const T a = *p.a, b = *p.b;
+    if (p.aEnd - p.a >= kEight && all(p.a, [b](T x) { return QuietLess(x, b); }))
+      TakeEight(p.a, p.out);
+    else if (p.bEnd - p.b >= kEight && all(p.b, [a](T x) { return !QuietLess(a, x); }))
+      TakeEight(p.b, p.out);
+    else
+      return;
+  }
+}
+
+/// The same steps where both blocks ascend: eight at once where the eighth of a block still goes
+/// before the other's first.
+template <class T>
+void MergeByEights(Pair<T> p) {
+  while (p.Shorter() >= kEight) {
+    if (p.a[kEight - 1] < *p.b) {
+      TakeEight(p.a, p.out);
+    } else if (!(*p.a < p.b[kEight - 1])) {
+      TakeEight(p.b, p.out);
+    } else {
+      for (std::ptrdiff_t i = 0; i < kEight; ++i) TakeNext(p);
+    }
+  }
+  while (p.Shorter() > 0) {
+    if (p.aEnd - p.a >= kEight && p.a[kEight - 1] < *p.b)
+      TakeEight(p.a, p.out);
+    else if (p.bEnd - p.b >= kEight && !(*p.a < p.b[kEight - 1]))
+      TakeEight(p.b, p.out);
+    else
+      TakeNext(p);
+  }
+  TakeRest(p);
+}
+
+/// From both ends at once: two walks that do not wait for each other. Where both inputs ascend, the
+/// merged order is unique (among equals b's first), so its last element can be told as well as its
+/// first: the last of `a` unless the last of `b` is greater. Eight steps of both walks take no more
+/// than sixteen elements of a block, so no step checks.
+template <class T>
+void MergeFromBothEnds(Pair<T> p) {
+  T* outEnd = p.OutEnd();
+  while (p.Shorter() >= 2 * kEight) {
+    if (p.a[kEight - 1] < *p.b) {
+      TakeEight(p.a, p.out);
+    } else if (!(*p.a < p.b[kEight - 1])) {
+      TakeEight(p.b, p.out);
+    } else {
+      for (std::ptrdiff_t i = 0; i < kEight; ++i) {
+        TakeNext(p);
+        const T fromA = p.aEnd[-1], fromB = p.bEnd[-1];
+        const bool takeB = fromB > fromA;
+        *--outEnd = platform::Choose(takeB, fromB, fromA);
+        p.bEnd -= takeB;
+        p.aEnd -= !takeB;
+      }
+    }
+  }
+  MergeByEights(p);
+}
+
+/// Gives back to `p`, what is left of `all`, the kHeld elements taken last from the ends: from
+/// element k of one block and kHeld - 1 - k of the other can be told whether k is among them.
+constexpr std::ptrdiff_t kHeld = 16;
+template <class T>
+void GiveBackEnd(const Pair<T>& all, Pair<T>& p) {
+  const std::ptrdiff_t takenA = all.aEnd - p.aEnd, takenB = all.bEnd - p.bEnd;
+  std::ptrdiff_t fromA = 0;
+  if (takenA >= kHeld && takenB >= kHeld) {
+    for (std::ptrdiff_t k = 0; k < kHeld; ++k) fromA += p.aEnd[k] < p.bEnd[kHeld - 1 - k];
+  } else {
+    while (fromA < takenA && fromA < kHeld &&
+           (kHeld - fromA > takenB || p.aEnd[fromA] < p.bEnd[kHeld - 1 - fromA]))
+      ++fromA;
+  }
+  p.aEnd += fromA;
+  p.bEnd += kHeld - fromA;
+}
+
+}  // namespace zeph::kernels::merge
+
+#endif  // ZEPH_SRC_KERNELS_MERGE_STEPS_H

@@ -6,6 +6,7 @@
 #define ZEPH_ZEPHDATASTRUCTUREENGINE_H
 
 #include "algorithms.h"
+#include "batch.h"
 #include "containers.h"
 #include "double_array.h"
 #include "frame.h"

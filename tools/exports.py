@@ -6,7 +6,8 @@ usage: exports.py LIBRARY MANIFEST [--update]
 LIBRARY is the .so or the .dll. The manifest lists the demangled names, one a line, grouped by header;
 it and the exports must be the same set. The headers, read for the library's system by clang's syntax
 tree, decide too: every documented function is exported in every variant that callers may need,
-none of our additions is, and nothing is that the headers do not declare. --update rewrites the
+none of our additions is, and nothing is that the headers do not declare. Additions that must be exported carry a version
+of their own. --update rewrites the
 manifest.
 """
 import glob
@@ -19,6 +20,8 @@ import sys
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 HEADERS = ["platform", "frame", "containers", "double_array", "raw_buffers", "linalg", "graphics",
            "algorithms"]
+ADDITIONS = ["batch"]  # exported, but ours: under a version of their own where the system has versions
+HEADERS += ADDITIONS
 
 
 def run(*command, **options):
@@ -31,8 +34,24 @@ def exported_symbols(library):
         table = run("x86_64-w64-mingw32-objdump", "-p", library).split("[Ordinal/Name Pointer] Table")[1]
         return {m.group(1) for m in re.finditer(r"^\s*\[\s*\d+\]\s+(?:\+base\[\s*\d+\]\s+)?(?:[0-9a-f]+\s+)?(\S+)$",
                                                 table, re.M)}
-    lines = run("nm", "-D", "--defined-only", library).splitlines()
-    return {line.split()[-1] for line in lines if line.split()[-2] != "A"}
+    return set(versions_of_symbols(library))
+
+
+def versions_of_symbols(library):
+    """The symbols of a shared object, each with the version it carries: "" for none."""
+    lines = [line.split() for line in run("nm", "-D", "--defined-only", library).splitlines()]
+    parts = [words[-1].replace("@@", "@").partition("@") for words in lines if words[-2] != "A"]
+    return {name: version for name, _, version in parts}
+
+
+def version_problems(library):
+    """Additions carry the version of the additions, documented names none."""
+    if library.endswith(".dll"):
+        return []
+    places = headers_of_names()
+    wrong = [(name, version) for name, version in versions_of_symbols(library).items()
+             if version != ("ZEPH_ADDITIONS_1" if group_of(demangle([name])[0], places) in ADDITIONS else "")]
+    return [f"version {version or 'missing'}: {demangle([name])[0]}" for name, version in wrong]
 
 
 def demangle(symbols):
@@ -159,6 +178,7 @@ def main():
     problems += [f"extra: {n}" for n in sorted(set(names) - listed)]
     declared = Declared(windows_arguments() if library.endswith(".dll") else [])
     problems += header_problems(symbols, declared)
+    problems += version_problems(library)
     print("\n".join(problems + [f"{library}: {len(symbols)} symbols of {len(names)} names exported, "
                                 f"{len(listed)} listed; the headers document {len(declared.documented)} "
                                 f"symbols and add {len(declared.added)}"]))

@@ -8,15 +8,17 @@
 #include "kernels/table.h"
 #include "kernels/target.h"
 
-#define ZEPH_DECLARE_FORMS(level)        \
-  namespace level {                      \
-  extern const Sorting kSorting;         \
-  extern const Partitions kPartitions;   \
-  extern const Searching kSearching;     \
-  extern const Elementwise kElementwise; \
-  extern const Magnitudes kMagnitudes;   \
-  extern const RowSums kRowSums;         \
-  extern const Products kProducts;       \
+#define ZEPH_DECLARE_FORMS(level)            \
+  namespace level {                          \
+  extern const Sorting kSorting;             \
+  extern const Partitions kPartitions;       \
+  extern const Searching kSearching;         \
+  extern const Elementwise kElementwise;     \
+  extern const Magnitudes kMagnitudes;       \
+  extern const RowSums kRowSums;             \
+  extern const Products kProducts;           \
+  extern const Batch kBatch;                 \
+  extern const BatchProducts kBatchProducts; \
   }
 
 namespace zeph::kernels {

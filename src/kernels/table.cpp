@@ -20,7 +20,9 @@ constexpr Table kPortable = {"portable",
                              &portable::kElementwise,
                              &portable::kMagnitudes,
                              &portable::kRowSums,
-                             &portable::kProducts};
+                             &portable::kProducts,
+                             &portable::kBatch,
+                             &portable::kBatchProducts};
 bool Always() {
   return true;
 }
@@ -34,7 +36,9 @@ constexpr Table kAvx2 = {"avx2",
                          &avx2::kElementwise,
                          &avx2::kMagnitudes,
                          &avx2::kRowSums,
-                         &avx2::kProducts};
+                         &avx2::kProducts,
+                         &avx2::kBatch,
+                         &avx2::kBatchProducts};
 // The builtins also ask whether the system saves the wide registers.
 bool HasAvx2() {
   __builtin_cpu_init();
@@ -48,7 +52,9 @@ constexpr Table kAvx512 = {"avx512",
                            &avx512::kElementwise,
                            &avx512::kMagnitudes,
                            kAvx2.row_sums,
-                           &avx512::kProducts};
+                           &avx512::kProducts,
+                           kAvx2.batch,
+                           &avx512::kBatchProducts};
 bool HasAvx512() {
   return HasAvx2() && __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq") &&
          __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512vl");

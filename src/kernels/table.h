@@ -18,6 +18,8 @@ struct Elementwise;  // elementwise.h
 struct Magnitudes;   // largest_magnitude.h
 struct RowSums;      // row_sums.h
 struct Products;     // dense_product.h
+struct Batch;        // batch.h
+struct BatchProducts;
 
 /// The kernels of one level: for each family the level's own form, or the best one below it.
 struct Table {
@@ -29,6 +31,8 @@ struct Table {
   const Magnitudes* magnitudes;
   const RowSums* row_sums;
   const Products* products;
+  const Batch* batch;
+  const BatchProducts* batch_products;
 };
 
 /// The tables that this processor and system can run, worst to best; the portable one always.

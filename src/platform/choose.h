@@ -32,6 +32,14 @@ inline double Choose(bool yes, double a, double b) {
   std::memcpy(&a, &chosen, sizeof a);
   return a;
 }
+inline float Choose(bool yes, float a, float b) {
+  std::uint32_t fromA, fromB;
+  std::memcpy(&fromA, &a, sizeof a);
+  std::memcpy(&fromB, &b, sizeof b);
+  const auto chosen = static_cast<std::uint32_t>(yes ? Opaque(fromA) : fromB);
+  std::memcpy(&a, &chosen, sizeof a);
+  return a;
+}
 inline int Choose(bool yes, int a, int b) {
   return yes ? a : b;
 }

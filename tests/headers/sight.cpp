@@ -37,6 +37,9 @@
 #if __has_include("linalg/row_table.h") != SEES_linalg
 #error "linalg/row_table.h is found where it should not be, or not where it should."
 #endif
+#if __has_include("batch/arrays.h") != SEES_batch
+#error "batch/arrays.h is found where it should not be, or not where it should."
+#endif
 #if __has_include("platform.h") != SEES_platform_headers
 #error "platform.h is found where it should not be, or not where it should."
 #endif
@@ -60,6 +63,9 @@
 #endif
 #if __has_include("linalg.h") != SEES_linalg_headers
 #error "linalg.h is found where it should not be, or not where it should."
+#endif
+#if __has_include("batch.h") != SEES_batch_headers
+#error "batch.h is found where it should not be, or not where it should."
 #endif
 #if __has_include("ZEPHDataStructureEngine.h") != SEES_everything
 #error "ZEPHDataStructureEngine.h is found where it should not be, or not where it should."

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+//
+// What the operations on arrays ask of their arguments, and how they hand arrays to the kernels.
+#ifndef ZEPH_SRC_BATCH_ARRAYS_H
+#define ZEPH_SRC_BATCH_ARRAYS_H
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+
+#include "kernels/batch.h"
+#include "platform.h"
+
+namespace zeph::batch {
+
+inline std::size_t Count(int n) {
+  return static_cast<std::size_t>(n);
+}
+
+/// Whether two arrays of `n` objects share a byte.
+template <class A, class B>
+bool Overlap(const A* a, const B* b, int n) {
+  const auto first = reinterpret_cast<std::uintptr_t>(a);
+  const auto second = reinterpret_cast<std::uintptr_t>(b);
+  return first < second + Count(n) * sizeof(B) && second < first + Count(n) * sizeof(A);
+}
+
+/// Hardened builds insist that `out` is there, and `in` itself or elsewhere.
+template <class A, class B>
+void RequireOut([[maybe_unused]] const char* operation, [[maybe_unused]] const A* in,
+                [[maybe_unused]] const B* out, [[maybe_unused]] int n) {
+  ZEPH_REQUIRE_POINTER(operation, out);
+  [[maybe_unused]] const bool itself =
+      static_cast<const void*>(in) == static_cast<const void*>(out);
+  ZEPH_REQUIRE(operation, itself || !Overlap(in, out, n), "out overlaps an array that is read");
+}
+
+}  // namespace zeph::batch
+
+#endif  // ZEPH_SRC_BATCH_ARRAYS_H

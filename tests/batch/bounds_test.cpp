@@ -1,0 +1,104 @@
+// The box around points against its definition.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "batch/inputs.h"
+#include "support/modes.h"
+
+namespace zeph::test {
+namespace {
+
+/// low, then high, by the documented steps on components.
+template <class T>
+std::vector<T> Box(const std::vector<T>& values) {
+  std::vector<T> box(6);
+  for (std::size_t c = 0; c < 3; ++c) box[c] = box[3 + c] = values[c];
+  for (std::size_t k = 3; k < values.size(); ++k) {
+    volatile T x = values[k];  // compared and moved, never made a minimum of
+    if (x < box[k % 3]) std::memcpy(&box[k % 3], &values[k], sizeof(T));
+    if (x > box[3 + k % 3]) std::memcpy(&box[3 + k % 3], &values[k], sizeof(T));
+  }
+  return box;
+}
+
+template <class V>
+std::vector<Component<V>> BatchBox(const std::vector<V>& points) {
+  V low, high;
+  EXPECT_EQ(ZEPH_BatchBounds(points.data(), static_cast<int>(points.size()), low, high), 1);
+  return Values(std::vector<V>{low, high});
+}
+
+template <class V>
+void CheckBounds() {
+  for (const Kind kind : kKinds)
+    for (const int n : AllSizes()) {
+      if (n == 0) continue;
+      SCOPED_TRACE("kind " + std::to_string(static_cast<int>(kind)) + " n=" + std::to_string(n));
+      for (std::uint64_t seed = 0; seed < 20; ++seed) {
+        const auto values = Numbers<Component<V>>(kind, 3 * static_cast<std::size_t>(n), seed);
+        const auto points = Objects<V>(values);
+        ForEachForm([&](const std::string& form) {
+          ASSERT_TRUE(SameBits(BatchBox(points), Box(values))) << form;
+        });
+      }
+    }
+  for (const Kind kind : kKinds)
+    for (const int n : kSomeSizes) {
+      const auto values = Numbers<Component<V>>(kind, 3 * static_cast<std::size_t>(n), 99);
+      const auto points = Objects<V>(values);
+      ASSERT_TRUE(MovesInEveryMode([&] { return BatchBox(points); }, [&] { return Box(values); }))
+          << n;
+    }
+}
+
+TEST(BatchBounds, FollowTheDocumentedStepsOfFloats) {
+  CheckBounds<CZEPHVector3D>();
+}
+TEST(BatchBounds, FollowTheDocumentedStepsOfDoubles) {
+  CheckBounds<CZEPHVector3>();
+}
+
+TEST(BatchBounds, KeepANaNOfTheFirstPointAndPassOthersOver) {
+  const float nan = std::numeric_limits<float>::quiet_NaN();
+  std::vector<CZEPHVector3D> points(20, CZEPHVector3D(1, 2, 3));
+  points[0].x = nan;
+  points[9].y = nan;
+  CZEPHVector3D low, high;
+  ZEPH_BatchBounds(points.data(), 20, low, high);
+  EXPECT_NE(low.x, low.x);
+  EXPECT_NE(high.x, high.x);
+  EXPECT_EQ(low.y, 2);
+  EXPECT_EQ(high.y, 2);
+}
+
+TEST(BatchBounds, LeaveTheFirstOfZerosOfBothSigns) {
+  for (const float first : {0.0f, -0.0f})
+    for (const std::size_t at : {std::size_t{0}, std::size_t{3}, std::size_t{18}}) {
+      std::vector<CZEPHVector3D> points(20, CZEPHVector3D(-first, -first, 1));
+      for (std::size_t i = 0; i < at; ++i) points[i].Set(1, -1, 1);
+      points[at].Set(first, first, 1);
+      CZEPHVector3D low, high;
+      ZEPH_BatchBounds(points.data(), 20, low, high);
+      EXPECT_TRUE(SameBits(low.x, first)) << at;
+      EXPECT_TRUE(SameBits(high.y, first)) << at;
+    }
+}
+
+TEST(BatchBounds, OfNoPointsAreNone) {
+  CZEPHVector3D low(1, 2, 3), high(4, 5, 6);
+  EXPECT_EQ(ZEPH_BatchBounds(nullptr, 0, low, high), 0);
+  EXPECT_EQ(ZEPH_BatchBounds(&low, -1, low, high), 0);
+  EXPECT_EQ(low.x, 1);
+  EXPECT_EQ(high.z, 6);
+}
+
+TEST(BatchBounds, MayLieAmongThePoints) {
+  auto points = Objects<CZEPHVector3>(Moderate<double>(3 * 30, 5));
+  const auto want = BatchBox(points);
+  ZEPH_BatchBounds(points.data(), 30, points[3], points[29]);
+  EXPECT_TRUE(SameBits(Values(std::vector<CZEPHVector3>{points[3], points[29]}), want));
+}
+
+}  // namespace
+}  // namespace zeph::test

@@ -1,0 +1,247 @@
+// Every operation on arrays against the single call in a loop: the same bits, in place and out of
+// place, at every size, in every floating-point mode, without an exception of its own.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+#include "batch/inputs.h"
+#include "support/modes.h"
+
+namespace zeph::test {
+namespace {
+
+/// An operation from arrays of `In` to one of `Out`.
+template <class In, class Out = In>
+struct Operation {
+  std::function<void(const In* a, const In* b, Out* out, int n)> batch;
+  std::function<Out(const In& a, const In& b)> single;
+};
+
+template <class Out>
+std::vector<Component<Out>> Flat(std::vector<Out> objects) {
+  return Values<Out>(std::move(objects));
+}
+std::vector<float> Flat(std::vector<float> numbers) {
+  return numbers;
+}
+std::vector<double> Flat(std::vector<double> numbers) {
+  return numbers;
+}
+
+template <class In, class Out>
+auto OneByOne(const Operation<In, Out>& operation, const std::vector<In>& a,
+              const std::vector<In>& b) {
+  std::vector<Out> out(a.size());
+  for (std::size_t i = 0; i < a.size(); ++i) out[i] = operation.single(a[i], b[i]);
+  return Flat(out);
+}
+template <class In, class Out>
+auto AtOnce(const Operation<In, Out>& operation, const std::vector<In>& a,
+            const std::vector<In>& b) {
+  std::vector<Out> out(a.size());
+  operation.batch(a.data(), b.data(), out.data(), static_cast<int>(a.size()));
+  return Flat(out);
+}
+
+/// The results over the first operand, over the second, and with one array for all three.
+template <class Object>
+void CheckInPlace(const Operation<Object>& operation, const std::vector<Object>& a,
+                  const std::vector<Object>& b) {
+  const auto want = OneByOne(operation, a, b);
+  const int n = static_cast<int>(a.size());
+  auto over = a;
+  operation.batch(over.data(), b.data(), over.data(), n);
+  ASSERT_TRUE(SameValues(Flat(over), want));
+  over = b;
+  operation.batch(a.data(), over.data(), over.data(), n);
+  ASSERT_TRUE(SameValues(Flat(over), want));
+  over = a;
+  operation.batch(over.data(), over.data(), over.data(), n);
+  ASSERT_TRUE(SameValues(Flat(over), OneByOne(operation, a, a)));
+}
+template <class In, class Out>
+void CheckInPlace(const Operation<In, Out>&, const std::vector<In>&, const std::vector<In>&) {}
+
+template <class In, class Out>
+void Check(const std::string& name, const Operation<In, Out>& operation, bool unary = false) {
+  SCOPED_TRACE(name);
+  ForEachForm([&](const std::string& form) {
+    SCOPED_TRACE(form);
+    for (const Kind kind : kKinds)
+      for (const int n : AllSizes()) {
+        SCOPED_TRACE("kind " + std::to_string(static_cast<int>(kind)) + " n=" + std::to_string(n));
+        const auto size = static_cast<std::size_t>(n);
+        const auto a = Generated<In>(kind, size, 1 + size);
+        const auto b = unary ? a : Generated<In>(kind, size, 1000 + size);
+        ASSERT_TRUE(SameValues(AtOnce(operation, a, b), OneByOne(operation, a, b)));
+        CheckInPlace(operation, a, b);
+      }
+  });
+  for (const Kind kind : kKinds)
+    for (const int n : kSomeSizes) {
+      SCOPED_TRACE("kind " + std::to_string(static_cast<int>(kind)) + " n=" + std::to_string(n));
+      const auto size = static_cast<std::size_t>(n);
+      const auto a = Generated<In>(kind, size, 2000 + size);
+      const auto b = Generated<In>(kind, size, 3000 + size);
+      ASSERT_TRUE(ComputesInEveryMode([&] { return AtOnce(operation, a, b); },
+                                      [&] { return OneByOne(operation, a, b); }));
+    }
+}
+
+/// Matrices whose bottom rows choose every path: affine, nearly affine, any.
+std::vector<CZEPHMatrix4x4> SomeMatrices() {
+  std::vector<CZEPHMatrix4x4> matrices = Generated<CZEPHMatrix4x4>(Kind::kModerate, 2, 50);
+  matrices.push_back(Generated<CZEPHMatrix4x4>(Kind::kAwkward, 1, 51)[0]);
+  for (const Kind kind : {Kind::kModerate, Kind::kAwkward, Kind::kDenormal}) {
+    CZEPHMatrix4x4 affine = Generated<CZEPHMatrix4x4>(kind, 1, 52)[0];
+    affine.entries[3] = affine.entries[7] = 0.0f;
+    affine.entries[11] = -0.0f;
+    affine.entries[15] = 1.0f;
+    matrices.push_back(affine);
+  }
+  CZEPHMatrix4x4 projection;
+  projection.SetPerspective(-1.0f, 1.0f, -1.0f, 1.0f, 1.0f, 10.0f);
+  matrices.push_back(projection);
+  CZEPHMatrix4x4 nearly;
+  nearly.entries[7] = std::numeric_limits<float>::denorm_min();
+  matrices.push_back(nearly);
+  return matrices;
+}
+
+template <class Object, class Batch, class Single>
+void CheckByMatrix(Batch batch, Single single) {
+  int k = 0;
+  for (const CZEPHMatrix4x4& m : SomeMatrices())
+    Check("matrix " + std::to_string(k++),
+          Operation<Object>{
+              [&](const Object* a, const Object*, Object* out, int n) { batch(m, a, out, n); },
+              [&](const Object& a, const Object&) { return single(m, a); }},
+          true);
+}
+
+TEST(Batch, TransformsPointsAsProductsWithAFourthComponentOfOne) {
+  CheckByMatrix<CZEPHVector3D>(ZEPH_BatchTransformPoints,
+                               [](const CZEPHMatrix4x4& m, const CZEPHVector3D& v) {
+                                 return CZEPHVector3D(m * CZEPHVector4D(v));
+                               });
+}
+
+TEST(Batch, TransformsDirectionsAsGetRotatedVector3D) {
+  CheckByMatrix<CZEPHVector3D>(
+      ZEPH_BatchTransformDirections,
+      [](const CZEPHMatrix4x4& m, const CZEPHVector3D& v) { return m.GetRotatedVector3D(v); });
+}
+
+TEST(Batch, TransformsVectorsAsTheProduct) {
+  CheckByMatrix<CZEPHVector4D>(
+      ZEPH_BatchTransformVectors,
+      [](const CZEPHMatrix4x4& m, const CZEPHVector4D& v) { return m * v; });
+}
+
+TEST(Batch, MultipliesIntoMatricesAsTheProduct) {
+  // Runs of affine matrices and of others, in the array too.
+  const auto batch = [](const CZEPHMatrix4x4& m, const CZEPHMatrix4x4* a, CZEPHMatrix4x4* out,
+                        int n) { ZEPH_BatchMultiply(m, a, out, n); };
+  CheckByMatrix<CZEPHMatrix4x4>(
+      batch, [](const CZEPHMatrix4x4& m, const CZEPHMatrix4x4& a) { return m * a; });
+  const auto paths = SomeMatrices();
+  Random random(7);
+  for (const CZEPHMatrix4x4& m : paths)
+    for (const int n : {1, 2, 5, 63, 64, 65, 200}) {
+      std::vector<CZEPHMatrix4x4> mixed;
+      while (mixed.size() < static_cast<std::size_t>(n)) {
+        const std::size_t alike = 1 + random.Below(9), which = random.Below(paths.size());
+        for (std::size_t i = 0; i < alike && mixed.size() < static_cast<std::size_t>(n); ++i)
+          mixed.push_back(paths[which]);
+      }
+      std::vector<CZEPHMatrix4x4> want, got = mixed;
+      for (const CZEPHMatrix4x4& a : mixed) want.push_back(m * a);
+      ZEPH_BatchMultiply(m, got.data(), got.data(), n);
+      ASSERT_TRUE(SameValues(Values(got), Values(want))) << n;
+    }
+}
+
+TEST(Batch, MultipliesIntoDoubleMatricesAsTheProduct) {
+  for (const Kind kind : kKinds) {
+    const CZEPHMatrix4 m = Generated<CZEPHMatrix4>(kind, 1, 60)[0];
+    Check(
+        "matrix of kind " + std::to_string(static_cast<int>(kind)),
+        Operation<CZEPHMatrix4>{[&](const CZEPHMatrix4* a, const CZEPHMatrix4*, CZEPHMatrix4* out,
+                                    int n) { ZEPH_BatchMultiply(m, a, out, n); },
+                                [&](const CZEPHMatrix4& a, const CZEPHMatrix4&) { return m * a; }},
+        true);
+  }
+}
+
+TEST(Batch, RotatesAboutAnAxisAsGetRotatedAxis) {
+  const CZEPHVector3D axes[] = {CZEPHVector3D(1, 2, 3), CZEPHVector3D(0, 0, 0),
+                                CZEPHVector3D(0, 1, 0)};
+  for (const CZEPHVector3D& axis : axes)
+    for (const double angle : {0.0, -0.0, 30.0, -725.5})
+      Check("angle " + std::to_string(angle),
+            Operation<CZEPHVector3D>{
+                [&](const CZEPHVector3D* a, const CZEPHVector3D*, CZEPHVector3D* out, int n) {
+                  ZEPH_BatchRotateAxis(angle, axis, a, out, n);
+                },
+                [&](const CZEPHVector3D& a, const CZEPHVector3D&) {
+                  return a.GetRotatedAxis(angle, axis);
+                }},
+            true);
+}
+
+TEST(Batch, AnAngleOfZeroCopiesEveryBit) {
+  const auto values = Awkward<float>(3 * 67, 8);
+  const auto in = Objects<CZEPHVector3D>(values);
+  std::vector<CZEPHVector3D> out(in.size());
+  ZEPH_BatchRotateAxis(0.0, CZEPHVector3D(1, 2, 3), in.data(), out.data(), 67);
+  EXPECT_TRUE(SameBits(Values(out), values));
+}
+
+TEST(Batch, NormalisesAsTheClassDoes) {
+  Check("floats",
+        Operation<CZEPHVector3D>{
+            [](const CZEPHVector3D* a, const CZEPHVector3D*, CZEPHVector3D* out, int n) {
+              ZEPH_BatchNormalize(a, out, n);
+            },
+            [](const CZEPHVector3D& a, const CZEPHVector3D&) { return a.GetNormalized(); }},
+        true);
+  Check("doubles",
+        Operation<CZEPHVector3>{
+            [](const CZEPHVector3* a, const CZEPHVector3*, CZEPHVector3* out, int n) {
+              ZEPH_BatchNormalize(a, out, n);
+            },
+            [](const CZEPHVector3& a, const CZEPHVector3&) { return a.Normalized(); }},
+        true);
+}
+
+TEST(Batch, TakesDotProductsAsTheClassDoes) {
+  Check("floats",
+        Operation<CZEPHVector3D, float>{
+            [](const CZEPHVector3D* a, const CZEPHVector3D* b, float* out, int n) {
+              ZEPH_BatchDot(a, b, out, n);
+            },
+            [](const CZEPHVector3D& a, const CZEPHVector3D& b) { return a.DotProduct(b); }});
+  Check("doubles", Operation<CZEPHVector3, double>{
+                       [](const CZEPHVector3* a, const CZEPHVector3* b, double* out, int n) {
+                         ZEPH_BatchDot(a, b, out, n);
+                       },
+                       [](const CZEPHVector3& a, const CZEPHVector3& b) { return a * b; }});
+}
+
+TEST(Batch, TakesCrossProductsAsTheClassDoes) {
+  Check("floats",
+        Operation<CZEPHVector3D>{
+            [](const CZEPHVector3D* a, const CZEPHVector3D* b, CZEPHVector3D* out, int n) {
+              ZEPH_BatchCross(a, b, out, n);
+            },
+            [](const CZEPHVector3D& a, const CZEPHVector3D& b) { return a.CrossProduct(b); }});
+  Check("doubles", Operation<CZEPHVector3>{
+                       [](const CZEPHVector3* a, const CZEPHVector3* b, CZEPHVector3* out, int n) {
+                         ZEPH_BatchCross(a, b, out, n);
+                       },
+                       [](const CZEPHVector3& a, const CZEPHVector3& b) { return a ^ b; }});
+}
+
+}  // namespace
+}  // namespace zeph::test

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <charconv>
 #include <cmath>
 
 #include "algorithms.h"
@@ -7,6 +6,7 @@
 #include "platform/format_number.h"
 #include "platform/functions.h"
 #include "platform/narrow.h"
+#include "platform/to_chars.h"
 
 using namespace zeph::algorithms;
 
@@ -42,10 +42,10 @@ CString PortableText(double mantissa, int exponent, int decimals) {
   if (decimals < 0) {
     whole.Format("%%.0%dlf", decimals);
   } else {
-    end = std::isfinite(mantissa) ? std::to_chars(text, text + sizeof text - 1, mantissa,
-                                                  std::chars_format::fixed, decimals)
-                                        .ptr
-                                  : zeph::platform::WriteNonFinite(text, mantissa);
+    end = std::isfinite(mantissa)
+              ? zeph::platform::ToChars(text, text + sizeof text - 1, mantissa,
+                                        zeph::platform::Digits::kFixed, decimals)
+              : zeph::platform::WriteNonFinite(text, mantissa);
     *end = '\0';
     whole = text;
   }

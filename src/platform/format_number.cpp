@@ -13,6 +13,7 @@
 
 #include "platform/exactness.h"
 #include "platform/functions.h"
+#include "platform/to_chars.h"
 
 namespace zeph::platform {
 namespace {
@@ -99,12 +100,11 @@ char* WriteFixed(char* out, double x, int decimals) {
   if (std::fabs(x) < kFastBelow && decimals <= kFastDecimals)
     return WriteFastFixed(out, x, decimals);
 #endif
-  return std::to_chars(out, out + RealFormat::kRoom, x, std::chars_format::fixed, decimals).ptr;
+  return ToChars(out, out + RealFormat::kRoom, x, Digits::kFixed, decimals);
 }
 
 char* WriteScientific(char* out, double x, int decimals, int exponentDigits) {
-  char* end =
-      std::to_chars(out, out + RealFormat::kRoom, x, std::chars_format::scientific, decimals).ptr;
+  char* end = ToChars(out, out + RealFormat::kRoom, x, Digits::kScientific, decimals);
   return exponentDigits == 3 ? WidenExponent(end) : end;
 }
 

@@ -2,35 +2,29 @@
 #include "platform/stream_number.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <locale>
 #include <string_view>
 
 #include "platform/format_number.h"
+#include "platform/to_chars.h"
 
 namespace zeph::platform {
 namespace {
 
 using Flags = std::ios_base;
 
-/// The notation, or hexfloat's, which std::to_chars writes without its prefix.
-std::chars_format NotationOf(Flags::fmtflags flags) {
-  switch (flags & Flags::floatfield) {
-    case Flags::fixed:
-      return std::chars_format::fixed;
-    case Flags::scientific:
-      return std::chars_format::scientific;
-    case Flags::fixed | Flags::scientific:
-      return std::chars_format::hex;
-    default:
-      return std::chars_format::general;
-  }
+bool IsHexadecimal(Flags::fmtflags flags) {
+  return (flags & Flags::floatfield) == (Flags::fixed | Flags::scientific);
 }
 
-char* WriteFinite(char* out, char* end, double x, std::chars_format notation, int precision,
-                  bool point) {
-  char* const stop = std::to_chars(out, end, x, notation, precision).ptr;
+Digits NotationOf(Flags::fmtflags flags) {
+  if (flags & Flags::fixed) return Digits::kFixed;
+  return flags & Flags::scientific ? Digits::kScientific : Digits::kGeneral;
+}
+
+char* WriteFinite(char* out, char* end, double x, Digits notation, int precision, bool point) {
+  char* const stop = ToChars(out, end, x, notation, precision);
   if (!point || precision > 0) return stop;
   // A point that no decimals follow stands before the exponent.
   char* const exponent = std::find(out, stop, 'e');
@@ -57,11 +51,11 @@ std::ostream& Insert(std::ostream& os, std::string_view text) {
 
 std::ostream& WritePortably(std::ostream& os, double x) {
   const Flags::fmtflags flags = os.flags();
-  const std::chars_format notation = NotationOf(flags);
-  const bool general = notation == std::chars_format::general;
+  const Digits notation = NotationOf(flags);
+  const bool general = notation == Digits::kGeneral;
   const bool point = (flags & Flags::showpoint) != 0;
   const auto precision = static_cast<int>(os.precision() < 0 ? 6 : os.precision());
-  if (notation == std::chars_format::hex || (general && point) || precision > kMostStreamDecimals ||
+  if (IsHexadecimal(flags) || (general && point) || precision > kMostStreamDecimals ||
       os.getloc() != std::locale::classic())
     return os << x;
 
@@ -72,7 +66,7 @@ std::ostream& WritePortably(std::ostream& os, double x) {
                         ? WriteFinite(out, text + sizeof text, x, notation, precision, point)
                         : WriteNonFinite(out, x);
   // Fixed notation has no capital form: not for "nan" either.
-  if ((flags & Flags::uppercase) && notation != std::chars_format::fixed)
+  if ((flags & Flags::uppercase) && notation != Digits::kFixed)
     for (char* c = text; c < end; ++c)
       if (*c >= 'a' && *c <= 'z') *c = static_cast<char>(*c - 'a' + 'A');
   return Insert(os, {text, static_cast<std::size_t>(end - text)});

@@ -34,7 +34,7 @@ endif()
 # put a function of its own in a library's place; calls out of a library load the address that the
 # table holds, without a stop at a stub. docs/porting.md says what programs notice.
 add_library(zeph_direct_calls INTERFACE)
-if(UNIX AND NOT APPLE AND CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+if(UNIX AND NOT APPLE AND NOT EMSCRIPTEN AND CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   target_compile_options(zeph_direct_calls INTERFACE -fno-semantic-interposition -fno-plt)
 endif()
 

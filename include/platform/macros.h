@@ -22,9 +22,9 @@
 #define ZEPH_API __attribute__((visibility("default")))
 #endif
 
-/// ZEPH_EMIT stands on documented inline members: while the library itself is built they are
+/// ZEPH_EMIT stands on documented inline members: while the shared library itself is built they are
 /// emitted as if used, so that every documented name is exported.
-#if !defined(ZEPH_BUILDING) || !(defined(__GNUC__) || defined(__clang__))
+#if !defined(ZEPH_BUILDING) || defined(ZEPH_STATIC) || !(defined(__GNUC__) || defined(__clang__))
 #define ZEPH_EMIT
 #elif defined(_WIN32)
 #define ZEPH_EMIT __attribute__((used, dllexport))

@@ -83,15 +83,20 @@ bool ChooseKernels([[maybe_unused]] const char* form) {
 
 int Run(int argc, char** argv) {
   bool operations = false;
+  const char* only = nullptr;
   for (int i = 1; i < argc; ++i) {
     if (std::strcmp(argv[i], "--operations") == 0) {
       operations = true;
+    } else if (std::strcmp(argv[i], "--only") == 0 && i + 1 < argc) {
+      only = argv[++i];
     } else if (std::strcmp(argv[i], "--kernels") == 0 && i + 1 < argc) {
       if (!ChooseKernels(argv[++i])) return 2;
     } else {
       std::fprintf(stderr,
-                   "usage: zeph-selftest [--operations] [--kernels portable|avx2|avx512]\n"
+                   "usage: zeph-selftest [--operations] [--only SUBSYSTEM] [--kernels "
+                   "portable|avx2|avx512]\n"
                    "  --operations  also prints a digest per operation\n"
+                   "  --only        runs one subsystem, such as linalg\n"
                    "  --kernels     runs on one form of the inner loops (static builds only)\n"
                    "Status 0: every digest that must match does; 1: one differs; 2: misuse.\n");
       return 2;
@@ -100,12 +105,18 @@ int Run(int argc, char** argv) {
   std::printf("ZEPH_PORTABLE_MATH is %s: sine, logarithm, random numbers and texts are %s.\n",
               ZEPH_MathIsPortable() ? "on" : "off",
               ZEPH_MathIsPortable() ? "the library's own" : "the C runtime's");
-  bool good = true;
+  bool good = true, ran = false;
   for (const Subsystem& subsystem : kSubsystems) {
+    if (only && std::strcmp(only, subsystem.name) != 0) continue;
+    ran = true;
     Report report(subsystem.name);
     subsystem.run(report);
     if (!Print(report)) good = false;
     if (operations) PrintOperations(report);
+  }
+  if (!ran) {
+    std::fprintf(stderr, "zeph-selftest: there is no subsystem \"%s\"\n", only);
+    return 2;
   }
   std::puts(good ? "Every result is the published one, to the last bit."
                  : "Results DIFFER from the published ones; please report this machine.");

@@ -3,6 +3,8 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
+#include <string>
 
 #ifndef ZEPH_TEST_SHARED
 #include "kernels/table.h"
@@ -30,8 +32,23 @@ static int RunAllTests() {
   return RUN_ALL_TESTS();
 }
 
+/// ZEPH_TEST_LIBRARY=FOLDER: the library in use must be the one in that folder, which LD_LIBRARY_PATH named.
+static bool LibraryIsTheWantedOne() {
+  const char* folder = std::getenv("ZEPH_TEST_LIBRARY");
+  if (!folder) return true;
+  const std::string wanted = std::string(folder) + "/libZEPHDataStructureEngine.so";
+  std::ifstream maps("/proc/self/maps");
+  for (std::string line; std::getline(maps, line);)
+    if (line.find(wanted) != std::string::npos) return true;
+  std::fprintf(stderr, "the library in use is not %s\n", wanted.c_str());
+  return false;
+}
+
+constexpr int kSkipped = 77;  // ctest's word for "cannot run here"
+
 int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);
-  if (!ChooseKernels()) return 2;
+  if (!ChooseKernels() && !::testing::GTEST_FLAG(list_tests)) return kSkipped;
+  if (!LibraryIsTheWantedOne()) return 1;
   return RunAllTests();
 }

@@ -1,11 +1,10 @@
 # gdb shows every type as tests/debugger/views.txt says, with the printers loaded from where they are
 # installed; the natvis names only members that exist.
 need gdb python3
-prefix=$PWD/build/debugger/prefix
-configure build/debugger -DCMAKE_BUILD_TYPE=Debug -DZEPH_BUILD_TESTS=OFF -DZEPH_BUILD_EXAMPLES=OFF \
-  -DCMAKE_INSTALL_PREFIX="$prefix"
-build build/debugger
-cmake --install build/debugger >/dev/null
+prefix=$PWD/build/debug/prefix
+mkdir -p build/debugger
+build debug ZEPHDataStructureEngine zeph_selftest
+cmake --install build/debug >/dev/null
 library=$(dirname "$(find "$prefix" -name 'libZEPHDataStructureEngine.so' | head -1)")
 g++ -std=c++17 -g -O0 -I "$prefix/include" tests/debugger/views.cpp \
   -o build/debugger/views -L "$library" -lZEPHDataStructureEngine -Wl,-rpath,"$library"

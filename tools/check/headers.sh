@@ -1,7 +1,6 @@
 # Each public header alone, by every compiler and standard; alone behind a header that defines macros as
 # the Windows system header does; and the layout of every class. No warning anywhere.
 need clang g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix g++-12-multilib
-failed=0 passed=0
 work=build/headers
 mkdir -p $work
 warnings="-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror"
@@ -11,12 +10,9 @@ i686="g++-12 -m32 -idirafter /usr/include/x86_64-linux-gnu"
 compiles() {
   local what=$1 source=$2
   shift 2
-  if "$@" -fsyntax-only $warnings -I include "$source"; then
-    passed=$((passed + 1))
-  else
-    echo "$what: $*"
-    failed=$((failed + 1))
-  fi
+  local status=0
+  "$@" -fsyntax-only $warnings -I include "$source" || status=1
+  check $status "$what: $*"
 }
 
 cat >$work/windows_macros.h <<'TEXT'
@@ -48,5 +44,4 @@ for compiler in g++ "g++ -march=native" clang++ "clang++ -march=native" "$i686" 
   x86_64-w64-mingw32-g++-posix i686-w64-mingw32-g++-posix; do
   compiles "layout" tests/headers/layout.cpp $compiler -std=c++17
 done
-echo "$passed passed, $failed failed"
-[ $failed = 0 ]
+verdicts

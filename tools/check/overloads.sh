@@ -1,20 +1,10 @@
 # Documented calls choose documented functions, and the additions serve the ranges of C++20.
 need clang
 mkdir -p build/overloads
-configure build/static -DCMAKE_BUILD_TYPE=Release -DZEPH_SHARED=OFF
-build build/static ZEPHDataStructureEngine
+build static ZEPHDataStructureEngine
 source=tests/headers/overloads.cpp
 wanted=build/overloads/wanted
 grep -nE '// added$' $source | cut -d: -f1 >$wanted
-passed=0 failed=0
-verdict() { # verdict NAME STATUS
-  if [ "$2" = 0 ]; then
-    passed=$((passed + 1))
-  else
-    echo "$1"
-    failed=$((failed + 1))
-  fi
-}
 for compiler in g++ clang++; do
   for standard in 17 20 2b; do
     found=build/overloads/found
@@ -24,14 +14,13 @@ for compiler in g++ clang++; do
       sed -nE "s,^$source:([0-9]+):.*(deprecated|error:).*,\1,p" | sort -nu >$found
     status=0
     diff $wanted $found || status=1
-    verdict "$source, $compiler, C++$standard" $status
+    check $status "$source, $compiler, C++$standard"
     [ $standard = 17 ] && continue
     status=0
     $compiler -std=c++$standard -O1 -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -DZEPH_STATIC \
       -I include tests/headers/ranges.cpp build/static/src/libZEPHDataStructureEngine.a \
       -o build/overloads/ranges && build/overloads/ranges || status=$?
-    verdict "tests/headers/ranges.cpp, $compiler, C++$standard" $status
+    check $status "tests/headers/ranges.cpp, $compiler, C++$standard"
   done
 done
-echo "$passed passed, $failed failed"
-[ $failed = 0 ]
+verdicts

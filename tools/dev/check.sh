@@ -1,18 +1,38 @@
 # ./dev check [STEP...]: the steps of tools/check in their order, or those that are named; every one is run,
-# whatever fails. All of them take three quarters of an hour on two cores. --list names them.
-check_all() { grep -vE '^ *(#|$)' tools/check/steps.txt; }
+# whatever fails. --list names them. A step's log is build/check/STEP.log.
+check_list() { grep -vE '^ *(#|$)' tools/check/steps.txt; }
 
 case "${1:-}" in
-  --list) check_all; exit 0 ;;
-  "") set -- $(check_all | awk '{print $1}') ;;
+  --list) [ $# = 1 ] || fail "--list stands alone"; check_list; exit 0 ;;
+  "") set -- $(check_list | awk '{print $1}') ;;
 esac
-need $packages_build $packages_test git
-export check_run=$$.$(date +%s)  # tells a step what another has done in the same run
-check_passed=0
-check_failed=0
 for step in "$@"; do
   [ -f "tools/check/$step.sh" ] || fail "no step \"$step\"; ./dev check --list names them"
-  check_step "$step"
 done
-echo "$check_passed passed, $check_failed failed"
-[ "$check_failed" = 0 ]
+need $packages_build $packages_test git
+mkdir -p build/check
+
+# run_step NAME: runs tools/check/NAME.sh into its log; one line on the outcome, counts added up.
+run_step() {
+  local step=$1 log=build/check/$1.log start=$SECONDS status=0 counts cpu TIMEFORMAT='%U %S'
+  printf '%-16s ' "$step"
+  # A shell of its own: within "||" the step's own `set -e` would be ignored.
+  { time bash -euo pipefail -c '. tools/lib.sh; . "tools/check/$0.sh"' "$step" >"$log" 2>&1 </dev/null; } \
+    2>"$log.time" || status=$?
+  cpu=$(awk '{t += $1 + $2} END {printf "%d", t}' "$log.time")
+  counts=$(awk '/^[0-9]+ passed, [0-9]+ failed$/ {p += $1; f += $3; n++}
+    END {if (n) print p " passed, " f " failed"}' "$log")
+  if [ "$status" = 0 ]; then
+    printf 'ok    %4d s, %4d s of work  %s\n' $((SECONDS - start)) "$cpu" "$counts"
+    [ -n "$counts" ] || counts="1 passed, 0 failed"
+  else
+    printf 'FAILED %3d s  %s\n' $((SECONDS - start)) "$counts"
+    tail -n 60 "$log" | sed 's/^/    /'
+    case "$counts" in "" | *" 0 failed") counts="0 passed, 1 failed" ;; esac
+  fi
+  passed=$((passed + ${counts%% *}))
+  failed=$((failed + $(echo "$counts" | awk '{print $3}')))
+}
+
+for step in "$@"; do run_step "$step"; done
+verdicts

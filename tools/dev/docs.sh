@@ -1,22 +1,20 @@
 # ./dev docs: the HTML documentation in build/docs/html, with pictures that the examples draw.
-need $packages_build doxygen librsvg2-bin python3 emscripten chromium
-configure build/docs/programs -DCMAKE_BUILD_TYPE=Release -DZEPH_BUILD_TESTS=OFF
+need $packages_build $packages_test doxygen librsvg2-bin python3 emscripten chromium googletest
 say "dev: building the examples"
-build build/docs/programs zeph_tour zeph_sort_race
+build release zeph_tour zeph_sort_race
 docs_pictures=build/docs/pictures
 mkdir -p $docs_pictures
 say "dev: drawing the pictures"
-build/docs/programs/examples/tour --out $docs_pictures >$docs_pictures/tour.txt
-build/docs/programs/examples/sort_race $docs_pictures/sort_race.svg
+build/release/examples/tour --out $docs_pictures >$docs_pictures/tour.txt
+build/release/examples/sort_race $docs_pictures/sort_race.svg
 for picture in $docs_pictures/*.svg; do
   rsvg-convert -o "${picture%.svg}.png" "$picture"  # a picture that cannot be drawn stops here
 done
 say "dev: building the playground"
-cmake --preset wasm -DZEPH_BUILD_TESTS=OFF >build/docs/playground.log
-build build/wasm zeph_playground
+build wasm zeph_playground
 # The end of the race, in a browser without a window.
 chromium --headless --no-sandbox --disable-gpu --hide-scrollbars --window-size=1280,1500 --virtual-time-budget=20000 \
-  --screenshot=$docs_pictures/playground.png "file://$PWD/build/wasm/playground/index.html" >>build/docs/playground.log 2>&1
+  --screenshot=$docs_pictures/playground.png "file://$PWD/build/wasm/playground/index.html" >build/docs/playground.log 2>&1
 say "dev: writing the pages"
 rm -rf build/docs/html
 # The settings of the tree, and what depends on where and when.

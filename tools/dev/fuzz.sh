@@ -6,9 +6,6 @@ seconds=${1:-}
 [[ $seconds =~ ^[0-9]+$ ]] && [ "$seconds" -gt 0 ] || fail "usage: ./dev fuzz SECONDS [TARGET]"
 need $packages_build $packages_test clang libclang-rt-14-dev
 dir=build/fuzz
-configure $dir -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo \
-  -DZEPH_SHARED=OFF -DZEPH_SANITIZE=address,undefined,fuzzer-no-link -DZEPH_BUILD_FUZZ=ON \
-  -DZEPH_BUILD_TESTS=OFF -DZEPH_BUILD_EXAMPLES=OFF -DZEPH_INSTALL=OFF
 targets=()
 for body in fuzz/*.cpp; do targets+=("$(basename "$body" .cpp)"); done
 if [ -n "${2:-}" ]; then
@@ -16,7 +13,7 @@ if [ -n "${2:-}" ]; then
   targets=("$2")
 fi
 say "dev: building the fuzz targets"
-build $dir $(printf 'zeph_fuzz_%s ' "${targets[@]}")
+build fuzz $(printf 'zeph_fuzz_%s ' "${targets[@]}")
 
 # fuzz_one TARGET: one search into its log; the outcome is read from there.
 fuzz_one() {

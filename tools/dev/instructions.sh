@@ -5,10 +5,9 @@
 need $packages_build $packages_test valgrind libc6-dbg
 table=tools/instructions.txt
 tolerance=3  # per cent
-configure build/instructions -DCMAKE_CXX_COMPILER=g++ -DCMAKE_BUILD_TYPE=Release -DZEPH_SHARED=OFF \
-  -DZEPH_BUILD_EXAMPLES=OFF
-build build/instructions zeph_instructions
-program=build/instructions/tests/zeph_instructions
+case "${1:-}" in "" | --update) ;; *) fail "./dev instructions takes --update or nothing" ;; esac
+build static zeph_instructions
+program=build/static/tests/zeph_instructions
 compiler="g++ $(g++ -dumpfullversion), $(uname -m), valgrind $(valgrind --version | sed 's/valgrind-//'), glibc $(getconf GNU_LIBC_VERSION | sed 's/glibc //')"
 
 # count FORM FAMILY: prints the number; nothing where the form cannot run here.
@@ -17,7 +16,7 @@ count() {
     "$program" "$1" "$2" 2>&1 | sed -nE 's/.*Collected : ([0-9]+).*/\1/p'
 }
 
-counted=build/instructions/counts.txt
+counted=build/results/instructions.txt
 {
   echo "# Instructions of tools/instructions/workload.cpp, by ./dev instructions --update."
   echo "# $compiler"

@@ -4,5 +4,4 @@ need $packages_build $packages_test clang python3-clang-14 libclang-14-dev
 mutants_python=python3
 "$mutants_python" -c 'import clang.cindex' 2>/dev/null || mutants_python=/usr/bin/python3
 mkdir -p build/mutants
-need_locale
 "$mutants_python" -B tools/mutants/mutants.py --jobs "$jobs" "$@"

@@ -1,17 +1,18 @@
 # ./dev package: .deb and .tar.gz in build/packages; the Windows .zip too where MinGW is installed.
-need $packages_build dpkg-dev file
+need $packages_build $packages_test dpkg-dev file
 out=$PWD/build/packages
+
+# pack PRESET: its packages.
+pack() {
+  build "$1" ZEPHDataStructureEngine zeph_selftest
+  (cd "build/$1" && show "package-$1" cpack -B "$out") || fail "packaging $1 failed"
+}
 rm -rf "$out"
 mkdir -p "$out"
-configure build/package -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX=/usr -DZEPH_BUILD_TESTS=OFF -DZEPH_BUILD_EXAMPLES=OFF
-build build/package
-(cd build/package && cpack -B "$out" >cpack.log 2>&1) || { tail -n 20 build/package/cpack.log >&2; fail "packaging failed"; }
+pack release
 if command -v x86_64-w64-mingw32-g++-posix >/dev/null; then
-  configure build/package-windows -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w64.cmake \
-    -DCMAKE_BUILD_TYPE=Release -DZEPH_BUILD_TESTS=OFF -DZEPH_BUILD_EXAMPLES=OFF
-  build build/package-windows
-  (cd build/package-windows && cpack -B "$out" >cpack.log 2>&1) ||
-    { tail -n 20 build/package-windows/cpack.log >&2; fail "packaging for Windows failed"; }
+  need googletest
+  pack windows
 else
   say "dev: no MinGW (Debian g++-mingw-w64-x86-64-posix): the Windows .zip is left out"
 fi

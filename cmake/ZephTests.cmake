@@ -1,0 +1,47 @@
+# How the test programs are run by ctest.
+
+# An emulator takes longer to start a program than most tests take: there each program runs whole.
+# GoogleTest's own counts stand in its output. A form of the kernels that the machine lacks is a skip.
+function(zeph_run_test_program program label)
+  set(properties LABELS ${label} SKIP_RETURN_CODE 77)
+  if(ZEPH_TEST_LOCALES)
+    list(APPEND properties ENVIRONMENT "LOCPATH=${ZEPH_TEST_LOCALES}")
+  endif()
+  if(CMAKE_CROSSCOMPILING_EMULATOR)
+    add_test(NAME ${program} COMMAND ${program})
+    set_tests_properties(${program} PROPERTIES TIMEOUT 3600 FIXTURES_REQUIRED emulator ${properties})
+  else()
+    gtest_discover_tests(${program} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 600 ${properties})
+  endif()
+  # Under valgrind, on the static library: the programs' own allocation operators stay in force; what is
+  # under them is watched.
+  if(NOT ZEPH_SHARED AND ZEPH_VALGRIND)
+    add_test(NAME memcheck.${program} COMMAND ${ZEPH_VALGRIND} --quiet --error-exitcode=99 --leak-check=full
+      --errors-for-leak-kinds=definite --suppressions=${PROJECT_SOURCE_DIR}/tools/check/valgrind.supp
+      --soname-synonyms=somalloc=nouserintercepts $<TARGET_FILE:${program}>)
+    set_tests_properties(memcheck.${program} PROPERTIES TIMEOUT 3600 ${properties} LABELS memcheck)
+  endif()
+endfunction()
+find_program(ZEPH_VALGRIND valgrind)
+
+# A locale with a decimal comma, made where the system has none, so that the tests of such a locale run.
+find_program(ZEPH_LOCALEDEF localedef)
+if(ZEPH_LOCALEDEF AND NOT CMAKE_CROSSCOMPILING)
+  set(ZEPH_TEST_LOCALES "${PROJECT_BINARY_DIR}/locales")
+  if(NOT EXISTS "${ZEPH_TEST_LOCALES}/de_DE.UTF-8")
+    file(MAKE_DIRECTORY "${ZEPH_TEST_LOCALES}")
+    execute_process(COMMAND "${ZEPH_LOCALEDEF}" -i de_DE -f UTF-8 "${ZEPH_TEST_LOCALES}/de_DE.UTF-8"
+      OUTPUT_QUIET ERROR_QUIET)
+  endif()
+endif()
+
+# One server for all of Wine's programs: one that starts while the last one's server goes down loses its
+# connection.
+if(WIN32 AND CMAKE_CROSSCOMPILING_EMULATOR)
+  file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/wine")
+  # Its services live on: with a test's output in their hands ctest would wait for their end.
+  add_test(NAME wine.start COMMAND sh -c "(wineserver -p; wine wineboot) >/dev/null 2>&1 </dev/null")
+  add_test(NAME wine.stop COMMAND wineserver -k)
+  set_tests_properties(wine.start PROPERTIES FIXTURES_SETUP emulator)
+  set_tests_properties(wine.stop PROPERTIES FIXTURES_CLEANUP emulator)
+endif()

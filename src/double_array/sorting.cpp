@@ -2,6 +2,7 @@
 #include "double_array/sorting.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "kernels/sort.h"
 
@@ -54,6 +55,24 @@ void InsertionSort(double* v, std::size_t n) {
     for (; j > 0 && v[j - 1] >= key; --j) v[j] = v[j - 1];
     v[j] = key;
   }
+}
+
+// The documented walk goes down to the start of its chain; this one stops at the first pair that is
+// in order. All pairs below were left in order by the walks before, with NaN too, so going on would
+// exchange nothing.
+std::size_t ShellWalk(double* v, std::size_t n, std::size_t gap, std::size_t patience) {
+  for (; gap > 0; gap /= 2) {
+    std::uint64_t left = std::uint64_t{patience} * n * gap;  // counted in places passed
+    for (std::size_t i = gap; i < n; ++i) {
+      const double key = v[i];
+      std::size_t j = i;
+      for (; j >= gap && v[j - gap] > key; j -= gap) v[j] = v[j - gap];
+      v[j] = key;
+      if (i - j > left) return gap;
+      left -= i - j;
+    }
+  }
+  return 0;
 }
 
 }  // namespace zeph::double_array

@@ -25,6 +25,10 @@ void SortRuns(double* v, std::size_t n, Equals equals);
 /// Insertion sort with the equal values reversed, as in CZEPHDoubleArray::InsertionSort.
 void InsertionSort(double* v, std::size_t n);
 
+/// The passes of Shell's sort with gaps `gap`, gap / 2, ..., 1. Gives up, within a pass, once that
+/// pass has moved elements more than `patience` times n; returns its gap then, else 0.
+std::size_t ShellWalk(double* v, std::size_t n, std::size_t gap, std::size_t patience);
+
 }  // namespace zeph::double_array
 
 #endif  // ZEPH_SRC_DOUBLE_ARRAY_SORTING_H

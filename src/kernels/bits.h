@@ -2,6 +2,7 @@
 #ifndef ZEPH_SRC_KERNELS_BITS_H
 #define ZEPH_SRC_KERNELS_BITS_H
 
+#include <cstddef>
 #include <cstdint>
 
 namespace zeph::kernels {
@@ -44,6 +45,17 @@ inline std::uint64_t ReverseBits(std::uint64_t x) {
   x = (x >> 8 & 0x00FF00FF00FF00FF) | (x & 0x00FF00FF00FF00FF) << 8;
   x = (x >> 16 & 0x0000FFFF0000FFFF) | (x & 0x0000FFFF0000FFFF) << 16;
   return x >> 32 | x << 32;
+}
+
+/// How many bits are set.
+inline std::size_t CountBits(std::uint64_t x) {
+#if defined(__GNUC__) || defined(__clang__)
+  return static_cast<std::size_t>(__builtin_popcountll(x));
+#else
+  std::size_t count = 0;
+  for (; x; x &= x - 1) ++count;
+  return count;
+#endif
 }
 
 }  // namespace zeph::kernels

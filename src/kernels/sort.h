@@ -27,6 +27,8 @@ struct Sorting {
   /// ascend; the blocks lie apart from the result.
   void (*take_front_doubles)(merge::Pair<double>& blocks);
   void (*take_front_ints)(merge::Pair<int>& blocks);
+  /// SortingPaysFrom().
+  std::size_t pays_from;
 };
 
 /// True when `v` has no NaN and all elements that equal 0.0 have the same bits: then every correct
@@ -44,6 +46,12 @@ inline void SortAscending(double* v, std::size_t n) {
 }
 inline void SortAscending(int* v, std::size_t n) {
   Active().sorting->sort_ints(v, n);
+}
+
+/// The length from which it pays to sort doubles anew that are nearly in order, rather than to move
+/// each past its few greater neighbours.
+inline std::size_t SortingPaysFrom() {
+  return Active().sorting->pays_from;
 }
 
 }  // namespace zeph::kernels

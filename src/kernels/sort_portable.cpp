@@ -151,6 +151,7 @@ const Sorting kSorting = {OrderIsUnique,
                           Merge<double>,
                           Merge<int>,
                           merge::TakeWhatIsInFront<double>,
-                          merge::TakeWhatIsInFront<int>};
+                          merge::TakeWhatIsInFront<int>,
+                          100'000};
 
 }  // namespace zeph::kernels::portable

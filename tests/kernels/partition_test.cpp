@@ -9,12 +9,11 @@
 #include "oracle/sorts.h"
 #include "support/bits.h"
 #include "support/hostile.h"
+#include "support/numbers.h"
 
 namespace zeph::kernels {
 namespace {
 
-using test::Arrangement;
-using test::Content;
 using test::Random;
 using Values = std::vector<double>;
 
@@ -45,25 +44,15 @@ class PartitionKernel : public testing::TestWithParam<const Table*> {
 INSTANTIATE_TEST_SUITE_P(Forms, PartitionKernel, testing::ValuesIn(RunnableTables()),
                          [](const auto& form) { return std::string(form.param->name); });
 
-/// Calls `visit(values)` with every content in every arrangement.
-template <class Visit>
-void ForEachKind(std::size_t n, std::uint64_t seed, Visit visit) {
-  for (int content = 0; content < test::kContents; ++content)
-    for (int arrangement = 0; arrangement < test::kArrangements; ++arrangement) {
-      SCOPED_TRACE(std::string(test::kContentNames[content]) + " " +
-                   test::kArrangementNames[arrangement] + ", n = " + std::to_string(n));
-      visit(test::Hostile(static_cast<Content>(content), static_cast<Arrangement>(arrangement), n,
-                          seed));
-    }
-}
-
 TEST_P(PartitionKernel, MakesTheDocumentedExchangesAtEveryLength) {
   for (std::size_t n = 3; n <= 330; ++n)
-    ForEachKind(n, n, [&](const Values& v) {
+    test::ForEachHostile(n, n, [&](const Values& v, const std::string& name) {
+      SCOPED_TRACE(name);
       if (!HasFatalFailure()) Check(v, n % 9);
     });
   for (std::size_t n : {1000, 1001, 4096})
-    ForEachKind(n, n, [&](const Values& v) {
+    test::ForEachHostile(n, n, [&](const Values& v, const std::string& name) {
+      SCOPED_TRACE(name);
       if (!HasFatalFailure()) Check(v, n % 7);
     });
 }

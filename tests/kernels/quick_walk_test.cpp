@@ -81,20 +81,12 @@ TEST(QuickWalk, LooksAtNLogNElementsOfAnyInput) {
   counting.partitions = &kCounting;
   kernels::Force(counting);
   for (std::size_t n : {1000, 10000, 100000})
-    for (int content = 1; content < test::kContents; ++content)
-      for (int arrangement = 0; arrangement < test::kArrangements; ++arrangement) {
-        Values v = test::Hostile(static_cast<Content>(content),
-                                 static_cast<Arrangement>(arrangement), n, 3);
-        Looks::count = 0;
-        SortAsWalked(v.data(), n, 10);
-        const double each = static_cast<double>(Looks::count) / static_cast<double>(n);
-        EXPECT_LT(each, 15 * std::log2(static_cast<double>(n)))
-            << n << " " << test::kContentNames[content] << " "
-            << test::kArrangementNames[arrangement];
-        RecordProperty(
-            std::to_string(n) + test::kContentNames[content] + test::kArrangementNames[arrangement],
-            std::to_string(each));
-      }
+    test::ForEachHostile(n, 3, [n](Values v, const std::string& name) {
+      Looks::count = 0;
+      SortAsWalked(v.data(), n, 10);
+      const double each = static_cast<double>(Looks::count) / static_cast<double>(n);
+      EXPECT_LT(each, 15 * std::log2(static_cast<double>(n))) << name;
+    });
   kernels::Force(active);
 }
 

@@ -9,11 +9,27 @@
 #include <cstdint>
 #include <limits>
 #include <numeric>
+#include <string>
 #include <vector>
 
-#include "support/numbers.h"
+#include "support/random.h"
 
 namespace zeph::test {
+
+/// Input on which median-of-three of (first, middle, last) quicksort splits off two elements at a
+/// time until half of them are gone: the least wait where the middle will be and at even places of
+/// the first half, and the greater half, in any order, fills the rest.
+inline std::vector<double> MedianOfThreeKiller(std::size_t n) {
+  std::vector<double> v(n);
+  Random random(n);
+  for (double& x : v) x = static_cast<double>(n + random.Below(n));
+  if (n < 4) return v;
+  const std::size_t middle = (n - 1) / 2;
+  for (std::size_t i = middle; i + 2 < n; ++i) v[i] = static_cast<double>(2 * (i - middle));
+  for (std::size_t i = 0; i < middle; i += 2) v[i] = static_cast<double>(i + 3);
+  v[n - 1] = 1;
+  return v;
+}
 
 /// Plays the documented quicksort against itself: values are not fixed before a comparison asks for
 /// them, and then so that the element about to become the pivot is among the least. `specials` are
@@ -178,6 +194,8 @@ inline std::vector<double> Hostile(Content content, Arrangement arrangement, std
                                    std::uint64_t seed, double lo = -100, double hi = 100) {
   Random random(seed);
   std::vector<double> v(n);
+  // So few that zeros of both signs are among them.
+  if (content == Content::kRounded) hi = std::max(1.0, static_cast<double>(n) / 10000), lo = -hi;
   for (double& x : v) x = random.Real(lo, hi);
   const auto places = hostile::Places(n, content, random);
   if (arrangement == Arrangement::kKiller) {
@@ -194,6 +212,16 @@ inline std::vector<double> Hostile(Content content, Arrangement arrangement, std
   if (arrangement != Arrangement::kShuffled && arrangement != Arrangement::kKiller)
     hostile::Arrange(v, arrangement);
   return v;
+}
+
+/// Calls visit(values, name) with every content in every arrangement.
+template <class Visit>
+void ForEachHostile(std::size_t n, std::uint64_t seed, Visit visit) {
+  for (int content = 0; content < kContents; ++content)
+    for (int arrangement = 0; arrangement < kArrangements; ++arrangement)
+      visit(
+          Hostile(static_cast<Content>(content), static_cast<Arrangement>(arrangement), n, seed),
+          std::to_string(n) + " " + kContentNames[content] + " " + kArrangementNames[arrangement]);
 }
 
 }  // namespace zeph::test

@@ -11,34 +11,10 @@
 #include <vector>
 
 #include "support/bits.h"
+#include "support/hostile.h"
+#include "support/random.h"
 
 namespace zeph::test {
-
-/// splitmix64: every bit usable, one word of state.
-class Random {
- public:
-  explicit Random(std::uint64_t seed) : state_(seed) {}
-  std::uint64_t Next() {
-    std::uint64_t z = (state_ += 0x9E3779B97F4A7C15u);
-    z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9u;
-    z = (z ^ (z >> 27)) * 0x94D049BB133111EBu;
-    return z ^ (z >> 31);
-  }
-  /// 0 .. n - 1.
-  std::size_t Below(std::size_t n) { return static_cast<std::size_t>(Next() % n); }
-  int Int(int lo, int hi) {
-    // 64 bits: the span of all ints does not fit in a 32-bit size_t.
-    const auto span = static_cast<std::uint64_t>(std::int64_t{hi} - lo + 1);
-    return static_cast<int>(lo + static_cast<std::int64_t>(Next() % span));
-  }
-  /// lo <= x < hi.
-  double Real(double lo = -1, double hi = 1) {
-    return lo + (hi - lo) * (static_cast<double>(Next() >> 11) * 0x1p-53);
-  }
-
- private:
-  std::uint64_t state_;
-};
 
 /// NaNs of both signs and several payloads, infinities, zeros of both signs, denormals, extremes.
 template <class T>
@@ -116,21 +92,6 @@ struct Order {
   const char* name;
   std::function<std::vector<double>(std::size_t n, std::uint64_t seed)> make;
 };
-
-/// Input on which median-of-three of (first, middle, last) quicksort splits off two elements at a
-/// time until half of them are gone: the least wait where the middle will be and at even places of
-/// the first half, and the greater half, in any order, fills the rest.
-inline std::vector<double> MedianOfThreeKiller(std::size_t n) {
-  std::vector<double> v(n);
-  Random random(n);
-  for (double& x : v) x = static_cast<double>(n + random.Below(n));
-  if (n < 4) return v;
-  const std::size_t middle = (n - 1) / 2;
-  for (std::size_t i = middle; i + 2 < n; ++i) v[i] = static_cast<double>(2 * (i - middle));
-  for (std::size_t i = 0; i < middle; i += 2) v[i] = static_cast<double>(i + 3);
-  v[n - 1] = 1;
-  return v;
-}
 
 inline const std::vector<Order>& Orders() {
   static const auto ramp = [](std::size_t n) {

@@ -1,0 +1,89 @@
+// The sorts on what keeps the order from being unique, in the orders that they are slow on.
+#include <gtest/gtest.h>
+
+#include "double_array/arrays.h"
+#include "oracle/sorts.h"
+#include "support/hostile.h"
+#include "support/scale.h"
+
+namespace zeph::test {
+namespace {
+
+using Values = std::vector<double>;
+
+struct Method {
+  const char* name;
+  void (*sort)(CZEPHDoubleArray&);
+  void (*oracle)(Values&);
+};
+const Method kQuadratic[] = {
+    {"BubbleSort", [](CZEPHDoubleArray& a) { a.BubbleSort(); }, oracle::BubbleSort},
+    {"InsertionSort", [](CZEPHDoubleArray& a) { a.InsertionSort(); },
+     [](Values& v) { oracle::InsertionSort(v, 0, oracle::SizeOf(v) - 1); }},
+    {"ListInsertSort", [](CZEPHDoubleArray& a) { a.ListInsertSort(); }, oracle::ListInsertSort},
+    {"ShellSort", [](CZEPHDoubleArray& a) { a.ShellSort(); }, oracle::ShellSort},
+};
+
+void Compare(const Values& v, const Method& method, const std::string& name) {
+  CZEPHDoubleArray a = ArrayOf(v);
+  method.sort(a);
+  Values want = v;
+  method.oracle(want);
+  ASSERT_TRUE(SameBits(ElementsOf(a), want)) << method.name << " of " << name;
+}
+void CompareQuickSort(const Values& v, int cutoff, const std::string& name) {
+  CZEPHDoubleArray a = ArrayOf(v);
+  a.QuickSort(cutoff);
+  Values want = v;
+  oracle::RecQuickSort(want, 0, oracle::SizeOf(want) - 1, cutoff);
+  ASSERT_TRUE(SameBits(ElementsOf(a), want)) << "QuickSort(" << cutoff << ") of " << name;
+}
+
+TEST(DoubleArrayHostileSorting, LeavesWhatTheStepsLeaveAtEveryLength) {
+  for (std::size_t n = 0; n <= 200; n += kFullScale || n < 40 ? 1 : 9)
+    ForEachHostile(n, 7 * n, [](const Values& v, const std::string& name) {
+      for (const Method& method : kQuadratic) ASSERT_NO_FATAL_FAILURE(Compare(v, method, name));
+      for (int cutoff : {2, 3, 4, 10, 60})
+        ASSERT_NO_FATAL_FAILURE(CompareQuickSort(v, cutoff, name));
+    });
+}
+
+TEST(DoubleArrayHostileSorting, LeavesWhatTheStepsLeaveAtLengthsUpTo20000) {
+  Random random(12);
+  for (int round = 0; round < Scaled(4, 1); ++round) {
+    ForEachHostile(1 + random.Below(20000), random.Next(),
+                   [round](const Values& v, const std::string& name) {
+                     CompareQuickSort(v, round % 2 ? 3 : 10, name);
+                   });
+    ForEachHostile(1 + random.Below(2500), random.Next(),
+                   [](const Values& v, const std::string& name) {
+                     for (const Method& method : kQuadratic) Compare(v, method, name);
+                     CompareQuickSort(v, 2, name);
+                     CompareQuickSort(v, 300, name);
+                   });
+  }
+}
+
+/// The generator is what it says: the literal walk exchanges and looks at far more than n log n.
+TEST(HostileInputs, KillersMakeTheLiteralQuickSortQuadratic) {
+  for (std::size_t n : {500, 1001, 5000})
+    for (Content content : {Content::kPlain, Content::kBothZeros, Content::kHalfZeros}) {
+      Values v = Hostile(content, Arrangement::kKiller, n, 1);
+      std::size_t partitions = 0;
+      int left = 0, right = oracle::SizeOf(v) - 1;
+      while (right - left > 9 && partitions < n) {
+        const double pivot = oracle::MedianOf3(v, left, right);
+        const int p = oracle::QuickPartition(v, left, right, pivot);
+        if (p - left < right - p) {
+          left = p + 1;
+        } else {
+          right = p - 1;
+        }
+        ++partitions;
+      }
+      EXPECT_GT(partitions, n / 8) << n << " " << kContentNames[static_cast<int>(content)];
+    }
+}
+
+}  // namespace
+}  // namespace zeph::test

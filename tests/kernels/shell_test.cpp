@@ -1,0 +1,107 @@
+// Shell's sort in every form, with and without the memory that it borrows.
+#include "double_array/shell.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "double_array/shell_runs.h"
+#include "double_array/shell_zeros.h"
+#include "double_array/sorting.h"
+#include "kernels/memory.h"
+#include "kernels/table.h"
+#include "oracle/sorts.h"
+#include "support/bits.h"
+#include "support/hostile.h"
+#include "support/numbers.h"
+#include "support/scale.h"
+
+namespace zeph::double_array {
+namespace {
+
+using Values = std::vector<double>;
+
+Values Walked(Values v) {
+  oracle::ShellSort(v);
+  return v;
+}
+
+/// In turn with every form, which it leaves as it was.
+class ShellInEveryForm : public testing::TestWithParam<const kernels::Table*> {
+ protected:
+  void SetUp() override { kernels::Force(*GetParam()); }
+  void TearDown() override { kernels::Force(before_); }
+
+ private:
+  const kernels::Table& before_ = kernels::Active();
+};
+
+INSTANTIATE_TEST_SUITE_P(Forms, ShellInEveryForm, testing::ValuesIn(kernels::RunnableTables()),
+                         [](const auto& form) { return std::string(form.param->name); });
+
+TEST_P(ShellInEveryForm, LeavesWhatTheDocumentedPassesLeave) {
+  for (std::size_t n = 0; n <= 200; n += test::kFullScale ? 1 : 7)
+    test::ForEachHostile(n, n, [](Values v, const std::string& name) {
+      const Values want = Walked(v);
+      ShellSort(v.data(), v.size());
+      ASSERT_TRUE(test::SameBits(v, want)) << name;
+    });
+  test::Random random(9);
+  for (int round = 0; round < test::Scaled(4, 1); ++round)
+    test::ForEachHostile(200 + random.Below(3000), random.Next(),
+                         [](Values v, const std::string& name) {
+                           const Values want = Walked(v);
+                           ShellSort(v.data(), v.size());
+                           ASSERT_TRUE(test::SameBits(v, want)) << name;
+                         });
+}
+
+TEST_P(ShellInEveryForm, FollowsZerosPassByPassWhateverTheirNumber) {
+  test::Random random(11);
+  for (std::size_t n = 9; n < 700; n += 1 + n / 40)
+    for (std::size_t zeros = 1; zeros <= n; zeros += 1 + zeros / 2) {
+      Values v = test::Moderate(n, n);
+      for (std::size_t k = 0; k < zeros; ++k) v[k] = random.Below(2) ? -0.0 : 0.0;
+      for (std::size_t k = n - 1; k > 0; --k) std::swap(v[k], v[random.Below(k + 1)]);
+      const Values want = Walked(v);
+      ASSERT_TRUE(ShellSortAroundZeros(v.data(), n, zeros));
+      ASSERT_TRUE(test::SameBits(v, want)) << zeros << " of " << n;
+    }
+}
+
+TEST_P(ShellInEveryForm, FinishesByRunsAPassThatTheWalkGaveUp) {
+  std::size_t given_up = 0;
+  for (std::size_t n = 9; n < 600; n += 1 + n / 10)
+    for (std::size_t patience : {0, 1, 2})
+      test::ForEachHostile(n, n, [&](Values v, const std::string& name) {
+        const Values want = Walked(v);
+        const std::size_t gap = ShellWalk(v.data(), n, n / 2, patience);
+        given_up += gap > 0;
+        ASSERT_TRUE(gap == 0 || ShellSortByRuns(v.data(), n, gap));
+        ASSERT_TRUE(test::SameBits(v, want)) << name << ", patience " << patience;
+      });
+  EXPECT_GT(given_up, 100u);
+}
+
+int lent;
+void* RefuseAll(std::size_t) {
+  return nullptr;
+}
+void* LendOnce(std::size_t bytes) {
+  return lent++ == 0 ? std::malloc(bytes) : nullptr;
+}
+
+TEST(Shell, WalksWhereThereIsNoMemory) {
+  for (const auto lend : {RefuseAll, LendOnce})
+    test::ForEachHostile(1000, 5, [lend](Values v, const std::string& name) {
+      const Values want = Walked(v);
+      lent = 0;
+      const auto lender = kernels::detail::borrow.exchange(lend);
+      ShellSort(v.data(), v.size());
+      kernels::detail::borrow = lender;
+      ASSERT_TRUE(test::SameBits(v, want)) << name;
+    });
+}
+
+}  // namespace
+}  // namespace zeph::double_array

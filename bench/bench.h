@@ -44,6 +44,7 @@ struct Contender {
   std::string who;
   std::function<void(std::size_t times)> work;
   std::function<Numbers()> result;  // empty: the row's
+  bool compared = true;             // false: other work, to relate the time to
   double near = 0;                  // the relative difference allowed to the result; 0: same bits
   double target = 0;                // how many times slower than us the peer is to be; 0: none
   double best = 0;                  // seconds per call, filled by the runner
@@ -82,6 +83,8 @@ class Row {
     explicit Options(Contender& contender) : contender_(&contender) {}
     Options& Target(double ratio) { return contender_->target = ratio, *this; }
     Options& Near(double relative) { return contender_->near = relative, *this; }
+    /// For a contender that does other work, which ours is to be no slower than by some factor.
+    Options& NotCompared() { return contender_->compared = false, *this; }
     /// For a contender that leaves its result elsewhere.
     Options& Result(std::function<Numbers()> result) {
       contender_->result = std::move(result);

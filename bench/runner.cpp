@@ -103,6 +103,7 @@ class Runner {
     bool good = true;
     for (Contender& contender : row_.contenders) {
       Time(contender, 0, 1);
+      if (!contender.compared) continue;
       const auto& result = contender.result ? contender.result : row_.result_;
       if (!result) {
         contender.trouble = "no result to compare";

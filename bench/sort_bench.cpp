@@ -8,6 +8,7 @@
 #include "baselines/sorts.h"
 #include "bench.h"
 #include "double_array.h"
+#include "support/hostile.h"
 
 #ifdef ZEPH_HAVE_BOOST
 #include <boost/sort/sort.hpp>
@@ -44,14 +45,8 @@ std::vector<double> Reversed(std::size_t n, unsigned long long seed) {
   std::reverse(v.begin(), v.end());
   return v;
 }
-/// Median of three of (first, middle, last) splits off two elements at a time.
 std::vector<double> Killer(std::size_t n, unsigned long long) {
-  std::vector<double> v(n);
-  const std::size_t half = n / 2;
-  for (std::size_t i = 0; i < half; ++i)
-    v[i] = static_cast<double>(i % 2 == 0 ? i + 1 : half + i + (half % 2 == 0 ? 0 : 1));
-  for (std::size_t i = half; i < n; ++i) v[i] = static_cast<double>(2 * (i - half + 1));
-  return v;
+  return test::MedianOfThreeKiller(n);
 }
 
 /// An array that each timed call finds filled anew; short inputs differ from round to round.

@@ -28,8 +28,8 @@ struct Totals {
 
 std::vector<Proof> AllProofs() {
   std::vector<Proof> all;
-  for (auto* proofs :
-       {ArrayProofs, OrderProofs, MatrixProofs, GeometryProofs, ListingProofs, FunctionProofs})
+  for (auto* proofs : {ArrayProofs, OrderProofs, HostileProofs, MatrixProofs, GeometryProofs,
+                       ListingProofs, FunctionProofs})
     for (const Proof& proof : proofs()) all.push_back(proof);
   return all;
 }

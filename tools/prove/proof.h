@@ -42,6 +42,7 @@ constexpr std::uint64_t kRandomCases = 1'000'000;
 // A function for each source.
 std::vector<Proof> ArrayProofs();
 std::vector<Proof> OrderProofs();
+std::vector<Proof> HostileProofs();
 std::vector<Proof> MatrixProofs();
 std::vector<Proof> GeometryProofs();
 std::vector<Proof> ListingProofs();

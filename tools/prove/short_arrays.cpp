@@ -1,4 +1,7 @@
-// Every array of length 1 to 8 over the seven values that compare in every way.
+// Every array of length 1 to 8 over the seven values that compare in every way, and of 9 to 12 over
+// fewer.
+#include "short_arrays.h"
+
 #include <algorithm>
 
 #include "array_checks.h"
@@ -7,24 +10,9 @@
 namespace zeph::prove {
 namespace {
 
-constexpr std::uint64_t kArrays = 6'725'600;  // 7 + 7^2 + ... + 7^8
-
-Values ArrayNumber(std::uint64_t k) {
-  std::size_t length = 1;
-  for (std::uint64_t count = 7; k >= count; count *= 7) {
-    k -= count;
-    ++length;
-  }
-  Values v(length);
-  for (double& x : v) {
-    x = test::Alphabet()[static_cast<std::size_t>(k % 7)];
-    k /= 7;
-  }
-  return v;
-}
-
 void Check(std::uint64_t k, Case& seen) {
-  const Values v = ArrayNumber(k);
+  static const ShortArrays arrays = WalkedArrays();
+  const Values v = arrays.Number(k);
   CheckSorts(v, seen);
   for (const double x : test::Alphabet()) {
     CheckPartitions(v, x, seen);
@@ -37,11 +25,21 @@ void Check(std::uint64_t k, Case& seen) {
   if (seen.Failed()) seen.Describe(test::Show(v));
 }
 
+void CheckLonger(std::uint64_t k, Case& seen) {
+  static const ShortArrays longer = LongerArrays(), longest = LongestArrays();
+  static const std::uint64_t longers = longer.Count();
+  const Values v = k < longers ? longer.Number(k) : longest.Number(k - longers);
+  CheckSorts(v, seen);
+  if (seen.Failed()) seen.Describe(test::Show(v));
+}
+
 }  // namespace
 
 std::vector<Proof> ArrayProofs() {
-  return {{"arrays", "every array of 1 to 8 of -inf -1 -0 0 1 inf NaN, every operation", kArrays,
-           Check}};
+  return {{"arrays", "every array of 1 to 8 of -inf -1 -0 0 1 inf NaN, every operation",
+           WalkedArrays().Count(), Check},
+          {"longer", "every array of 9 and 10 of -0 0 1 NaN, of 11 and 12 of -1 -0 0, every sort",
+           LongerArrays().Count() + LongestArrays().Count(), CheckLonger}};
 }
 
 }  // namespace zeph::prove

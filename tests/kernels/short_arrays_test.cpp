@@ -1,0 +1,95 @@
+// The arrays of the long proof are long enough to take every way that the sorts have.
+#include "prove/short_arrays.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "double_array/quick_walk.h"
+#include "double_array/shell.h"
+#include "double_array/sorting.h"
+#include "kernels/partition.h"
+#include "kernels/sort.h"
+
+namespace zeph {
+namespace {
+
+/// How often the kernels that only one way uses were called.
+struct Calls {
+  static inline std::size_t censuses, partitions, zeros;
+  static inline const kernels::Table* active;
+};
+const kernels::Sorting kCountingSort = {
+    [](const double* v, std::size_t n) { return Calls::active->sorting->order_is_unique(v, n); },
+    [](double* v, std::size_t n) { Calls::active->sorting->sort_doubles(v, n); },
+    [](int* v, std::size_t n) { Calls::active->sorting->sort_ints(v, n); },
+    10  // longer ones by runs, shorter ones by the walk
+};
+const kernels::Partitions kCountingPartitions = {
+    [](const double* v, std::size_t n) {
+      ++Calls::censuses;
+      return Calls::active->partitions->census(v, n);
+    },
+    [](double* v, std::size_t n, double pivot) {
+      ++Calls::partitions;
+      return Calls::active->partitions->part(v, n, pivot);
+    },
+    [](const double* v, std::size_t n, double pivot) {
+      ++Calls::zeros;
+      return Calls::active->partitions->not_less(v, n, pivot);
+    },
+    [](const double* v, std::size_t n, double pivot) {
+      return Calls::active->partitions->not_greater(v, n, pivot);
+    },
+    [](const double* v, std::size_t n) { return Calls::active->partitions->bounds(v, n); }};
+
+struct Ways {
+  std::size_t unique = 0, runs = 0, around_zeros = 0, partitioned = 0;
+};
+
+Ways Met(const prove::ShortArrays& arrays) {
+  Calls::active = &kernels::Active();
+  kernels::Table counting = *Calls::active;
+  counting.sorting = &kCountingSort;
+  counting.partitions = &kCountingPartitions;
+  kernels::Force(counting);
+  Ways met;
+  for (std::uint64_t k = 0; k < arrays.Count(); k += 101) {
+    const auto v = arrays.Number(k);
+    auto shell = v, quick = v;
+    Calls::censuses = Calls::zeros = Calls::partitions = 0;
+    double_array::ShellSort(shell.data(), v.size());
+    met.unique += Calls::censuses == 0;
+    met.around_zeros += Calls::zeros > 0;
+    met.runs += Calls::censuses > 0 && Calls::zeros == 0;
+    double_array::SortAsWalked(quick.data(), v.size(), 3);
+    met.partitioned += Calls::partitions > 0;
+  }
+  kernels::Force(*Calls::active);
+  return met;
+}
+
+TEST(ShortArrays, AreNumberedWithoutGapOrRepetition) {
+  const prove::ShortArrays arrays = {{1, 2, 3}, 2, 3};
+  ASSERT_EQ(arrays.Count(), 9u + 27u);
+  std::vector<std::vector<double>> all;
+  for (std::uint64_t k = 0; k < arrays.Count(); ++k) all.push_back(arrays.Number(k));
+  std::sort(all.begin(), all.end());
+  EXPECT_EQ(std::adjacent_find(all.begin(), all.end()), all.end());
+  EXPECT_EQ(prove::WalkedArrays().longest, double_array::kSmall);
+  EXPECT_EQ(prove::LongerArrays().shortest, double_array::kSmall + 1);
+}
+
+TEST(ShortArrays, TakeEveryWayOfTheSorts) {
+  const Ways longer = Met(prove::LongerArrays()), longest = Met(prove::LongestArrays());
+  EXPECT_GT(longer.unique, 20u);
+  EXPECT_GT(longer.runs, 1000u);
+  EXPECT_GT(longer.around_zeros, 100u);
+  EXPECT_GT(longer.partitioned, 1000u);
+  EXPECT_GT(longest.unique, 10u);
+  EXPECT_GT(longest.around_zeros, 1000u);
+  EXPECT_GT(longest.partitioned, 1000u);
+}
+
+}  // namespace
+}  // namespace zeph

@@ -32,6 +32,21 @@ TEST(SelectionSortOfInts, LeavesElementsBehindTheCountAlone) {
   EXPECT_EQ(std::vector<int>(a, a + 5), (std::vector<int>{1, 2, 3, 0, -5}));
 }
 
+// From 32,768 elements on the minima of blocks of more than 128 are kept.
+TEST(SelectionSortOfDoubles, SortsWholeNumbersThatAreMoreThanTheBlocksAreMadeFor) {
+  Random random(8);
+  for (const int n : {32767, 32768, 32769, 40000, 70001}) {
+    std::vector<double> a(static_cast<std::size_t>(n));
+    for (double& x : a) x = random.Int(-1000000, 1000000);
+    std::vector<double> b = a;
+    EXPECT_EQ(CZEPHSelectionSort::Run(a.data(), n), 1);
+    for (double& x : b)
+      if (x == 0) x = 0.0;
+    std::sort(b.begin(), b.end());
+    EXPECT_TRUE(SameBits(a, b)) << n;
+  }
+}
+
 TEST(SelectionSort, DoesNothingWithoutElements) {
   int a[] = {3, 1};
   double b[] = {3.5, 1.5};

@@ -145,6 +145,14 @@ TEST(DenseProduct, MatchesTheTripleLoopOnOddTallAndFlatShapes) {
 #endif
 }
 
+// Loose columns are row sums of columns gathered 256 elements at a time.
+TEST(DenseProduct, MatchesTheTripleLoopWhereALooseColumnIsLongerThanItsBlock) {
+  Random random(12);
+  for (std::size_t inner : {255u, 256u, 257u, 513u})
+    for (std::size_t cols : {1u, 2u, 5u, 6u, 9u, 10u, 17u, 18u})
+      CompareWithOracle(13, inner, cols, 1, [&] { return random.Real(-1, 1); });
+}
+
 int refusals = 0;
 void* Refuse(std::size_t) {
   ++refusals;

@@ -19,12 +19,6 @@ struct Calls {
   static inline std::size_t censuses, partitions, zeros;
   static inline const kernels::Table* active;
 };
-const kernels::Sorting kCountingSort = {
-    [](const double* v, std::size_t n) { return Calls::active->sorting->order_is_unique(v, n); },
-    [](double* v, std::size_t n) { Calls::active->sorting->sort_doubles(v, n); },
-    [](int* v, std::size_t n) { Calls::active->sorting->sort_ints(v, n); },
-    10  // longer ones by runs, shorter ones by the walk
-};
 const kernels::Partitions kCountingPartitions = {
     [](const double* v, std::size_t n) {
       ++Calls::censuses;
@@ -50,7 +44,9 @@ struct Ways {
 Ways Met(const prove::ShortArrays& arrays) {
   Calls::active = &kernels::Active();
   kernels::Table counting = *Calls::active;
-  counting.sorting = &kCountingSort;
+  kernels::Sorting sorting = *counting.sorting;
+  sorting.pays_from = 10;  // longer ones by runs, shorter ones by the walk
+  counting.sorting = &sorting;
   counting.partitions = &kCountingPartitions;
   kernels::Force(counting);
   Ways met;

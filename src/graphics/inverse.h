@@ -69,23 +69,25 @@ inline Columns<L> Cofactors(const Columns<L>& m) {
 template <class L>
 inline float Determinant(L cofactors, L column) {
   const L term = cofactors * column;
-  return (((term + Spread<1>(term)) + Spread<2>(term)) + Spread<3>(term)).First();
+  // By single floats: sums of the other lanes might raise exceptions of their own.
+  return ((term.First() + Spread<1>(term).First()) + Spread<2>(term).First()) +
+         Spread<3>(term).First();
 }
 
 enum class Form { kInverse, kInverseTranspose };
 
 /// The general inverse of `e`, or its transpose; the identity where the determinant is exactly 0.
-///
-/// Cofactors under a determinant of exactly 1 are documented to stay unscaled. That needs no
-/// branch: the reciprocal is exactly 1 then, and a product with 1 is the same number.
+/// Cofactors under a determinant of exactly 1 stay unscaled: a product with 1 would make zeros of
+/// denormals where the host counts them as such.
 template <class L, Form kForm>
 inline Columns<L> GeneralInverse(const float* e) {
   const Columns<L> m = Columns<L>::Load(e);
   Columns<L> r = Cofactors(m);
   const float determinant = Determinant(r.c0, m.c0);
   if (determinant == 0.0f) return Columns<L>::Identity();
-  const L scale = L::All(1.0f / determinant);
   if constexpr (kForm == Form::kInverse) r = r.Transposed();
+  if (determinant == 1.0f) return r;
+  const L scale = L::All(1.0f / determinant);
   return {r.c0 * scale, r.c1 * scale, r.c2 * scale, r.c3 * scale};
 }
 
@@ -93,12 +95,14 @@ inline Columns<L> GeneralInverse(const float* e) {
 template <class L, Form kForm>
 inline Columns<L> RigidInverse(const float* e) {
   const Columns<L> m = Columns<L>::Load(e);
-  const L zero = L::All(0), one = L::All(1), t = m.c3;
+  // Lane 3 holds zeros all along, which meet no infinity.
+  const L zero = L::All(0), one = L::All(1), t = L::WithLast(m.c3, zero);
   const Columns<L> rotation = {L::WithLast(m.c0, zero), L::WithLast(m.c1, zero),
                                L::WithLast(m.c2, zero), zero};
   const Columns<L> turned = rotation.Transposed();
-  const L back =
-      -((turned.c0 * Spread<0>(t) + turned.c1 * Spread<1>(t)) + turned.c2 * Spread<2>(t));
+  const L t0 = t.template Pick<0, 0, 0, 3>(), t1 = t.template Pick<1, 1, 1, 3>(),
+          t2 = t.template Pick<2, 2, 2, 3>();
+  const L back = -((turned.c0 * t0 + turned.c1 * t1) + turned.c2 * t2);
   if constexpr (kForm == Form::kInverse)
     return {turned.c0, turned.c1, turned.c2, L::WithLast(back, one)};
   return {L::WithLast(m.c0, Spread<0>(back)), L::WithLast(m.c1, Spread<1>(back)),

@@ -177,6 +177,12 @@ struct Columns {
             L::template Join<0, 2, 0, 2>(bottom01, bottom23),
             L::template Join<1, 3, 1, 3>(bottom01, bottom23)};
   }
+  /// With lane 0 in the place of lane 3 as well: what is computed there shall be dropped, and may
+  /// raise no exception of its own.
+  Columns WithoutBottom() const {
+    return {c0.template Pick<0, 1, 2, 0>(), c1.template Pick<0, 1, 2, 0>(),
+            c2.template Pick<0, 1, 2, 0>(), c3.template Pick<0, 1, 2, 0>()};
+  }
   /// Column for column, lanes 0 to 2 of this and lane 3 of `bottom`.
   Columns WithBottom(const Columns& bottom) const {
     return {L::WithLast(c0, bottom.c0), L::WithLast(c1, bottom.c1), L::WithLast(c2, bottom.c2),
@@ -186,16 +192,19 @@ struct Columns {
 
 /// Whether the bottom row of column-major `e` is exactly 0, 0, 0, 1.
 ///
-/// Decided on the bits, with one branch: a float equals 0.0 when its bits are zero but for the
-/// sign, and equals 1.0 when they are those of 1.0; NaN and denormals are neither.
+/// Decided on the bits: a float equals 0.0 when its bits are zero but for the sign, and equals 1.0
+/// when they are those of 1.0. Other denormals are compared: some hosts count them as zeros.
 inline bool IsAffine(const float* e) {
   std::uint32_t e3, e7, e11, e15;
   std::memcpy(&e3, e + 3, sizeof e3);
   std::memcpy(&e7, e + 7, sizeof e7);
   std::memcpy(&e11, e + 11, sizeof e11);
   std::memcpy(&e15, e + 15, sizeof e15);
-  constexpr std::uint32_t kBitsOfOne = 0x3F800000;
-  return (((e3 | e7 | e11) << 1) | (e15 ^ kBitsOfOne)) == 0;
+  constexpr std::uint32_t kBitsOfOne = 0x3F800000, kLeastNormal = 0x00800000;
+  const std::uint32_t rest = ((e3 | e7 | e11) << 1) | (e15 ^ kBitsOfOne);
+  if (rest - 1 < 2 * kLeastNormal - 1)
+    return e[3] == 0.0f && e[7] == 0.0f && e[11] == 0.0f && e[15] == 1.0f;
+  return rest == 0;
 }
 
 }  // namespace zeph::graphics

@@ -25,7 +25,9 @@ inline L SumOfFour(const Columns<L>& a, L b) {
 template <class L>
 inline Columns<L> Product(const float* a, const float* b) {
   const bool firstAffine = IsAffine(a), secondAffine = IsAffine(b);
-  const Columns<L> left = Columns<L>::Load(a), right = Columns<L>::Load(b);
+  const Columns<L> right = Columns<L>::Load(b);
+  Columns<L> left = Columns<L>::Load(a);
+  if (firstAffine) left = left.WithoutBottom();
   if (secondAffine) {  // its 0, 0, 0, 1 drops the fourth term, or leaves the last column as it is
     const Columns<L> rows = {SumOfThree(left, right.c0), SumOfThree(left, right.c1),
                              SumOfThree(left, right.c2), SumOfThree(left, right.c3) + left.c3};
@@ -40,8 +42,9 @@ inline Columns<L> Product(const float* a, const float* b) {
 /// The matrix `e` times the column `v`.
 template <class L>
 inline L Product(const float* e, L v) {
-  const L sums = SumOfFour(Columns<L>::Load(e), v);
-  return IsAffine(e) ? L::WithLast(sums, v) : sums;  // an affine one moves w unchanged
+  Columns<L> columns = Columns<L>::Load(e);
+  if (!IsAffine(e)) return SumOfFour(columns, v);
+  return L::WithLast(SumOfFour(columns.WithoutBottom(), v), v);  // w is moved unchanged
 }
 
 }  // namespace zeph::graphics

@@ -1,0 +1,245 @@
+// The single-precision vectors and the 4x4 matrix in every floating-point mode of the host.
+#include "graphics/values.h"
+#include "modes/inputs.h"
+#include "support/modes.h"
+
+using namespace zeph::test;
+
+namespace {
+
+using Floats = std::vector<float>;
+
+Floats List(const oracle::Matrix& m) {
+  return {m.begin(), m.end()};
+}
+Floats List(const oracle::Vector& v) {
+  return v;
+}
+Floats List(const CZEPHMatrix4x4& m) {
+  return List(Array(m));
+}
+template <class V>
+Floats List(const V& v) {
+  return Array(v);
+}
+
+/// Both give a matrix or a vector.
+template <class Operation, class Steps>
+void Check(const char* what, Operation operation, Steps steps) {
+  SCOPED_TRACE(what);
+  EXPECT_TRUE(
+      ComputesInEveryMode([&] { return List(operation()); }, [&] { return List(steps()); }));
+}
+
+/// Some of them with denormals among their entries: in the bottom row these are zeros to some hosts.
+CZEPHMatrix4x4 AnyModeMatrix(Random& random) {
+  CZEPHMatrix4x4 m = AnyMatrix(random);
+  if (random.Below(3) == 0)
+    for (int i = 0; i < 15; ++i)
+      if (random.Below(3) == 0) m.entries[i] = Denormal<float>(random.Int(-9, 9));
+  return m;
+}
+
+const std::size_t kCases = Scaled<std::size_t>(3000, 100);
+
+}  // namespace
+
+TEST(GraphicsModes, Products) {
+  ForEachCase(kCases, 61, [](Random& random) {
+    const CZEPHMatrix4x4 a = AnyModeMatrix(random), b = AnyModeMatrix(random);
+    const CZEPHVector4D v = AnyVector<CZEPHVector4D>(random);
+    Check(
+        "matrices", [&] { return a * b; }, [&] { return oracle::Product(Array(a), Array(b)); });
+    Check(
+        "vector", [&] { return a * v; }, [&] { return oracle::Product(Array(a), Array(v)); });
+  });
+}
+
+TEST(GraphicsModes, ProductsOfAffineMatricesWithInfinity) {
+  CZEPHMatrix4x4 affine, infinite;
+  for (int i = 0; i < 15; ++i)
+    if (i % 4 != 3) affine.entries[i] = static_cast<float>(i + 1);
+  infinite.entries[1] = infinite.entries[15] = kInfinity;
+  const CZEPHVector4D v(kInfinity, 1, 2, 3);
+  Check(
+      "matrices", [&] { return affine * infinite; },
+      [&] { return oracle::Product(Array(affine), Array(infinite)); });
+  Check(
+      "vector", [&] { return affine * v; },
+      [&] { return oracle::Product(Array(affine), Array(v)); });
+}
+
+TEST(GraphicsModes, Inverses) {
+  ForEachCase(kCases, 62, [](Random& random) {
+    const CZEPHMatrix4x4 m = AnyModeMatrix(random);
+    const oracle::Matrix e = Array(m);
+    Check(
+        "inverse", [&] { return m.GetInverse(); },
+        [&] { return oracle::Transposed(oracle::InverseTranspose(e)); });
+    Check(
+        "inverse transpose", [&] { return m.GetInverseTranspose(); },
+        [&] { return oracle::InverseTranspose(e); });
+    Check(
+        "rigid", [&] { return m.GetAffineInverse(); }, [&] { return oracle::AffineInverse(e); });
+    Check(
+        "rigid transpose", [&] { return m.GetAffineInverseTranspose(); },
+        [&] { return oracle::Transposed(oracle::AffineInverse(e)); });
+  });
+}
+
+TEST(GraphicsModes, InversesRaiseNothingOfTheirOwn) {
+  CZEPHMatrix4x4 rigid;
+  rigid.entries[12] = kInfinity;
+  Check(
+      "rigid", [&] { return rigid.GetAffineInverse(); },
+      [&] { return oracle::AffineInverse(Array(rigid)); });
+  // The terms of the determinant are -2e38, 2e38, 0 and 1: no sum of it is twice the second one.
+  CZEPHMatrix4x4 large;
+  for (int i = 0; i < 16; ++i) large.entries[i] = i % 5 == 0 ? 1.0f : 0.0f;
+  large.entries[0] = -2e19f, large.entries[5] = 1e19f;
+  large.entries[1] = 2e19f, large.entries[4] = -1e19f;
+  Check(
+      "inverse", [&] { return large.GetInverse(); },
+      [&] { return oracle::Transposed(oracle::InverseTranspose(Array(large))); });
+}
+
+// A determinant of 1 leaves the cofactors as they are, denormal ones too.
+TEST(GraphicsModes, InverseUnderADeterminantOfOneIsNotScaled) {
+  CZEPHMatrix4x4 m;
+  m.entries[4] = std::numeric_limits<float>::min() * 1.5f;
+  m.entries[8] = -std::numeric_limits<float>::min();
+  m.entries[9] = 1.0f;
+  Check(
+      "inverse", [&] { return m.GetInverse(); },
+      [&] { return oracle::Transposed(oracle::InverseTranspose(Array(m))); });
+}
+
+TEST(GraphicsModes, ScaledMatricesAndTransformedVectors) {
+  ForEachCase(kCases, 63, [](Random& random) {
+    const CZEPHMatrix4x4 m = AnyModeMatrix(random);
+    const CZEPHVector3D v = AnyVector<CZEPHVector3D>(random);
+    const oracle::Matrix e = Array(m);
+    const float s = AnyFloat(random, random.Below(2) == 0);
+    Check(
+        "share", [&] { return m / s; }, [&] { return oracle::Over(e, s); });
+    Check(
+        "rotated", [&] { return m.GetRotatedVector3D(v); },
+        [&] { return oracle::Rotated(e, Array(v)); });
+    Check(
+        "rotated back", [&] { return m.GetInverseRotatedVector3D(v); },
+        [&] { return oracle::InverseRotated(e, Array(v)); });
+  });
+}
+
+TEST(GraphicsModes, Builders) {
+  ForEachCase(kCases / 3, 64, [](Random& random) {
+    const double angle = AnyAngle(random), second = AnyAngle(random), third = AnyAngle(random);
+    const CZEPHVector3D axis = AnyVector<CZEPHVector3D>(random);
+    float p[6];
+    for (float& x : p) x = AnyFloat(random, random.Below(4) == 0);
+    const auto built = [](auto build) {
+      CZEPHMatrix4x4 m;
+      build(m);
+      return m;
+    };
+    Check(
+        "axis", [&] { return built([&](auto& m) { m.SetRotationAxis(angle, axis); }); },
+        [&] { return oracle::RotationAxis(angle, Array(axis)); });
+    Check(
+        "Euler", [&] { return built([&](auto& m) { m.SetRotationEuler(angle, second, third); }); },
+        [&] { return oracle::WithEuler(oracle::Identity(), angle, second, third); });
+    Check(
+        "frustum",
+        [&] {
+          return built([&](auto& m) { m.SetPerspective(p[0], p[1], p[2], p[3], p[4], p[5]); });
+        },
+        [&] { return oracle::Frustum(p[0], p[1], p[2], p[3], p[4], p[5]); });
+    Check(
+        "perspective",
+        [&] { return built([&](auto& m) { m.SetPerspective(p[0], p[1], p[2], p[3]); }); },
+        [&] { return oracle::Perspective(p[0], p[1], p[2], p[3]); });
+    Check(
+        "ortho",
+        [&] { return built([&](auto& m) { m.SetOrtho(p[0], p[1], p[2], p[3], p[4], p[5]); }); },
+        [&] { return oracle::Ortho(p[0], p[1], p[2], p[3], p[4], p[5]); });
+  });
+}
+
+TEST(GraphicsModes, Vectors) {
+  ForEachCase(kCases / 3, 65, [](Random& random) {
+    const CZEPHVector3D a = AnyVector<CZEPHVector3D>(random), b = AnyVector<CZEPHVector3D>(random);
+    const CZEPHVector3D c = AnyVector<CZEPHVector3D>(random);
+    CZEPHVector4D p = AnyVector<CZEPHVector4D>(random);  // only such a one converts by its w
+    const oracle::Vector x = Array(a), y = Array(b), z = Array(c);
+    const float s = AnyFloat(random, random.Below(3) == 0);
+    const double angle = AnyAngle(random);
+    Check(
+        "sum", [&] { return a + b; },
+        [&] {
+          return oracle::Vector{oracle::Add(a.x, b.x), oracle::Add(a.y, b.y),
+                                oracle::Add(a.z, b.z)};
+        });
+    Check(
+        "multiple", [&] { return a * s; },
+        [&] {
+          return oracle::Vector{oracle::Mul(a.x, s), oracle::Mul(a.y, s), oracle::Mul(a.z, s)};
+        });
+    Check(
+        "share of two", [&] { return CZEPHVector2D(a.x, a.y) / s; },
+        [&] {
+          return oracle::Divided({a.x, a.y}, s);
+        });
+    Check(
+        "normalized of two", [&] { return CZEPHVector2D(a.x, a.y).GetNormalized(); },
+        [&] {
+          return oracle::Normalized({a.x, a.y});
+        });
+    Check(
+        "linear of two",
+        [&] { return CZEPHVector2D(a.x, a.y).LinearInterpolate(CZEPHVector2D(b.x, b.y), s); },
+        [&] {
+          return oracle::Linear({a.x, a.y}, {b.x, b.y}, s);
+        });
+    Check(
+        "quadratic of four", [&] { return p.QuadraticInterpolate(p, p, s); },
+        [&] { return oracle::Quadratic(Array(p), Array(p), Array(p), s); });
+    Check(
+        "share of four", [&] { return p / s; }, [&] { return oracle::Divided(Array(p), s); });
+    Check(
+        "cross", [&] { return a.CrossProduct(b); }, [&] { return oracle::Cross(x, y); });
+    Check(
+        "share", [&] { return a / s; }, [&] { return oracle::Divided(x, s); });
+    Check(
+        "normalized", [&] { return a.GetNormalized(); }, [&] { return oracle::Normalized(x); });
+    Check(
+        "length",
+        [&] {
+          return oracle::Vector{a.GetLength(), a.DotProduct(b)};
+        },
+        [&] {
+          return oracle::Vector{oracle::Length(x), oracle::Dot(x, y)};
+        });
+    Check(
+        "linear", [&] { return a.LinearInterpolate(b, s); },
+        [&] { return oracle::Linear(x, y, s); });
+    Check(
+        "quadratic", [&] { return a.QuadraticInterpolate(b, c, s); },
+        [&] { return oracle::Quadratic(x, y, z, s); });
+    Check(
+        "packed", [&] { return a.GetPackedTo01(); }, [&] { return oracle::Packed(x); });
+    Check(
+        "projected", [&] { return CZEPHVector3D(p); }, [&] { return oracle::Projected(Array(p)); });
+    Check(
+        "about X", [&] { return a.GetRotatedX(angle); },
+        [&] { return oracle::RotatedX(x, angle); });
+    Check(
+        "about Y", [&] { return a.GetRotatedY(angle); },
+        [&] { return oracle::RotatedY(x, angle); });
+    Check(
+        "about Z", [&] { return a.GetRotatedZ(angle); },
+        [&] { return oracle::RotatedZ(x, angle); });
+    Check(
+        "about an axis", [&] { return a.GetRotatedAxis(angle, b); },
+        [&] { return oracle::RotatedAxis(x, angle, y); });
+  });
+}

@@ -24,6 +24,9 @@ struct Reduced {
 /// Angles from here on take the slow way.
 constexpr double kOrdinaryBelow = 0x1p15;
 
+/// Adding it rounds to a whole number, which then stands in the lower bits.
+constexpr double kToWhole = 0x1.8p52;
+
 /// For any magnitude, in whole numbers.
 Reduced ReduceLarge(double magnitude);
 
@@ -35,7 +38,6 @@ Reduced ReduceLarge(double magnitude);
 /// pi/2, leaves the first two differences without error; the fourth part is off by 2^-153, times
 /// the steps.
 inline Reduced Reduce(double magnitude) {
-  constexpr double kToWhole = 0x1.8p52;  // adding it rounds to a whole number
   const double shifted = magnitude * tables::kStepsPerRadian + kToWhole;
   const double steps = shifted - kToWhole;
   const double first = magnitude - steps * tables::kStep[0];
@@ -43,6 +45,22 @@ inline Reduced Reduce(double magnitude) {
   const Sum2 third = TwoSum(second.head, -(steps * tables::kStep[2]));
   const double tail = (second.tail + third.tail) - steps * tables::kStep[3];
   return {static_cast<std::uint32_t>(BitsOf(shifted)), FastTwoSum(third.head, tail)};
+}
+
+/// The same for sine and cosine, which most angles need no fourth part for.
+///
+/// With a first difference of 2^-13, above the second product, the two leave a remainder exactly, and
+/// what the parts behind them are off by, 2^-99, is out of reach.
+inline Reduced ReduceShortly(double magnitude) {
+  constexpr double kFurther = tables::kStep[2] + tables::kStep[3];
+  const double shifted = magnitude * tables::kStepsPerRadian + kToWhole;
+  const double steps = shifted - kToWhole;
+  const double first = magnitude - steps * tables::kStep[0];
+  const double product = steps * tables::kStep[1];
+  const double head = first - product;
+  if (!(head >= 0x1p-13 || head <= -0x1p-13)) return Reduce(magnitude);
+  const double tail = ((first - head) - product) - steps * kFurther;
+  return {static_cast<std::uint32_t>(BitsOf(shifted)), FastTwoSum(head, tail)};
 }
 
 }  // namespace zeph::portable_math

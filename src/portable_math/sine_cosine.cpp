@@ -7,8 +7,8 @@
 namespace zeph::portable_math {
 namespace {
 
-/// Above what TurnBy may be off by, so that one angle in 3000 goes the long way.
-constexpr double kError = 0x1p-66;
+/// What TurnBy may be off by, 2^-66.5. One angle in 4000 goes the long way.
+constexpr double kError = 0x1.6ap-67;
 
 /// Below it the sine is the angle and the cosine 1: the next terms are less than half a unit.
 constexpr double kTinyBelow = 0x1p-27;
@@ -17,13 +17,15 @@ constexpr double kTinyBelow = 0x1p-27;
 
 SineAndCosine SineCosine(double radians) {
   const std::uint64_t sign = BitsOf(radians) & kSignBit;
+  // By bits, since some processors count denormals as zero.
   const std::uint64_t bits = BitsOf(radians) ^ sign;
-  if (bits >= kInfinityBits) return {radians - radians, radians - radians};
-  // By bits, since some processes count denormals as zero.
   if (bits < BitsOf(kTinyBelow)) return {radians, 1.0};
+  if (bits >= kInfinityBits) return {radians - radians, radians - radians};
   if (!RoundsToNearest()) return SineCosineInWholeNumbers(radians);
 
-  const Turn turn = TurnBy(DoubleOf(bits));
+  const double magnitude = DoubleOf(bits);
+  const Turn turn =
+      TurnBy(magnitude < kOrdinaryBelow ? ReduceShortly(magnitude) : ReduceLarge(magnitude));
   double sine, cosine;
   const bool sineSafe = RoundsSafely(turn.sine, kError, sine);
   const bool cosineSafe = RoundsSafely(turn.cosine, kError, cosine);

@@ -58,7 +58,7 @@ float Tangent(float radians) {
   if (magnitude < kTinyBelow) return radians;
   if (!RoundsToNearest()) return TangentInWholeNumbers(radians);
 
-  const Turn turn = TurnBy(magnitude);
+  const Turn turn = TurnBy(magnitude < kOrdinaryBelow ? Reduce(magnitude) : ReduceLarge(magnitude));
   const double sine = turn.sine.head + turn.sine.tail;
   const double cosine = turn.cosine.head + turn.cosine.tail;
   const double tangent = turn.quarters % 2 == 0 ? sine / cosine : -cosine / sine;

@@ -59,7 +59,7 @@ class Comparison {
   /// `wide` is the runtime's function of x in more digits than a T, right within `error` of it.
   template <class T, class Wide>
   void Compare(const char* name, MpfrFunction function, T x, T got, Wide wide, Wide error) {
-    const T low = static_cast<T>(wide - wide * error), high = static_cast<T>(wide + wide * error);
+    const T low = static_cast<T>(wide * (1 - error)), high = static_cast<T>(wide * (1 + error));
     const bool sure = low == high && ++asked_ % 1024 != 0;
     const T want = sure ? low : static_cast<T>(Judged(function, x));
     Same(name, x, got, want);

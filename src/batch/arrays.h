@@ -8,10 +8,16 @@
 #include <cstdint>
 #include <functional>
 
+#include "graphics.h"
 #include "kernels/batch.h"
+#include "linalg/vector3.h"
 #include "platform.h"
 
 namespace zeph::batch {
+
+// What the wide kernels count on.
+static_assert(sizeof(void*) != 8 || (sizeof(CZEPHVector3D) == 24 && sizeof(CZEPHVector4D) == 24 &&
+                                     sizeof(CZEPHVector3) == 24));
 
 inline std::size_t Count(int n) {
   return static_cast<std::size_t>(n);

@@ -11,8 +11,8 @@
 namespace zeph::kernels {
 
 /// What vectors of three components offer in both precisions. Pointers are to the first component
-/// of the first object; objects lie `stride` bytes apart, and of each at least four floats or three
-/// doubles can be read, of which three are used. `out` is one of the operands or overlaps none.
+/// of the first object; objects lie `stride` bytes apart, 24 where there are wide forms, and of each
+/// at least four floats or three doubles can be read, of which three are used. `out` is one of the operands or overlaps none.
 template <class T>
 struct Vectors {
   /// The documented normalisation of the class.

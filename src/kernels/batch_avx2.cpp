@@ -95,6 +95,13 @@ struct Wide<float> {
     StoreTwo(p, stride, 2, Low(xy23, zw23));
     StoreTwo(p, stride, 3, High(xy23, zw23));
   }
+  /// Component by component.
+  ZEPH_LANES void Products(const float* a, const float* b, std::size_t stride, V& x, V& y, V& z) {
+    V bx, by, bz;
+    Load(a, stride, x, y, z);
+    Load(b, stride, bx, by, bz);
+    x = x * bx, y = y * by, z = z * bz;
+  }
   ZEPH_LANES void StoreRow(float* p, V x) { _mm256_storeu_ps(p, x); }
 
   ZEPH_LANES V Sqrt(V x) { return _mm256_sqrt_ps(x); }
@@ -144,6 +151,13 @@ struct Wide<double> {
     _mm_storeh_pd(To(p, stride, 1) + 2, z01);
     _mm_storel_pd(To(p, stride, 2) + 2, z23);
     _mm_storeh_pd(To(p, stride, 3) + 2, z23);
+  }
+  /// Component by component.
+  ZEPH_LANES void Products(const double* a, const double* b, std::size_t stride, V& x, V& y, V& z) {
+    V bx, by, bz;
+    Load(a, stride, x, y, z);
+    Load(b, stride, bx, by, bz);
+    x = x * bx, y = y * by, z = z * bz;
   }
   ZEPH_LANES void StoreRow(double* p, V x) { _mm256_storeu_pd(p, x); }
   ZEPH_LANES V Sqrt(V x) { return _mm256_sqrt_pd(x); }

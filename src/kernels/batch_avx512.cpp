@@ -1,18 +1,250 @@
 // SPDX-License-Identifier: MIT
 //
-// A whole matrix of floats, or two columns of doubles, in one register; the operations on vectors
-// stay in the AVX2 form.
+// Sixteen floats or eight doubles of a component side by side; a whole matrix of floats, or two
+// columns of doubles, in one register. Vectors of four stay in the AVX2 form.
+//
+// The objects are first packed, x y z x y z ..., into three registers (doubles lie so in memory),
+// and these turned over into one register a component. Only lanes with a component take part in
+// loads' arithmetic and in stores.
 #include "kernels/avx512.h"
 #include "kernels/batch.h"
 #include "kernels/forms.h"
 
 #if ZEPH_X64
+#include <cmath>
+#include <cstring>
+#include <type_traits>
+
+#include "platform/choose.h"
 #include "platform/exactness.h"
 
 namespace zeph::kernels {
 namespace {
 
 #define ZEPH_AVX512_INLINE ZEPH_AVX512 static inline __attribute__((always_inline))
+
+// --- vectors ---
+
+// The tables below are for objects 24 bytes apart: a pointer and three floats and what fills them up,
+// or three doubles.
+
+/// Element d of sixteen packed float objects is component d % 3 of object d / 3, and lies
+/// 6 * (d / 3) + d % 3 floats behind the first; so sixteen elements lie within 31 floats.
+constexpr int InMemory(int d) {
+  return 6 * (d / 3) + d % 3;
+}
+constexpr int kWindow = 31;
+
+struct alignas(64) Lanes16 {
+  int at[16];
+  ZEPH_AVX512_INLINE __m512i Load(const Lanes16& lanes) { return _mm512_load_si512(lanes.at); }
+};
+struct alignas(64) Lanes8 {
+  long long at[8];
+  ZEPH_AVX512_INLINE __m512i Load(const Lanes8& lanes) { return _mm512_load_si512(lanes.at); }
+};
+
+/// Packed register k from the 32 floats behind the window's begin.
+constexpr Lanes16 PackFloats(int k) {
+  Lanes16 lanes{};
+  for (int l = 0; l < 16; ++l) lanes.at[l] = InMemory(16 * k + l) - kWindow * k;
+  return lanes;
+}
+constexpr Lanes16 kPack[3] = {PackFloats(0), PackFloats(1), PackFloats(2)};
+
+/// Component c of `Objects` packed objects: what the first two registers hold of it, then the rest.
+template <class Lanes, int kObjects>
+constexpr Lanes SplitFirst(int c) {
+  Lanes lanes{};
+  for (int l = 0; l < kObjects; ++l) lanes.at[l] = (3 * l + c) % (2 * kObjects);
+  return lanes;
+}
+template <class Lanes, int kObjects>
+constexpr Lanes SplitRest(int c) {
+  Lanes lanes{};
+  for (int l = 0; l < kObjects; ++l)
+    lanes.at[l] = 3 * l + c < 2 * kObjects ? l : 3 * l + c - kObjects;
+  return lanes;
+}
+template <class Lanes, int kObjects>
+struct Split {
+  Lanes first[3] = {SplitFirst<Lanes, kObjects>(0), SplitFirst<Lanes, kObjects>(1),
+                    SplitFirst<Lanes, kObjects>(2)};
+  Lanes rest[3] = {SplitRest<Lanes, kObjects>(0), SplitRest<Lanes, kObjects>(1),
+                   SplitRest<Lanes, kObjects>(2)};
+};
+constexpr Split<Lanes16, 16> kSplitFloats;
+constexpr Split<Lanes8, 8> kSplitDoubles;
+
+/// Half h (0 to 5) of a window as it lies in memory: which lanes take x or y and which z, and of
+/// which object.
+struct Half {
+  Lanes16 xy{}, z{};
+  unsigned takesXy = 0, takesZ = 0;
+};
+constexpr int Begin(int h) {
+  return kWindow * (h / 2) + 16 * (h % 2);
+}
+constexpr Half HalfOfWindow(int h) {
+  Half half;
+  for (int d = 16 * (h / 2); d < 16 * (h / 2) + 16; ++d) {
+    const int lane = InMemory(d) - Begin(h);
+    if (lane < 0 || lane > 15) continue;
+    const unsigned bit = 1u << lane;
+    if (d % 3 == 2) {
+      half.z.at[lane] = d / 3;
+      half.takesZ |= bit;
+    } else {
+      half.xy.at[lane] = d / 3 + 16 * (d % 3);
+      half.takesXy |= bit;
+    }
+  }
+  return half;
+}
+constexpr Half kHalves[6] = {HalfOfWindow(0), HalfOfWindow(1), HalfOfWindow(2),
+                             HalfOfWindow(3), HalfOfWindow(4), HalfOfWindow(5)};
+
+/// Packed register k of eight double objects from registers x, y, z: x and y first, then z.
+struct Merge {
+  Lanes8 xy[3]{}, z[3]{};
+  unsigned takesZ[3] = {0, 0, 0};
+};
+constexpr Merge MergeDoubles() {
+  Merge merge;
+  for (int d = 0; d < 24; ++d) {
+    const int k = d / 8, lane = d % 8;
+    if (d % 3 == 2) {
+      merge.z[k].at[lane] = d / 3;
+      merge.takesZ[k] |= 1u << lane;
+    } else {
+      merge.xy[k].at[lane] = d / 3 + 8 * (d % 3);
+    }
+  }
+  return merge;
+}
+constexpr Merge kMergeDoubles = MergeDoubles();
+
+template <class T>
+struct Wide;
+
+template <>
+struct Wide<float> {
+  using Element = float;
+  using V = __m512;
+  static constexpr std::size_t kWidth = 16;
+  ZEPH_AVX512_INLINE V All(float x) { return _mm512_set1_ps(x); }
+
+  template <int k>
+  ZEPH_AVX512_INLINE V Packed(const float* p) {
+    return _mm512_permutex2var_ps(_mm512_loadu_ps(p + kWindow * k), Lanes16::Load(kPack[k]),
+                                  _mm512_loadu_ps(p + kWindow * k + 16));
+  }
+  template <int c>
+  ZEPH_AVX512_INLINE V Component(V p0, V p1, V p2) {
+    return _mm512_permutex2var_ps(
+        _mm512_permutex2var_ps(p0, Lanes16::Load(kSplitFloats.first[c]), p1),
+        Lanes16::Load(kSplitFloats.rest[c]), p2);
+  }
+  ZEPH_AVX512_INLINE void Load(const float* p, std::size_t, V& x, V& y, V& z) {
+    const V p0 = Packed<0>(p), p1 = Packed<1>(p), p2 = Packed<2>(p);
+    x = Component<0>(p0, p1, p2), y = Component<1>(p0, p1, p2), z = Component<2>(p0, p1, p2);
+  }
+  ZEPH_AVX512_INLINE void Products(const float* a, const float* b, std::size_t, V& x, V& y, V& z) {
+    const V p0 = _mm512_mul_ps(Packed<0>(a), Packed<0>(b));
+    const V p1 = _mm512_mul_ps(Packed<1>(a), Packed<1>(b));
+    const V p2 = _mm512_mul_ps(Packed<2>(a), Packed<2>(b));
+    x = Component<0>(p0, p1, p2), y = Component<1>(p0, p1, p2), z = Component<2>(p0, p1, p2);
+  }
+  template <int h>
+  ZEPH_AVX512_INLINE void StoreHalf(float* p, V x, V y, V z) {
+    constexpr auto kTakesZ = static_cast<__mmask16>(kHalves[h].takesZ);
+    constexpr auto kTakes = static_cast<__mmask16>(kHalves[h].takesZ | kHalves[h].takesXy);
+    const V xy = _mm512_permutex2var_ps(x, Lanes16::Load(kHalves[h].xy), y);
+    _mm512_mask_storeu_ps(p + Begin(h), kTakes,
+                          _mm512_mask_permutexvar_ps(xy, kTakesZ, Lanes16::Load(kHalves[h].z), z));
+  }
+  ZEPH_AVX512_INLINE void Store(float* p, std::size_t, V x, V y, V z) {
+    StoreHalf<0>(p, x, y, z);
+    StoreHalf<1>(p, x, y, z);
+    StoreHalf<2>(p, x, y, z);
+    StoreHalf<3>(p, x, y, z);
+    StoreHalf<4>(p, x, y, z);
+    StoreHalf<5>(p, x, y, z);
+  }
+  ZEPH_AVX512_INLINE void StoreRow(float* p, V x) { _mm512_storeu_ps(p, x); }
+  ZEPH_AVX512_INLINE V Sqrt(V x) { return _mm512_sqrt_ps(x); }
+  ZEPH_AVX512_INLINE __mmask16 IsOneOrZero(V x) {
+    return static_cast<__mmask16>(_mm512_cmp_ps_mask(x, _mm512_set1_ps(1), _CMP_EQ_OQ) |
+                                  _mm512_cmp_ps_mask(x, _mm512_setzero_ps(), _CMP_EQ_OQ));
+  }
+  ZEPH_AVX512_INLINE V Select(__mmask16 yes, V a, V b) { return _mm512_mask_blend_ps(yes, b, a); }
+  // Not as minimum and maximum, which do not keep the bits of denormals in every mode.
+  ZEPH_AVX512_INLINE V Least(V x, V m) {
+    return Select(_mm512_cmp_ps_mask(x, m, _CMP_LT_OS), x, m);
+  }
+  ZEPH_AVX512_INLINE V Greatest(V x, V m) {
+    return Select(_mm512_cmp_ps_mask(x, m, _CMP_GT_OS), x, m);
+  }
+};
+
+template <>
+struct Wide<double> {
+  using Element = double;
+  using V = __m512d;
+  static constexpr std::size_t kWidth = 8;
+  ZEPH_AVX512_INLINE V All(double x) { return _mm512_set1_pd(x); }
+
+  template <int c>
+  ZEPH_AVX512_INLINE V Component(V p0, V p1, V p2) {
+    return _mm512_permutex2var_pd(
+        _mm512_permutex2var_pd(p0, Lanes8::Load(kSplitDoubles.first[c]), p1),
+        Lanes8::Load(kSplitDoubles.rest[c]), p2);
+  }
+  ZEPH_AVX512_INLINE void Turn(V p0, V p1, V p2, V& x, V& y, V& z) {
+    x = Component<0>(p0, p1, p2), y = Component<1>(p0, p1, p2), z = Component<2>(p0, p1, p2);
+  }
+  ZEPH_AVX512_INLINE void Load(const double* p, std::size_t, V& x, V& y, V& z) {
+    Turn(_mm512_loadu_pd(p), _mm512_loadu_pd(p + 8), _mm512_loadu_pd(p + 16), x, y, z);
+  }
+  ZEPH_AVX512_INLINE V Product(const double* a, const double* b) {
+    return _mm512_mul_pd(_mm512_loadu_pd(a), _mm512_loadu_pd(b));
+  }
+  ZEPH_AVX512_INLINE void Products(const double* a, const double* b, std::size_t, V& x, V& y,
+                                   V& z) {
+    Turn(Product(a, b), Product(a + 8, b + 8), Product(a + 16, b + 16), x, y, z);
+  }
+  template <int k>
+  ZEPH_AVX512_INLINE void StorePacked(double* p, V x, V y, V z) {
+    constexpr auto kTakesZ = static_cast<__mmask8>(kMergeDoubles.takesZ[k]);
+    const V xy = _mm512_permutex2var_pd(x, Lanes8::Load(kMergeDoubles.xy[k]), y);
+    _mm512_storeu_pd(p + 8 * k,
+                     _mm512_mask_permutexvar_pd(xy, kTakesZ, Lanes8::Load(kMergeDoubles.z[k]), z));
+  }
+  ZEPH_AVX512_INLINE void Store(double* p, std::size_t, V x, V y, V z) {
+    StorePacked<0>(p, x, y, z);
+    StorePacked<1>(p, x, y, z);
+    StorePacked<2>(p, x, y, z);
+  }
+  ZEPH_AVX512_INLINE void StoreRow(double* p, V x) { _mm512_storeu_pd(p, x); }
+  ZEPH_AVX512_INLINE V Sqrt(V x) { return _mm512_sqrt_pd(x); }
+  ZEPH_AVX512_INLINE V Least(V x, V m) {
+    return _mm512_mask_blend_pd(_mm512_cmp_pd_mask(x, m, _CMP_LT_OS), m, x);
+  }
+  ZEPH_AVX512_INLINE V Greatest(V x, V m) {
+    return _mm512_mask_blend_pd(_mm512_cmp_pd_mask(x, m, _CMP_GT_OS), m, x);
+  }
+};
+
+#define ZEPH_FORM ZEPH_AVX512
+#define ZEPH_NO_VECTORS_OF_FOUR
+#include "kernels/batch.inc"
+
+void VectorsOfFour(float* out, const float* v, std::size_t stride, const float* e, bool copyLast,
+                   std::size_t n) {
+  avx2::kBatch.vectors(out, v, stride, e, copyLast, n);
+}
+
+// --- products ---
 
 template <int k>
 ZEPH_AVX512_INLINE __m512 Spread(__m512 columns) {
@@ -80,6 +312,7 @@ ZEPH_AVX512 void DoubleProducts(double* out, const double* m, std::size_t stride
 
 }  // namespace
 
+const Batch avx512::kBatch = {kVectors<float>, kVectors<double>, Directions, Points, VectorsOfFour};
 const BatchProducts avx512::kBatchProducts = {FloatProducts, DoubleProducts};
 
 }  // namespace zeph::kernels

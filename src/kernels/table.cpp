@@ -53,7 +53,7 @@ constexpr Table kAvx512 = {"avx512",
                            &avx512::kMagnitudes,
                            kAvx2.row_sums,
                            &avx512::kProducts,
-                           kAvx2.batch,
+                           &avx512::kBatch,
                            &avx512::kBatchProducts};
 bool HasAvx512() {
   return HasAvx2() && __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq") &&

@@ -128,6 +128,66 @@ const Family kFamilies[] = {
        static CZEPHMatrix a = Matrix(200);
        return [] { sink = ZEPH_SumVector(a)[199]; };
      }},
+    {"small-arrays",
+     []() -> std::function<void()> {
+       static CZEPHDoubleArray a = Array(4), b = Array(4);
+       static CZEPHVector u(4, a.data), v(4, b.data);
+       return [] {
+         for (int i = 0; i < 1'000; ++i) {
+           CZEPHDoubleArray sum = a + b;
+           sum += a;
+           sink = sum.MaxNorm() + sum.OneNorm() + ZEPH_ArrayDotProduct(sum, a);
+           CZEPHVector total = u + v;
+           total = u;
+           sink = total[3] + CZEPHDoubleArray(10, 1.0)[9];
+         }
+       };
+     }},
+    {"small-matrices",
+     []() -> std::function<void()> {
+       static CZEPHMatrix a = Matrix(4), b = Matrix(4), c = Matrix(4);
+       return [] {
+         for (int i = 0; i < 500; ++i) {
+           c = a * b;
+           c = a;
+         }
+         sink = c[3][3];
+       };
+     }},
+    {"small-classes",
+     []() -> std::function<void()> {
+       static CZEPHMatrix4 a(0.5), b(a);
+       static CZEPHMatrix4x4 e, f;
+       return [] {
+         CZEPHVector3 p(1, 2, 3), q(3, 1, 2);
+         CZEPHStack stack;
+         for (int i = 0; i < 1'000; ++i) {
+           CZEPHMatrix4 product = a * b, copy = product;
+           CZEPHVector3 sum = p + q * 0.5;
+           CZEPHVector4D moved = e * f * CZEPHVector4D(1, 2, 3, 1);
+           stack.Push(&copy);
+           stack.Pop();
+           sink = copy.m_data[5] + sum.m_x + moved.x;
+         }
+       };
+     }},
+    {"batches",
+     []() -> std::function<void()> {
+       static std::vector<CZEPHVector3D> v(1'000, CZEPHVector3D(1, 2, 3));
+       static std::vector<CZEPHVector3> d(1'000, CZEPHVector3(1, 2, 3));
+       static std::vector<CZEPHMatrix4x4> m(100);
+       static CZEPHMatrix4x4 by;
+       by.SetRotationAxis(30, CZEPHVector3D(1, 2, 3));
+       return [] {
+         CZEPHVector3D low, high;
+         ZEPH_BatchTransformPoints(by, v.data(), v.data(), 1'000);
+         ZEPH_BatchCross(v.data(), v.data(), v.data(), 1'000);
+         ZEPH_BatchNormalize(d.data(), d.data(), 1'000);
+         ZEPH_BatchMultiply(by, m.data(), m.data(), 100);
+         ZEPH_BatchBounds(v.data(), 1'000, low, high);
+         sink = low.x;
+       };
+     }},
     {"inverse",
      []() -> std::function<void()> {
        static CZEPHMatrix4x4 m;

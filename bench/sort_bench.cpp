@@ -35,6 +35,11 @@ std::vector<double> FewDistinct(std::size_t n, unsigned long long seed) {
   for (double& x : v) x = static_cast<int>(x);
   return v;
 }
+std::vector<double> Hundreds(std::size_t n, unsigned long long seed) {
+  auto v = RandomDoubles(n, seed, 1, 3);
+  for (double& x : v) x = static_cast<int>(x * 100) / 100.0;
+  return v;
+}
 std::vector<double> Sorted(std::size_t n, unsigned long long) {
   std::vector<double> v(n);
   for (std::size_t i = 0; i < n; ++i) v[i] = static_cast<double>(i);
@@ -141,6 +146,7 @@ void SelectDoubles(Row& row) {
     AddAgainstSorts("median-of-3 killer", {1'000'000}, Killer, {1, 0}),
     AddAgainstSorts("few distinct", {10'000, 100'000}, FewDistinct, {0, 0}),
     AddAgainstSorts("few distinct", {1'000'000}, FewDistinct, {15, 0}),
+    AddAgainstSorts("200 distinct", {10'000, 100'000, 1'000'000}, Hundreds, {0, 0}),
     AddAgainstWalk("BubbleSort", "random", Random, &CZEPHDoubleArray::BubbleSort,
                    textbook::BubbleSort, 2000),
     AddAgainstWalk("BubbleSort", "with a NaN", WithNaN, &CZEPHDoubleArray::BubbleSort,

@@ -3,6 +3,7 @@
 // Four doubles or ints at a time.
 #include "kernels/sort.h"
 
+#include "kernels/counting.h"
 #include "kernels/denormal_guard.h"
 #include "kernels/forms.h"
 #include "kernels/sort_limits.h"
@@ -12,7 +13,9 @@
 #include <immintrin.h>
 
 #include <cstdint>
+#include <cstring>
 #include <limits>
+#include <numeric>
 #include <utility>
 
 #define ZEPH_WIDE_CALL ZEPH_TARGET("avx2,popcnt")
@@ -163,6 +166,36 @@ ZEPH_WIDE unsigned FallingLanes(__m128i a, __m128i b) {
 }
 ZEPH_WIDE std::size_t CountLanes(unsigned mask) {
   return static_cast<std::size_t>(_mm_popcnt_u32(mask));
+}
+
+/// The bits of a value in each lane, and sums of lanes.
+ZEPH_WIDE __m256i LaneCounts(double x) {
+  return _mm256_castpd_si256(_mm256_set1_pd(x));
+}
+ZEPH_WIDE __m128i LaneCounts(int x) {
+  return _mm_set1_epi32(x);
+}
+ZEPH_WIDE __m256i LoadBits(const double* v) {
+  return _mm256_castpd_si256(Load(v));
+}
+ZEPH_WIDE __m128i LoadBits(const int* v) {
+  return Load(v);
+}
+ZEPH_WIDE void CountEqual(__m256i& counts, __m256i x, __m256i wanted) {
+  counts = _mm256_sub_epi64(counts, _mm256_cmpeq_epi64(x, wanted));
+}
+ZEPH_WIDE void CountEqual(__m128i& counts, __m128i x, __m128i wanted) {
+  counts = _mm_sub_epi32(counts, _mm_cmpeq_epi32(x, wanted));
+}
+ZEPH_WIDE std::size_t SumOfLanes(__m256i counts) {
+  std::uint64_t lanes[kLanes];
+  _mm256_storeu_si256(reinterpret_cast<__m256i*>(lanes), counts);
+  return static_cast<std::size_t>(std::accumulate(lanes, lanes + kLanes, std::uint64_t{0}));
+}
+ZEPH_WIDE std::size_t SumOfLanes(__m128i counts) {
+  std::uint32_t lanes[kLanes];
+  _mm_storeu_si128(reinterpret_cast<__m128i*>(lanes), counts);
+  return std::accumulate(lanes, lanes + kLanes, std::size_t{0});
 }
 
 /// For each mask the places of a shuffle that moves the lanes in it to the front, `kParts` places a

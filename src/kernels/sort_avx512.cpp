@@ -4,6 +4,7 @@
 // selected lanes directly is microcode on some processors.
 #include "kernels/sort.h"
 
+#include "kernels/counting.h"
 #include "kernels/denormal_guard.h"
 #include "kernels/forms.h"
 #include "kernels/sort_limits.h"
@@ -11,7 +12,9 @@
 #if ZEPH_X64
 
 #include <cstdint>
+#include <cstring>
 #include <limits>
+#include <numeric>
 #include <utility>
 
 #include "kernels/avx512.h"
@@ -217,6 +220,35 @@ ZEPH_WIDE unsigned FallingLanes(__m256i a, __m256i b) {
 }
 ZEPH_WIDE std::size_t CountLanes(unsigned mask) {
   return static_cast<std::size_t>(_mm_popcnt_u32(mask));
+}
+
+/// The bits of a value in each lane, and sums of lanes.
+ZEPH_WIDE __m512i LaneCounts(double x) {
+  return _mm512_castpd_si512(_mm512_set1_pd(x));
+}
+ZEPH_WIDE __m256i LaneCounts(int x) {
+  return _mm256_set1_epi32(x);
+}
+ZEPH_WIDE __m512i LoadBits(const double* v) {
+  return _mm512_loadu_si512(v);
+}
+ZEPH_WIDE __m256i LoadBits(const int* v) {
+  return Load(v);
+}
+ZEPH_WIDE void CountEqual(__m512i& counts, __m512i x, __m512i wanted) {
+  const __mmask8 equal = _mm512_cmpeq_epi64_mask(x, wanted);
+  counts = _mm512_mask_add_epi64(counts, equal, counts, _mm512_set1_epi64(1));
+}
+ZEPH_WIDE void CountEqual(__m256i& counts, __m256i x, __m256i wanted) {
+  counts = _mm256_sub_epi32(counts, _mm256_cmpeq_epi32(x, wanted));
+}
+ZEPH_WIDE std::size_t SumOfLanes(__m512i counts) {
+  return static_cast<std::size_t>(_mm512_reduce_add_epi64(counts));
+}
+ZEPH_WIDE std::size_t SumOfLanes(__m256i counts) {
+  std::uint32_t lanes[kLanes];
+  _mm256_storeu_si256(reinterpret_cast<__m256i*>(lanes), counts);
+  return std::accumulate(lanes, lanes + kLanes, std::size_t{0});
 }
 
 /// For each mask the lanes in it, ascending, then the others: a byte per lane.

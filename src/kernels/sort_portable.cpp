@@ -3,6 +3,7 @@
 // Quicksort whose partition has no branch on the data, with equal keys split off and runs found.
 #include <cstring>
 
+#include "kernels/counting.h"
 #include "kernels/forms.h"
 #include "kernels/sort.h"
 #include "kernels/sort_limits.h"
@@ -91,12 +92,23 @@ std::size_t Partition(T* v, std::size_t n, Belongs belongs) {
   return static_cast<std::size_t>(left - v) + belongs(first);
 }
 
+template <class T>
+void Sort(T* v, std::size_t n);
+
+/// What sorting by counting asks for.
+template <class T>
+struct Form {
+  static void Sort(T* values, std::size_t n) { portable::Sort(values, n); }
+  static bool SortVeryFew(T*, std::size_t, T*, std::size_t) { return false; }
+};
+
 /// `floor`, where given, is not above any element: a pivot equal to it is the least value.
 template <class T>
-void QuickSort(T* v, std::size_t n, const T* floor, int depth) {
+void QuickSort(T* v, std::size_t n, const T* floor, int depth, counting::Chance chance) {
   T held;
   while (n > kSmall) {
     if (depth-- == 0) return sorting::HeapSort(v, n);
+    if (chance.Take(v, n, Form<T>())) return;
     const T pivot = Pivot(v, n);
     if (floor && !(*floor < pivot)) {
       const std::size_t equal = Partition(v, n, [pivot](T x) { return !(pivot < x); });
@@ -106,13 +118,13 @@ void QuickSort(T* v, std::size_t n, const T* floor, int depth) {
     }
     const std::size_t less = Partition(v, n, [pivot](T x) { return x < pivot; });
     if (less < n - less) {
-      QuickSort(v, less, floor, depth);
+      QuickSort(v, less, floor, depth, chance);
       v += less;
       n -= less;
       held = pivot;
       floor = &held;
     } else {
-      QuickSort(v + less, n - less, &pivot, depth);
+      QuickSort(v + less, n - less, &pivot, depth, chance);
       n = less;
     }
   }
@@ -122,7 +134,7 @@ void QuickSort(T* v, std::size_t n, const T* floor, int depth) {
 template <class T>
 void Sort(T* v, std::size_t n) {
   if (n < 2 || SortRun(v, n)) return;
-  QuickSort<T>(v, n, nullptr, sorting::DepthLimit(n));
+  QuickSort<T>(v, n, nullptr, sorting::DepthLimit(n), counting::Chance());
 }
 
 template <class T>

@@ -57,7 +57,6 @@ struct ArrayStorage {
     data[index] = element;
   }
 
-  /// Gives the element's index.
   void InsertAt(const char* operation, Count index, T element, Count count) {
     if (index < 0) Refuse(operation, "an index below 0");
     if (count < 1) Refuse(operation, "a count below 1");

@@ -126,6 +126,30 @@ TEST_P(SortKernel, SortsAnyNumberOfDistinctValues) {
     }
 }
 
+TEST_P(SortKernel, CountsFewValuesAndSortsWhereThereTurnOutToBeMore) {
+  Random random(11);
+  for (std::size_t n : {8000u, 8001u, 20'003u, 70'000u})
+    for (int distinct : {2, 4, 5, 8, 9, 60, 255, 256, 257, 300, 900}) {
+      std::vector<double> v(n);
+      std::vector<int> whole(n);
+      for (std::size_t i = 0; i < n; ++i) {
+        whole[i] = random.Int(0, distinct - 1) - distinct / 2;
+        v[i] = whole[i] * 0.01;
+      }
+      ASSERT_NO_FATAL_FAILURE(Check(v, 1, "few"));
+      ASSERT_NO_FATAL_FAILURE(Check(whole, 1, "few"));
+      for (std::size_t i = n - n / 10; i < n; ++i) v[i] = random.Real();  // the tail has many
+      ASSERT_NO_FATAL_FAILURE(Check(v, 1, "few, then many"));
+      v[n / 2 + 1] = kInf, v[n / 3] = -kInf, v[n - 1] = std::numeric_limits<double>::denorm_min();
+      whole[n / 2 + 1] = std::numeric_limits<int>::min(), whole[n - 2] = 12'345'678;
+      ASSERT_NO_FATAL_FAILURE(Check(v, 1, "and some that no sample has"));
+      ASSERT_NO_FATAL_FAILURE(Check(whole, 1, "and some that no sample has"));
+    }
+  std::vector<double> zeros(20'000, -0.0);
+  for (std::size_t i = 0; i < zeros.size(); i += 3) zeros[i] = i % 2 ? 1.0 : -1.0;
+  ASSERT_NO_FATAL_FAILURE(Check(zeros, 1, "negative zeros"));
+}
+
 TEST_P(SortKernel, RunsInAlmostSortedOrderAreKeptRight) {
   for (std::size_t n : {64u, 1000u, 5000u})
     for (std::size_t at = 0; at < n; at += n / 13 + 1)

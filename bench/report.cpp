@@ -7,6 +7,7 @@
 #include <ctime>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <utility>
 
@@ -121,6 +122,19 @@ const char kIntroduction[] =
     "in turns with its peers in one process; the best of many rounds counts. The ratio is the\n"
     "peer's time over ours: above 1 we are faster, and rows in italics we lose.\n\n";
 
+const char kByHand[] = "<!-- by hand: kept when the page is written anew -->\n";
+const char kByHandEnd[] = "<!-- end of what is by hand -->\n";
+
+/// What people wrote into the page between the two marks, marks included.
+std::string WrittenByHand(const std::string& file) {
+  std::ifstream page(file);
+  const std::string text{std::istreambuf_iterator<char>(page), {}};
+  const std::size_t begin = text.find(kByHand), end = text.find(kByHandEnd);
+  if (begin == std::string::npos || end == std::string::npos || end < begin)
+    return std::string(kByHand) + kByHandEnd;
+  return text.substr(begin, end - begin) + kByHandEnd;
+}
+
 }  // namespace
 
 std::string Duration(double seconds) {
@@ -164,9 +178,11 @@ bool PrintTable(std::ostream& out, const std::vector<Row>& rows) {
 bool WritePage(const std::string& folder, const std::vector<Row>& rows) {
   std::error_code error;
   std::filesystem::create_directories(folder + "/plots", error);
+  const std::string byHand = WrittenByHand(folder + "/performance.md");
   std::ofstream page(folder + "/performance.md");
   page << kIntroduction << "Measured on " << Today() << ": " << Processor() << ", " << Compiler()
-       << ", kernels " << kernels::Active().name << ".\n";
+       << ", kernels " << kernels::Active().name << ".\n\n"
+       << byHand;
   for (const auto& [family, groups] : Families(rows)) {
     page << "\n## " << family << "\n\n| case | n | ours | peer | peer's | peer / ours | target |\n"
          << "|---|---|---|---|---|---|---|\n";

@@ -15,9 +15,11 @@ namespace zeph::kernels {
 
 namespace merge {
 
-/// The first of the elements of an ascending block that are at least 0, or above it.
+/// The first element of an ascending block that is not `below`. Most blocks have none below, or one.
 template <class T, class Below>
 const T* FirstNot(const T* first, const T* end, Below below) {
+  for (int i = 0; i < 2; ++i, ++first)
+    if (first == end || !below(*first)) return first;
   for (std::ptrdiff_t n = end - first; n > 0;) {
     const std::ptrdiff_t half = n / 2;
     const bool passed = below(first[half]);

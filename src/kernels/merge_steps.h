@@ -77,6 +77,16 @@ inline bool QuietNotAbove(int x, int y) {
   return x <= y;
 }
 
+/// The same steps as long as they take from a block with fewer than `few` elements left.
+template <class T>
+void TakeFew(Pair<T>& p, std::ptrdiff_t few) {
+  if (p.Shorter() == 0) return;
+  if (p.aEnd - p.a < few)
+    while (p.a != p.aEnd && QuietLess(*p.a, *p.b)) *p.out++ = *p.a++;
+  if (p.a != p.aEnd && p.bEnd - p.b < few)
+    while (p.b != p.bEnd && !QuietLess(*p.a, *p.b)) *p.out++ = *p.b++;
+}
+
 /// The same steps as long as they take eight elements of one block running. Nothing has to ascend;
 /// the blocks lie apart from where they go.
 template <class T>
@@ -93,7 +103,7 @@ void TakeWhatIsInFront(Pair<T>& p) {
     else if (p.bEnd - p.b >= kEight && all(p.b, [a](T x) { return !QuietLess(a, x); }))
       TakeEight(p.b, p.out);
     else
-      return;
+      return TakeFew(p, kEight);
   }
 }
 

@@ -6,7 +6,10 @@
 #include <cstdlib>
 
 #include "algorithms.h"
+#include "platform/choose.h"
 #include "platform/exactness.h"
+
+using zeph::platform::Choose;
 
 namespace {
 constexpr double kDegreesPerRadian = 57.29577951308;
@@ -18,14 +21,13 @@ double ZEPH_MathAbs(const double& x) {
 }
 
 void ZEPH_MathClamp(double& v, const double& lo, const double& hi) {
-  if (lo > v) v = lo;
-  if (v > hi) v = hi;
+  v = Choose(lo > v, lo, v);
+  v = Choose(v > hi, hi, v);
 }
 
 double ZEPH_MathClamped(const double& v, const double& lo, const double& hi) {
   if (lo > v) return lo;
-  if (v > hi) return hi;
-  return v;
+  return Choose(v > hi, hi, v);
 }
 
 void ZEPH_MathConvertToDeg(double& v) {

@@ -80,19 +80,21 @@ int OutlivedByAThread(const char* plugin, const char* library) {
   return 0;
 }
 
-/// The rounding direction, the control registers without their flags, and the locale.
+/// The rounding direction, the control registers, and the locale. Of the flags those that tell of a
+/// mistake: operations are inexact, and denormal or underflowing where their operands are.
 std::string Environment() {
   unsigned sse = 0, x87 = 0;
 #if defined(__SSE2__)
-  sse = _mm_getcsr() & ~0x3fu;
+  sse = _mm_getcsr() & ~0x32u;
 #endif
 #if defined(__i386__) || defined(__x86_64__)
   unsigned short control = 0;
   __asm__ volatile("fnstcw %0" : "=m"(control));
   x87 = control;
 #endif
-  return std::to_string(std::fegetround()) + " " + std::to_string(sse) + " " + std::to_string(x87) +
-         " " + std::setlocale(LC_ALL, nullptr);
+  return std::to_string(std::fegetround()) + " " +
+         std::to_string(std::fetestexcept(FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW)) + " " +
+         std::to_string(sse) + " " + std::to_string(x87) + " " + std::setlocale(LC_ALL, nullptr);
 }
 
 int KeepsTheEnvironment(const char* plugin, int rounding) {

@@ -2,6 +2,7 @@
 #ifndef ZEPH_TESTS_ORACLE_DECIMAL_H
 #define ZEPH_TESTS_ORACLE_DECIMAL_H
 
+#include <cfenv>
 #include <climits>
 #include <cmath>
 #include <cstdio>
@@ -12,11 +13,11 @@
 namespace oracle {
 
 inline int ToInt(double x) {
-  if (std::isnan(x)) return INT_MIN;
   const double whole = std::trunc(x);
-  if (whole > 2147483647.0) return INT_MIN;
-  if (whole < -2147483648.0) return INT_MIN;
-  return static_cast<int>(whole);
+  if (std::isgreaterequal(whole, -2147483648.0) && std::islessequal(whole, 2147483647.0))
+    return static_cast<int>(whole);
+  std::feraiseexcept(FE_INVALID);  // as the conversion does
+  return INT_MIN;
 }
 
 inline double Power(int n) {

@@ -1,0 +1,103 @@
+// The mathematical functions and the selection sort in every floating-point mode of the host.
+#include "algorithms.h"
+
+#include "modes/inputs.h"
+#include "oracle/decimal.h"
+#include "oracle/selection_sort.h"
+#include "support/modes.h"
+
+using namespace zeph::test;
+
+namespace {
+
+using Doubles = std::vector<double>;
+
+/// Calls `check(values)` for arrays of every kind.
+template <class Check>
+void ForEachInput(const std::vector<std::size_t>& lengths, Check check) {
+  for (const std::size_t n : lengths)
+    for (const auto& input : ModeInputs(n, 400 + n)) {
+      SCOPED_TRACE(input.name + ", " + std::to_string(n) + " elements");
+      check(input.values);
+      if (testing::Test::HasFailure()) return;
+    }
+}
+
+/// Each value by itself.
+template <class Operation, class Steps>
+void CheckEach(Results kind, Operation operation, Steps steps) {
+  ForEachInput({60}, [&](const Doubles& values) {
+    for (const double x : values)
+      EXPECT_TRUE(SameInEveryMode(
+          kind, [&] { return Doubles{operation(x)}; }, [&] { return Doubles{steps(x)}; }));
+  });
+}
+
+}  // namespace
+
+TEST(AlgorithmsModes, Magnitude) {
+  CheckEach(
+      Results::kMoved, [](double x) { return ZEPH_MathAbs(x); },
+      [](double x) { return x > 0 ? x : -x; });
+}
+
+TEST(AlgorithmsModes, ClampingKeepsItsValues) {
+  for (const double lo : {-1.0, 0.0, Denormal<double>(-3)})
+    for (const double hi : {1.0, 0.0, Denormal<double>(5)}) {
+      const auto steps = [lo, hi](double x) {
+        volatile double v = x;  // never a maximum instruction
+        if (lo > v) return lo;
+        if (v > hi) return hi;
+        return x;
+      };
+      CheckEach(
+          Results::kMoved, [lo, hi](double x) { return ZEPH_MathClamped(x, lo, hi); }, steps);
+      CheckEach(
+          Results::kMoved,
+          [lo, hi](double x) {
+            ZEPH_MathClamp(x, lo, hi);
+            return x;
+          },
+          [lo, hi](double x) {
+            volatile double v = x;
+            if (lo > v) v = lo;
+            if (v > hi) v = hi;
+            return v;
+          });
+    }
+}
+
+TEST(AlgorithmsModes, Angles) {
+  CheckEach(
+      Results::kComputed, [](double x) { return ZEPH_MathDegToRad(x); },
+      [](double x) { return x * 0.01745329251994; });
+  CheckEach(
+      Results::kComputed, [](double x) { return ZEPH_MathRadToDeg(x); },
+      [](double x) { return x * 57.29577951308; });
+}
+
+TEST(AlgorithmsModes, Rounding) {
+  for (const int places : {-3, 0, 2, 9})
+    CheckEach(
+        Results::kComputed, [places](double x) { return ZEPH_MathRoundOff(x, places); },
+        [places](double x) { return oracle::RoundOff(x, places); });
+  CheckEach(
+      Results::kComputed, [](double x) { return double(ZEPH_RoundOffToInt(x)); },
+      [](double x) { return double(oracle::RoundOffToInt(x)); });
+}
+
+TEST(AlgorithmsModes, SelectionSort) {
+  ForEachInput({1, 2, 9, 40, 300}, [](const Doubles& values) {
+    EXPECT_TRUE(MovesInEveryMode(
+        [&] {
+          Doubles v = values;
+          CZEPHSelectionSort::Run(v.data(), static_cast<int>(v.size()));
+          return v;
+        },
+        [&] {
+          Doubles v = values;
+          oracle::SelectionSort(v);
+          return v;
+        }));
+  });
+}

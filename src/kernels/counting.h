@@ -11,6 +11,8 @@
 #include <cstring>
 #include <type_traits>
 
+#include "kernels/target.h"
+
 namespace zeph::kernels::counting {
 
 constexpr std::size_t kFewest = 8000;  // elements; below, a sample of them costs too much
@@ -90,7 +92,7 @@ class Counts {
 
 /// The values of a sample from all over `v` (n >= kSample), in no order, and how many they are.
 template <class T>
-std::size_t Sample(const T* v, std::size_t n, T* values) {
+ZEPH_NOINLINE std::size_t Sample(const T* v, std::size_t n, T* values) {
   Counts<T> counts;
   const std::size_t step = n / kSample;
   for (std::size_t i = 0; i < kSample; ++i) counts.Add(v + i * step + i * 37 % step, 1);
@@ -100,7 +102,7 @@ std::size_t Sample(const T* v, std::size_t n, T* values) {
 /// Sorts `v` where it has few values, which `form` puts in order; false, and `v` as it was, where it
 /// has not.
 template <class T, class Form>
-bool SortFew(T* v, std::size_t n, const Form& form) {
+ZEPH_NOINLINE bool SortFew(T* v, std::size_t n, const Form& form) {
   Counts<T> counts;
   if (n > UINT32_MAX || !counts.Add(v, n)) return false;
   T values[kMost];
@@ -111,6 +113,8 @@ bool SortFew(T* v, std::size_t n, const Form& form) {
   return true;
 }
 
+// What keeps counts stays out of line: the sort that calls it calls itself, and its frame is small.
+
 /// Decides where to look for few values: at a piece as long as its parents have shown some twice,
 /// and no more where counting has failed.
 class Chance {
@@ -118,7 +122,7 @@ class Chance {
   /// True when `v` was sorted by counting. The form sorts short arrays, and may have a way of its
   /// own for values so few that a sample has them all.
   template <class T, class Form>
-  bool Take(T* v, std::size_t n, const Form& form) {
+  ZEPH_NOINLINE bool Take(T* v, std::size_t n, const Form& form) {
     if (n < kFewest || left_ == 0) return false;
     T values[kSample];
     const std::size_t distinct = Sample(v, n, values);

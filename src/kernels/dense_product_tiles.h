@@ -15,12 +15,7 @@
 #include "kernels/dense_product.h"
 #include "kernels/memory.h"
 #include "kernels/row_sums.h"
-
-#if defined(__GNUC__) || defined(__clang__)
-#define ZEPH_NOINLINE __attribute__((noinline))
-#else
-#define ZEPH_NOINLINE
-#endif
+#include "kernels/target.h"
 
 namespace zeph::kernels::product {
 

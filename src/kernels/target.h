@@ -15,4 +15,10 @@
 #define ZEPH_X64 0
 #endif
 
+#if defined(__GNUC__) || defined(__clang__)
+#define ZEPH_NOINLINE __attribute__((noinline))
+#else
+#define ZEPH_NOINLINE
+#endif
+
 #endif  // ZEPH_SRC_KERNELS_TARGET_H

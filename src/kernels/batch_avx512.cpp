@@ -6,7 +6,6 @@
 // The objects are first packed, x y z x y z ..., into three registers (doubles lie so in memory),
 // and these turned over into one register a component. Only lanes with a component take part in
 // loads' arithmetic and in stores.
-#include "kernels/avx512.h"
 #include "kernels/batch.h"
 #include "kernels/forms.h"
 
@@ -15,6 +14,7 @@
 #include <cstring>
 #include <type_traits>
 
+#include "kernels/avx512.h"
 #include "platform/choose.h"
 #include "platform/exactness.h"
 

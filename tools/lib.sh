@@ -7,7 +7,6 @@ if command -v ccache >/dev/null; then
   # Precompiled headers are kept only with these.
   export CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
 fi
-mkdir -p build/results
 
 say() { printf '%s\n' "$*" >&2; }
 fail() {
@@ -50,6 +49,7 @@ need() {
 show() {
   local log=build/results/$1.log
   shift
+  mkdir -p build/results
   if [ -t 2 ]; then
     "$@" >&2
   elif ! "$@" >"$log" 2>&1; then
@@ -88,7 +88,9 @@ workflow() {
 
 # Another compiler in CXX is another configuration: CMake would keep the first.
 notice_compiler() {
-  [ "$(cat build/compiler 2>/dev/null)" = "${CXX:-c++}" ] || rm -f build/release/CMakeCache.txt build/bench/CMakeCache.txt
+  mkdir -p build/results
+  [ "$(cat build/compiler 2>/dev/null)" = "${CXX:-c++}" ] ||
+    rm -rf build/{release,bench}/CMakeCache.txt build/{release,bench}/CMakeFiles
   echo "${CXX:-c++}" >build/compiler
 }
 

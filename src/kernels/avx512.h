@@ -13,8 +13,10 @@
 #pragma GCC diagnostic ignored "-Wuninitialized"
 #endif
 
+#if ZEPH_X64
 #include <immintrin.h>
 
 #define ZEPH_AVX512 ZEPH_TARGET("avx512f,avx512dq,avx512bw,avx512vl,popcnt")
+#endif
 
 #endif  // ZEPH_SRC_KERNELS_AVX512_H

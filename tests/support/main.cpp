@@ -12,7 +12,7 @@
 /// ZEPH_TEST_KERNELS=portable|avx2|avx512 runs the whole program on that form.
 static bool ChooseKernels() {
   const char* wanted = std::getenv("ZEPH_TEST_KERNELS");
-  if (!wanted) return true;
+  if (!wanted || !*wanted) return true;
   if (zeph::kernels::Force(wanted)) return true;
   std::fprintf(stderr, "this machine cannot run the kernels \"%s\"\n", wanted);
   return false;

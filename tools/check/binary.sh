@@ -7,7 +7,7 @@ for place in here there/deeper; do
   rm -rf "build/binary/$place"
   mkdir -p "build/binary/$place/tree"
   tar -c --exclude=./build --exclude=./.git . | tar -x -C "build/binary/$place/tree"
-  (cd "build/binary/$place/tree" && mkdir -p build/results && export CCACHE_DISABLE=1 &&
+  (cd "build/binary/$place/tree" && export CCACHE_DISABLE=1 &&
     build gcc-O2 ZEPHDataStructureEngine)
 done
 library=tree/build/gcc-O2/src/libZEPHDataStructureEngine.so

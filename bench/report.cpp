@@ -35,7 +35,7 @@ struct Line {
   bool Missed() const { return peer->target > 0 && Ratio() < peer->target; }
   std::string Remark() const {
     if (Missed()) return "below target";
-    return Ratio() < 1 ? "lost" : "";
+    return peer->compared && Ratio() < 1 ? "lost" : "";
   }
 };
 

@@ -3,11 +3,9 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 
-#include "kernels/bits.h"
+#include "double_array/zeros.h"
 #include "kernels/memory.h"
-#include "kernels/partition.h"
 #include "kernels/sort.h"
 
 namespace zeph::double_array {
@@ -15,7 +13,6 @@ namespace {
 
 using Count = std::uint32_t;  // sizes are ints
 
-constexpr std::size_t kBlock = 64;
 constexpr std::size_t kDense = 16;  // one zero in so many elements is too many for a list
 
 /// How many negatives every chain has, pass after pass. After a pass they come first in their chains,
@@ -72,27 +69,6 @@ class Negatives {
   Count* below_;
   Count* next_;
 };
-
-/// Makes all zeros 0.0, so that the order is unique, and counts the negatives. Calls
-/// visit(place, sign) for every zero that was found.
-template <class Visit>
-std::size_t TakeZeros(double* v, std::size_t n, Visit visit) {
-  std::size_t negatives = 0;
-  for (std::size_t i = 0; i < n; i += kBlock) {
-    const std::size_t length = std::min(kBlock, n - i);
-    const std::uint64_t not_less = kernels::NotLess(v + i, length, 0.0);
-    negatives += length - kernels::CountBits(not_less);
-    std::uint64_t zeros = not_less & kernels::NotGreater(v + i, length, 0.0);
-    for (; zeros; zeros &= zeros - 1) {
-      const std::size_t at = i + static_cast<std::size_t>(kernels::LowestBit(zeros));
-      std::uint64_t bits;
-      std::memcpy(&bits, v + at, sizeof bits);
-      v[at] = 0.0;
-      visit(at, bits >> 63);
-    }
-  }
-  return negatives;
-}
 
 /// Few zeros: a list of them, each as twice its place plus its sign, in order of the places.
 void SortByList(double* v, std::size_t n, std::size_t zeros, int* list, Count* counts) {

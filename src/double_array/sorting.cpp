@@ -4,23 +4,53 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "double_array/zeros.h"
+#include "kernels/partition.h"
 #include "kernels/sort.h"
 
 namespace zeph::double_array {
 namespace {
 
-/// Sorts a run with zeros of both signs and no NaN. Only zeros are equal without being the same, so
-/// they are taken aside in their order and put back behind the sorted negatives.
+constexpr std::size_t kSigns = 4096;  // what half a KiB of the stack can tell
+
+/// Sorts a run without NaN, all of whose zeros are 0.0 or -0.0, at most kSigns of them: their signs
+/// are taken off, which makes the order unique, and put on again.
+void SortWithoutSigns(double* v, std::size_t n, std::size_t zeros, Equals equals) {
+  std::uint64_t signs[kSigns / 64] = {};
+  std::size_t k = 0;
+  const std::size_t negatives = TakeZeros(v, n, [&](std::size_t, std::uint64_t sign) {
+    const std::size_t at = equals == Equals::kKept ? k : zeros - 1 - k;
+    signs[at / 64] |= sign << at % 64;
+    ++k;
+  });
+  kernels::SortAscending(v, n);
+  for (k = 0; k < zeros; ++k)
+    if (signs[k / 64] >> k % 64 & 1) v[negatives + k] = -0.0;
+}
+
+/// Sorts any run without NaN. Only what equals 0.0 is equal without being the same, so that is taken
+/// aside in its order and put back behind the sorted negatives.
 void SortAroundZeros(double* v, std::size_t n, Equals equals) {
   double* const end = v + n;
   double* zeros = end;
   for (double* p = end; p != v;) {
-    --p;
-    if (*p == 0) std::swap(*p, *--zeros);  // all between p and the zeros found is non-zero
+    --p;  // all between p and the zeros found is non-zero
+    const double x = *p, other = zeros[-1];
+    const bool zero = x == 0;
+    *p = zero ? other : x;
+    zeros[-1] = zero ? x : other;
+    zeros -= zero;
   }
   if (equals == Equals::kReversed) std::reverse(zeros, end);
   kernels::SortAscending(v, static_cast<std::size_t>(zeros - v));
   std::rotate(std::lower_bound(v, zeros, 0.0), zeros, end);
+}
+
+void SortRun(double* v, std::size_t n, Equals equals) {
+  if (SortIfOrderIsUnique(v, n)) return;
+  const kernels::Census census = kernels::TakeCensus(v, n);
+  const bool plain = census.zeros == census.plus + census.minus && census.zeros <= kSigns;
+  plain ? SortWithoutSigns(v, n, census.zeros, equals) : SortAroundZeros(v, n, equals);
 }
 
 }  // namespace
@@ -36,7 +66,7 @@ void SortRuns(double* v, std::size_t n, Equals equals) {
   for (double* run = v; run < end; ++run) {
     double* const nan = std::find_if(run, end, [](double x) { return x != x; });
     const auto length = static_cast<std::size_t>(nan - run);
-    if (!SortIfOrderIsUnique(run, length)) SortAroundZeros(run, length, equals);
+    SortRun(run, length, equals);
     run = nan;
   }
 }

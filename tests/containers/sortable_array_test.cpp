@@ -18,7 +18,7 @@ void Fill(CZEPHSortableObArray& array, const Objects& objects) {
   for (CObject* object : objects) array.Add(object);
 }
 
-Objects Content(CZEPHSortableObArray& array) {
+Objects ObjectsOf(CZEPHSortableObArray& array) {
   return {array.GetData(), array.GetData() + array.GetSize()};
 }
 
@@ -57,7 +57,7 @@ TEST(SortableArray, LeavesNoneAndOneElementWithoutAComparison) {
   const Items items = Items::OfKeys({5});
   Fill(array, items.Pointers());
   EXPECT_TRUE(Traced([&] { array.Sort(ByKey); }).empty());
-  EXPECT_EQ(Content(array), items.Pointers());
+  EXPECT_EQ(ObjectsOf(array), items.Pointers());
 }
 
 TEST(SortableArray, SortsFiveElementsByTheGapsFourAndOne) {
@@ -65,7 +65,7 @@ TEST(SortableArray, SortsFiveElementsByTheGapsFourAndOne) {
   CZEPHSortableObArray array;
   Fill(array, items.Pointers());
   const auto trace = Traced([&] { array.Sort(ByKey); });
-  EXPECT_EQ(Keys(Content(array)), (std::vector<int>{1, 2, 3, 4, 5}));
+  EXPECT_EQ(Keys(ObjectsOf(array)), (std::vector<int>{1, 2, 3, 4, 5}));
   ASSERT_GE(trace.size(), 2u);
   EXPECT_EQ(trace[0], Comparison(4, 0));  // gap 4: the last with the first
   EXPECT_EQ(trace[1], Comparison(1, 4));  // gap 1, behind the exchange
@@ -83,7 +83,7 @@ TEST(SortableArray, TakesTheDocumentedStepsForEveryCompareFunction) {
         const auto wanted =
             Traced([&] { oracle::ShellSortObjects(want, 0, static_cast<int>(n), temper.compare); });
         const auto trace = Traced([&] { array.Sort(temper.compare); });
-        ASSERT_EQ(Ids(Content(array)), Ids(want)) << temper.name << " n=" << n;
+        ASSERT_EQ(Ids(ObjectsOf(array)), Ids(want)) << temper.name << " n=" << n;
         ASSERT_EQ(trace, wanted) << temper.name << " n=" << n;
       }
 }
@@ -99,8 +99,8 @@ TEST(SortableArray, SortsEveryOrderOfUpToSevenElements) {
       Objects want = order;
       oracle::ShellSortObjects(want, 0, static_cast<int>(n), ByKey);
       array.Sort(ByKey);
-      ASSERT_EQ(Content(array), want);
-      const auto keys = Keys(Content(array));
+      ASSERT_EQ(ObjectsOf(array), want);
+      const auto keys = Keys(ObjectsOf(array));
       ASSERT_TRUE(std::is_sorted(keys.begin(), keys.end()));
     } while (std::next_permutation(order.begin(), order.end()));
   }
@@ -111,7 +111,7 @@ TEST(SortableArray, IsNotStableAcrossGaps) {
   CZEPHSortableObArray array;
   Fill(array, items.Pointers());
   array.Sort(ByKey);
-  EXPECT_EQ(Ids(Content(array)), (std::vector<int>{4, 1, 2, 3, 0}));  // 0 went behind its equals
+  EXPECT_EQ(Ids(ObjectsOf(array)), (std::vector<int>{4, 1, 2, 3, 0}));  // 0 went behind its equals
 }
 
 TEST(SortableArray, SortsARangeAndLeavesTheRestUntouched) {
@@ -119,7 +119,7 @@ TEST(SortableArray, SortsARangeAndLeavesTheRestUntouched) {
   CZEPHSortableObArray array;
   Fill(array, items.Pointers());
   array.Sort(2, 3, ByKey);
-  EXPECT_EQ(Keys(Content(array)), (std::vector<int>{7, 6, 3, 4, 5, 2, 1}));
+  EXPECT_EQ(Keys(ObjectsOf(array)), (std::vector<int>{7, 6, 3, 4, 5, 2, 1}));
 }
 
 TEST(SortableArray, SortsEveryRangeAsTheStepsSay) {
@@ -134,7 +134,7 @@ TEST(SortableArray, SortsEveryRangeAsTheStepsSay) {
           oracle::ShellSortObjects(want, static_cast<std::size_t>(first), count, temper.compare);
         });
         const auto trace = Traced([&] { array.Sort(first, count, temper.compare); });
-        ASSERT_EQ(Content(array), want) << temper.name << ' ' << first << ' ' << count;
+        ASSERT_EQ(ObjectsOf(array), want) << temper.name << ' ' << first << ' ' << count;
         ASSERT_EQ(trace, wanted);
       }
   }
@@ -148,7 +148,7 @@ TEST(SortableArray, ACountBelowOneSortsNothing) {
     EXPECT_TRUE(Traced([&] { array.Sort(0, count, ByKey); }).empty());
     EXPECT_TRUE(Traced([&] { array.Sort(INT_MIN, count, ByKey); }).empty());
   }
-  EXPECT_EQ(Content(array), items.Pointers());
+  EXPECT_EQ(ObjectsOf(array), items.Pointers());
 }
 
 #ifndef ZEPH_HARDENED
@@ -159,7 +159,7 @@ TEST(SortableArray, ARangeReachesElementsDroppedByASmallerSize) {
   array.FreeExtra();
   array.SetSize(2);
   array.Sort(0, 5, ByKey);
-  EXPECT_EQ(Keys(Content(array)), (std::vector<int>{1, 2}));
+  EXPECT_EQ(Keys(ObjectsOf(array)), (std::vector<int>{1, 2}));
 }
 
 TEST(SortableArray, ARangeBeyondTheStorageSortsWhatLiesInside) {
@@ -169,7 +169,7 @@ TEST(SortableArray, ARangeBeyondTheStorageSortsWhatLiesInside) {
     Fill(array, items.Pointers());
     array.FreeExtra();
     array.Sort(first, count, ByKey);
-    return Keys(Content(array));
+    return Keys(ObjectsOf(array));
   };
   EXPECT_EQ(sorted(3, 100), (std::vector<int>{5, 4, 3, 1, 2}));
   EXPECT_EQ(sorted(0, INT_MAX), (std::vector<int>{1, 2, 3, 4, 5}));
@@ -221,7 +221,7 @@ TEST(SortableArray, WholeSortFollowsTheStorageWhenItMoves) {
   const CObject* const* before = array.GetData();
   array.Sort(Moves);
   ASSERT_NE(array.GetData(), before);
-  const auto keys = Keys(Content(array));
+  const auto keys = Keys(ObjectsOf(array));
   EXPECT_TRUE(std::is_sorted(keys.begin(), keys.end()));
 }
 
@@ -232,7 +232,7 @@ TEST(SortableArray, KeepsItsElementsWhenTheCompareFunctionThrows) {
     Fill(array, items.Pointers());
     calls_left = call;
     EXPECT_THROW(array.Sort(Throws), int);
-    Objects want = items.Pointers(), got = Content(array);
+    Objects want = items.Pointers(), got = ObjectsOf(array);
     EXPECT_TRUE(std::is_permutation(got.begin(), got.end(), want.begin(), want.end()));
   }
 }

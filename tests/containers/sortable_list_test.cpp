@@ -24,7 +24,7 @@ void Fill(CObList& list, const Objects& objects) {
 }
 
 /// The elements from head to tail, which must be the same from tail to head.
-Objects Content(CObList& list) {
+Objects ObjectsOf(CObList& list) {
   Objects forward, backward;
   for (POSITION at = list.GetHeadPosition(); at;) forward.push_back(list.GetNext(at));
   for (POSITION at = list.GetTailPosition(); at;) backward.push_back(list.GetPrev(at));
@@ -59,7 +59,7 @@ TEST(SortableList, LeavesNoneAndOneElementWithoutAComparison) {
   const Items items = Items::OfKeys({5});
   Fill(list, items.Pointers());
   EXPECT_TRUE(Traced([&] { list.Sort(ByKey); }).empty());
-  EXPECT_EQ(Content(list), items.Pointers());
+  EXPECT_EQ(ObjectsOf(list), items.Pointers());
 }
 
 TEST(SortableList, KeepsTheOrderOfEqualElements) {
@@ -67,7 +67,7 @@ TEST(SortableList, KeepsTheOrderOfEqualElements) {
   CZEPHSortableObList list;
   Fill(list, items.Pointers());
   list.Sort(ByKey);
-  EXPECT_EQ(Ids(Content(list)), (std::vector<int>{1, 3, 0, 2, 4}));
+  EXPECT_EQ(Ids(ObjectsOf(list)), (std::vector<int>{1, 3, 0, 2, 4}));
 }
 
 TEST(SortableList, PositionsStayAndHoldOtherData) {
@@ -93,7 +93,7 @@ TEST(SortableList, TakesTheDocumentedStepsForEveryCompareFunction) {
         const auto wanted = Traced(
             [&] { oracle::InsertionSortObjects(want, 0, unsigned(want.size()), temper.compare); });
         const auto trace = Traced([&] { list.Sort(temper.compare); });
-        ASSERT_EQ(Ids(Content(list)), Ids(want)) << temper.name << " n=" << n;
+        ASSERT_EQ(Ids(ObjectsOf(list)), Ids(want)) << temper.name << " n=" << n;
         ASSERT_EQ(trace, wanted) << temper.name << " n=" << n;
         ASSERT_EQ(Positions(list), before);
       }
@@ -108,7 +108,7 @@ TEST(SortableList, AgreesWithTheStandardStableSort) {
     std::stable_sort(want.begin(), want.end(),
                      [](CObject* a, CObject* b) { return ByKey(a, b) < 0; });
     list.Sort(ByKey);
-    EXPECT_EQ(Ids(Content(list)), Ids(want));
+    EXPECT_EQ(Ids(ObjectsOf(list)), Ids(want));
   }
 }
 
@@ -117,7 +117,7 @@ TEST(SortableList, SortsTwoElementsFromTheThirdOn) {
   CZEPHSortableObList list;
   Fill(list, items.Pointers());
   list.Sort(list.FindIndex(2), 2, ByKey);
-  EXPECT_EQ(Keys(Content(list)), (std::vector<int>{6, 5, 3, 4, 2, 1}));
+  EXPECT_EQ(Keys(ObjectsOf(list)), (std::vector<int>{6, 5, 3, 4, 2, 1}));
 }
 
 TEST(SortableList, SortsEveryRangeAsTheStepsSay) {
@@ -133,7 +133,7 @@ TEST(SortableList, SortsEveryRangeAsTheStepsSay) {
                                        static_cast<unsigned>(count), temper.compare);
         });
         const auto trace = Traced([&] { list.Sort(list.FindIndex(first), count, temper.compare); });
-        ASSERT_EQ(Content(list), want) << temper.name << ' ' << first << ' ' << count;
+        ASSERT_EQ(ObjectsOf(list), want) << temper.name << ' ' << first << ' ' << count;
         ASSERT_EQ(trace, wanted);
       }
 }
@@ -143,7 +143,7 @@ TEST(SortableList, ANegativeCountRunsToTheEnd) {
   CZEPHSortableObList list;
   Fill(list, items.Pointers());
   list.Sort(list.FindIndex(2), -1, ByKey);
-  EXPECT_EQ(Keys(Content(list)), (std::vector<int>{6, 5, 1, 2, 3, 4}));
+  EXPECT_EQ(Keys(ObjectsOf(list)), (std::vector<int>{6, 5, 1, 2, 3, 4}));
 }
 
 TEST(SortableList, DoesNothingWithoutElementsOrWithoutAStart) {
@@ -153,7 +153,7 @@ TEST(SortableList, DoesNothingWithoutElementsOrWithoutAStart) {
   EXPECT_TRUE(list.IsEmpty());
   Fill(list, items.Pointers());
   EXPECT_TRUE(Traced([&] { list.Sort(nullptr, 5, ByKey); }).empty());
-  EXPECT_EQ(Content(list), items.Pointers());
+  EXPECT_EQ(ObjectsOf(list), items.Pointers());
 }
 
 TEST(SortableList, KeepsItsElementsWhenTheCompareFunctionThrows) {
@@ -163,7 +163,7 @@ TEST(SortableList, KeepsItsElementsWhenTheCompareFunctionThrows) {
     Fill(list, items.Pointers());
     calls_left = call;
     EXPECT_THROW(list.Sort(Throws), int);
-    Objects want = items.Pointers(), got = Content(list);
+    Objects want = items.Pointers(), got = ObjectsOf(list);
     EXPECT_TRUE(std::is_permutation(got.begin(), got.end(), want.begin(), want.end()));
   }
 }

@@ -27,7 +27,7 @@ const char kUsage[] =
     "  --list           print the labels and stop\n"
     "  --rounds N       N repetitions of each contender (7)\n"
     "  --seconds S      about S seconds a row (0.4)\n"
-    "  --kernels LEVEL  portable, avx2 or avx512 (needs the static library)\n"
+    "  --kernels LEVEL  portable, avx2, avx512 or neon (static library only)\n"
     "  --write FOLDER   also write FOLDER/performance.md and its plots\n"
     "Status 1 when a target was missed or a result differed.\n";
 

@@ -6,6 +6,8 @@
 
 #include "kernels/target.h"
 
+#if ZEPH_X64
+
 // g++ 12 takes the deliberately undefined operands inside its own intrinsics for mistakes, and says
 // so where they are inlined: hence for the whole of each file that includes this.
 #if defined(__GNUC__) && !defined(__clang__)
@@ -18,5 +20,7 @@
 
 #define ZEPH_AVX512 ZEPH_TARGET("avx512f,avx512dq,avx512bw,avx512vl,popcnt")
 #endif
+
+#endif  // ZEPH_X64
 
 #endif  // ZEPH_SRC_KERNELS_AVX512_H

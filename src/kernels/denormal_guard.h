@@ -8,6 +8,8 @@
 
 #if ZEPH_X64
 #include <xmmintrin.h>
+#elif ZEPH_NEON
+#include <cstdint>
 #endif
 
 namespace zeph::kernels {
@@ -36,6 +38,27 @@ class DenormalGuard<double> {
   static constexpr unsigned kDenormalsAreZero = 0x0040;
   static constexpr unsigned kNoDenormalTrap = 0x0100;
   unsigned host_;
+};
+#elif ZEPH_NEON
+template <>
+class DenormalGuard<double> {
+ public:
+  DenormalGuard() {
+    __asm__ volatile("mrs %0, fpcr" : "=r"(host_));
+    if (host_ & kDenormalsAreZero) Set(host_ & ~kDenormalsAreZero);
+  }
+  ~DenormalGuard() {
+    if (host_ & kDenormalsAreZero) Set(host_);
+  }
+  DenormalGuard(const DenormalGuard&) = delete;
+  DenormalGuard& operator=(const DenormalGuard&) = delete;
+
+ private:
+  static constexpr std::uint64_t kDenormalsAreZero = std::uint64_t{1} << 24;
+  static void Set(std::uint64_t modes) {
+    __asm__ volatile("msr fpcr, %0" : : "r"(modes) : "memory");
+  }
+  std::uint64_t host_;
 };
 #endif
 

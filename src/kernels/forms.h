@@ -26,6 +26,7 @@ namespace zeph::kernels {
 ZEPH_DECLARE_FORMS(portable)
 ZEPH_DECLARE_FORMS(avx2)
 ZEPH_DECLARE_FORMS(avx512)
+ZEPH_DECLARE_FORMS(neon)
 
 }  // namespace zeph::kernels
 

@@ -175,6 +175,24 @@ void GiveBackEnd(const Pair<T>& all, Pair<T>& p) {
   p.bEnd += kHeld - fromA;
 }
 
+/// Whether every element is at least the one before it; a NaN is not.
+template <class T>
+bool AscendsByPairs(const T* v, std::size_t n) {
+  constexpr std::size_t kPairs = 256;  // looked at without a branch in between
+  if (n == 1) return v[0] == v[0];
+  bool ascends = true;
+  for (std::size_t i = 1; ascends && i < n; i += kPairs)
+    for (std::size_t k = i; k < std::min(i + kPairs, n); ++k)
+      ascends &= QuietNotAbove(v[k - 1], v[k]);
+  return ascends;
+}
+
+/// From both ends, whatever the pair.
+template <class T>
+void MergeApart(const Pair<T>& blocks) {
+  MergeFromBothEnds(blocks);
+}
+
 }  // namespace zeph::kernels::merge
 
 #endif  // ZEPH_SRC_KERNELS_MERGE_STEPS_H

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
 //
 // Eight comparisons at a time.
-#include "kernels/avx512.h"
+#include "kernels/partition.h"
+
 #include "kernels/bits.h"
 #include "kernels/forms.h"
-#include "kernels/partition.h"
 
 #if ZEPH_X64
 
 #include <limits>
+
+#include "kernels/avx512.h"
 
 #define ZEPH_INNER_CALL ZEPH_AVX512
 #define ZEPH_INNER ZEPH_INNER_CALL __attribute__((always_inline)) inline

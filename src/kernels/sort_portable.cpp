@@ -137,31 +137,15 @@ void Sort(T* v, std::size_t n) {
   QuickSort<T>(v, n, nullptr, sorting::DepthLimit(n), counting::Chance());
 }
 
-template <class T>
-bool Ascends(const T* v, std::size_t n) {
-  constexpr std::size_t kPairs = 256;  // looked at without a branch in between
-  if (n == 1) return v[0] == v[0];
-  bool ascends = true;
-  for (std::size_t i = 1; ascends && i < n; i += kPairs)
-    for (std::size_t k = i; k < std::min(i + kPairs, n); ++k)
-      ascends &= merge::QuietNotAbove(v[k - 1], v[k]);
-  return ascends;
-}
-
-template <class T>
-void Merge(const merge::Pair<T>& blocks) {
-  merge::MergeFromBothEnds(blocks);
-}
-
 }  // namespace
 
 const Sorting kSorting = {OrderIsUnique,
                           Sort<double>,
                           Sort<int>,
-                          Ascends<double>,
-                          Ascends<int>,
-                          Merge<double>,
-                          Merge<int>,
+                          merge::AscendsByPairs<double>,
+                          merge::AscendsByPairs<int>,
+                          merge::MergeApart<double>,
+                          merge::MergeApart<int>,
                           merge::TakeWhatIsInFront<double>,
                           merge::TakeWhatIsInFront<int>,
                           100'000};

@@ -29,32 +29,37 @@ bool Always() {
 
 // GCOVR_EXCL_START: one processor takes one way through here
 #if ZEPH_X64
-constexpr Table kAvx2 = {"avx2",
-                         &avx2::kSorting,
-                         &avx2::kPartitions,
-                         &avx2::kSearching,
-                         &avx2::kElementwise,
-                         &avx2::kMagnitudes,
-                         &avx2::kRowSums,
-                         &avx2::kProducts,
-                         &avx2::kBatch,
-                         &avx2::kBatchProducts};
+constexpr Table UseAvx2(Table table) {
+  table.name = "avx2";
+  table.sorting = &avx2::kSorting;
+  table.partitions = &avx2::kPartitions;
+  table.searching = &avx2::kSearching;
+  table.elementwise = &avx2::kElementwise;
+  table.magnitudes = &avx2::kMagnitudes;
+  table.row_sums = &avx2::kRowSums;
+  table.products = &avx2::kProducts;
+  table.batch = &avx2::kBatch;
+  table.batch_products = &avx2::kBatchProducts;
+  return table;
+}
 // The builtins also ask whether the system saves the wide registers.
 bool HasAvx2() {
   __builtin_cpu_init();
   return __builtin_cpu_supports("avx2");
 }
 
-constexpr Table kAvx512 = {"avx512",
-                           &avx512::kSorting,
-                           &avx512::kPartitions,
-                           &avx512::kSearching,
-                           &avx512::kElementwise,
-                           &avx512::kMagnitudes,
-                           kAvx2.row_sums,
-                           &avx512::kProducts,
-                           &avx512::kBatch,
-                           &avx512::kBatchProducts};
+constexpr Table UseAvx512(Table table) {
+  table.name = "avx512";
+  table.sorting = &avx512::kSorting;
+  table.partitions = &avx512::kPartitions;
+  table.searching = &avx512::kSearching;
+  table.elementwise = &avx512::kElementwise;
+  table.magnitudes = &avx512::kMagnitudes;
+  table.products = &avx512::kProducts;
+  table.batch = &avx512::kBatch;
+  table.batch_products = &avx512::kBatchProducts;
+  return table;
+}
 bool HasAvx512() {
   return HasAvx2() && __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq") &&
          __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512vl");
@@ -62,12 +67,29 @@ bool HasAvx512() {
 #endif
 // GCOVR_EXCL_STOP
 
-// Worst to best: a level can run only where those before it can.
+#if ZEPH_NEON
+constexpr Table UseNeon(Table table) {
+  table.name = "neon";
+  table.sorting = &neon::kSorting;
+  table.searching = &neon::kSearching;
+  table.elementwise = &neon::kElementwise;
+  table.magnitudes = &neon::kMagnitudes;
+  table.row_sums = &neon::kRowSums;
+  table.products = &neon::kProducts;
+  return table;
+}
+#endif
+
+// Worst to best: each level puts its own forms over those of the level below, and can run only where
+// that one can.
 constexpr Level kLevels[] = {
     {kPortable, Always},
 #if ZEPH_X64
-    {kAvx2, HasAvx2},
-    {kAvx512, HasAvx512},
+    {UseAvx2(kPortable), HasAvx2},
+    {UseAvx512(UseAvx2(kPortable)), HasAvx512},
+#endif
+#if ZEPH_NEON
+    {UseNeon(kPortable), Always},
 #endif
 };
 

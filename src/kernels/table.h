@@ -23,7 +23,7 @@ struct BatchProducts;
 
 /// The kernels of one level: for each family the level's own form, or the best one below it.
 struct Table {
-  const char* name;  // "portable", "avx2" or "avx512" (F, DQ, BW and VL together)
+  const char* name;  // "portable", "avx2", "avx512" (F, DQ, BW and VL together) or "neon"
   const Sorting* sorting;
   const Partitions* partitions;
   const Searching* searching;

@@ -15,6 +15,13 @@
 #define ZEPH_X64 0
 #endif
 
+// NEON, which every 64-bit ARM processor has.
+#if defined(__aarch64__) && !defined(__AARCH64EB__) && (defined(__GNUC__) || defined(__clang__))
+#define ZEPH_NEON 1
+#else
+#define ZEPH_NEON 0
+#endif
+
 #if defined(__GNUC__) || defined(__clang__)
 #define ZEPH_NOINLINE __attribute__((noinline))
 #else

@@ -9,7 +9,7 @@
 #ifndef ZEPH_TEST_SHARED
 #include "kernels/table.h"
 
-/// ZEPH_TEST_KERNELS=portable|avx2|avx512 runs the whole program on that form.
+/// ZEPH_TEST_KERNELS=portable|avx2|avx512|neon runs the whole program on that form.
 static bool ChooseKernels() {
   const char* wanted = std::getenv("ZEPH_TEST_KERNELS");
   if (!wanted || !*wanted) return true;

@@ -94,7 +94,7 @@ int Run(int argc, char** argv) {
     } else {
       std::fprintf(stderr,
                    "usage: zeph-selftest [--operations] [--only SUBSYSTEM] [--kernels "
-                   "portable|avx2|avx512]\n"
+                   "portable|avx2|avx512|neon]\n"
                    "  --operations  also prints a digest per operation\n"
                    "  --only        runs one subsystem, such as linalg\n"
                    "  --kernels     runs on one form of the inner loops (static builds only)\n"

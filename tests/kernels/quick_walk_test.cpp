@@ -6,6 +6,7 @@
 
 #include <cmath>
 
+#include "double_array/stop_tree.h"
 #include "kernels/memory.h"
 #include "kernels/partition.h"
 #include "oracle/sorts.h"
@@ -39,6 +40,30 @@ void CompareKillers(std::size_t n) {
 
 TEST(QuickWalk, MakesTheDocumentedExchangesOfAKillerWithATreeOfStops) {
   CompareKillers(kLarge);
+}
+
+/// The larger piece again and again, whatever the order: bounds have to follow every exchange.
+TEST(StopTree, PartsAsDocumentedThroughAllTheLargerPieces) {
+  for (std::size_t n : {70, 600, 3000})
+    test::ForEachHostile(n, n, [](Values v, const std::string& name) {
+      Values want = v;
+      StopTree tree(v.data(), v.size());
+      tree.Cover(0, v.size() - 1);
+      int first = 0, last = oracle::SizeOf(v) - 1;
+      while (last - first > 3) {
+        const std::size_t stop =
+            tree.Part(static_cast<std::size_t>(first), static_cast<std::size_t>(last));
+        const double pivot = oracle::MedianOf3(want, first, last);
+        const int p = oracle::QuickPartition(want, first, last, pivot);
+        ASSERT_EQ(stop, static_cast<std::size_t>(p)) << name;
+        if (p - first < last - p) {
+          first = p + 1;
+        } else {
+          last = p - 1;
+        }
+      }
+      ASSERT_TRUE(test::SameBits(v, want)) << name;
+    });
 }
 
 TEST(QuickWalk, MakesThemWithoutMemoryForTheTree) {

@@ -13,9 +13,11 @@ constexpr double kError = 0x1p-65;
 
 /// ln(1 + r) for |r| < 2^-7: r - r^2/2 as pairs, the further terms, below 2^-15 of it, as a double.
 Sum2 LogarithmNear1(std::int64_t rest) {
-  const auto rounded = static_cast<double>(rest);  // may lose two bits
-  const double head = rounded * 0x1p-62;
-  const double tail = static_cast<double>(rest - static_cast<std::int64_t>(rounded)) * 0x1p-62;
+  // In halves: a 64-bit whole number may pass through a register of more bits on its way to a double.
+  constexpr int kLowBits = 30;
+  const auto high = static_cast<std::int32_t>(rest >> kLowBits);
+  const auto low = static_cast<std::int32_t>(rest & ((1 << kLowBits) - 1));
+  const auto [head, tail] = FastTwoSum(high * 0x1p-32, low * 0x1p-62);
   const Sum2 square = TwoProduct(head, head);
   const double further =
       head * square.head *

@@ -164,6 +164,13 @@ TEST(PortableMath, LogarithmOfDenormalsIsThatOfTheirValue) {
   EXPECT_TRUE(SameBits(DecimalLogarithm(0x1.8p-1073), DecimalLogarithmInWholeNumbers(0x1.8p-1073)));
 }
 
+TEST(PortableMath, LogarithmKeepsItsLastBitsWhereWholeNumbersPassThroughWiderRegisters) {
+  EXPECT_TRUE(SameBits(DecimalLogarithm(FromBits<double>(0x4077a5112fceaeab)),
+                       FromBits<double>(0x40049f72b569c065)));
+  EXPECT_TRUE(SameBits(DecimalLogarithm(FromBits<double>(0x406ce2dd97821821)),
+                       FromBits<double>(0x4002e905a639e96b)));
+}
+
 /// The value, and the flags raised for it.
 template <class Function>
 auto WithFlags(int expected, Function function) {

@@ -11,14 +11,12 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
     target_compile_options(zeph_exactness INTERFACE -mno-fma -mno-fma4 -mno-avx512f)
   endif()
   # The host may round in any direction, where -(x * y) is not (-x) * y; nor is (r / |x|)^2 then (r / x)^2,
-  # which g++ 12 takes for the same all the same, unless signs are not traced back. clang++ keeps all loops
-  # narrow for the option, so there the kernels, whose loops hold nothing that it could turn round, go
-  # without (ZEPH_WIDE_LOOPS). tests/modes compares all of it.
+  # which g++ 12 takes for the same all the same, unless signs are not traced back. clang++ pays for it with
+  # narrow loops, but gave sums of -0.0 for 0.0 without. tests/modes compares all of it.
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(zeph_exactness INTERFACE -frounding-math -fno-ssa-backprop)
   elseif(CMAKE_SYSTEM_PROCESSOR MATCHES "x86|i[3-6]86|AMD64|amd64")  # elsewhere it only warns
-    target_compile_options(zeph_exactness INTERFACE
-      $<$<NOT:$<BOOL:$<TARGET_PROPERTY:ZEPH_WIDE_LOOPS>>>:-frounding-math>)
+    target_compile_options(zeph_exactness INTERFACE -frounding-math)
   endif()
   # Two builds of one commit are the same bytes, wherever they stand.
   target_compile_options(zeph_exactness INTERFACE "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")

@@ -88,7 +88,7 @@ TEST(LinalgModes, ProductWithAnInfinityBesideMissingColumns) {
 }
 
 TEST(LinalgModes, SumsDifferencesAndNegation) {
-  for (const std::size_t cols : {1, 3, 8, 19, 300})
+  for (const std::size_t cols : {1u, 3u, 8u, 19u, 300u})
     for (const auto& input : ModeInputs(8 * cols, cols)) {
       SCOPED_TRACE(input.name);
       const Rows all = Cut(input.values, 8, cols);
@@ -111,7 +111,7 @@ TEST(LinalgModes, SumsDifferencesAndNegation) {
 }
 
 TEST(LinalgModes, Vectors) {
-  for (const std::size_t n : {1, 2, 5, 8, 13, 100, 600})
+  for (const std::size_t n : {1u, 2u, 5u, 8u, 13u, 100u, 600u})
     for (const auto& input : ModeInputs(n, n)) {
       SCOPED_TRACE(input.name + ", " + std::to_string(n));
       const Doubles& values = input.values;

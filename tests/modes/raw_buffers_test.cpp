@@ -102,7 +102,7 @@ TEST(RawBufferModes, MatrixNorms) {
 
 TEST(RawBufferModes, FrobeniusNormOfZerosAndLargeElements) {
   for (const Doubles& some : {Doubles{3, 1000}, Doubles{1e200, 1e200, 1, 1}, Doubles{1e160}}) {
-    for (std::size_t n : {2, 3, 16}) {
+    for (std::size_t n : {2u, 3u, 16u}) {
       Doubles values(n * n, 0.0);
       for (std::size_t k = 0; k < some.size(); ++k) values[k * (n - 1) % values.size()] = some[k];
       Square m(values);

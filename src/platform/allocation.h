@@ -37,12 +37,15 @@ T* NewArrayOrNull(std::int64_t count) {
   return static_cast<T*>(PerhapsNull(::operator new[](RequestBytes(count, sizeof(T)))));
 }
 
-/// The same, never null: exhaustion passes to the caller as whatever the allocation operator throws,
+/// Throws std::bad_alloc.
+[[noreturn]] void ThrowBadAlloc();
+
+/// The same as NewArrayOrNull, never null: exhaustion passes to the caller as whatever the allocation operator throws,
 /// or as std::bad_alloc where it returns null.
 template <class T>
 T* NewArray(std::int64_t count) {
   T* const block = NewArrayOrNull<T>(count);
-  if (!block) throw std::bad_alloc();
+  if (!block) ThrowBadAlloc();
   return block;
 }
 

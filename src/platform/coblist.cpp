@@ -62,7 +62,7 @@ bool CObList::IsEmpty() const {
 void CObList::AddBlock() {
   const std::size_t bytes = RequestBytes(std::int64_t{m_nBlockSize} + 1, sizeof(CNode));
   auto* block = static_cast<CNode*>(zeph::platform::PerhapsNull(::operator new(bytes)));
-  if (!block) throw std::bad_alloc();
+  if (!block) zeph::platform::ThrowBadAlloc();
   m_pBlocks = new (block) CNode{m_pBlocks, nullptr, nullptr};
   for (std::ptrdiff_t i = m_nBlockSize; i > 0; --i)  // handed out in rising order
     m_pNodeFree = new (block + i) CNode{m_pNodeFree, nullptr, nullptr};

@@ -12,6 +12,7 @@
 #ifndef ZEPH_CONTAINERS_H
 #define ZEPH_CONTAINERS_H
 
+#include <cstdint>
 #include <cstdio>
 
 #include "containers/stable_order.h"
@@ -296,8 +297,9 @@ class ZEPH_API CZEPHSortableObArray : public CObArray {
     if (count < 1) return;
     ZEPH_REQUIRE_INSIDE("CZEPHSortableObArray::SortStable", first, 0, m_nSize);
     ZEPH_REQUIRE_INSIDE("CZEPHSortableObArray::SortStable", count, 1, m_nSize - first);
-    const std::ptrdiff_t from = first, end = from + count;
-    OrderStably(from < 0 ? 0 : from, end < m_nSize ? end : m_nSize, compare);
+    const std::int64_t end = std::int64_t{first} + count;
+    OrderStably(first < 0 ? 0 : first, end < m_nSize ? static_cast<std::ptrdiff_t>(end) : m_nSize,
+                compare);
   }
 
  private:

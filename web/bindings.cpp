@@ -52,7 +52,8 @@ ZEPH_PAGE const char* zeph_published(const char* line) {
     if (std::strcmp(expected.line, line) != 0) continue;
     char digits[17];
     std::snprintf(digits, sizeof digits, "%016llx",
-                  static_cast<unsigned long long>(expected.digest));
+                  static_cast<unsigned long long>(ZEPH_MathIsPortable() ? expected.portable
+                                                                        : expected.digest));
     text = digits;
   }
   return text.c_str();

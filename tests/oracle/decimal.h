@@ -16,7 +16,9 @@ inline int ToInt(double x) {
   const double whole = std::trunc(x);
   if (std::isgreaterequal(whole, -2147483648.0) && std::islessequal(whole, 2147483647.0))
     return static_cast<int>(whole);
+#ifdef FE_INVALID
   std::feraiseexcept(FE_INVALID);  // as the conversion does
+#endif
   return INT_MIN;
 }
 

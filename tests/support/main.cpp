@@ -27,7 +27,8 @@ static bool ChooseKernels() {
 /// 16): where the system aligns the stack to 16 bytes only, luck decides what a wide register meets.
 static int RunAllTests() {
   const char* shift = std::getenv("ZEPH_TEST_STACK_SHIFT");
-  auto* below = static_cast<volatile char*>(__builtin_alloca(shift ? std::atoi(shift) + 16u : 16u));
+  auto* below = static_cast<volatile char*>(
+      __builtin_alloca(16 + (shift ? static_cast<unsigned>(std::atoi(shift)) : 0u)));
   below[0] = 0;
   return RUN_ALL_TESTS();
 }

@@ -66,7 +66,7 @@ TEST(DoubleArrayHostileSorting, LeavesWhatTheStepsLeaveAtLengthsUpTo20000) {
 
 /// The generator is what it says: the literal walk exchanges and looks at far more than n log n.
 TEST(HostileInputs, KillersMakeTheLiteralQuickSortQuadratic) {
-  for (std::size_t n : {500, 1001, 5000})
+  for (std::size_t n : {500u, 1001u, 5000u})
     for (Content content : {Content::kPlain, Content::kBothZeros, Content::kHalfZeros}) {
       Values v = Hostile(content, Arrangement::kKiller, n, 1);
       std::size_t partitions = 0;

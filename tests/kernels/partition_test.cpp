@@ -50,7 +50,7 @@ TEST_P(PartitionKernel, MakesTheDocumentedExchangesAtEveryLength) {
       SCOPED_TRACE(name);
       if (!HasFatalFailure()) Check(v, n % 9);
     });
-  for (std::size_t n : {1000, 1001, 4096})
+  for (std::size_t n : {1000u, 1001u, 4096u})
     test::ForEachHostile(n, n, [&](const Values& v, const std::string& name) {
       SCOPED_TRACE(name);
       if (!HasFatalFailure()) Check(v, n % 7);
@@ -87,7 +87,7 @@ TEST_P(PartitionKernel, FindsTheStopsOfUpTo64Elements) {
 }
 
 TEST_P(PartitionKernel, CountsWhatKeepsTheOrderFromBeingUnique) {
-  for (std::size_t n : {0, 1, 2, 3, 4, 5, 7, 8, 9, 31, 63, 64, 65, 127, 128, 129, 1000})
+  for (std::size_t n : {0u, 1u, 2u, 3u, 4u, 5u, 7u, 8u, 9u, 31u, 63u, 64u, 65u, 127u, 128u, 129u, 1000u})
     for (std::uint64_t seed = 0; seed < 30; ++seed) {
       const Values v = test::Awkward(n, seed);
       Census want;

@@ -44,7 +44,7 @@ TEST(QuickWalk, MakesTheDocumentedExchangesOfAKillerWithATreeOfStops) {
 
 /// The larger piece again and again, whatever the order: bounds have to follow every exchange.
 TEST(StopTree, PartsAsDocumentedThroughAllTheLargerPieces) {
-  for (std::size_t n : {70, 600, 3000})
+  for (std::size_t n : {70u, 600u, 3000u})
     test::ForEachHostile(n, n, [](Values v, const std::string& name) {
       Values want = v;
       StopTree tree(v.data(), v.size());
@@ -105,7 +105,7 @@ TEST(QuickWalk, LooksAtNLogNElementsOfAnyInput) {
   Looks::form = active.partitions;
   counting.partitions = &kCounting;
   kernels::Force(counting);
-  for (std::size_t n : {1000, 10000, 100000})
+  for (std::size_t n : {1000u, 10000u, 100000u})
     test::ForEachHostile(n, 3, [n](Values v, const std::string& name) {
       Looks::count = 0;
       SortAsWalked(v.data(), n, 10);

@@ -72,7 +72,7 @@ TEST_P(ShellInEveryForm, FollowsZerosPassByPassWhateverTheirNumber) {
 TEST_P(ShellInEveryForm, FinishesByRunsAPassThatTheWalkGaveUp) {
   std::size_t given_up = 0;
   for (std::size_t n = 9; n < 600; n += 1 + n / 10)
-    for (std::size_t patience : {0, 1, 2})
+    for (std::size_t patience : {0u, 1u, 2u})
       test::ForEachHostile(n, n, [&](Values v, const std::string& name) {
         const Values want = Walked(v);
         const std::size_t gap = ShellWalk(v.data(), n, n / 2, patience);

@@ -87,7 +87,8 @@ TEST_P(PartitionKernel, FindsTheStopsOfUpTo64Elements) {
 }
 
 TEST_P(PartitionKernel, CountsWhatKeepsTheOrderFromBeingUnique) {
-  for (std::size_t n : {0u, 1u, 2u, 3u, 4u, 5u, 7u, 8u, 9u, 31u, 63u, 64u, 65u, 127u, 128u, 129u, 1000u})
+  for (std::size_t n :
+       {0u, 1u, 2u, 3u, 4u, 5u, 7u, 8u, 9u, 31u, 63u, 64u, 65u, 127u, 128u, 129u, 1000u})
     for (std::uint64_t seed = 0; seed < 30; ++seed) {
       const Values v = test::Awkward(n, seed);
       Census want;

@@ -305,10 +305,8 @@ class ZEPH_API CZEPHSortableObArray : public CObArray {
  private:
   ZEPH_ADDED void OrderStably(std::ptrdiff_t first, std::ptrdiff_t end,
                               int (*compare)(CObject*, CObject*)) {
-    if (end - first < 2) return;
-    std::vector<CObject*> ordered(m_pData + first, m_pData + end);
-    ZEPH_OrderStably(ordered, compare);
-    std::copy(ordered.begin(), ordered.end(), m_pData + first);
+    if (first < end)
+      ZEPH_OrderStably(m_pData + first, static_cast<std::size_t>(end - first), compare);
   }
 };
 
@@ -363,14 +361,14 @@ class ZEPH_API CZEPHSortableObList : public CObList {
  private:
   ZEPH_ADDED static void OrderStably(CNode* start, unsigned count,
                                      int (*compare)(CObject*, CObject*)) {
-    std::vector<CObject*> ordered;
-    for (CNode* node = start; node && ordered.size() < count; node = node->pNext)
-      ordered.push_back(node->data);
-    ZEPH_OrderStably(ordered, compare);
-    for (CObject* object : ordered) {
-      start->data = object;
-      start = start->pNext;
-    }
+    std::size_t n = 0;
+    for (CNode* node = start; node && n < count; node = node->pNext) ++n;
+    const std::unique_ptr<CObject*[]> ordered(new CObject*[n]);
+    CNode* node = start;
+    for (std::size_t i = 0; i < n; ++i, node = node->pNext) ordered[i] = node->data;
+    ZEPH_OrderStably(ordered.get(), n, compare);
+    node = start;
+    for (std::size_t i = 0; i < n; ++i, node = node->pNext) node->data = ordered[i];
   }
 };
 

@@ -5,26 +5,29 @@
 #ifndef ZEPH_CONTAINERS_STABLE_ORDER_H
 #define ZEPH_CONTAINERS_STABLE_ORDER_H
 
-#include <algorithm>
 #include <cstddef>
-#include <vector>
+#include <memory>
 
 #include "../platform/macros.h"
 #include "../platform/object.h"
 
-/// Orders `objects` by `compare`, equal ones as they stood. A function that contradicts itself
-/// leaves some order of the same objects; where it throws, `objects` hold each of them as before.
+/// Orders the `n` `objects` by `compare`, equal ones as they stood. A function that contradicts itself
+/// leaves some order of the same objects. They are written when all is compared: where `compare` or the
+/// allocation of two copies throws, they stand as before.
 ///
 /// Method: bottom-up merge sort; runs that are in order already are not merged. n - 1 calls on
 /// objects in order, at most n log2 n + n.
-ZEPH_ADDED inline void ZEPH_OrderStably(std::vector<CObject*>& objects,
+ZEPH_ADDED inline void ZEPH_OrderStably(CObject** objects, std::size_t n,
                                         int (*compare)(CObject*, CObject*)) {
-  std::vector<CObject*> from = objects, to = objects;
-  const std::size_t n = from.size();
+  if (n < 2) return;
+  const std::unique_ptr<CObject*[]> one(new CObject*[n]), other(new CObject*[n]);
+  CObject **from = one.get(), **to = other.get();
+  for (std::size_t i = 0; i < n; ++i) from[i] = objects[i];
   for (std::size_t run = 1; run < n; run *= 2) {
     for (std::size_t left = 0; left < n; left += 2 * run) {
       std::size_t i = left, out = left;
-      const std::size_t middle = std::min(left + run, n), end = std::min(left + 2 * run, n);
+      const std::size_t middle = n - left < run ? n : left + run;
+      const std::size_t end = n - middle < run ? n : middle + run;
       std::size_t k = middle;
       if (k < end && compare(from[k - 1], from[k]) > 0)
         while (i < middle && k < end)
@@ -32,9 +35,11 @@ ZEPH_ADDED inline void ZEPH_OrderStably(std::vector<CObject*>& objects,
       while (i < middle) to[out++] = from[i++];
       while (k < end) to[out++] = from[k++];
     }
-    from.swap(to);
+    CObject** const ordered = to;
+    to = from;
+    from = ordered;
   }
-  objects.swap(from);
+  for (std::size_t i = 0; i < n; ++i) objects[i] = from[i];
 }
 
 #endif  // ZEPH_CONTAINERS_STABLE_ORDER_H

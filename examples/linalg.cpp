@@ -15,6 +15,6 @@ int main() {
 
   CZEPHVector3 east(1, 0, 0), north(0, 1, 0);
   CZEPHVector3 between = Bisect(east, north);
-  std::printf("%.4f %.4f %.4f\n", between.GetX(), between.GetY(), between.GetZ());
+  std::printf("%.4f %.4f %.4f\n", between.x(), between.y(), between.z());
   return 0;
 }

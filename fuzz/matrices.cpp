@@ -156,7 +156,8 @@ void Columns(Bytes& in, General& a) {
   for (const auto& row : a.model.cells) want.push_back(row[column]);
   zeph::fuzz::RequireValues(v.data(), want.data(), want.size(), "PickCol");  // of computed NaNs too
   const std::vector<double> fresh = in.ExactlyDoubles(want.size());
-  a.matrix.SetCol(j, zeph::test::ToVector(fresh));
+  CZEPHVector source = zeph::test::ToVector(fresh);
+  a.matrix.SetCol(j, source);
   for (std::size_t i = 0; i < fresh.size(); ++i) a.model.cells[i][column] = fresh[i];
   const CZEPHVector sums = ZEPH_SumVector(a.matrix);
   for (std::size_t i = 0; i < want.size(); ++i) {

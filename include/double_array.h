@@ -290,8 +290,9 @@ class ZEPH_API CZEPHDoubleArray {
 
   // --- additions ---
  public:
-  /// As CZEPHDoubleArray(int, double); makes `CZEPHDoubleArray(3, 0)` compile.
-  ZEPH_ADDED CZEPHDoubleArray(int n, int v) : CZEPHDoubleArray(n, static_cast<double>(v)) {}
+  /// As CZEPHDoubleArray(int, double), from a whole number; makes `CZEPHDoubleArray(3, 0)` compile.
+  template <class Whole, std::enable_if_t<std::is_integral_v<Whole>, int> = 0>
+  ZEPH_ADDED CZEPHDoubleArray(int n, Whole v) : CZEPHDoubleArray(n, static_cast<double>(v)) {}
 
   /// As CZEPHDoubleArray(int, double*), from a block of constants.
   template <class T, std::enable_if_t<std::is_same_v<T, const double>, int> = 0>
@@ -313,12 +314,6 @@ class ZEPH_API CZEPHDoubleArray {
   ZEPH_ADDED double* end() { return data && size > 0 ? data + size : data; }
   ZEPH_ADDED const double* begin() const { return data; }
   ZEPH_ADDED const double* end() const { return data && size > 0 ? data + size : data; }
-
-  /// As ErrorMessage(char*, std::ostream&), for literals.
-  template <std::size_t N>
-  [[noreturn]] ZEPH_ADDED static void ErrorMessage(const char (&message)[N], std::ostream& os) {
-    ErrorMessage(const_cast<char*>(message), os);
-  }
 };
 
 // --- arithmetic: results are new arrays with `sorted` 0 ------------------------------------------

@@ -17,7 +17,8 @@
 //                       ..Rotate3, ..Transform3, ..Transpose3
 //   8  3-vectors        ZEPH_VectorAdd3, ..Sub3, ..Scale3, ..Assign3, ..CrossProduct3,
 //                       ..DotProduct3, ..GetLength3, ..Normalize3
-//   9  Literal labels   the labelled functions again, for string literals
+//   9  Literal labels   the labelled functions with overloads again, for string literals
+//  10  Whole numbers    ZEPH_VectorAssign3 from an int
 //
 //     double* x = ZEPH_ArrayAllocDouble("x", 1, 10);  // x[1] .. x[10], all 0.0
 //     if (!x) return;                                 // empty range, or no memory
@@ -34,6 +35,7 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <type_traits>
 #include <utility>
 
 #include "platform.h"
@@ -438,21 +440,37 @@ ZEPH_API void ZEPH_VectorNormalize3(double* const v);
 // `char*` labels and null choose the documented functions themselves.
 
 /// The allocators with a literal label; defined here only.
-#define ZEPH_LABEL_FIRST(function)                                                 \
-  template <std::size_t N, class... Args>                                          \
-  ZEPH_ADDED inline auto function(const char(&name)[N], Args&&... args)            \
-      ->decltype(function(const_cast<char*>(name), std::forward<Args>(args)...)) { \
-    return function(const_cast<char*>(name), std::forward<Args>(args)...);         \
+#define ZEPH_LABELLED(T, arrayAlloc, matrixAlloc)                                                \
+  template <std::size_t N>                                                                       \
+  ZEPH_ADDED inline T* arrayAlloc(const char(&name)[N], int lo, int hi) {                        \
+    return arrayAlloc(const_cast<char*>(name), lo, hi);                                          \
+  }                                                                                              \
+  template <std::size_t N>                                                                       \
+  ZEPH_ADDED inline T* arrayAlloc(const char(&name)[N], int lo, int hi, long int& bytes) {       \
+    return arrayAlloc(const_cast<char*>(name), lo, hi, bytes);                                   \
+  }                                                                                              \
+  template <std::size_t N>                                                                       \
+  ZEPH_ADDED inline T** matrixAlloc(const char(&name)[N], int rows, int cols) {                  \
+    return matrixAlloc(const_cast<char*>(name), rows, cols);                                     \
+  }                                                                                              \
+  template <std::size_t N>                                                                       \
+  ZEPH_ADDED inline T** matrixAlloc(const char(&name)[N], int rows, int cols, long int& bytes) { \
+    return matrixAlloc(const_cast<char*>(name), rows, cols, bytes);                              \
+  }                                                                                              \
+  template <std::size_t N>                                                                       \
+  ZEPH_ADDED inline T** matrixAlloc(const char(&name)[N], int nrl, int nrh, int ncl, int nch) {  \
+    return matrixAlloc(const_cast<char*>(name), nrl, nrh, ncl, nch);                             \
+  }                                                                                              \
+  template <std::size_t N>                                                                       \
+  ZEPH_ADDED inline T** matrixAlloc(const char(&name)[N], int nrl, int nrh, int ncl, int nch,    \
+                                    long int& bytes) {                                           \
+    return matrixAlloc(const_cast<char*>(name), nrl, nrh, ncl, nch, bytes);                      \
   }
-ZEPH_LABEL_FIRST(ZEPH_ArrayAllocDouble)
-ZEPH_LABEL_FIRST(ZEPH_ArrayAllocFloat)
-ZEPH_LABEL_FIRST(ZEPH_ArrayAllocInt)
-ZEPH_LABEL_FIRST(ZEPH_ArrayAllocLong)
-ZEPH_LABEL_FIRST(ZEPH_MatrixAllocDouble)
-ZEPH_LABEL_FIRST(ZEPH_MatrixAllocFloat)
-ZEPH_LABEL_FIRST(ZEPH_MatrixAllocInt)
-ZEPH_LABEL_FIRST(ZEPH_MatrixAllocLong)
-#undef ZEPH_LABEL_FIRST
+ZEPH_LABELLED(double, ZEPH_ArrayAllocDouble, ZEPH_MatrixAllocDouble)
+ZEPH_LABELLED(float, ZEPH_ArrayAllocFloat, ZEPH_MatrixAllocFloat)
+ZEPH_LABELLED(int, ZEPH_ArrayAllocInt, ZEPH_MatrixAllocInt)
+ZEPH_LABELLED(ZEPH_Long, ZEPH_ArrayAllocLong, ZEPH_MatrixAllocLong)
+#undef ZEPH_LABELLED
 
 /// The same with a literal label.
 template <class T, std::size_t N>
@@ -467,12 +485,16 @@ ZEPH_ADDED inline auto ZEPH_ArrayDisplay(T* a, int n, const char (&name)[N])
   ZEPH_ArrayDisplay(a, n, const_cast<char*>(name));
 }
 /// The same with a literal label.
-template <class First, class Second, std::size_t N>
-ZEPH_ADDED inline auto ZEPH_ArrayDisplay(First&& first, Second second, int last,
-                                         const char (&name)[N])
-    -> decltype(ZEPH_ArrayDisplay(std::forward<First>(first), second, last,
-                                  const_cast<char*>(name))) {
-  ZEPH_ArrayDisplay(std::forward<First>(first), second, last, const_cast<char*>(name));
+template <class T, std::size_t N>
+ZEPH_ADDED inline auto ZEPH_ArrayDisplay(T* a, int lo, int hi, const char (&name)[N])
+    -> decltype(ZEPH_ArrayDisplay(a, lo, hi, const_cast<char*>(name))) {
+  ZEPH_ArrayDisplay(a, lo, hi, const_cast<char*>(name));
+}
+/// The same with a literal label.
+template <class Out, class T, std::size_t N>
+ZEPH_ADDED inline auto ZEPH_ArrayDisplay(Out&& out, T* a, int n, const char (&name)[N])
+    -> decltype(ZEPH_ArrayDisplay(std::forward<Out>(out), a, n, const_cast<char*>(name))) {
+  ZEPH_ArrayDisplay(std::forward<Out>(out), a, n, const_cast<char*>(name));
 }
 /// The same with a literal label.
 template <class Out, class T, std::size_t N>
@@ -493,20 +515,19 @@ ZEPH_ADDED inline void ZEPH_MatrixPrint(FILE* stream, int n, double** m, const c
   ZEPH_MatrixPrint(stream, n, m, const_cast<char*>(name));
 }
 /// The same with a literal label.
-template <std::size_t N>
-ZEPH_ADDED inline void ZEPH_MatrixPrint3(FILE* stream, double** m, const char (&name)[N]) {
-  ZEPH_MatrixPrint3(stream, m, const_cast<char*>(name));
-}
-/// The same with a literal label.
 template <class M, std::size_t N>
 ZEPH_ADDED inline auto ZEPH_MatrixPrint4(FILE* stream, M m, const char (&name)[N])
     -> decltype(ZEPH_MatrixPrint4(stream, m, const_cast<char*>(name))) {
   ZEPH_MatrixPrint4(stream, m, const_cast<char*>(name));
 }
-/// The same with a literal label.
-template <std::size_t N>
-ZEPH_ADDED inline void ZEPH_VectorPrint3(FILE* stream, double* const v, const char (&name)[N]) {
-  ZEPH_VectorPrint3(stream, v, const_cast<char*>(name));
+
+// ---- 10  Whole numbers ---------------------------------------------------------------------------
+
+/// The form with one number, from a whole one: `ZEPH_VectorAssign3(v, 0)` means 0.0, not a null
+/// destination.
+template <class Whole, std::enable_if_t<std::is_integral_v<Whole>, int> = 0>
+ZEPH_ADDED inline void ZEPH_VectorAssign3(double* const v, Whole s) {
+  ZEPH_VectorAssign3(v, static_cast<double>(s));
 }
 
 #endif  // ZEPH_RAW_BUFFERS_H

@@ -48,7 +48,8 @@ void ShowRotation(double** table) {
   for (int i = 1; i <= kRows; ++i) {
     double* p = table[i];
     ZEPH_MatrixTransform3(turn, &p[1], &p[2], &p[3]);
-    ZEPH_VectorPrint3(stdout, p + 1, "  p");
+    char label[] = "  p";
+    ZEPH_VectorPrint3(stdout, p + 1, label);
   }
 }
 

@@ -181,11 +181,6 @@ class ZEPH_API CZEPHDoubleMatrix {
   ZEPH_ADDED CZEPHDoubleMatrix& operator*=(CZEPHDoubleMatrix&& other) {
     return operator*=(static_cast<const CZEPHDoubleMatrix&>(other));
   }
-  /// ErrorMessage with a literal.
-  template <std::size_t N>
-  [[noreturn]] ZEPH_ADDED static void ErrorMessage(const char (&message)[N], std::ostream& os) {
-    ErrorMessage(const_cast<char*>(message), os);
-  }
 };
 
 /// The sum as a new matrix. Sizes must agree: else fatal "Bad matrix sizes : operator-()" (the

@@ -122,11 +122,6 @@ class ZEPH_API CZEPHVector {
   ZEPH_ADDED double* end() { return m_pData + size(); }
   ZEPH_ADDED const double* begin() const { return m_pData; }
   ZEPH_ADDED const double* end() const { return m_pData + size(); }
-  /// Check with a literal.
-  template <std::size_t N>
-  ZEPH_ADDED void Check(bool failed, const char (&message)[N]) {
-    Check(failed, const_cast<char*>(message));
-  }
 };
 
 /// Every element times `s`, as a new vector.
@@ -235,13 +230,6 @@ class ZEPH_API CZEPHMatrix {
     ZEPH_REQUIRE_INSIDE("CZEPHMatrix::operator[]", i, 0, m_nRows - 1);
     return m_ppData[i];
   }
-  /// SetCol from a temporary or a const vector.
-  ZEPH_ADDED void SetCol(int j, const CZEPHVector& v) { SetCol(j, const_cast<CZEPHVector&>(v)); }
-  /// Check with a literal.
-  template <std::size_t N>
-  ZEPH_ADDED void Check(bool failed, const char (&message)[N]) {
-    Check(failed, const_cast<char*>(message));
-  }
 };
 
 // --- functions ----------------------------------------------------------------------------------
@@ -277,18 +265,6 @@ ZEPH_ADDED inline CZEPHVector ZEPH_SumVector(const CZEPHMatrix& m) {
 }
 ZEPH_ADDED inline void ZEPH_SumVector(const CZEPHMatrix& m, CZEPHVector& out) {
   ZEPH_SumVector(const_cast<CZEPHMatrix&>(m), out);
-}
-ZEPH_ADDED inline int ZEPH_GetVectorMaxSite(const CZEPHVector& v) {
-  return ZEPH_GetVectorMaxSite(const_cast<CZEPHVector&>(v));
-}
-ZEPH_ADDED inline int ZEPH_GetVectorMinSite(const CZEPHVector& v) {
-  return ZEPH_GetVectorMinSite(const_cast<CZEPHVector&>(v));
-}
-ZEPH_ADDED inline double ZEPH_GetVectorSquareNorm(const CZEPHVector& v) {
-  return ZEPH_GetVectorSquareNorm(const_cast<CZEPHVector&>(v));
-}
-ZEPH_ADDED inline double ZEPH_GetVectorInfititeNorm(const CZEPHVector& v) {
-  return ZEPH_GetVectorInfititeNorm(const_cast<CZEPHVector&>(v));
 }
 
 #endif  // ZEPH_LINALG_MATRIX_H

@@ -9,6 +9,7 @@
 #include <ostream>
 
 #include "../platform.h"
+#include "read_into.h"
 
 /// A 4x4 matrix of doubles, stored by columns: element (row i, column j) is `m_data[i + 4 * j]`.
 ///
@@ -106,12 +107,10 @@ ZEPH_API std::ostream& operator<<(std::ostream& os, const CZEPHMatrix4& a);
 
 // --- added --------------------------------------------------------------------------------------
 
-// Reading what operator<< wrote. White space between the signs and numbers is free; anything else
-// sets failbit and leaves the object as it was. Infinities and NaN are not read by standard
-// streams.
-
-/// Reads four rows "[ a b c d ]".
-ZEPH_ADDED inline std::istream& operator>>(std::istream& is, CZEPHMatrix4& a) {
+/// Reads what operator<< wrote, four rows "[ a b c d ]". White space between the signs and numbers is
+/// free; anything else sets failbit and leaves the matrix as it was. Infinities and NaN are not read
+/// by standard streams. A program's own `operator>>` for the class is always preferred.
+ZEPH_ADDED inline std::istream& operator>>(std::istream& is, ZEPH_ReadInto<CZEPHMatrix4> a) {
   double read[16];
   char sign = 0;
   for (int i = 0; i < 4; ++i) {
@@ -120,7 +119,7 @@ ZEPH_ADDED inline std::istream& operator>>(std::istream& is, CZEPHMatrix4& a) {
     if (is >> sign && sign != ']') is.setstate(std::ios_base::failbit);
   }
   if (is)
-    for (int k = 0; k < 16; ++k) a.m_data[k] = read[k];
+    for (int k = 0; k < 16; ++k) a.target.m_data[k] = read[k];
   return is;
 }
 

@@ -9,6 +9,7 @@
 #include <ostream>
 
 #include "../platform.h"
+#include "read_into.h"
 
 /// A vector of three doubles. Counts its live objects as CZEPHMatrix4 does; HowMany() tells.
 ///
@@ -48,10 +49,10 @@ class ZEPH_API CZEPHVector3 {
   ZEPH_EMIT double x() const { return m_x; }
   ZEPH_EMIT double y() const { return m_y; }
   ZEPH_EMIT double z() const { return m_z; }
-  /// One component.
-  ZEPH_EMIT double GetX() const { return m_x; }
-  ZEPH_EMIT double GetY() const { return m_y; }
-  ZEPH_EMIT double GetZ() const { return m_z; }
+  /// One component; x(), y() and z() serve constants as well.
+  ZEPH_EMIT double GetX() { return m_x; }
+  ZEPH_EMIT double GetY() { return m_y; }
+  ZEPH_EMIT double GetZ() { return m_z; }
 
   /// Stores one component; the others stay.
   ZEPH_EMIT void SetX(double v) { m_x = v; }
@@ -146,12 +147,10 @@ ZEPH_API void ZEPH_MathClamp(CZEPHVector3& v, const double& lo, const double& hi
 
 // --- added --------------------------------------------------------------------------------------
 
-// Reading what operator<< wrote. White space between the signs and numbers is free; anything else
-// sets failbit and leaves the object as it was. Infinities and NaN are not read by standard
-// streams.
-
-/// Reads "[ x ; y ; z ]".
-ZEPH_ADDED inline std::istream& operator>>(std::istream& is, CZEPHVector3& v) {
+/// Reads what operator<< wrote, "[ x ; y ; z ]". White space between the signs and numbers is free;
+/// anything else sets failbit and leaves the vector as it was. Infinities and NaN are not read by
+/// standard streams. A program's own `operator>>` for the class is always preferred.
+ZEPH_ADDED inline std::istream& operator>>(std::istream& is, ZEPH_ReadInto<CZEPHVector3> v) {
   double read[3];
   char sign = 0;
   for (int i = 0; i < 3; ++i) {
@@ -160,9 +159,9 @@ ZEPH_ADDED inline std::istream& operator>>(std::istream& is, CZEPHVector3& v) {
   }
   if (is >> sign && sign != ']') is.setstate(std::ios_base::failbit);
   if (is) {
-    v.m_x = read[0];
-    v.m_y = read[1];
-    v.m_z = read[2];
+    v.target.m_x = read[0];
+    v.target.m_y = read[1];
+    v.target.m_z = read[2];
   }
   return is;
 }

@@ -3,6 +3,7 @@
 
 #include "containers.h"
 #include "containers/chain_sorter.h"
+#include "platform/standard_streams.h"
 
 namespace zeph::containers {
 namespace {
@@ -119,7 +120,11 @@ CZEPHLinkData& CZEPHLinkData::operator=(const CZEPHLinkData& other) {
 }
 
 void CZEPHLinkData::DisplayLink() {
+  zeph::platform::HoldStandardStreams();
+  // Decimal, whatever base the program has set on the stream.
+  const std::ios_base::fmtflags base = std::cout.setf(std::ios_base::dec, std::ios_base::basefield);
   std::cout << m_nKey << " ";
+  std::cout.setf(base, std::ios_base::basefield);
 }
 
 CZEPHSortedLinkList::CZEPHSortedLinkList() : m_pHead(nullptr) {}
@@ -146,6 +151,7 @@ void CZEPHSortedLinkList::Remove(int key) {
 }
 
 void CZEPHSortedLinkList::DisplayList() {
+  zeph::platform::HoldStandardStreams();
   std::cout << "List (first-->last): ";
   for (CZEPHLinkData* node = m_pHead; node; node = node->m_pNext) node->DisplayLink();
   std::cout << std::endl;

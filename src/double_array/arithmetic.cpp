@@ -5,6 +5,7 @@
 #include "double_array/elements.h"
 #include "frame/fatal_report.h"
 #include "kernels/few.h"
+#include "kernels/overlap.h"
 #include "platform/allocation.h"
 #include "platform/exactness.h"
 
@@ -39,6 +40,14 @@ CZEPHDoubleArray Combine(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
   return Make(a, [&](double* out, std::size_t n) { op(out, a.data, b.data, n); });
 }
 
+/// data[i] = op(data[i], other[i]) for rising i. A public `data` may be aimed into another array's
+/// block; where the two then share elements out of step, each is done by itself.
+template <kernels::Elementwise::Binary op>
+void UpdateInOrder(double* data, const double* other, std::size_t n) {
+  if (data == other || !kernels::Overlap(data, n, other, n)) return op(data, data, other, n);
+  for (std::size_t i = 0; i < n; ++i) op(data + i, data + i, other + i, 1);
+}
+
 }  // namespace
 }  // namespace zeph::double_array
 
@@ -46,13 +55,13 @@ using namespace zeph::double_array;
 
 CZEPHDoubleArray& CZEPHDoubleArray::operator+=(const CZEPHDoubleArray& other) {
   RequireSameSizeToAdd(*this, other);
-  if (data) zeph::kernels::Add(data, data, other.data, Count(other));
+  if (data) UpdateInOrder<zeph::kernels::Add>(data, other.data, Count(other));
   return *this;
 }
 
 CZEPHDoubleArray& CZEPHDoubleArray::operator-=(const CZEPHDoubleArray& other) {
   RequireSameSizeToSubtract(*this, other);
-  if (data) zeph::kernels::Subtract(data, data, other.data, Count(other));
+  if (data) UpdateInOrder<zeph::kernels::Subtract>(data, other.data, Count(other));
   return *this;
 }
 

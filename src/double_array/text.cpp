@@ -69,11 +69,17 @@ std::ostream& operator<<(std::ostream& os, const CZEPHDoubleArray& a) {
 }
 
 std::istream& operator>>(std::istream& is, CZEPHDoubleArray& a) {
-  is >> a.size;
-  if (is.fail() || (!a.data && a.size > 0)) a.size = 0;
-  for (int i = 0; i < a.size; ++i) {
-    is >> a.data[i];
-    if (is.fail()) a.size = 0;
-  }
+  // A stream may throw where it fails: the size is 0 then too.
+  int count = 0;
+  const struct Ending {
+    CZEPHDoubleArray& array;
+    const int& count;
+    ~Ending() { array.size = count; }
+  } ending{a, count};
+  int announced = 0;
+  if (!(is >> announced) || (!a.data && announced > 0)) return is;
+  for (int i = 0; i < announced; ++i)
+    if (!(is >> a.data[i])) return is;
+  count = announced;
   return is;
 }

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <iostream>
 
+#include "frame/fatal_report.h"
 #include "kernels/row_sums.h"
 #include "linalg.h"
 #include "linalg/row_table.h"
@@ -14,7 +15,8 @@ using namespace zeph::linalg;
 
 CZEPHDoubleMatrix& CZEPHDoubleMatrix::operator*=(const CZEPHDoubleMatrix& other) {
   if (m_nColumns != other.m_nRows)
-    ErrorMessage("Matrices are not conformable : CZEPHDoubleMatrix::operator*=()", std::cout);
+    zeph::frame::FatalReport("Matrices are not conformable : CZEPHDoubleMatrix::operator*=()",
+                             std::cout);
   CZEPHDoubleMatrix product;
   if (product.AllocMemory(m_nRows, other.m_nColumns) == 1)
     Multiply(product.m_ppData, m_ppData, other.m_ppData, product.m_nRows, m_nColumns,
@@ -26,12 +28,13 @@ CZEPHDoubleMatrix& CZEPHDoubleMatrix::operator*=(const CZEPHDoubleMatrix& other)
 
 CZEPHDoubleMatrix& operator*=(CZEPHDoubleMatrix& left, const CZEPHDoubleMatrix& other) {
   if (left.m_nColumns != other.m_nRows)
-    CZEPHDoubleMatrix::ErrorMessage("Matrices are not conformable : operator*=()", std::cout);
+    zeph::frame::FatalReport("Matrices are not conformable : operator*=()", std::cout);
   return left.operator*=(other);
 }
 
 CZEPHDoubleArray CZEPHDoubleMatrix::operator*(const CZEPHDoubleArray& v) const {
-  if (m_nColumns != v.size) ErrorMessage("matrix and vector sizes do not match", std::cout);
+  if (m_nColumns != v.size)
+    zeph::frame::FatalReport("matrix and vector sizes do not match", std::cout);
   CZEPHDoubleArray result(m_nRows, static_cast<double*>(nullptr));
   if (!result.data) return result;
   int rows = 0;

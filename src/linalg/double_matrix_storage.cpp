@@ -91,7 +91,7 @@ void CZEPHDoubleMatrix::SetEntry(double value) {
 
 int CZEPHDoubleMatrix::CheckBound(int i, int j) {
   if (!m_ppData || i < 0 || i > m_nRows || j < 0 || j > m_nColumns)
-    ErrorMessage("Matrix check bound error!\n", std::cout);
+    zeph::frame::FatalReport("Matrix check bound error!\n", std::cout);
   return 1;
 }
 
@@ -99,7 +99,7 @@ CZEPHDoubleMatrix& CZEPHDoubleMatrix::operator=(const CZEPHDoubleMatrix& other) 
   if (this == &other) return *this;
   if (m_ppData && m_nRows != 0 && m_nColumns != 0) {
     if (m_nRows != other.m_nRows || m_nColumns != other.m_nColumns)
-      ErrorMessage("Bad matrix sizes in CZEPHDoubleMatrix::operator=()", std::cout);
+      zeph::frame::FatalReport("Bad matrix sizes in CZEPHDoubleMatrix::operator=()", std::cout);
     linalg::Copy(m_ppData, other.m_ppData, m_nRows, m_nColumns);
   } else {
     AllocMemory(other.m_nRows, other.m_nColumns);

@@ -14,7 +14,7 @@ void CZEPHMatrix::Check(bool failed, char* message) {
 
 CZEPHMatrix CZEPHMatrix::operator+(const CZEPHMatrix& other) {
   if (m_nRows != other.m_nRows || m_nColumns != other.m_nColumns)
-    Check(true, "Addition error (Not of the same size)");
+    zeph::frame::Check(true, "Addition error (Not of the same size)");
   CZEPHMatrix sum(m_nRows, m_nColumns);
   const int added = Combine<zeph::kernels::Add>(sum.m_ppData, other.m_ppData, m_ppData, sum.m_nRows,
                                                 sum.m_nColumns);
@@ -23,7 +23,7 @@ CZEPHMatrix CZEPHMatrix::operator+(const CZEPHMatrix& other) {
 }
 
 CZEPHMatrix CZEPHMatrix::operator*(const CZEPHMatrix& other) {
-  if (m_nColumns != other.m_nRows) Check(true, "Multiplication error!(size)");
+  if (m_nColumns != other.m_nRows) zeph::frame::Check(true, "Multiplication error!(size)");
   CZEPHMatrix product(m_nRows, other.m_nColumns);
   Multiply(product.m_ppData, m_ppData, other.m_ppData, product.m_nRows, m_nColumns,
            product.m_nColumns);

@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "linalg.h"
+#include "platform/standard_streams.h"
 #include "linalg/cell_writer.h"
 #include "linalg/row_table.h"
 #include "platform/stream_number.h"
@@ -19,6 +20,7 @@ void CZEPHMatrix::Display(std::FILE* stream, char separator) {
 }
 
 void CZEPHMatrix::Display() {
+  zeph::platform::HoldStandardStreams();
   std::cout.setf(std::ios_base::right | std::ios_base::fixed | std::ios_base::showpoint);
   std::cout.precision(4);
   const int rows = StoredRows(m_ppData, m_nRows);

@@ -37,12 +37,13 @@ void CZEPHVector::Check(bool failed, char* message) {
 }
 
 CZEPHVector CZEPHVector::operator+(const CZEPHVector& other) {
-  if (m_nSize != other.m_nSize) Check(true, "Addition error (Not of the same size)");
+  if (m_nSize != other.m_nSize) zeph::frame::Check(true, "Addition error (Not of the same size)");
   return Combined<zeph::kernels::Add>(*this, other);
 }
 
 CZEPHVector CZEPHVector::operator-(const CZEPHVector& other) {
-  if (m_nSize != other.m_nSize) Check(true, "Subtraction error (Not of the same size)");
+  if (m_nSize != other.m_nSize)
+    zeph::frame::Check(true, "Subtraction error (Not of the same size)");
   return Combined<zeph::kernels::Subtract>(*this, other);
 }
 

@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "linalg.h"
+#include "platform/standard_streams.h"
 #include "linalg/cell_writer.h"
 #include "platform/stream_number.h"
 
@@ -16,6 +17,7 @@ void CZEPHVector::Display(std::FILE* stream, char separator) {
 }
 
 void CZEPHVector::Display() {
+  zeph::platform::HoldStandardStreams();
   for (std::size_t i = 0; i < size(); ++i) {
     std::cout.setf(std::ios_base::right | std::ios_base::fixed | std::ios_base::showpoint);
     std::cout << std::setprecision(4) << std::setw(12) << zeph::platform::Number{m_pData[i]};

@@ -2,8 +2,8 @@
 #include "platform/random.h"
 
 #include <cstdlib>
-#include <ctime>
 
+#include "platform/clock.h"
 #ifdef ZEPH_PORTABLE_MATH
 #include "portable_math/random.h"
 #endif
@@ -44,7 +44,7 @@ void SeedRandom(unsigned seed) {
 #endif
 
 void SeedRandomFromTime() {
-  SeedRandom(static_cast<unsigned>(std::time(nullptr)));
+  SeedRandom(static_cast<unsigned>(ReadClock().time));
 }
 
 }  // namespace zeph::platform

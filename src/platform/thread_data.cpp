@@ -43,13 +43,38 @@ void AtThreadEnd(void* data) {
   delete Unlink(data);
 }
 
-/// The key, from the first use until the library closes down.
+/// Whether the library is leaving a process that goes on. When a process ends, the functions that
+/// static objects have left with exit() come before those that the linker lists; when a library is
+/// unloaded, all of them are called from that list, and this one first. (On Windows the other threads
+/// are gone by then in both cases.)
+#ifdef __ELF__
+std::atomic<bool> unloading{false};
+__attribute__((destructor)) void Unload() {
+  unloading = true;
+}
+#else
+constexpr bool unloading = true;
+#endif
+
+/// The key, from the first use until the library is unloaded.
+std::atomic<bool> open{false};
 struct Key {
-  const bool open = OpenThreadKey(AtThreadEnd);
-  ~Key() {
+  Key() { open = OpenThreadKey(AtThreadEnd); }
+  ~Key() { unloading ? Close() : Leave(); }
+
+ private:
+  /// No thread is inside the library any more.
+  static void Close() {
     closed = true;
     while (ThreadData* const first = Alone([] { return all; })) delete Unlink(first);
     if (open) CloseThreadKey();
+  }
+  /// The process ends, and other threads may go on until it has: what is theirs stays.
+  static void Leave() {
+    if (!open) return;
+    void* const mine = ThreadValue();
+    SetThreadValue(nullptr);
+    delete Unlink(mine);
   }
 };
 
@@ -58,7 +83,7 @@ struct Key {
 ThreadData* MyThreadData(ThreadData* (*make)()) {
   if (closed) return nullptr;
   static const Key key;
-  if (!key.open) return nullptr;
+  if (!open) return nullptr;
   if (void* const mine = ThreadValue()) return static_cast<ThreadData*>(mine);
   ThreadData* const made = make();
   if (!made || !SetThreadValue(made)) {

@@ -36,7 +36,7 @@ void CopyTile(Rows from, Rows to, int row, int rowEnd, int col, int colEnd) {
 }
 
 /// By tiles: the lines of memory that a tile reads stay at hand until all of each is used. With
-/// nothing shared the order of the copies does not show; otherwise it is the documented one.
+/// nothing shared the order of the copies does not show; where `apart` is false it is row by row.
 template <class Rows>
 void Transpose(int n, Rows from, Rows to, bool apart) {
   constexpr int kTile = 16;
@@ -46,7 +46,8 @@ void Transpose(int n, Rows from, Rows to, bool apart) {
       CopyTile(from, to, row, row + std::min(kTile, n - row), col, col + std::min(kTile, n - col));
 }
 
-/// In place, or with a row that takes its own place: not allowed, yet harmless to get right.
+/// In place, or with a row that takes its own place: not allowed, yet harmless to get right. Rows
+/// that share cells in another way are not looked for: the order of their copies is nobody's.
 bool SharesRows(int n, double* const* a, double* const* b) {
   for (int i = 0; i < n; ++i)
     if (a[i] == b[i]) return true;

@@ -174,7 +174,12 @@ TEST(AbuseAliasing, AGeneralMatrixAndItsVectorsAreTheirOwnOperands) {
       },
       [](M&, const M&) {});
   SameMatrix<M>(
-      make, [](M& m) { m.SetCol(0, m.PickCol(0)); }, [](M&, const M&) {});
+      make,
+      [](M& m) {
+        CZEPHVector column = m.PickCol(0);
+        m.SetCol(0, column);
+      },
+      [](M&, const M&) {});
   for (const int n : kSizes) {
     const auto v = Awkward(static_cast<std::size_t>(n), 8);
     const CZEPHVector kept = ToVector(v);

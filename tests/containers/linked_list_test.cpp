@@ -1,3 +1,4 @@
+#include <iostream>
 #include <limits>
 #include <memory>
 #include <utility>
@@ -333,4 +334,17 @@ TEST(SortedLinkList, WritesItsKeysToTheStandardOutput) {
   one.DisplayLink();
   negative.DisplayLink();
   EXPECT_EQ(capture.Text(), "List (first-->last): \nList (first-->last): 1 3 \n1 -2147483648 ");
+}
+
+TEST(SortedLinkList, WritesItsKeysInDecimalWhateverTheBaseOfTheStream) {
+  CZEPHSortedLinkList list;
+  CZEPHLinkData link(29);
+  list.Insert(&link);
+  CaptureStdout capture;
+  std::cout << std::hex;
+  list.DisplayList();
+  std::cout << std::oct;
+  link.DisplayLink();
+  std::cout << 9 << std::dec << std::flush;  // the program's base is as it was
+  EXPECT_EQ(capture.Text(), "List (first-->last): 29 \n29 11");
 }

@@ -148,3 +148,23 @@ TEST(DoubleArrayArithmetic, EveryOperatorAllocatesOnceAndSwallowsExhaustion) {
       EXPECT_EQ(LiveBlocks(), live);
     }
 }
+
+TEST(DoubleArrayArithmetic, AnOperandAimedIntoTheOthersBlockIsTakenElementByElement) {
+  constexpr int kElements = 37;
+  for (const int shift : {-5, -4, -1, 1, 3, 4, 7})
+    for (const bool add : {true, false}) {
+      std::vector<double> block(kElements + 20);
+      for (std::size_t i = 0; i < block.size(); ++i) block[i] = static_cast<double>(i * i % 17);
+      std::vector<double> want = block;
+      double* const to = want.data() + 10;
+      for (int i = 0; i < kElements; ++i) add ? to[i] += to[i + shift] : to[i] -= to[i + shift];
+
+      CZEPHDoubleArray a, b;
+      a.size = b.size = kElements;
+      a.data = block.data() + 10;
+      b.data = a.data + shift;
+      add ? a += b : a -= b;
+      a.data = b.data = nullptr;  // the block is not theirs
+      EXPECT_EQ(block, want) << "shift " << shift << (add ? ", +=" : ", -=");
+    }
+}

@@ -27,8 +27,10 @@ int main(int argc, char** argv) {
     char text[] = "x";
     CZEPHDoubleArray::ErrorMessage(text, std::cout);
   }
-  if (is("ErrorMessage of a literal elsewhere"))
-    CZEPHDoubleArray::ErrorMessage("a %d\n", std::cerr);
+  if (is("ErrorMessage elsewhere")) {
+    char text[] = "a %d\n";
+    CZEPHDoubleArray::ErrorMessage(text, std::cerr);
+  }
   std::cout << "after\n";
   return 0;
 }

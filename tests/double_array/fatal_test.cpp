@@ -37,8 +37,7 @@ TEST(DoubleArrayFatal, ArithmeticOnDifferentSizesEndsTheProcess) {
 
 TEST(DoubleArrayFatal, TheReportPrintsItsMessageAsGiven) {
   ExpectFatal("ErrorMessage", "x");
-  const auto child =
-      RunChild("zeph_double_array_fatal_child", {"ErrorMessage of a literal elsewhere"});
+  const auto child = RunChild("zeph_double_array_fatal_child", {"ErrorMessage elsewhere"});
   EXPECT_EQ(child.status, 1);
   EXPECT_EQ(child.out, "before\n");
   EXPECT_EQ(child.err, "@@@@( Error: a %d\n\n");

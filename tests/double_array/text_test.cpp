@@ -164,3 +164,14 @@ TEST(DoubleArrayText, ExtractionOfACountOfZeroNeedsNoStorage) {
   EXPECT_TRUE(is >> next);
   EXPECT_EQ(next, 7);
 }
+
+TEST(DoubleArrayText, AReadThatThrowsLeavesTheSizeZeroToo) {
+  for (const char* text : {"", "x", "3 1 2", "3 1 2 x", "2000000000000 1"}) {
+    CZEPHDoubleArray a(3, 7.0);
+    std::istringstream is(text);
+    is.exceptions(std::ios_base::failbit | std::ios_base::badbit | std::ios_base::eofbit);
+    EXPECT_ANY_THROW(is >> a) << text;
+    EXPECT_EQ(a.size, 0) << text;
+    a.size = 3;
+  }
+}

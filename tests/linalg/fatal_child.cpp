@@ -8,6 +8,8 @@
 
 namespace {
 
+char kText[] = "text";
+
 CZEPHDoubleMatrix D(int rows, int cols) {
   return CZEPHDoubleMatrix(rows, cols, 1.0);
 }
@@ -23,8 +25,8 @@ CZEPHDoubleMatrix Cleared() {
 
 const std::map<std::string, std::function<void()>>& Sites() {
   static const std::map<std::string, std::function<void()>> sites = {
-      {"report", [] { CZEPHDoubleMatrix::ErrorMessage("text", std::cout); }},
-      {"report to the error stream", [] { CZEPHDoubleMatrix::ErrorMessage("text", std::cerr); }},
+      {"report", [] { CZEPHDoubleMatrix::ErrorMessage(kText, std::cout); }},
+      {"report to the error stream", [] { CZEPHDoubleMatrix::ErrorMessage(kText, std::cerr); }},
       {"check row -1", [] { D(2, 3).CheckBound(-1, 0); }},
       {"check row 3", [] { D(2, 3).CheckBound(3, 0); }},
       {"check column -1", [] { D(2, 3).CheckBound(0, -1); }},
@@ -88,7 +90,7 @@ const std::map<std::string, std::function<void()>>& Sites() {
       {"matrix sum rows", [] { CZEPHMatrix(2, 2) + CZEPHMatrix(3, 2); }},
       {"matrix sum columns", [] { CZEPHMatrix(2, 2) + CZEPHMatrix(2, 3); }},
       {"matrix product", [] { CZEPHMatrix(2, 3) * CZEPHMatrix(2, 3); }},
-      {"matrix check", [] { CZEPHMatrix().Check(true, "text"); }},
+      {"matrix check", [] { CZEPHMatrix().Check(true, kText); }},
       {"vector sum", [] { CZEPHVector(2) + CZEPHVector(3); }},
       {"vector difference", [] { CZEPHVector(2) - CZEPHVector(); }},
       {"vector check",

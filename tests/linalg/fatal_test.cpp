@@ -72,3 +72,9 @@ TEST(MatrixFatal, ChecksWriteTheBareMessageToTheErrorStream) {
   ExpectCheck("matrix check", "text");
   ExpectCheck("vector check", "text");
 }
+
+TEST(DoubleMatrixFatal, AReportFromAStaticObjectsConstructorIsWritten) {
+  const auto result = RunChild("zeph_linalg_early_child", {});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.out, "List (first-->last): \n@@@@( Error: Matrix check bound error!\n\n");
+}

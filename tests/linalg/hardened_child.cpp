@@ -56,7 +56,11 @@ const zeph::test::Breach kBreaches[] = {
        Use(v[0]);
      }},
     {"pick", [] { General().PickCol(3); }},
-    {"set", [] { General().SetCol(-1, Vector()); }},
+    {"set",
+     [] {
+       CZEPHVector v = Vector();
+       General().SetCol(-1, v);
+     }},
     {"pick into",
      [] {
        CZEPHVector v(1);

@@ -67,7 +67,8 @@ TEST(MatrixArithmetic, ResultsCostTheirTableAndRowsAndNothingElse) {
 }
 
 TEST(MatrixCheck, DoesNothingWhereNothingFailed) {
-  CZEPHMatrix().Check(false, "unseen");
-  CZEPHVector().Check(false, "unseen");
+  char unseen[] = "unseen";
+  CZEPHMatrix().Check(false, unseen);
+  CZEPHVector().Check(false, unseen);
   CZEPHMatrix().Check(false, nullptr);
 }

@@ -31,7 +31,8 @@ TEST(MatrixColumns, ArePickedAndSet) {
   CZEPHVector column = m.PickCol(3);
   m.SetCol(0, column);
   for (int i = 0; i < 9; ++i) EXPECT_SAME_BITS(m[i][0], x[Count(i)][3]);
-  m.SetCol(1, m.PickCol(2));  // a temporary
+  column = m.PickCol(2);
+  m.SetCol(1, column);
   for (int i = 0; i < 9; ++i) EXPECT_SAME_BITS(m[i][1], x[Count(i)][2]);
 }
 
@@ -65,14 +66,8 @@ TEST(MatrixColumns, SumVectorSumsRowsFromTheFirstColumnOn) {
   EXPECT_SAME_BITS(ZEPH_SumVector(CZEPHMatrix(1, 1, minus))[0], 0.0);
 }
 
-TEST(MatrixColumns, TheFunctionsTakeTemporariesAndConstObjects) {
+TEST(MatrixColumns, RowSumsTakeTemporariesAndConstObjects) {
   const double values[] = {3, -4};
-  const CZEPHVector v(2, values);
-  EXPECT_EQ(ZEPH_GetVectorSquareNorm(v), 25.0);
-  EXPECT_EQ(ZEPH_GetVectorSquareNorm(CZEPHVector(2, values)), 25.0);
-  EXPECT_EQ(ZEPH_GetVectorInfititeNorm(2.0 * v), 8.0);
-  EXPECT_EQ(ZEPH_GetVectorMaxSite(v * 2.0), 0);
-  EXPECT_EQ(ZEPH_GetVectorMinSite(v * 2.0), 1);
   const CZEPHMatrix m(1, 2, values);
   EXPECT_EQ(ZEPH_SumVector(m)[0], -1.0);
   CZEPHVector out(1);

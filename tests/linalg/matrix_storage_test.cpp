@@ -109,7 +109,8 @@ TEST(MatrixStorage, AWholeObjectOperationOnAFreedMatrixFindsNoElement) {
   EXPECT_TRUE(SameBits(Elements(ZEPH_SumVector(freed)), {0, 0}));
   EXPECT_TRUE(SameBits(Elements(CZEPHMatrix(2, 3, nullptr)), zeros));
   ZEPH_RandomizeMatrix(freed, 1.0);
-  freed.SetCol(0, CZEPHVector(2, kOneToSix));
+  CZEPHVector column(2, kOneToSix);
+  freed.SetCol(0, column);
   freed = full;
   EXPECT_EQ(freed.m_ppData, nullptr);  // same size: copied into what is there
   full = freed;

@@ -7,6 +7,7 @@
 
 #include "linalg/matrices.h"
 #include "support/allocation.h"
+#include "support/child.h"
 
 using namespace zeph::test;
 
@@ -86,4 +87,10 @@ TEST(NegationLifetime, WithoutMemoryForTheThreadsOwnPlacesTheSharedOnesServe) {
       EXPECT_EQ((-b)[0][0], -3.0);
     })
         .join();
+}
+
+TEST(NegationLifetime, OtherThreadsKeepTheirResultsWhileTheProcessEnds) {
+  const auto result = RunChild("zeph_linalg_exit_child", {});
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.out, "0 wrong\n");
 }

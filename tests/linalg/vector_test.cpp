@@ -192,8 +192,14 @@ TEST(VectorArithmetic, ResultsCostOneAllocation) {
 }
 
 TEST(VectorMeasures, FindTheFirstExtremeAndPassOverNaN) {
-  const auto max = [](std::vector<double> v) { return ZEPH_GetVectorMaxSite(ToVector(v)); };
-  const auto min = [](std::vector<double> v) { return ZEPH_GetVectorMinSite(ToVector(v)); };
+  const auto max = [](std::vector<double> v) {
+    CZEPHVector x = ToVector(v);
+    return ZEPH_GetVectorMaxSite(x);
+  };
+  const auto min = [](std::vector<double> v) {
+    CZEPHVector x = ToVector(v);
+    return ZEPH_GetVectorMinSite(x);
+  };
   EXPECT_EQ(max({1, 5, 5}), 1);
   EXPECT_EQ(min({2, 1, 1}), 1);
   EXPECT_EQ(max({}), 0);
@@ -247,9 +253,17 @@ TEST(VectorMeasures, AgreeWithTheirRulesOnLongVectors) {
 }
 
 TEST(VectorMeasures, NormsTakeNoRoot) {
-  EXPECT_EQ(ZEPH_GetVectorSquareNorm(ToVector({3, 4})), 25.0);
-  EXPECT_EQ(ZEPH_GetVectorInfititeNorm(ToVector({3, -4})), 4.0);
-  EXPECT_SAME_BITS(ZEPH_GetVectorInfititeNorm(CZEPHVector()), 0.0);
-  EXPECT_SAME_BITS(ZEPH_GetVectorInfititeNorm(ToVector({-0.0})), 0.0);
-  EXPECT_SAME_BITS(ZEPH_GetVectorSquareNorm(CZEPHVector()), 0.0);
+  const auto square = [](std::vector<double> v) {
+    CZEPHVector x = ToVector(v);
+    return ZEPH_GetVectorSquareNorm(x);
+  };
+  const auto largest = [](std::vector<double> v) {
+    CZEPHVector x = ToVector(v);
+    return ZEPH_GetVectorInfititeNorm(x);
+  };
+  EXPECT_EQ(square({3, 4}), 25.0);
+  EXPECT_EQ(largest({3, -4}), 4.0);
+  EXPECT_SAME_BITS(largest({}), 0.0);
+  EXPECT_SAME_BITS(largest({-0.0}), 0.0);
+  EXPECT_SAME_BITS(square({}), 0.0);
 }

@@ -116,3 +116,11 @@ TEST(RawVectorNormalize3, LeavesAVectorWithoutALengthAsItWas) {
   const double want[] = {0.6, 0, 0.8};
   EXPECT_TRUE(SameBits(v, want, 3));
 }
+
+TEST(RawVectorAssign3, TakesAWholeNumberForANumber) {
+  double v[3] = {1, 2, 3};
+  ZEPH_VectorAssign3(v, 0);  // not a null destination
+  for (const double x : v) EXPECT_SAME_BITS(x, 0.0);
+  ZEPH_VectorAssign3(v, 7L);
+  for (const double x : v) EXPECT_EQ(x, 7.0);
+}

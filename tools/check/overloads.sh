@@ -1,5 +1,5 @@
 # Documented calls choose documented functions, and the additions serve the ranges of C++20.
-need clang
+need clang clang-format python3
 mkdir -p build/overloads
 build static ZEPHDataStructureEngine
 source=tests/headers/overloads.cpp
@@ -22,5 +22,17 @@ for compiler in g++ clang++; do
       -o build/overloads/ranges && build/overloads/ranges || status=$?
     check $status "tests/headers/ranges.cpp, $compiler, C++$standard"
   done
+done
+# What programs may have been written against, and what they mean by it.
+status=0
+python3 tests/headers/strip_additions.py include | clang-format --assume-filename=tests/headers/documented.h |
+  diff tests/headers/documented.h - || status=1
+check $status "tests/headers/documented.h is the headers without their additions"
+for compiler in g++ clang++; do
+  status=0
+  python3 tests/headers/compare_uses.py --compiler $compiler --flags -DZEPH_STATIC \
+    --library build/static/src/libZEPHDataStructureEngine.a --documented tests/headers/documented.h \
+    --work build/overloads/uses-$compiler || status=1
+  check $status "tests/headers/uses.txt, $compiler"
 done
 verdicts

@@ -56,7 +56,8 @@ void GeneralMatrices(Report& report, Inputs& in, int n, Kind kind) {
   Computed(report("matrix: a * b"), a * b);
   ComputedVector(report("ZEPH_SumVector"), ZEPH_SumVector(a));
   CZEPHVector column = a.PickCol(n / 2);
-  b.SetCol(n / 2, a.PickCol(0).m_nSize == b.m_nRows ? column : DrawVector(in, b.m_nRows, kind));
+  if (a.m_nRows != b.m_nRows) column = DrawVector(in, b.m_nRows, kind);
+  b.SetCol(n / 2, column);
   Computed(report("PickCol, SetCol"), b);
 }
 

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+//
+/// @file
+/// How the added extractors stand back behind a program's own.
+#ifndef ZEPH_LINALG_READ_INTO_H
+#define ZEPH_LINALG_READ_INTO_H
+
+/// What an added `operator>>` reads into: converted to from the object itself, so that any operator
+/// of the program that takes the object is the better match, wherever it is declared.
+template <class T>
+struct ZEPH_ReadInto {
+  T& target;                                    ///< The object to be read.
+  ZEPH_ReadInto(T& object) : target(object) {}  // NOLINT: implicit on purpose
+};
+
+#endif  // ZEPH_LINALG_READ_INTO_H

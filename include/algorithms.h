@@ -107,9 +107,10 @@ ZEPH_API int ZEPH_RoundOffToInt(double x);
 
 /// The exponent of the split of `value`.
 ///
-/// 0 for magnitudes up to 10^digits (not below 0.1); above, the exponent that leaves `digits` whole
-/// digits in the mantissa, but one digit more for an exact power of ten; below 0.1, the floor of
-/// log10. For 0, infinities and NaN, log10 has no int, and the result is the most negative int.
+/// 0 for magnitudes from 1 up to 10^digits; above, the exponent that leaves `digits` whole digits
+/// in the mantissa, but one digit more for an exact power of ten; below 1, the floor of log10, so
+/// -1 from 0.1 on. For 0, infinities and NaN, log10 has no int, and the result is the most negative
+/// int.
 ///
 ///     ZEPH_MathGetScientificNotationBase(12345.0, 2);  // 3
 ///     ZEPH_MathGetScientificNotationBase(0.05, 2);     // -2
@@ -144,7 +145,8 @@ ZEPH_API void ZEPH_MathRandomInit();
 /// A draw in 0..n-1 (the remainder of a raw draw by `n`); a raw draw, 0..32767, where `n <= 0`.
 ZEPH_API int ZEPH_MathRandom(int n);
 
-/// A draw between `lo` and `hi`, both reached, in either order: draw * (hi - lo) / 32767.0 + lo.
+/// A draw between `lo` and `hi`, in either order: draw * (hi - lo) / 32767.0 + lo. The draw 0 gives
+/// `lo` itself; 32767 gives `hi` as far as the three roundings of the formula do.
 ZEPH_API double ZEPH_MathRandom(double lo, double hi);
 
 // ---- Without effect -----------------------------------------------------------------------------

@@ -521,7 +521,7 @@ ZEPH_ADDED inline auto ZEPH_MatrixPrint4(FILE* stream, M m, const char (&name)[N
   ZEPH_MatrixPrint4(stream, m, const_cast<char*>(name));
 }
 
-// ---- 10  Whole numbers ---------------------------------------------------------------------------
+// ---- 10  Whole numbers --------------------------------------------------------------------------
 
 /// The form with one number, from a whole one: `ZEPH_VectorAssign3(v, 0)` means 0.0, not a null
 /// destination.

@@ -53,8 +53,9 @@ class ZEPH_API CZEPHDoubleMatrix {
   int SetData(const CZEPHDoubleMatrix& other);
   /// Makes this a `rows` x `cols` matrix, each element `value`; 1, or 0 if there is no memory.
   ///
-  /// The counts are stored first and stay even where the result is 0; a negative count always
-  /// gives 0. Where the matrix shrinks to fewer rows, the rows past the new count are not released.
+  /// The counts are stored first and stay even where the result is 0. A negative number of rows
+  /// gives 0, as does a negative number of columns where there is a row. Where the matrix shrinks to
+  /// fewer rows, the rows past the new count are not released.
   int SetData(int rows, int cols, double value);
   /// Makes this a `rows` x `cols` matrix with element (i, j) copied from `source[i][j]`; 1 or 0 as
   /// above. `source` may hold rows of this matrix; the rest of it is the caller's.
@@ -147,7 +148,8 @@ class ZEPH_API CZEPHDoubleMatrix {
   /// Storage for `rows` x `cols` elements, their values undefined; 1, or 0 where memory runs out.
   ///
   /// The counts are stored first. Storage that was held is released: of its rows the first `rows`
-  /// only. A negative count fails. After a 0 the rows acquired so far stay, the others are null.
+  /// only. A negative number of rows fails, of columns where there is a row to have. After a 0 the
+  /// rows acquired so far stay, the others are null.
   int AllocMemory(int rows, int cols);
   /// Releases the first `m_nRows` rows and the table, if there is one. Counts are left alone.
   void FreeMemory();

@@ -107,9 +107,9 @@ ZEPH_API std::ostream& operator<<(std::ostream& os, const CZEPHMatrix4& a);
 
 // --- added --------------------------------------------------------------------------------------
 
-/// Reads what operator<< wrote, four rows "[ a b c d ]". White space between the signs and numbers is
-/// free; anything else sets failbit and leaves the matrix as it was. Infinities and NaN are not read
-/// by standard streams. A program's own `operator>>` for the class is always preferred.
+/// Reads what operator<< wrote, four rows "[ a b c d ]". White space between the signs and numbers
+/// is free; anything else sets failbit and leaves the matrix as it was. Infinities and NaN are not
+/// read by standard streams. A program's own `operator>>` for the class is always preferred.
 ZEPH_ADDED inline std::istream& operator>>(std::istream& is, ZEPH_ReadInto<CZEPHMatrix4> a) {
   double read[16];
   char sign = 0;

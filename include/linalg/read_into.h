@@ -5,12 +5,14 @@
 #ifndef ZEPH_LINALG_READ_INTO_H
 #define ZEPH_LINALG_READ_INTO_H
 
+#include "../platform/macros.h"
+
 /// What an added `operator>>` reads into: converted to from the object itself, so that any operator
 /// of the program that takes the object is the better match, wherever it is declared.
 template <class T>
 struct ZEPH_ReadInto {
-  T& target;                                    ///< The object to be read.
-  ZEPH_ReadInto(T& object) : target(object) {}  // NOLINT: implicit on purpose
+  T& target;                                               ///< The object to be read.
+  ZEPH_ADDED ZEPH_ReadInto(T& object) : target(object) {}  // NOLINT: implicit on purpose
 };
 
 #endif  // ZEPH_LINALG_READ_INTO_H

@@ -29,8 +29,8 @@
 ///
 /// Holds any bytes, zeros included, behind which a closing zero always stands. A null `const char*`
 /// counts as the empty text everywhere. Copies are deep; appending costs amortised constant time a
-/// character and may be given a piece of the string itself. Texts of up to 15 characters live in the
-/// object itself.
+/// character and may be given a piece of the string itself. Texts of up to 15 characters
+/// live in the object itself.
 ///
 /// A text has at most 2^31 - 2 characters. An operation that would make a longer one throws
 /// std::length_error and changes nothing.

@@ -3,9 +3,9 @@
 #include <iostream>
 
 #include "linalg.h"
-#include "platform/standard_streams.h"
 #include "linalg/cell_writer.h"
 #include "linalg/row_table.h"
+#include "platform/standard_streams.h"
 #include "platform/stream_number.h"
 
 using namespace zeph::linalg;

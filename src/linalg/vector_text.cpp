@@ -3,8 +3,8 @@
 #include <iostream>
 
 #include "linalg.h"
-#include "platform/standard_streams.h"
 #include "linalg/cell_writer.h"
+#include "platform/standard_streams.h"
 #include "platform/stream_number.h"
 
 using namespace zeph::linalg;

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Compiles the uses of tests/headers/uses.txt against the documented declarations and against the headers.
 
-usage: compare_uses.py --compiler CXX [--flags ...] --library LIB --documented documented.h --work FOLDER
+usage: compare_uses.py --compiler CXX [--flag=FLAG ...] --library LIB --documented documented.h --work FOLDER
 
 Each use must compile against both and write the same. They go in a few large sources; only where one of
 those fails is each of its uses compiled by itself.
@@ -104,7 +104,7 @@ class Checker:
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--compiler", required=True)
-    parser.add_argument("--flags", nargs="*", default=[])
+    parser.add_argument("--flag", dest="flags", action="append", default=[])
     parser.add_argument("--library", required=True)
     parser.add_argument("--documented", required=True)
     parser.add_argument("--include", default="include")

@@ -15,7 +15,7 @@
 #define ZEPH_API __attribute__((visibility("default")))
 #endif
 
-#if !defined(ZEPH_BUILDING) || !(defined(__GNUC__) || defined(__clang__))
+#if !defined(ZEPH_BUILDING) || defined(ZEPH_STATIC) || !(defined(__GNUC__) || defined(__clang__))
 #define ZEPH_EMIT
 #elif defined(_WIN32)
 #define ZEPH_EMIT __attribute__((used, dllexport))
@@ -561,6 +561,7 @@ class ZEPH_API CZEPHDataStructureEngineApp : public CWinApp {
   ~CZEPHDataStructureEngineApp() override;
 };
 
+#include <cstdint>
 #include <cstdio>
 
 template <class T>

@@ -30,7 +30,7 @@ python3 tests/headers/strip_additions.py include | clang-format --assume-filenam
 check $status "tests/headers/documented.h is the headers without their additions"
 for compiler in g++ clang++; do
   status=0
-  python3 tests/headers/compare_uses.py --compiler $compiler --flags -DZEPH_STATIC \
+  python3 tests/headers/compare_uses.py --compiler $compiler --flag=-DZEPH_STATIC \
     --library build/static/src/libZEPHDataStructureEngine.a --documented tests/headers/documented.h \
     --work build/overloads/uses-$compiler || status=1
   check $status "tests/headers/uses.txt, $compiler"

@@ -11,7 +11,8 @@
 /// of the program that takes the object is the better match, wherever it is declared.
 template <class T>
 struct ZEPH_ReadInto {
-  T& target;                                               ///< The object to be read.
+  T& target;  ///< The object to be read.
+  /// Refers to `object`; no more is done here.
   ZEPH_ADDED ZEPH_ReadInto(T& object) : target(object) {}  // NOLINT: implicit on purpose
 };
 

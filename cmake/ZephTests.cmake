@@ -33,15 +33,18 @@ function(zeph_run_test_program program label)
 endfunction()
 find_program(ZEPH_VALGRIND valgrind)
 
-# A locale with a decimal comma, made where the system has none, so that the tests of such a locale run.
+# A locale with a decimal comma, and one whose point has two bytes, made where the system has none, so that
+# the tests of such locales run.
 find_program(ZEPH_LOCALEDEF localedef)
 if(ZEPH_LOCALEDEF AND NOT CMAKE_CROSSCOMPILING)
   set(ZEPH_TEST_LOCALES "${PROJECT_BINARY_DIR}/locales")
-  if(NOT EXISTS "${ZEPH_TEST_LOCALES}/de_DE.UTF-8")
-    file(MAKE_DIRECTORY "${ZEPH_TEST_LOCALES}")
-    execute_process(COMMAND "${ZEPH_LOCALEDEF}" -i de_DE -f UTF-8 "${ZEPH_TEST_LOCALES}/de_DE.UTF-8"
-      OUTPUT_QUIET ERROR_QUIET)
-  endif()
+  file(MAKE_DIRECTORY "${ZEPH_TEST_LOCALES}")
+  foreach(locale IN ITEMS de_DE ps_AF)
+    if(NOT EXISTS "${ZEPH_TEST_LOCALES}/${locale}.UTF-8")
+      execute_process(COMMAND "${ZEPH_LOCALEDEF}" -i ${locale} -f UTF-8 "${ZEPH_TEST_LOCALES}/${locale}.UTF-8"
+        OUTPUT_QUIET ERROR_QUIET)
+    endif()
+  endforeach()
 endif()
 
 # One server for all of Wine's programs: one that starts while the last one's server goes down loses its

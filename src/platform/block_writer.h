@@ -70,7 +70,8 @@ class BlockWriter {
   void Real(const RealFormat& format, double x, std::size_t width) {
     char* const text = Room(std::max(RealFormat::kRoom, width));
     const auto size = static_cast<std::size_t>(format.Write(text, x) - text);
-    const std::size_t blanks = width > size ? width - size : 0;
+    const std::size_t columns = format.Columns(x, size);
+    const std::size_t blanks = width > columns ? width - columns : 0;
     std::memmove(text + blanks, text, size);
     std::memset(text, ' ', blanks);
     Wrote(text + blanks + size);

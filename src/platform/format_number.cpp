@@ -4,13 +4,13 @@
 #include <algorithm>
 #include <cfenv>
 #include <charconv>
-#include <clocale>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
+#include "platform/decimal_point.h"
 #include "platform/exactness.h"
 #include "platform/functions.h"
 #include "platform/to_chars.h"
@@ -31,7 +31,7 @@ bool Prints(const char* conversion, double x, const char* text) {
   return std::strcmp(buffer, text) == 0;
 }
 
-/// Without decimals, so that no locale's decimal point gets in the way.
+/// Without decimals, so that no locale's decimal point gets in the way. Asked rounding to nearest.
 Runtime AskRuntime() {
   const bool two = Prints("%.0e", 1.0, "1e+00");
   const bool three = Prints("%.0e", 1.0, "1e+000");
@@ -112,9 +112,9 @@ char* WriteScientific(char* out, double x, int decimals, int exponentDigits) {
 
 NumberConventions NumberConventions::Current() {
   if (kPortableMath) return {true, 2, ".", true};
+  if (!RoundsToNearest()) return {false, 2, DecimalPoint(), false};
   static const Runtime runtime = AskRuntime();
-  return {runtime.exact && RoundsToNearest(), runtime.exponentDigits,
-          std::localeconv()->decimal_point, false};
+  return {runtime.exact, runtime.exponentDigits, DecimalPoint(), false};
 }
 
 RealFormat::RealFormat(const char* conversion, Notation notation, int decimals,
@@ -130,6 +130,10 @@ char* RealFormat::Write(char* out, double x) const {
   if (conventions_.exact && std::isfinite(x)) return WriteExactly(out, x);
   if (conventions_.ownNames) return WritePadded(out, x);
   return out + std::snprintf(out, kRoom, conversion_, x);
+}
+
+std::size_t RealFormat::Columns(double x, std::size_t size) const {
+  return std::isfinite(x) ? size - (pointSize_ - 1) : size;
 }
 
 char* RealFormat::WriteExactly(char* out, double x) const {

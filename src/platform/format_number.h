@@ -11,12 +11,12 @@ namespace zeph::platform {
 /// What the C runtime and the caller's locale decide about the texts of numbers.
 struct NumberConventions {
   bool exact;             // printf rounds as the exact conversion does: to nearest, ties to even
-  int exponentDigits;     // fewest digits of an exponent, 2 or 3
-  const char* point;      // the decimal point, a string as in `localeconv`
+  int exponentDigits;     // fewest digits of an exponent, 2 or 3; where exact
+  const char* point;      // the decimal point of the thread's locale, one character of any bytes
   bool ownNames = false;  // infinities and NaN are written here, not by printf
 
-  /// As they stand for this call: the runtime is asked once per process, the locale and the
-  /// rounding direction every time. With ZEPH_PORTABLE_MATH those of glibc in the C locale, always.
+  /// As they stand for this call: the runtime is asked once per process, when it rounds to nearest,
+  /// the locale and the rounding direction every time. With ZEPH_PORTABLE_MATH those of glibc in the C locale, always.
   static NumberConventions Current();
 };
 
@@ -40,6 +40,9 @@ class RealFormat {
 
   /// Writes the text of `x` at `out` (kRoom characters) and gives its end; no closing zero.
   char* Write(char* out, double x) const;
+
+  /// What printf counts as the width of x's text of `size` bytes: a decimal point is one character.
+  std::size_t Columns(double x, std::size_t size) const;
 
  private:
   char* WriteExactly(char* out, double x) const;

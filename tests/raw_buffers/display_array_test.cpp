@@ -2,7 +2,6 @@
 
 #include <cfenv>
 #include <climits>
-#include <clocale>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -11,6 +10,7 @@
 #include "raw_buffers.h"
 #include "support/allocation.h"
 #include "support/child.h"
+#include "support/locales.h"
 #include "support/numbers.h"
 #include "support/scale.h"
 #include "support/stream.h"
@@ -264,14 +264,11 @@ TEST(RawArrayDisplay, RoundsInTheDirectionThatTheRuntimeRoundsIn) {
 }
 
 TEST(RawArrayDisplay, WritesTheDecimalPointOfTheCallersLocale) {
-  const char* found = nullptr;
-  for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "German", "de-DE"})
-    if (!found) found = std::setlocale(LC_NUMERIC, name);
-  if (!found) GTEST_SKIP() << "no locale with a decimal comma is installed";
+  const zeph::test::ProcessLocale locale(zeph::test::kCommaLocales);
+  if (!locale.Found()) GTEST_SKIP() << "no locale with a decimal comma is installed";
   double a[] = {1.5, -0.25, 1e100};
   const std::string want = Listing(kReal3, "\n", a, 0, 2, kLabel);
   const std::string got = Written([&](FILE* f) { ZEPH_ArrayDisplay(f, a, 0, 2, kLabel); });
-  std::setlocale(LC_NUMERIC, "C");
   EXPECT_EQ(got, want);
   EXPECT_EQ(got.substr(0, 9), "x[0]=1,50");
 }

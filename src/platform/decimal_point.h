@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+//
+// The decimal point of the calling thread's locale.
+#ifndef ZEPH_SRC_PLATFORM_DECIMAL_POINT_H
+#define ZEPH_SRC_PLATFORM_DECIMAL_POINT_H
+
+namespace zeph::platform {
+
+/// The point that printf writes in this thread, of one byte or more. Good until the locale changes.
+const char* DecimalPoint();
+
+}  // namespace zeph::platform
+
+#endif  // ZEPH_SRC_PLATFORM_DECIMAL_POINT_H

@@ -1,0 +1,35 @@
+// How often a listing asks printf, once the process's first listing was made rounding upward.
+#include <cfenv>
+#include <cstdarg>
+#include <cstdio>
+
+#include "raw_buffers.h"
+
+namespace {
+int calls = 0;
+}
+
+/// In the place of the runtime's, for the library too.
+extern "C" __attribute__((visibility("default"))) int snprintf(char* text, std::size_t room,
+                                                               const char* format, ...) {
+  ++calls;
+  std::va_list arguments;
+  va_start(arguments, format);
+  const int length = std::vsnprintf(text, room, format, arguments);
+  va_end(arguments);
+  return length;
+}
+
+int main() {
+  double values[] = {1.25, -0.5, 1e300};
+  char name[] = "x";
+  CString listing;
+  std::fesetround(FE_UPWARD);
+  ZEPH_ArrayDisplay(listing, values, 3, name);
+  std::fesetround(FE_TONEAREST);
+  ZEPH_ArrayDisplay(listing, values, 3, name);  // may still ask what the runtime does
+  calls = 0;
+  ZEPH_ArrayDisplay(listing, values, 3, name);
+  std::printf("%d", calls);
+  return 0;
+}

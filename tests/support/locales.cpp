@@ -1,0 +1,40 @@
+#include "support/locales.h"
+
+#include <locale.h>
+
+#include <clocale>
+
+namespace zeph::test {
+
+bool ProcessLocale::Choose(const char* name) {
+  return std::setlocale(LC_NUMERIC, name) != nullptr;
+}
+
+#ifdef _WIN32
+
+void* ThreadLocale::Choose(const char* name) {
+  _configthreadlocale(_ENABLE_PER_THREAD_LOCALE);
+  return std::setlocale(LC_NUMERIC, name);
+}
+
+void ThreadLocale::Leave(void*) {
+  std::setlocale(LC_NUMERIC, "C");
+  _configthreadlocale(_DISABLE_PER_THREAD_LOCALE);
+}
+
+#else
+
+void* ThreadLocale::Choose(const char* name) {
+  const locale_t chosen = newlocale(LC_NUMERIC_MASK, name, nullptr);
+  if (chosen) uselocale(chosen);
+  return chosen;
+}
+
+void ThreadLocale::Leave(void* locale) {
+  uselocale(LC_GLOBAL_LOCALE);
+  if (locale) freelocale(static_cast<locale_t>(locale));
+}
+
+#endif
+
+}  // namespace zeph::test

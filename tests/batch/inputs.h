@@ -27,13 +27,13 @@ inline double* Components(CZEPHMatrix4& m) {
 }
 
 template <class Object>
-constexpr std::size_t kComponents = 3;
+inline constexpr std::size_t kComponents = 3;
 template <>
-constexpr std::size_t kComponents<CZEPHVector4D> = 4;
+inline constexpr std::size_t kComponents<CZEPHVector4D> = 4;
 template <>
-constexpr std::size_t kComponents<CZEPHMatrix4x4> = 16;
+inline constexpr std::size_t kComponents<CZEPHMatrix4x4> = 16;
 template <>
-constexpr std::size_t kComponents<CZEPHMatrix4> = 16;
+inline constexpr std::size_t kComponents<CZEPHMatrix4> = 16;
 
 template <class Object>
 using Component = std::remove_pointer_t<decltype(Components(std::declval<Object&>()))>;

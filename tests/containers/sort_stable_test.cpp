@@ -44,7 +44,7 @@ struct StableList {
 template <class Collection>
 class SortStable : public ::testing::Test {};
 using Collections = ::testing::Types<StableArray, StableList>;
-TYPED_TEST_SUITE(SortStable, Collections);
+TYPED_TEST_SUITE(SortStable, Collections, );
 
 bool Before(CObject* a, CObject* b) {
   return ItemOf(a).key < ItemOf(b).key;

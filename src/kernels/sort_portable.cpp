@@ -29,6 +29,7 @@ bool OrderIsUnique(const double* v, std::size_t n) {
     for (std::size_t k = i; zeros && k < end; ++k) {
       if (v[k] != 0) continue;
       if (!zero) zero = v + k;
+      // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): denormals may count as zeros too
       if (std::memcmp(zero, v + k, sizeof *v) != 0) return false;
     }
   }

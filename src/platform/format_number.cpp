@@ -165,8 +165,7 @@ char* RealFormat::InsertPoint(char* text, char* end) const {
 
 char* WriteNonFinite(char* out, double x) {
   if (std::signbit(x)) *out++ = '-';
-  std::memcpy(out, std::isnan(x) ? "nan" : "inf", 3);
-  return out + 3;
+  return std::copy_n(std::isnan(x) ? "nan" : "inf", 3, out);
 }
 
 char* WriteInt(char* out, int value, int width) {

@@ -32,7 +32,8 @@ std::vector<T> Stepwise(const std::vector<T>& a, const std::vector<T>& b) {
 
 template <class T>
 bool Same(const std::vector<T>& got, const std::vector<T>& want) {
-  return std::memcmp(got.data(), want.data(), want.size() * sizeof(T)) == 0;
+  return got.size() == want.size() &&
+         (want.empty() || std::memcmp(got.data(), want.data(), want.size() * sizeof(T)) == 0);
 }
 
 class MergeKernel : public testing::TestWithParam<const Table*> {

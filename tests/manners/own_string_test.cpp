@@ -1,0 +1,18 @@
+#include <gtest/gtest.h>
+
+#include "algorithms.h"
+#include "support/child.h"
+
+using namespace zeph::test;
+
+#if defined(ZEPH_TEST_SHARED) && defined(__ELF__)
+// The library's calls of its own functions are not the program's to take.
+TEST(OwnString, OfAProgramIsNotTakenForTheLibrarys) {
+  CaptureStdout capture;
+  CZEPHPermutation::Test1(stdout);
+  const std::string want = capture.Text();
+  const auto child = RunChild("zeph_manners_own_string_child", {});
+  EXPECT_EQ(child.status, 0) << "calls of the program's members";
+  EXPECT_EQ(child.out, want);
+}
+#endif

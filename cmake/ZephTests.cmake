@@ -21,6 +21,11 @@ function(zeph_run_test_program program label)
     set_tests_properties(${program} PROPERTIES TIMEOUT 3600 FIXTURES_REQUIRED emulator ${properties})
   else()
     gtest_discover_tests(${program} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 600 ${properties})
+    # Threads of hosts have stacks as small as this.
+    if(UNIX AND NOT ZEPH_SANITIZE)
+      add_test(NAME small_stack.${program} COMMAND sh -c "ulimit -s 128 && exec '$<TARGET_FILE:${program}>' --gtest_brief")
+      set_tests_properties(small_stack.${program} PROPERTIES TIMEOUT 600 ${properties} LABELS small-stack)
+    endif()
   endif()
   # Under valgrind, on the static library: the programs' own allocation operators stay in force; what is
   # under them is watched.

@@ -166,9 +166,9 @@ TEST(SelectionSort, PassesExhaustionOnBehindTheTextSoFar) {
   const std::string opening =
       "\n@@@( CZEPHSelectionSort::Test1()...BEGIN\n@@@( Interger array sorting...\n";
   for (const Failure how : {Failure::kBadAlloc, Failure::kMemoryException}) {
-    const std::string path = TemporaryFile();
+    const TemporaryFile file;
     const long live = LiveBlocks();
-    FILE* f = std::fopen(path.c_str(), "wb");
+    FILE* f = std::fopen(file.Path().c_str(), "wb");
     int thrown = 0;
     const long failures = FailEachAllocation(
         how, false,
@@ -187,7 +187,7 @@ TEST(SelectionSort, PassesExhaustionOnBehindTheTextSoFar) {
     EXPECT_EQ(LiveBlocks(), live);
     EXPECT_EQ(failures, 2);  // a block of ints, a block of doubles
     EXPECT_EQ(thrown, 2);
-    EXPECT_EQ(ReadFile(path).substr(0, 2 * opening.size()), opening + opening);
+    EXPECT_EQ(ReadFile(file.Path()).substr(0, 2 * opening.size()), opening + opening);
   }
 }
 

@@ -7,8 +7,8 @@
 #include <string>
 
 #include "ZEPHDataStructureEngine.h"
-#include "support/child.h"
 #include "support/locales.h"
+#include "support/stream.h"
 
 using namespace zeph::test;
 
@@ -23,16 +23,6 @@ class CommaLocale : public ::testing::Test {
  private:
   const ProcessLocale locale_{kCommaLocales};
 };
-
-/// What `print(file)` writes, with plain line ends.
-template <class Print>
-std::string Printed(Print print) {
-  const std::string path = TemporaryFile();
-  std::FILE* const file = std::fopen(path.c_str(), "wb");
-  print(file);
-  std::fclose(file);
-  return ReadFile(path);
-}
 
 char kName[] = "x";
 
@@ -58,11 +48,11 @@ TEST_F(CommaLocale, IsInTheTextsOfArraysAndBuffers) {
 TEST_F(CommaLocale, IsInThePrintsOfMatricesAndVectors) {
   double values[] = {1.5, -0.25, 2};
   double* rows[] = {values, values};
-  EXPECT_EQ(Printed([&](std::FILE* f) { ZEPH_MatrixPrint(f, 2, rows, kName); }),
+  EXPECT_EQ(Written([&](std::FILE* f) { ZEPH_MatrixPrint(f, 2, rows, kName); }),
             WithCommas("x = \n\t1.50000\t-0.25000\n\t1.50000\t-0.25000\n"));
-  EXPECT_EQ(Printed([&](std::FILE* f) { ZEPH_VectorPrint3(f, values, kName); }),
+  EXPECT_EQ(Written([&](std::FILE* f) { ZEPH_VectorPrint3(f, values, kName); }),
             WithCommas("x = (1.50000 -0.25000 2.00000)\n"));
-  EXPECT_EQ(Printed([&](std::FILE* f) { CZEPHVector(2, values).Display(f, ';'); }),
+  EXPECT_EQ(Written([&](std::FILE* f) { CZEPHVector(2, values).Display(f, ';'); }),
             WithCommas("      1.5000;      -0.2500; \n"));
 }
 
@@ -70,12 +60,12 @@ TEST(WidePointLocale, CountsItsPointAsOneCharacterOfAField) {
   const ProcessLocale locale(kWidePointLocales);
   if (!locale.Found()) GTEST_SKIP() << "no locale with a point of two bytes is installed";
   double values[] = {1.5, -0.25, std::numeric_limits<double>::infinity()};
-  const std::string want = Printed([&](std::FILE* f) {
+  const std::string want = Written([&](std::FILE* f) {
     for (const double x : values) std::fprintf(f, "%12.4lf; ", x);
     std::fprintf(f, "\n");
   });
   ASSERT_NE(want.find("1\xD9\xAB"), std::string::npos);
-  const std::string got = Printed([&](std::FILE* f) { CZEPHVector(3, values).Display(f, ';'); });
+  const std::string got = Written([&](std::FILE* f) { CZEPHVector(3, values).Display(f, ';'); });
   EXPECT_EQ(got, ZEPH_PortableMath ? "      1.5000;      -0.2500;          inf; \n" : want);
 }
 

@@ -10,12 +10,12 @@ using zeph::test::TemporaryFile;
 namespace {
 
 void ExpectEnd(const char* site, int status, const std::string& out, const std::string& err) {
-  const std::string file = TemporaryFile();
-  const auto child = RunChild("zeph_manners_fatal_child", {site, file});
+  const TemporaryFile file;
+  const auto child = RunChild("zeph_manners_fatal_child", {site, file.Path()});
   EXPECT_EQ(child.status, status) << site;
   EXPECT_EQ(child.out, out) << site;
   EXPECT_EQ(child.err, err) << site;
-  EXPECT_EQ(ReadFile(file), "in a file") << site;
+  EXPECT_EQ(ReadFile(file.Path()), "in a file") << site;
 }
 
 constexpr char kLineEnd[] = "\n";

@@ -20,7 +20,7 @@ thread_local bool fired = false;
 thread_local Failure failure = Failure::kBadAlloc;
 thread_local bool recording = false;
 thread_local int eventCount = 0;
-thread_local AllocationEvent events[kMostEvents];
+AllocationEvent events[kMostEvents];  // of one thread at a time; too many for a thread's own data
 
 void Record(AllocationEvent::Kind kind, void* block, std::size_t bytes) {
   if (recording && eventCount < kMostEvents) events[eventCount++] = {kind, block, bytes};

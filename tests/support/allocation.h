@@ -45,7 +45,8 @@ struct AllocationEvent {
   std::size_t bytes;  // asked for; 0 for releases
 };
 
-/// While alive, records the calls of this thread in order (up to 4096; null releases left out).
+/// While alive, records the calls of this thread in order (up to 4096; null releases left out). One
+/// thread at a time may record.
 class RecordAllocations {
  public:
   RecordAllocations();

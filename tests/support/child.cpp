@@ -2,14 +2,11 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <iostream>
-#include <sstream>
 
 #ifdef _WIN32
 #include <fcntl.h>
 #include <io.h>
-#include <process.h>
 #include <windows.h>
 #else
 #include <sys/wait.h>
@@ -62,41 +59,15 @@ int ExitStatus(int raw) {
 
 }  // namespace
 
-std::string TemporaryFile() {
-  static int counter = 0;
-  static std::vector<std::string> paths;
-  static const bool registered = std::atexit([] {
-                                   for (const auto& p : paths) std::remove(p.c_str());
-                                 }) == 0;
-  (void)registered;
-#ifdef _WIN32
-  const std::string base = std::string(std::getenv("TEMP") ? std::getenv("TEMP") : ".") + "\\zeph_";
-  const std::string process = std::to_string(_getpid());
-#else
-  const std::string base = "/tmp/zeph_";
-  const std::string process = std::to_string(getpid());
-#endif
-  paths.push_back(base + process + "_" + std::to_string(counter++));
-  std::ofstream(paths.back(), std::ios::binary).flush();
-  return paths.back();
-}
-
-std::string ReadFile(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
 ChildResult RunChild(const std::string& name, const std::vector<std::string>& arguments) {
-  const std::string out = TemporaryFile(), err = TemporaryFile();
+  const TemporaryFile out, err;
   std::string command;
 #ifdef ZEPH_TEST_EMULATOR
   command += ZEPH_TEST_EMULATOR " ";
 #endif
   command += Quote(ProgramPath(name));
   for (const auto& argument : arguments) command += ' ' + Quote(argument);
-  command += " >" + Quote(out) + " 2>" + Quote(err);
+  command += " >" + Quote(out.Path()) + " 2>" + Quote(err.Path());
 #ifdef _WIN32
   command = '"' + command + '"';  // the command processor strips the outer pair
 #endif
@@ -105,7 +76,7 @@ ChildResult RunChild(const std::string& name, const std::vector<std::string>& ar
   int status = kNotStarted;
   for (int attempt = 0; attempt < kAttempts && status == kNotStarted; ++attempt)
     status = ExitStatus(std::system(command.c_str()));
-  return {status, AsWritten(ReadFile(out)), AsWritten(ReadFile(err))};
+  return {status, AsWritten(ReadFile(out.Path())), AsWritten(ReadFile(err.Path()))};
 }
 
 #ifdef _WIN32
@@ -114,11 +85,11 @@ ChildResult RunChild(const std::string& name, const std::vector<std::string>& ar
 #define ZEPH_FD(name) name
 #endif
 
-CaptureStdout::CaptureStdout() : path_(TemporaryFile()) {
+CaptureStdout::CaptureStdout() {
   std::cout.flush();
   std::fflush(stdout);
   saved_ = ZEPH_FD(dup)(1);
-  std::FILE* file = std::fopen(path_.c_str(), "wb");
+  std::FILE* file = std::fopen(file_.Path().c_str(), "wb");
   ZEPH_FD(dup2)(ZEPH_FD(fileno)(file), 1);
   std::fclose(file);
 }
@@ -131,7 +102,7 @@ std::string CaptureStdout::Text() {
   ZEPH_FD(dup2)(saved_, 1);
   ZEPH_FD(close)(saved_);
   saved_ = -1;
-  return ReadFile(path_);
+  return ReadFile(file_.Path());
 }
 
 }  // namespace zeph::test

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "support/temporary_file.h"
+
 namespace zeph::test {
 
 struct ChildResult {
@@ -15,12 +17,6 @@ struct ChildResult {
 
 /// Runs the child program `name` (without ".exe") from the folder of the test programs.
 ChildResult RunChild(const std::string& name, const std::vector<std::string>& arguments);
-
-/// A new empty file's path, removed when the program ends.
-std::string TemporaryFile();
-
-/// The whole content of a file, byte for byte.
-std::string ReadFile(const std::string& path);
 
 /// What `body` writes to the C standard output (and std::cout), which is flushed before and after.
 /// Restores the stream.
@@ -34,7 +30,7 @@ class CaptureStdout {
   std::string Text();
 
  private:
-  std::string path_;
+  TemporaryFile file_;
   int saved_;
 };
 

@@ -5,18 +5,18 @@
 #include <cstdio>
 #include <string>
 
-#include "support/child.h"
+#include "support/temporary_file.h"
 
 namespace zeph::test {
 
 /// The bytes that `body(FILE*)` writes to a stream of its own, opened without translation.
 template <class Body>
 std::string Written(Body body) {
-  static const std::string path = TemporaryFile();
-  FILE* f = std::fopen(path.c_str(), "wb");
+  static const TemporaryFile file;
+  FILE* f = std::fopen(file.Path().c_str(), "wb");
   body(f);
   std::fclose(f);
-  return ReadFile(path);
+  return ReadFile(file.Path());
 }
 
 }  // namespace zeph::test

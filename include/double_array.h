@@ -252,7 +252,8 @@ class ZEPH_API CZEPHDoubleArray {
   /// Merges the ascending blocks `a` (`na` values) and `b` (`nb` values) into `out`, which holds
   /// `na` + `nb`; of equal values that of `b` comes first. Uses nothing of this array.
   ///
-  /// Written front to back, one value at a time; nothing is checked.
+  /// Where `out` overlaps a block, it holds what taking and writing one value at a time, front to
+  /// back, leaves; otherwise the order of the writes is not defined. Nothing is checked.
   void MergeSortedArray(double* const a, int na, double* const b, int nb, double* const out);
 
   // --- norms and random fill ---

@@ -413,8 +413,9 @@ ZEPH_API void ZEPH_AddVectors(CZEPHVector3S* a, CZEPHVector3S* b, CZEPHVector3S*
 ZEPH_API void ZEPH_CopyVector(CZEPHVector3S* destination, CZEPHVector3S* source);
 /// `out` = `a` x `b`. With `out` equal to `a` or `b` the y and z components use the new x (and y).
 ///
-///     CZEPHVector3S a, b, out;  // a = (1, 0, 0), b = (0, 1, 0), say
-///     ZEPH_CrossVectors(&a, &b, &out);  // (0, 0, 1)
+///     CZEPHVector3S a, b, out;
+///     a.x = 1, a.y = 0, a.z = 0, b.x = 0, b.y = 1, b.z = 0;
+///     ZEPH_CrossVectors(&a, &b, &out);  // out is (0, 0, 1)
 ZEPH_API void ZEPH_CrossVectors(CZEPHVector3S* a, CZEPHVector3S* b, CZEPHVector3S* out);
 /// (a.x * b.x + a.y * b.y) + a.z * b.z.
 ZEPH_API float ZEPH_DotVectors(CZEPHVector3S* a, CZEPHVector3S* b);

@@ -85,9 +85,10 @@ void ShowSorting(const Context& context) {
                 Milliseconds(method, sample), method.note);
   }
   std::printf(
-      "\nData that can be in ascending order in one way only are sorted by one shared fast sort;\n"
-      "each method's own steps run where they would show: few numbers, NaN, zeros of both "
-      "signs.\n");
+      "\nData that can be in ascending order in one way only are sorted by one shared fast sort.\n"
+      "Where a method's own steps would show (NaN, zeros of both signs), what they leave is "
+      "worked\n"
+      "out with as few of them as will do.\n");
   CZEPHDoubleArray drawn(context.numbers);
   std::printf("\nCheckSorted: %d before a sort, %d after it\n", drawn.CheckSorted(),
               ascending.CheckSorted());

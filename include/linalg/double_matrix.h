@@ -58,7 +58,8 @@ class ZEPH_API CZEPHDoubleMatrix {
   /// fewer rows, the rows past the new count are not released.
   int SetData(int rows, int cols, double value);
   /// Makes this a `rows` x `cols` matrix with element (i, j) copied from `source[i][j]`; 1 or 0 as
-  /// above. `source` may hold rows of this matrix; the rest of it is the caller's.
+  /// above. `source` may be this matrix's own table or hold rows of it, and only then its old storage
+  /// lives until the elements are copied; the rest of `source` is the caller's.
   int SetData(int rows, int cols, double** source);
   /// Sets every element to `value`. (It takes no index, whatever its name suggests.)
   void SetEntry(double value);

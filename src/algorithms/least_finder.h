@@ -11,8 +11,10 @@
 namespace zeph::algorithms {
 
 /// Finds the least element from a[i] to the end, for i = 0, 1, 2 ..., while elements change in between.
-/// It keeps the least element of each block, so a search looks at one element per block and the
-/// elements of one or two blocks: about sqrt(n) steps, or n / 256 where that is more.
+/// It keeps the least element of each of at most 256 blocks, of 128 elements or more. A search looks
+/// at these, at what is left of the block that `i` is in, and through the block with the least one
+/// as far as that; a change looks through its block. Up to 32,768 elements that is at most 512 looks
+/// for a search and 128 for a change, then 256 + n / 128 and n / 256.
 class LeastFinder {
  public:
   LeastFinder(const double* a, std::size_t n)

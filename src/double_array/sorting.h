@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// What the sorts share. On small arrays each classic sort runs its documented steps; what these leave
-// in a larger array can be computed faster, by the functions here.
+// What the sorts share: ways to what their documented steps leave in an array that take fewer steps.
+// Up to kSmall elements bubble sort and the insertion sorts run the documented ones. So do Shell's
+// sort and quicksort where the order of equals or a NaN makes the outcome depend on them, as far as
+// it does (shell.h, quick_walk.h); everything else goes through the functions here.
 #ifndef ZEPH_SRC_DOUBLE_ARRAY_SORTING_H
 #define ZEPH_SRC_DOUBLE_ARRAY_SORTING_H
 

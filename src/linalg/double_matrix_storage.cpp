@@ -75,11 +75,14 @@ int CZEPHDoubleMatrix::SetData(int rows, int cols, double value) {
 }
 
 int CZEPHDoubleMatrix::SetData(int rows, int cols, double** source) {
-  // `source` may be this matrix's table or hold its rows, so they live until they are copied; what
-  // is then released is what AllocMemory would have released.
+  // Where `source` is this matrix's table or holds its rows, these live until they are copied; what
+  // is then released is what AllocMemory would have released. Rows past the new count stay anyway.
   CZEPHDoubleMatrix held;
-  std::swap(held.m_ppData, m_ppData);
-  held.m_nRows = std::min(m_nRows, rows);
+  const int releasable = std::min(m_nRows, rows);
+  if (linalg::ReadsFrom(source, rows, cols, m_ppData, releasable, m_nColumns)) {
+    std::swap(held.m_ppData, m_ppData);
+    held.m_nRows = releasable;
+  }
   if (AllocMemory(rows, cols) != 1) return 0;
   linalg::CopyOrZero(m_ppData, source, rows, cols);
   return 1;

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "linalg/row_table.h"
 
+#include <functional>
+
 #include "kernels/dense_product.h"
 #include "kernels/few.h"
+#include "kernels/overlap.h"
 #include "platform/allocation.h"
 #include "platform/exactness.h"
 
@@ -49,6 +52,19 @@ void NewRows(double** table, int rows, int cols) {
 
 void ReleaseRows(double* const* table, int rows) {
   for (int i = 0; i < rows; ++i) delete[] table[i];
+}
+
+bool ReadsFrom(double* const* source, int count, int read, double** table, int rows, int cols) {
+  if (!source || !table || count <= 0 || rows <= 0) return false;
+  if (kernels::Overlap<double*>(source, Elements(count), table, Elements(rows))) return true;
+  double** const end = table + StoredRows(table, rows);
+  const std::less<const double*> before;
+  if (!std::is_sorted(table, end, before)) std::sort(table, end, before);
+  // The one row that may be touched is the last that begins before the end of what is read.
+  return std::any_of(source, source + StoredRows(source, count), [&](const double* row) {
+    double* const* const above = std::lower_bound(table, end, row + Elements(read), before);
+    return above != table && kernels::Overlap(row, Elements(read), above[-1], Elements(cols));
+  });
 }
 
 int StoredRows(const double* const* table, int rows) {

@@ -31,6 +31,11 @@ int StoredRows(const double* const* table, int rows);
 /// Sets rows `first` to `rows` - 1.
 void Fill(double* const* table, int first, int rows, int cols, double value);
 
+/// Whether the first `count` rows of `source`, read for `read` elements each, touch the first `rows`
+/// rows of `table`, of `cols` elements each, or the table itself. Where they do not touch the table,
+/// its rows may come to stand in another order.
+bool ReadsFrom(double* const* source, int count, int read, double** table, int rows, int cols);
+
 /// Copies the elements of the rows that both sides have; the two may be the same table. Gives the
 /// number of those rows.
 int Copy(double* const* to, const double* const* from, int rows, int cols);

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <cstring>
+
 #include "graphics/values.h"
 
 using namespace zeph::test;
@@ -129,4 +131,10 @@ TEST(VectorGeometry, ProjectionIsReachedByEveryKindOfInitialisation) {
   CZEPHVector3D assigned;
   assigned = v;
   EXPECT_TRUE(Same(assigned, {1, 2, 3}));
+}
+
+TEST(VectorGeometry, AConstantOfFourComponentsIsReadAsAnArrayFromItsFirstByte) {
+  const CZEPHVector4D constant(2, 4, 6, 2);
+  const CZEPHVector3D p(constant);
+  EXPECT_EQ(std::memcmp(&p.x, &constant, sizeof(float[3])), 0);
 }

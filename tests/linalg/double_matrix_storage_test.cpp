@@ -3,6 +3,7 @@
 #include <limits>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 #include "linalg/matrices.h"
 #include "support/allocation.h"
@@ -93,6 +94,50 @@ TEST(DoubleMatrixStorage, SetDataMayTakeRowsOfTheMatrixItself) {
   double* swapped[] = {m[1], m[0]};
   EXPECT_EQ(m.SetData(2, 3, swapped), 1);
   EXPECT_TRUE(SameBits(Elements(m), {{4, 5, 6}, {1, 2, 3}}));
+}
+
+/// Whether the first block that `body` asks for comes before the first one that it releases.
+template <class Body>
+bool AsksBeforeItReleases(Body body) {
+  const RecordAllocations record;
+  body();
+  return record.Events().at(0).kind == AllocationEvent::kNewArray;
+}
+
+TEST(DoubleMatrixStorage, SetDataHoldsTheOldStorageOnlyForASourceThatReadsIt) {
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
+  CZEPHDoubleMatrix other = OneToSix();
+  CZEPHDoubleMatrix m = OneToSix();
+  EXPECT_FALSE(AsksBeforeItReleases([&] { m.SetData(2, 3, other.m_ppData); }));
+  EXPECT_TRUE(AsksBeforeItReleases([&] { m.SetData(2, 3, m.m_ppData); }));
+  double* mixed[] = {other[1], m[0]};
+  EXPECT_TRUE(AsksBeforeItReleases([&] { m.SetData(2, 3, mixed); }));
+  EXPECT_TRUE(SameBits(Elements(m), {{4, 5, 6}, {1, 2, 3}}));
+  double* inside[] = {other[1], m[0] + 1};
+  EXPECT_TRUE(AsksBeforeItReleases([&] { m.SetData(2, 2, inside); }));
+  EXPECT_TRUE(SameBits(Elements(m), {{4, 5}, {5, 6}}));
+  double* const second = m[1];  // not released where one row remains
+  double* past[] = {second};
+  EXPECT_FALSE(AsksBeforeItReleases([&] { m.SetData(1, 2, past); }));
+  EXPECT_TRUE(SameBits(Elements(m), {{5, 6}}));
+  delete[] second;
+}
+
+TEST(DoubleMatrixStorage, SetDataMayTakeRowsOfTheMatrixItselfInAnyOrder) {
+  constexpr int kRows = 40;
+  for (int stride : {1, 3, 7, 39}) {
+    CZEPHDoubleMatrix m(kRows, 2, 0.0);
+    double* source[kRows];
+    std::vector<std::vector<double>> want;
+    for (int i = 0; i < kRows; ++i) std::swap(m.m_ppData[i], m.m_ppData[i * 11 % kRows]);
+    for (int i = 0; i < kRows; ++i) m[i][0] = m[i][1] = i;
+    for (int i = 0; i < kRows; ++i) {
+      source[i] = m[i * stride % kRows];
+      want.push_back({source[i][0], source[i][0]});
+    }
+    EXPECT_EQ(m.SetData(kRows, 2, source), 1);
+    EXPECT_TRUE(SameBits(Elements(m), want)) << stride;
+  }
 }
 
 TEST(DoubleMatrixStorage, ReleaseKeepsTheCounts) {

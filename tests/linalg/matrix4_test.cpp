@@ -95,6 +95,16 @@ TEST(Matrix4, AsAFloatPointerIsTheAddressOfItsDoubles) {
   EXPECT_EQ(static_cast<void*>(p), static_cast<void*>(m.m_data));
 }
 
+TEST(Matrix4, ComparesAddresses) {
+  CZEPHMatrix4 m(1.0), n(1.0), o(2.0);
+  EXPECT_FALSE(m == n);
+  EXPECT_TRUE(m != n);
+  EXPECT_TRUE(m == m);
+  n = m;
+  EXPECT_FALSE(m == n);
+  EXPECT_EQ(m < o, static_cast<void*>(&m) < static_cast<void*>(&o));
+}
+
 TEST(Matrix4, ArithmeticAgreesWithTheOracle) {
   for (std::uint64_t seed = 0; seed < 400; ++seed) {
     const CZEPHMatrix4 a = AwkwardMatrix(3 * seed), b = AwkwardMatrix(3 * seed + 1);

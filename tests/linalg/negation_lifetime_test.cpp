@@ -57,6 +57,21 @@ TEST(NegationLifetime, AThreadsResultsGoWhenItEnds) {
   EXPECT_EQ(LiveBlocks(), before);
 }
 
+TEST(NegationLifetime, AThreadHoldsSeventeenMatricesAtMost) {
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
+  std::thread([] {
+    constexpr int kPlaces = 17, kRows = 3;
+    CZEPHDoubleMatrix a(kRows, 3, 7.0), rowless(0, 3, 7.0);
+    const auto negate = [](CZEPHDoubleMatrix& m, int times) {
+      for (int i = 0; i < times; ++i) -m;
+      return LiveBlocks();
+    };
+    const long full = negate(a, kPlaces);
+    EXPECT_EQ(negate(a, 100), full);
+    EXPECT_EQ(full - negate(rowless, kPlaces), kPlaces * kRows);
+  }).join();
+}
+
 TEST(NegationLifetime, ManyThreadsNegateAtOnce) {
   std::vector<std::thread> threads;
   std::atomic<int> wrong{0};

@@ -283,6 +283,13 @@ TEST(Vector3, CountsItsLiveObjects) {
   EXPECT_EQ(V::HowMany(), 0);
 }
 
+TEST(Vector3, TheCopiesThatBisectTakesLiveToTheEndOfTheFullExpression) {
+  const V a(1, 2, 3), b;
+  EXPECT_EQ((Bisect(a, b), V::HowMany()), 5);  // with the result
+  EXPECT_EQ((Bisect(a, b), Bisect(a, b), V::HowMany()), 8);
+  EXPECT_EQ(V::HowMany(), 2);
+}
+
 TEST(Vector3, KeepsItsLayout) {
   EXPECT_EQ(sizeof(V), 3 * sizeof(double));
 }

@@ -9,7 +9,8 @@ or in a function.
 In docs/behaviours.md and docs/additions.md the code in a line is compiled in a function too; where it
 ends in an expression and "is NUMBER" or "gives NUMBER" follows, the number is compared. The names
 that the lines take for granted are declared in tools/docs/line_names.txt, a heading at a time. What cannot be run (it ends
-the process, or shows a form only) stands in tools/docs/line_exceptions.txt with the reason.
+the process, or shows a form only) stands in tools/docs/line_exceptions.txt with the reason. Every line of
+docs/behaviours.md names a test, and the tests that it names exist.
 """
 import argparse
 import concurrent.futures
@@ -116,6 +117,28 @@ def spans(page):
                 yield number, heading, code, stated.group(1) if stated else None
 
 
+TEST = re.compile(r"\bTEST(?:_F|_P)?\(\s*(\w+),\s*(\w+)\)|\bTYPED_TEST(?:_P)?\(\s*(\w+),\s*(\w+)\)")
+NAMED = re.compile(r"`([\w/]+)\.([A-Z]\w+)`")
+
+
+def missing_tests(page):
+    """Lines without a test, and the tests named that are in no source."""
+    known = set()
+    for folder, _, files in os.walk("tests"):
+        for name in files:
+            if name.endswith(".cpp"):
+                with open(os.path.join(folder, name), encoding="utf-8") as file:
+                    known |= {tuple(filter(None, test)) for test in TEST.findall(file.read())}
+    with open(page, encoding="utf-8") as file:
+        for number, text in enumerate(file, 1):
+            named = NAMED.findall(text)
+            if text.startswith("- ") and not named:
+                yield "%s:%d: names no test" % (page, number)
+            for suite, test in named:  # a suite of many types or instances is named with one of these
+                if not any((part, test) in known for part in suite.split("/")):
+                    yield "%s:%d: there is no test %s.%s" % (page, number, suite, test)
+
+
 def exceptions():
     """Code that is not run, by its text; the reason stands above it."""
     with open("tools/docs/line_exceptions.txt", encoding="utf-8") as file:
@@ -190,6 +213,9 @@ def main():
         problems = [problem for job in jobs for problem in job.result()]
     if any(os.path.basename(page) == "behaviours.md" for page in options.pages):
         problems += ["line_exceptions.txt: not in a page: " + code for code in sorted(left_out - used)]
+    for page in options.pages:
+        if os.path.basename(page) == "behaviours.md":
+            problems += missing_tests(page)
     for problem in problems:
         print(problem)
     print("%d passed, %d failed" % (max(len(jobs) - len(problems), 0), len(problems)))

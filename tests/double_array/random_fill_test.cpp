@@ -1,6 +1,7 @@
 #include <cmath>
 #include <ctime>
 
+#include "algorithms.h"
 #include "double_array/arrays.h"
 #include "support/random_source.h"
 
@@ -31,6 +32,22 @@ TEST(DoubleArrayRandom, IsSeededWithTheTimeOnEveryCall) {
     met = static_cast<bool>(SameBits(ElementsOf(a), want));
   }
   EXPECT_TRUE(met);
+}
+
+TEST(DoubleArrayRandom, TakesTheSecondThatTheStopwatchReads) {
+  const auto second = [] {
+    CZEPHDSTimer watch;
+    watch.Start();
+    return watch.start.time;
+  };
+  const auto before = second();
+  auto now = before;
+  while (now == before) now = second();
+  CZEPHDoubleArray a(100, -1.0);
+  a.Random();  // right behind the turn, where a clock that lags still tells the second before
+  std::vector<double> want;
+  for (int draw : DrawsAfterSeed(static_cast<unsigned>(now), 100)) want.push_back(draw % 999);
+  EXPECT_TRUE(SameBits(ElementsOf(a), want));
 }
 
 TEST(DoubleArrayRandom, ClearsTheFlagOfAnEmptyArrayToo) {

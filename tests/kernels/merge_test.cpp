@@ -98,6 +98,16 @@ TEST_P(MergeKernel, FollowsTheStepsWhereBlocksTakeTurnsInRuns) {
     }
 }
 
+TEST_P(MergeKernel, FollowsTheStepsWhereOneBlockHasTheEnd) {
+  Random random(5);
+  for (std::size_t tail : {1u, 15u, 16u, 31u, 40u, 500u}) {
+    auto a = Ascending<double>(random, 200, 1000);
+    const auto b = Ascending<double>(random, 200, 1000);
+    for (std::size_t i = 0; i < tail; ++i) a.push_back(2000.0 + static_cast<double>(i));
+    ASSERT_NO_FATAL_FAILURE(Check(a, b, "the end of one"));
+  }
+}
+
 TEST_P(MergeKernel, KeepsTheBitsAndTheOrderOfZerosAndSpecialValues) {
   constexpr double kInf = std::numeric_limits<double>::infinity();
   constexpr double kTiny = std::numeric_limits<double>::denorm_min();

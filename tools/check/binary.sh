@@ -3,10 +3,12 @@
 need binutils
 status=0
 workflow binary || status=1
+mkdir -p build/binary
+tar -cf build/binary/tree.tar --exclude=./build --exclude=./.git .
 for place in here there/deeper; do
   rm -rf "build/binary/$place"
   mkdir -p "build/binary/$place/tree"
-  tar -c --exclude=./build --exclude=./.git . | tar -x -C "build/binary/$place/tree"
+  tar -xf build/binary/tree.tar -C "build/binary/$place/tree"
   (cd "build/binary/$place/tree" && export CCACHE_DISABLE=1 &&
     build gcc-O2 ZEPHDataStructureEngine)
 done

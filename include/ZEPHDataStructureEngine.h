@@ -12,6 +12,7 @@
 #include "frame.h"
 #include "graphics.h"
 #include "linalg.h"
+#include "parallel.h"
 #include "platform.h"
 #include "raw_buffers.h"
 

@@ -20,7 +20,7 @@ import sys
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 HEADERS = ["platform", "frame", "containers", "double_array", "raw_buffers", "linalg", "graphics",
            "algorithms"]
-ADDITIONS = ["batch"]  # exported, but ours: under a version of their own where the system has versions
+ADDITIONS = ["batch", "parallel"]  # exported, but ours: under a version of their own where the system has versions
 HEADERS += ADDITIONS
 
 

@@ -3,9 +3,9 @@
 
 #include <functional>
 
-#include "kernels/dense_product.h"
 #include "kernels/few.h"
 #include "kernels/overlap.h"
+#include "parallel/rows.h"
 #include "platform/allocation.h"
 #include "platform/exactness.h"
 
@@ -104,8 +104,8 @@ void Multiply(double* const* out, const double* const* a, const double* const* b
   else if (rows <= kNarrow && inner <= kNarrow && cols <= kNarrow)
     kNarrowProducts[cols](out, a, b, rows, inner);
   else
-    kernels::DenseProduct(out, a, b, static_cast<std::size_t>(rows),
-                          static_cast<std::size_t>(inner), static_cast<std::size_t>(cols));
+    parallel::DenseProduct(out, a, b, static_cast<std::size_t>(rows),
+                           static_cast<std::size_t>(inner), static_cast<std::size_t>(cols));
 }
 
 }  // namespace zeph::linalg

@@ -40,6 +40,9 @@
 #if __has_include("batch/arrays.h") != SEES_batch
 #error "batch/arrays.h is found where it should not be, or not where it should."
 #endif
+#if __has_include("parallel/pool.h") != SEES_parallel
+#error "parallel/pool.h is found where it should not be, or not where it should."
+#endif
 #if __has_include("platform.h") != SEES_platform_headers
 #error "platform.h is found where it should not be, or not where it should."
 #endif
@@ -66,6 +69,9 @@
 #endif
 #if __has_include("batch.h") != SEES_batch_headers
 #error "batch.h is found where it should not be, or not where it should."
+#endif
+#if __has_include("parallel.h") != SEES_parallel_headers
+#error "parallel.h is found where it should not be, or not where it should."
 #endif
 #if __has_include("ZEPHDataStructureEngine.h") != SEES_everything
 #error "ZEPHDataStructureEngine.h is found where it should not be, or not where it should."

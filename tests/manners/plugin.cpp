@@ -62,6 +62,15 @@ ZEPH_PLUGIN int Use() {
   return Negate() && other && UseArrays() && UseMatrices() && UseTheKit();
 }
 
+/// Leaves threads of the library's behind, asleep.
+ZEPH_PLUGIN int UseThreads() {
+  ZEPH_SetThreads(3);
+  const CZEPHDoubleMatrix ones(180, 180, 1.0);
+  CZEPHDoubleMatrix product = ones;
+  product.operator*=(ones);
+  return product[179][179] == 180.0;
+}
+
 /// Keeps results for the calling thread only.
 ZEPH_PLUGIN int UseThreadData() {
   return Negate();

@@ -47,6 +47,10 @@ TEST(Unloading, TwoHundredTimesWithResultsKeptForTheThreadLeavesNothing) {
   ExpectNothingLeft("thread data");
 }
 
+TEST(Unloading, FortyTimesWithThreadsOfTheLibraryAsleepLeavesNothing) {
+  ExpectNothingLeft("threads");
+}
+
 TEST(Unloading, AThreadThatUsedTheLibraryOutlivesIt) {
   const ChildResult child = Load("outlived");
   EXPECT_EQ(child.status, 0) << child.err;

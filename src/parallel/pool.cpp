@@ -1,0 +1,242 @@
+// SPDX-License-Identifier: MIT
+#include "parallel/pool.h"
+
+#include <algorithm>
+#include <atomic>
+
+#include "parallel/modes.h"
+#include "parallel/settings.h"
+#include "platform/processors.h"
+#include "platform/threads.h"
+
+namespace zeph::parallel {
+namespace {
+
+using platform::Condition;
+using platform::Locked;
+using platform::Mutex;
+
+/// One call's work, on its caller's stack.
+struct Job {
+  void (*const run)(void*, std::size_t);
+  void* const work;
+  const std::size_t pieces;
+  std::atomic<std::size_t> taken{0};  // pieces
+  const Modes modes{};
+  platform::Spread spread{};
+
+  // Under the pool's mutex.
+  int wanted = 0;              // workers that may still join
+  std::atomic<int> inside{0};  // workers that have joined and not left
+  Modes::Flags raised = 0;
+  Condition left{};  // the last worker inside has
+  Job* next = nullptr;
+
+  bool Open() const { return wanted > 0 && taken.load(std::memory_order_relaxed) < pieces; }
+  void RunPieces() {
+    for (;;) {
+      const std::size_t k = taken.fetch_add(1, std::memory_order_relaxed);
+      if (k >= pieces) return;
+      run(work, k);
+    }
+  }
+};
+
+/// All that there is of the pool. It has no initialiser and no destructor: threads of the program
+/// may use it until the process has ended.
+struct Pool {
+  Mutex mutex;
+  Condition work;   // there is some, or the workers are to end
+  Condition ended;  // a worker has
+  Job* jobs = nullptr;
+  std::atomic<unsigned> changes{0};  // counts what a worker that has nothing to do looks out for
+  platform::Thread threads[kMostThreads];
+  int workers = 0;
+  int asleep = 0;        // workers that have to be woken
+  bool ending = false;   // the workers are to end
+  bool closed = false;   // for ever
+  bool refused = false;  // the system would not give a thread
+  bool atFork = false;   // fork knows of us
+};
+Pool pool;
+
+/// The open job that the fewest workers help, so that callers share them evenly.
+Job* NeediestJob() {
+  Job* neediest = nullptr;
+  for (Job* job = pool.jobs; job; job = job->next)
+    if (job->Open() && (!neediest || job->inside < neediest->inside)) neediest = job;
+  return neediest;
+}
+
+/// Waits a while with open eyes, as long as waking a thread takes: up to some 50 us.
+template <class Done>
+void LookOut(Done done) {
+  for (int k = 0; k < 1000 && !done(); ++k) platform::Pause();
+}
+
+/// Works for `job`; the mutex is held before and after.
+void Help(Job& job) {
+  --job.wanted;
+  ++job.inside;
+  pool.mutex.Unlock();
+  job.spread.Settle();
+  job.modes.Apply();
+  job.RunPieces();
+  const Modes::Flags raised = Modes::Raised();
+  pool.mutex.Lock();
+  job.raised |= raised;
+  if (--job.inside == 0) job.left.WakeOne();
+}
+
+/// Waits for something to do; false if the worker should end. The mutex is held before and after.
+/// Calls often come one behind the other, so a worker that has just had work looks out for more.
+bool AwaitWork(bool hadWork) {
+  const unsigned seen = pool.changes.load(std::memory_order_relaxed);
+  if (hadWork) {
+    pool.mutex.Unlock();
+    LookOut([seen] { return pool.changes.load(std::memory_order_relaxed) != seen; });
+    pool.mutex.Lock();
+    if (pool.changes.load(std::memory_order_relaxed) != seen) return true;
+  }
+  ++pool.asleep;
+  const bool stay = pool.work.WaitForWork(pool.mutex);
+  --pool.asleep;
+  return stay;
+}
+
+void WorkUntilTheEnd() {
+  const Locked lock(pool.mutex);
+  bool hadWork = false, stay = true;
+  while (!pool.ending) {
+    Job* const job = NeediestJob();
+    if (job)
+      Help(*job);
+    else if (stay)
+      stay = AwaitWork(hadWork);
+    else
+      break;
+    hadWork = job != nullptr;
+  }
+  --pool.workers;
+  pool.ended.WakeAll();
+}
+
+// The pool is the parent's. A fork waits until nobody changes it; the child then has none of its
+// threads.
+void BeforeFork() {
+  pool.mutex.Lock();
+}
+void InParent() {
+  pool.mutex.Unlock();
+}
+void InChild() {
+  pool.jobs = nullptr;
+  pool.workers = 0;
+  pool.asleep = 0;
+  pool.ending = false;
+  pool.work.Forget();
+  pool.ended.Forget();
+  Unask();
+  pool.mutex.Unlock();
+}
+
+/// Starts workers until there are `wanted`, or the system refuses. The mutex is held.
+void StartWorkers(int wanted) {
+  while (pool.workers < wanted && !pool.refused) {
+    pool.refused = !pool.threads[pool.workers].Start(WorkUntilTheEnd);
+    if (!pool.refused) ++pool.workers;
+  }
+}
+
+/// Whether workers were woken for it.
+bool Add(Job& job) {
+  const Locked lock(pool.mutex);
+  if (pool.ending || pool.closed) return false;
+  StartWorkers(job.wanted);
+  if (pool.workers == 0) return false;
+  Job** last = &pool.jobs;
+  while (*last) last = &(*last)->next;
+  *last = &job;
+  pool.changes.fetch_add(1, std::memory_order_relaxed);
+  const int awake = pool.workers - pool.asleep;
+  for (int k = awake; k < job.wanted && k < pool.workers; ++k) pool.work.WakeOne();
+  return awake < job.wanted;
+}
+
+void Remove(Job& job) {
+  const auto empty = [&job] { return job.inside.load(std::memory_order_relaxed) == 0; };
+  const platform::Uncancelled whole;
+  pool.mutex.Lock();
+  Job** link = &pool.jobs;
+  while (*link && *link != &job) link = &(*link)->next;
+  if (*link) *link = job.next;
+  if (!empty()) {
+    pool.mutex.Unlock();
+    LookOut(empty);
+    pool.mutex.Lock();
+    while (!empty()) job.left.Wait(pool.mutex);
+  }
+  pool.mutex.Unlock();
+  Modes::Raise(job.raised);
+}
+
+/// Ends the workers; the mutex is held. Whoever comes second waits for the first.
+void End() {
+  if (pool.ending) {
+    while (pool.ending) pool.ended.Wait(pool.mutex);
+    return;
+  }
+  pool.ending = true;
+  pool.changes.fetch_add(1, std::memory_order_relaxed);
+  const int started = pool.workers;
+  pool.work.WakeAll();
+  while (pool.workers > 0) pool.ended.Wait(pool.mutex);
+  for (int k = 0; k < started; ++k) pool.threads[k].AwaitEnd();
+  pool.ending = false;
+  pool.ended.WakeAll();
+}
+
+// When the library is unloaded, its code must not be left to a thread; and a process that ends has
+// none of ours left. Calls that come later, from static objects that live longer, go without. (On
+// Windows the other threads of a process that ends are gone by now, and may have held the mutex; and
+// a library is not unloaded before its threads have ended.)
+#ifndef _WIN32
+struct Closing {
+  ~Closing() {
+    const Locked lock(pool.mutex);
+    pool.closed = true;
+    End();
+  }
+} closing;
+#endif
+
+}  // namespace
+
+void detail::Share(int threads, std::size_t pieces, void (*run)(void*, std::size_t), void* work) {
+  const auto most = static_cast<int>(std::min<std::size_t>(pieces, kMostThreads));
+  Job job{run, work, pieces};
+  job.wanted = std::min(threads, most) - 1;
+  job.spread.Stay();
+  if (Add(job)) platform::Spread::LetOthersRun();
+  job.RunPieces();
+  Remove(job);
+}
+
+void AllowWorkers() {
+  const Locked lock(pool.mutex);
+  if (!pool.atFork) pool.atFork = platform::AtFork(BeforeFork, InParent, InChild);
+  pool.refused = !pool.atFork;
+}
+
+void EndWorkers() {
+  const platform::Uncancelled whole;
+  const Locked lock(pool.mutex);
+  End();
+}
+
+int Workers() {
+  const Locked lock(pool.mutex);
+  return pool.workers;
+}
+
+}  // namespace zeph::parallel

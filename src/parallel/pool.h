@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+//
+// Work that is shared out among threads.
+//
+// The caller's thread always takes part, and waits only for pieces that others have already taken:
+// so a call ends whether or not another thread can be had, and calls of several threads share the
+// workers without waiting for one another. Workers are started when work is first shared, and kept.
+#ifndef ZEPH_SRC_PARALLEL_POOL_H
+#define ZEPH_SRC_PARALLEL_POOL_H
+
+#include <cstddef>
+
+namespace zeph::parallel {
+
+namespace detail {
+void Share(int threads, std::size_t pieces, void (*run)(void*, std::size_t), void* work);
+}
+
+/// Calls work(k) once for each k below `pieces`, in any order, on up to `threads` threads, the
+/// calling one among them; returns when all are done. `work` must not throw. Each piece runs in the
+/// floating-point modes of the caller, who afterwards has raised the exceptions that they raised.
+template <class Work>
+void Share(int threads, std::size_t pieces, Work work) {
+  if (threads > 1 && pieces > 1) {
+    detail::Share(
+        threads, pieces, [](void* all, std::size_t k) noexcept { (*static_cast<Work*>(all))(k); },
+        &work);
+  } else {
+    for (std::size_t k = 0; k < pieces; ++k) work(k);
+  }
+}
+
+/// What comes before any sharing. Where the system has refused a thread, it is not asked again before
+/// this.
+void AllowWorkers();
+
+/// The end of the workers that there are, which finish what they have taken.
+void EndWorkers();
+
+/// How many workers there are.
+int Workers();
+
+}  // namespace zeph::parallel
+
+#endif  // ZEPH_SRC_PARALLEL_POOL_H

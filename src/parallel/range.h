@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+//
+// Ranges that are shared out.
+#ifndef ZEPH_SRC_PARALLEL_RANGE_H
+#define ZEPH_SRC_PARALLEL_RANGE_H
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+
+#include "parallel/pool.h"
+#include "parallel/settings.h"
+
+namespace zeph::parallel {
+
+/// How many threads to use for `work`, which pays for two from `floor` on: 1 without a further look
+/// where the work is little or nobody has asked.
+inline int ThreadsFor(std::uint64_t work, std::uint64_t floor) {
+  if (work < floor || !Asked()) return 1;
+  return static_cast<int>(
+      std::min<std::uint64_t>(work / (floor / 2), static_cast<std::uint64_t>(Threads())));
+}
+
+/// A part of the whole numbers below some count.
+struct Part {
+  std::size_t first, count;
+};
+
+/// The k-th of `parts` parts of about the same size; all begin at a multiple of `grain`.
+inline Part PartOf(std::size_t n, std::size_t grain, std::size_t parts, std::size_t k) {
+  const std::size_t grains = (n + grain - 1) / grain;
+  const auto begin = [&](std::size_t j) {
+    return std::min(n, (grains / parts * j + std::min(j, grains % parts)) * grain);
+  };
+  return {begin(k), begin(k + 1) - begin(k)};
+}
+
+/// Calls work(first, count) for parts of `n` on up to `threads` threads. Each thread has one, or
+/// several where they stay as long as `enough`: then a thread that is held up holds up the others
+/// less.
+template <class Work>
+void ShareParts(int threads, std::size_t n, std::size_t grain, std::size_t enough, Work work) {
+  const auto count = static_cast<std::size_t>(threads);
+  const std::size_t each = std::clamp<std::size_t>(n / count / enough, 1, 8);
+  const std::size_t parts = std::min(count * each, (n + grain - 1) / grain);
+  Share(threads, parts, [&](std::size_t k) {
+    const Part part = PartOf(n, grain, parts, k);
+    work(part.first, part.count);
+  });
+}
+
+}  // namespace zeph::parallel
+
+#endif  // ZEPH_SRC_PARALLEL_RANGE_H

@@ -1,0 +1,217 @@
+// life_child CASE: a process in which the library has threads meets what happens to processes.
+#include <atomic>
+#include <chrono>
+#include <cstdlib>
+#include <cstring>
+#include <thread>
+
+#include "parallel/work.h"
+
+#ifndef _WIN32
+#include <pthread.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
+
+using namespace zeph::test;
+
+namespace {
+
+/// Whether the process has `threads` threads, or the system does not say. It may list one for a
+/// moment longer than its end is waited for.
+bool IsOrUnknown(int threads) {
+  int there = ThreadsOfTheProcess();
+  for (int tries = 0; there > threads && tries < 1000; ++tries) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    there = ThreadsOfTheProcess();
+  }
+  return there == threads || there < 0;
+}
+
+void Counts() {
+  Work work;
+  Say(work.Right() && IsOrUnknown(1), "nobody has asked, and there is no thread");
+  ZEPH_SetThreads(4);
+  Say(IsOrUnknown(1), "asking starts nothing");
+  Say(work.Right() && IsOrUnknown(4), "work starts what was asked for");
+  ZEPH_SetThreads(2);
+  Say(work.Right() && IsOrUnknown(4), "they are kept");
+  ZEPH_SetThreads(1);
+  Say(work.Right() && IsOrUnknown(1), "one ends them");
+  {
+    const ZEPH_ThreadScope scope(3);
+    Say(work.Right() && IsOrUnknown(3), "a scope has its own");
+  }
+  ZEPH_SetThreads(1);
+  Say(IsOrUnknown(1), "and they end too");
+}
+
+/// The process ends with threads that sleep, or at work for another thread.
+void EndLive() {
+  ZEPH_SetThreads(4);
+  static Work work;
+  Say(work.Right(), "live");
+}
+
+void EndElsewhere() {
+  ZEPH_SetThreads(4);
+  static Work& work = *new Work;  // outlives the static objects
+  Say(work.Right(), "exit on another thread");
+  std::thread([] { std::exit(0); }).detach();
+  for (;;)
+    if (!work.Right()) std::abort();
+}
+
+/// Destroyed after main, before or after the library's own objects.
+struct Late {
+  explicit Late(const char* name) : name_(name) {}
+  ~Late() {
+    if (used) Say(work_.Right(), name_);
+  }
+  static bool used;
+  const char* name_;
+  Work work_;
+};
+bool Late::used = false;
+
+void StaticObjects() {
+  Late::used = true;
+  ZEPH_SetThreads(3);
+  static Late after("an object that was made before the threads");
+  Say(Work().Right(), "main");
+  static Late before("an object that was made behind them");
+}
+
+#ifndef _WIN32
+int ChildStatus(pid_t child) {
+  int status = -1;
+  waitpid(child, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+/// What the child of a fork finds and does; its bits are its status.
+int InChild(Work& work, bool ask) {
+  int wrong = ZEPH_GetThreads() == 1 ? 0 : 1;
+  if (!work.Right() || !IsOrUnknown(1)) wrong |= 2;
+  if (!ask) return wrong;
+  ZEPH_SetThreads(3);
+  if (!work.Right() || !IsOrUnknown(3)) wrong |= 4;
+  ZEPH_SetThreads(1);
+  if (!IsOrUnknown(1)) wrong |= 8;
+  ZEPH_SetThreads(2);  // and leaves them live
+  if (!work.Right()) wrong |= 16;
+  return wrong;
+}
+
+void Fork() {
+  Work work;
+  ZEPH_SetThreads(4);
+  const pid_t early = fork();
+  if (early == 0) _exit(InChild(work, false));
+  Say(ChildStatus(early) == 0, "child before there was work");
+  Say(work.Right(), "parent before");
+  for (const bool ask : {false, true}) {
+    const pid_t child = fork();
+    if (child == 0) std::exit(InChild(work, ask));
+    Say(ChildStatus(child) == 0, ask ? "child that asks again" : "child");
+  }
+  {
+    const ZEPH_ThreadScope scope(3);
+    const pid_t child = fork();
+    if (child == 0) _exit(InChild(work, false));
+    Say(ChildStatus(child) == 0, "child of a scope");
+  }
+  Say(work.Right() && ZEPH_GetThreads() == 4, "parent after");
+}
+
+void ForkAtWork() {
+  ZEPH_SetThreads(4);
+  std::atomic<bool> stop{false}, good{true};
+  std::thread others[2];
+  for (auto& other : others)
+    other = std::thread([&] {
+      Work mine;
+      while (!stop)
+        if (!mine.Right()) good = false;
+    });
+  Work work;
+  bool children = true;
+  for (int k = 0; k < 40; ++k) {
+    const pid_t child = fork();
+    if (child == 0) std::exit(InChild(work, k % 2 == 1));
+    children = ChildStatus(child) == 0 && children;
+  }
+  stop = true;
+  for (auto& other : others) other.join();
+  Say(children, "children");
+  Say(good, "the parent's calls");
+}
+
+pthread_t handler;
+volatile sig_atomic_t handled = 0;
+
+void Signals() {
+  Work work;
+  sigset_t set, before;
+  sigemptyset(&set);
+  sigaddset(&set, SIGUSR1);
+  struct sigaction action {};
+  action.sa_handler = [](int) { handler = pthread_self(), handled = 1; };
+  sigaction(SIGUSR1, &action, nullptr);
+  ZEPH_SetThreads(4);
+  Say(work.Right(), "signals");
+  pthread_sigmask(SIG_BLOCK, &set, &before);
+  kill(getpid(), SIGUSR1);
+  Say(work.Right() && !handled, "none of the library's threads takes one");
+  pthread_sigmask(SIG_SETMASK, &before, nullptr);
+  Say(handled && pthread_equal(handler, pthread_self()), "the program's own does");
+}
+
+/// A thread that is to be cancelled gets there when its call is over.
+void Cancel() {
+  ZEPH_SetThreads(4);
+  for (int k = 0; k < 50; ++k) {
+    std::atomic<bool> begun{false};
+    std::thread other([&begun] {
+      Work work;
+      begun = true;
+      for (int times = 0; times < 1000; ++times) {
+        if (!work.Right()) std::abort();
+        pthread_testcancel();
+      }
+    });
+    while (!begun) std::this_thread::yield();
+    pthread_cancel(other.native_handle());
+    other.join();
+  }
+  Say(Work().Right(), "cancelled between calls");
+}
+#endif
+
+struct Case {
+  const char* name;
+  void (*run)();
+};
+const Case kCases[] = {
+    {"counts", Counts},
+    {"live", EndLive},
+    {"elsewhere", EndElsewhere},
+    {"static", StaticObjects},
+#ifndef _WIN32
+    {"fork", Fork},
+    {"fork at work", ForkAtWork},
+    {"signals", Signals},
+    {"cancel", Cancel},
+#endif
+};
+
+Late early("an object of the program, the first of all");
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  for (const Case& one : kCases)
+    if (argc == 2 && std::strcmp(argv[1], one.name) == 0) return one.run(), 0;
+  return 2;
+}

@@ -1,0 +1,71 @@
+// Processes in which the library has threads: they end, fork, and get signals as any other.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "support/child.h"
+#include "support/scale.h"
+
+using zeph::test::ChildResult;
+using zeph::test::RunChild;
+
+namespace {
+
+void ExpectAllWell(const ChildResult& child, int lines) {
+  EXPECT_EQ(child.status, 0) << child.err;
+  EXPECT_EQ(child.out.find("NOT"), std::string::npos) << child.out;
+  int said = 0;
+  for (std::size_t at = 0; (at = child.out.find("ok: ", at)) != std::string::npos; ++at) ++said;
+  EXPECT_EQ(said, lines) << child.out;
+}
+void ExpectAllWell(const char* name, int lines) {
+  ExpectAllWell(RunChild("zeph_parallel_life_child", {name}), lines);
+}
+
+}  // namespace
+
+#ifndef __EMSCRIPTEN__
+
+TEST(ThreadsLife, ThereAreAsManyAsAskedForAndNoneUnasked) {
+  ExpectAllWell("counts", 7);
+}
+
+TEST(ThreadsLife, TheProcessEndsWithThreadsThatSleep) {
+  ExpectAllWell("live", 1);
+}
+
+TEST(ThreadsLife, TheProcessEndsByAnotherThreadWhileTheyWork) {
+  for (int k = 0; k < 10; ++k) ExpectAllWell("elsewhere", 1);
+}
+
+TEST(ThreadsLife, StaticObjectsMayCallWhileTheProcessEnds) {
+  ExpectAllWell("static", 4);
+}
+
+#ifndef _WIN32
+
+TEST(ThreadsLife, TheChildOfAForkHasOneThread) {
+  ExpectAllWell("fork", 6);
+}
+
+TEST(ThreadsLife, AForkDisturbsNobodyAtWork) {
+  ExpectAllWell("fork at work", 2);
+}
+
+TEST(ThreadsLife, SignalsAreThePrograms) {
+  ExpectAllWell("signals", 3);
+}
+
+TEST(ThreadsLife, ACancelledCallerEndsBetweenCalls) {
+  ExpectAllWell("cancel", 1);
+}
+
+TEST(ThreadsLife, WithoutAThreadTheCallerDoesTheWork) {
+#ifdef ZEPH_TEST_SANITIZED
+  GTEST_SKIP() << "the sanitizer stands where the program's own pthread_create would";
+#endif
+  ExpectAllWell(RunChild("zeph_parallel_refused_child", {}), 4);
+}
+
+#endif
+#endif

@@ -1,0 +1,84 @@
+// The functions of parallel.h.
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <thread>
+
+#include "parallel.h"
+#include "platform/threads.h"
+
+namespace {
+
+class Settings : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    if (!zeph::platform::kThreadsExist) GTEST_SKIP() << "there are no threads";
+  }
+  void TearDown() override { ZEPH_SetThreads(1); }
+};
+
+int ThreadsOfAnotherThread() {
+  int threads = 0;
+  std::thread([&threads] { threads = ZEPH_GetThreads(); }).join();
+  return threads;
+}
+
+}  // namespace
+
+TEST(SettingsWithoutThreads, AreOneWhateverIsAskedFor) {
+  if (zeph::platform::kThreadsExist) GTEST_SKIP() << "there are threads";
+  EXPECT_EQ(ZEPH_SetThreads(4), 1);
+  EXPECT_EQ(ZEPH_SetThreads(0), 1);
+  const ZEPH_ThreadScope scope(4);
+  EXPECT_EQ(ZEPH_GetThreads(), 1);
+}
+
+TEST_F(Settings, StartAtOneThread) {
+  EXPECT_EQ(ZEPH_GetThreads(), 1);
+}
+
+TEST_F(Settings, GiveWhatHolds) {
+  EXPECT_EQ(ZEPH_SetThreads(3), 3);
+  EXPECT_EQ(ZEPH_GetThreads(), 3);
+  EXPECT_EQ(ThreadsOfAnotherThread(), 3);
+  EXPECT_EQ(ZEPH_SetThreads(256), 256);
+  EXPECT_EQ(ZEPH_SetThreads(257), 256);
+  EXPECT_EQ(ZEPH_SetThreads(INT_MAX), 256);
+  EXPECT_EQ(ZEPH_SetThreads(1), 1);
+  EXPECT_EQ(ZEPH_GetThreads(), 1);
+}
+
+TEST_F(Settings, BelowZeroChangeNothing) {
+  ZEPH_SetThreads(3);
+  EXPECT_EQ(ZEPH_SetThreads(-1), 3);
+  EXPECT_EQ(ZEPH_SetThreads(INT_MIN), 3);
+  {
+    const ZEPH_ThreadScope scope(-1);
+    EXPECT_EQ(ZEPH_GetThreads(), 3);
+  }
+  EXPECT_EQ(ZEPH_GetThreads(), 3);
+}
+
+TEST_F(Settings, ZeroIsWhatTheProcessMayUse) {
+  const int threads = ZEPH_SetThreads(0);
+  EXPECT_GE(threads, 1);
+  EXPECT_LE(threads, static_cast<int>(std::thread::hardware_concurrency()));
+  EXPECT_EQ(ZEPH_GetThreads(), threads);
+}
+
+TEST_F(Settings, ScopesAreForTheirThreadAndNest) {
+  {
+    const ZEPH_ThreadScope outer(4);
+    EXPECT_EQ(ZEPH_GetThreads(), 4);
+    EXPECT_EQ(ThreadsOfAnotherThread(), 1);
+    {
+      const ZEPH_ThreadScope inner(1);
+      EXPECT_EQ(ZEPH_GetThreads(), 1);
+      EXPECT_EQ(ZEPH_SetThreads(8), 8);
+      EXPECT_EQ(ZEPH_GetThreads(), 1) << "the scope's number goes first";
+      EXPECT_EQ(ThreadsOfAnotherThread(), 8);
+    }
+    EXPECT_EQ(ZEPH_GetThreads(), 4);
+  }
+  EXPECT_EQ(ZEPH_GetThreads(), 8);
+}

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 
@@ -20,10 +21,15 @@ void WriteElement(FILE* f, int index, int value) {
   std::fprintf(f, "Array[%2d]= %d\n", index, value);
 }
 
+/// As "%12.4lf" has it.
 void WriteElement(FILE* f, int index, double value) {
   char text[RealFormat::kRoom];
-  *RealFormat("%.4lf", RealFormat::Notation::kFixed, 4).Write(text, value) = '\0';
-  std::fprintf(f, "Array[%2d]= %12s\n", index, text);
+  const RealFormat format("%.4lf", RealFormat::Notation::kFixed, 4);
+  char* const end = format.Write(text, value);
+  *end = '\0';
+  const auto columns =
+      static_cast<int>(format.Columns(value, static_cast<std::size_t>(end - text)));
+  std::fprintf(f, "Array[%2d]= %*s%s\n", index, std::max(12 - columns, 0), "", text);
 }
 
 template <class T>

@@ -2,8 +2,12 @@
 #include "platform/stream_number.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
 #include <locale>
+#include <string>
 #include <string_view>
 
 #include "platform/format_number.h"
@@ -14,62 +18,134 @@ namespace {
 
 using Flags = std::ios_base;
 
-bool IsHexadecimal(Flags::fmtflags flags) {
-  return (flags & Flags::floatfield) == (Flags::fixed | Flags::scientific);
+enum class Notation { kFixed, kScientific, kGeneral, kHexadecimal };
+
+Notation NotationOf(Flags::fmtflags flags) {
+  if ((flags & Flags::fixed) && (flags & Flags::scientific)) return Notation::kHexadecimal;
+  if (flags & Flags::fixed) return Notation::kFixed;
+  return flags & Flags::scientific ? Notation::kScientific : Notation::kGeneral;
 }
 
-Digits NotationOf(Flags::fmtflags flags) {
-  if (flags & Flags::fixed) return Digits::kFixed;
-  return flags & Flags::scientific ? Digits::kScientific : Digits::kGeneral;
-}
+/// Room for a text, most of them without asking for memory.
+class Buffer {
+ public:
+  explicit Buffer(int precision) {
+    constexpr int kUsual = 64;
+    if (precision <= kUsual) return;
+    long_.resize(sizeof short_ + static_cast<std::size_t>(precision));
+    begin_ = long_.data();
+    end_ = begin_ + long_.size();
+  }
+  Buffer(const Buffer&) = delete;
+  Buffer& operator=(const Buffer&) = delete;
 
-char* WriteFinite(char* out, char* end, double x, Digits notation, int precision, bool point) {
-  char* const stop = ToChars(out, end, x, notation, precision);
-  if (!point || precision > 0) return stop;
-  // A point that no decimals follow stands before the exponent.
-  char* const exponent = std::find(out, stop, 'e');
-  std::copy_backward(exponent, stop, stop + 1);
+  char* begin() { return begin_; }
+  char* end() { return end_; }
+
+ private:
+  std::string long_;
+  char short_[RealFormat::kRoom];
+  char* begin_ = short_;
+  char* end_ = short_ + sizeof short_;
+};
+
+/// A point that no decimals follow stands before the exponent.
+char* PutPointAtTheEnd(char* text, char* end, char exponentMark) {
+  char* const exponent = std::find(text, end, exponentMark);
+  std::copy_backward(exponent, end, end + 1);
   *exponent = '.';
-  return stop + 1;
+  return end + 1;
 }
 
-/// `text` with the fill characters that `internal` puts behind its sign; the other adjustments are
-/// those of strings.
+/// The exponent behind the last 'e' of a text in scientific notation.
+int ExponentOf(const char* text, const char* end) {
+  const char* digits = std::find(text, end, 'e') + 1;
+  const bool negative = *digits++ == '-';
+  int exponent = 0;
+  std::from_chars(digits, end, exponent);
+  return negative ? -exponent : exponent;
+}
+
+/// "%#.{precision}g", by the rule of the C standard: as many digits, the zeros at the end among them.
+char* WriteAllDigits(char* out, char* end, double x, int precision) {
+  const int digits = std::max(precision, 1);
+  char* stop = ToChars(out, end, x, Digits::kScientific, digits - 1);
+  const int exponent = ExponentOf(out, stop);
+  if (exponent >= -4 && exponent < digits)
+    stop = ToChars(out, end, x, Digits::kFixed, digits - 1 - exponent);
+  return std::find(out, stop, '.') == stop ? PutPointAtTheEnd(out, stop, 'e') : stop;
+}
+
+/// "%a": 1, or 0 for zeros and denormals, before the point, as many digits as there are behind it.
+char* WriteHexadecimal(char* out, char* end, double x, bool point) {
+  constexpr int kFractionBits = 52, kBias = 1023, kMostDigits = 13;
+  std::uint64_t bits;
+  std::memcpy(&bits, &x, sizeof bits);
+  if (bits >> 63 != 0) *out++ = '-';
+  const std::uint64_t fraction = bits & ((std::uint64_t{1} << kFractionBits) - 1);
+  const auto biased = static_cast<int>(bits >> kFractionBits & 0x7ff);
+  *out++ = '0';
+  *out++ = 'x';
+  *out++ = biased == 0 ? '0' : '1';
+  if (fraction != 0 || point) *out++ = '.';
+  char* const firstDigit = out;
+  for (int digit = 1; digit <= kMostDigits; ++digit)
+    *out++ = "0123456789abcdef"[fraction >> (kFractionBits - 4 * digit) & 0xf];
+  while (out > firstDigit && out[-1] == '0') --out;
+  const int exponent = biased != 0 ? biased - kBias : fraction != 0 ? 1 - kBias : 0;
+  *out++ = 'p';
+  if (exponent >= 0) *out++ = '+';
+  return std::to_chars(out, end, exponent).ptr;
+}
+
+char* WriteFinite(char* out, char* end, double x, Notation notation, int precision, bool point) {
+  if (notation == Notation::kHexadecimal) return WriteHexadecimal(out, end, x, point);
+  if (notation == Notation::kGeneral)
+    return point ? WriteAllDigits(out, end, x, precision)
+                 : ToChars(out, end, x, Digits::kGeneral, precision);
+  const Digits digits = notation == Notation::kFixed ? Digits::kFixed : Digits::kScientific;
+  char* const stop = ToChars(out, end, x, digits, precision);
+  return point && precision == 0 ? PutPointAtTheEnd(out, stop, 'e') : stop;
+}
+
+/// What `internal` puts its fill characters behind: a sign, or else "0x".
+std::size_t HeadOf(std::string_view text) {
+  if (text[0] == '-' || text[0] == '+') return 1;
+  return text[0] == '0' && text.size() > 1 && (text[1] == 'x' || text[1] == 'X') ? 2 : 0;
+}
+
+/// `text` with fill characters where `internal` puts them; the other adjustments are those of strings.
 std::ostream& Insert(std::ostream& os, std::string_view text) {
   const auto size = static_cast<std::streamsize>(text.size());
-  const bool sign = text[0] == '-' || text[0] == '+';
-  if ((os.flags() & Flags::adjustfield) != Flags::internal || !sign || os.width() <= size)
+  const auto head = static_cast<std::streamsize>(HeadOf(text));
+  if ((os.flags() & Flags::adjustfield) != Flags::internal || head == 0 || os.width() <= size)
     return os << text;
-  const std::streamsize rest = os.width() - 1;
+  const std::streamsize rest = os.width() - head;
   os.width(0);
-  os << text[0];
+  os << text.substr(0, HeadOf(text));
   os.width(rest);
-  return os << text.substr(1);
+  return os << text.substr(HeadOf(text));
 }
 
 }  // namespace
 
 std::ostream& WritePortably(std::ostream& os, double x) {
+  if (os.getloc() != std::locale::classic()) return os << x;
   const Flags::fmtflags flags = os.flags();
-  const Digits notation = NotationOf(flags);
-  const bool general = notation == Digits::kGeneral;
+  const Notation notation = NotationOf(flags);
   const bool point = (flags & Flags::showpoint) != 0;
   const auto precision = static_cast<int>(os.precision() < 0 ? 6 : os.precision());
-  if (IsHexadecimal(flags) || (general && point) || precision > kMostStreamDecimals ||
-      os.getloc() != std::locale::classic())
-    return os << x;
 
-  char text[RealFormat::kRoom];
-  char* out = text;
+  Buffer buffer(precision);
+  char* out = buffer.begin();
   if ((flags & Flags::showpos) && !std::signbit(x)) *out++ = '+';
-  char* const end = std::isfinite(x)
-                        ? WriteFinite(out, text + sizeof text, x, notation, precision, point)
-                        : WriteNonFinite(out, x);
+  char* const end = std::isfinite(x) ? WriteFinite(out, buffer.end(), x, notation, precision, point)
+                                     : WriteNonFinite(out, x);
   // Fixed notation has no capital form: not for "nan" either.
-  if ((flags & Flags::uppercase) && notation != Digits::kFixed)
-    for (char* c = text; c < end; ++c)
+  if ((flags & Flags::uppercase) && notation != Notation::kFixed)
+    for (char* c = buffer.begin(); c < end; ++c)
       if (*c >= 'a' && *c <= 'z') *c = static_cast<char>(*c - 'a' + 'A');
-  return Insert(os, {text, static_cast<std::size_t>(end - text)});
+  return Insert(os, {buffer.begin(), static_cast<std::size_t>(end - buffer.begin())});
 }
 
 }  // namespace zeph::platform

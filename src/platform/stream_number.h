@@ -17,10 +17,8 @@ struct Number {
 };
 
 /// What glibc's and libstdc++'s inserter writes, by the stream's flags, precision, width and fill, on
-/// every system. Left to the stream's own inserter: locales but the classic one, hexadecimal notation,
-/// `showpoint` with neither fixed nor scientific notation, and more than kMostStreamDecimals decimals.
+/// every system. Left to the stream's own inserter: locales but the classic one.
 std::ostream& WritePortably(std::ostream& os, double x);
-constexpr int kMostStreamDecimals = 64;
 
 inline std::ostream& operator<<(std::ostream& os, Number number) {
   return kPortableMath ? WritePortably(os, number.value) : os << number.value;

@@ -69,6 +69,19 @@ TEST(WidePointLocale, CountsItsPointAsOneCharacterOfAField) {
   EXPECT_EQ(got, ZEPH_PortableMath ? "      1.5000;      -0.2500;          inf; \n" : want);
 }
 
+TEST(WidePointLocale, KeepsTheColumnsOfTheSortReport) {
+  const ProcessLocale locale(kWidePointLocales);
+  if (!locale.Found() || ZEPH_PortableMath) GTEST_SKIP() << "no point of two bytes in texts here";
+  std::istringstream lines(Written([](std::FILE* f) { CZEPHSelectionSort::Test1(5, f); }));
+  int reals = 0;
+  for (std::string line; std::getline(lines, line);)
+    if (line.find("\xD9\xAB") != std::string::npos) {
+      ++reals;
+      EXPECT_EQ(line.size(), std::string("Array[ 0]= ").size() + 12 + 1) << line;
+    }
+  EXPECT_EQ(reals, 10);
+}
+
 TEST_F(CommaLocale, IsInScientificNotation) {
   int exponent = 0;
   double mantissa = 0;

@@ -45,7 +45,7 @@ void ForEachSettings(Visit visit) {
       for (const auto signs :
            {Flags::fmtflags{}, Flags::showpos, Flags::uppercase, Flags::showpoint,
             Flags::showpos | Flags::showpoint | Flags::uppercase})
-        for (const int precision : {-1, 0, 1, 6, 17, 64, 65})
+        for (const int precision : {-1, 0, 1, 6, 17, 64, 65, 1200})
           for (const int width : {0, 3, 30})
             visit(
                 Settings{notation | adjustment | signs, precision, width, width == 3 ? ' ' : '*'});
@@ -65,6 +65,12 @@ TEST(StreamNumber, WritesKnownNumbersByTheStreamsSettings) {
   EXPECT_EQ(Written(2.5, {Flags::showpos | Flags::fixed, 2, 0, ' '}), "+2.50");
   EXPECT_EQ(Written(3e9, {Flags::scientific | Flags::showpoint | Flags::uppercase, 0, 0, ' '}),
             "3.E+09");
+  EXPECT_EQ(Written(100.0, {Flags::showpoint, 6, 0, ' '}), "100.000");
+  EXPECT_EQ(Written(1e-5, {Flags::showpoint, 3, 0, ' '}), "1.00e-05");
+  constexpr auto kHexadecimal = Flags::fixed | Flags::scientific;
+  EXPECT_EQ(Written(-6.5, {kHexadecimal, 6, 0, ' '}), "-0x1.ap+2");
+  EXPECT_EQ(Written(5e-324, {kHexadecimal, 6, 0, ' '}), "0x0.0000000000001p-1022");
+  EXPECT_EQ(Written(1.0, {kHexadecimal | Flags::internal, 6, 8, '*'}), "0x**1p+0");
   EXPECT_EQ(Written(std::numeric_limits<double>::quiet_NaN(), {Flags::uppercase, 6, 5, ' '}),
             "  NAN");
 }

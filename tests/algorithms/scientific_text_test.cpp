@@ -1,0 +1,52 @@
+// The two ways of writing a split number, whichever the library uses.
+#include "algorithms/scientific_text.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+#include <limits>
+#include <string>
+
+#include "support/numbers.h"
+
+using namespace zeph::test;
+using zeph::algorithms::PortableScientificText;
+using zeph::algorithms::RuntimesScientificText;
+
+namespace {
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+}  // namespace
+
+TEST(ScientificText, OfOurOwnIsTheSameOnEverySystem) {
+  EXPECT_STREQ(PortableScientificText(12.345678, 3, 3), "12.346xE3");
+  EXPECT_STREQ(PortableScientificText(-2.5, -7, 0), "-2xE-7");
+  EXPECT_STREQ(PortableScientificText(0.5, 0, 1), "0.5xE0");
+  EXPECT_STREQ(PortableScientificText(kInfinity, -2147483647 - 1, 3), "infxE-2147483648");
+  EXPECT_STREQ(PortableScientificText(-kInfinity, 0, 0), "-infxE0");
+  EXPECT_STREQ(PortableScientificText(std::copysign(kNaN, 1.0), 0, 5), "nanxE0");
+  EXPECT_STREQ(PortableScientificText(std::copysign(kNaN, -1.0), 0, 5), "-nanxE0");
+  EXPECT_STREQ(PortableScientificText(1.5, 2, -3), "%.0-3lfxE2");
+  EXPECT_EQ(PortableScientificText(std::numeric_limits<double>::max(), 5, 127).GetLength(),
+            309 + 1 + 127 + 3);
+}
+
+TEST(ScientificText, OfTheRuntimeIsWhatItsPrintfWrites) {
+  char want[64];
+  std::snprintf(want, sizeof want, "%.3lfxE%d", -2.0625, 7);
+  EXPECT_STREQ(RuntimesScientificText(-2.0625, 7, 3), want);
+}
+
+#ifdef __GLIBC__
+TEST(ScientificText, IsTheSameInBothWaysOnGlibc) {
+  std::vector<double> values = SpecialValues<double>();
+  for (const double x : Awkward(300, 8)) values.push_back(x);
+  for (const double x : values)
+    for (int decimals = -128; decimals <= 127; decimals += decimals < 20 && decimals >= -2 ? 1 : 7)
+      ASSERT_STREQ(PortableScientificText(x, -4, decimals), RuntimesScientificText(x, -4, decimals))
+          << x << " decimals " << decimals;
+}
+#endif

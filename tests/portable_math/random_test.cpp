@@ -1,0 +1,33 @@
+#include "portable_math/random.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+
+using zeph::portable_math::DrawFifteenBits;
+using zeph::portable_math::SeedFifteenBits;
+
+TEST(PortableRandom, DrawsTheNumbersOfTheCStandardsExample) {
+  for (const unsigned seed : {0u, 1u, 2u, 12345u, 2147483648u, 4294967295u}) {
+    SeedFifteenBits(seed);
+    std::uint64_t next =
+        seed;  // as wide as an unsigned long may be: what is above 32 bits does not count
+    for (int k = 0; k < 1000; ++k) {
+      next = next * 1103515245 + 12345;
+      ASSERT_EQ(DrawFifteenBits(), static_cast<int>(next / 65536 % 32768)) << seed << ", " << k;
+    }
+  }
+}
+
+TEST(PortableRandom, BeginsWithThePublishedNumbers) {
+  SeedFifteenBits(1);
+  for (const int want : {16838, 5758, 10113, 17515, 31051}) EXPECT_EQ(DrawFifteenBits(), want);
+}
+
+TEST(PortableRandom, BeginsAgainWithItsSeed) {
+  SeedFifteenBits(7);
+  const int first = DrawFifteenBits(), second = DrawFifteenBits();
+  SeedFifteenBits(7);
+  EXPECT_EQ(DrawFifteenBits(), first);
+  EXPECT_EQ(DrawFifteenBits(), second);
+}

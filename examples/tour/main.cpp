@@ -12,8 +12,10 @@ bool EndsWith(const std::string& text, const std::string& end) {
   return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
 }
 
+constexpr const char* kNile = ZEPH_TOUR_DATA "/nile.txt";
+
 struct Arguments {
-  std::string file = ZEPH_TOUR_DATA "/nile.txt";
+  std::string file = kNile;
   std::string solid;  // an OBJ file; empty: the built-in icosahedron
   std::string out = "tour-output";
 };
@@ -25,7 +27,7 @@ Arguments Parse(int argc, char** argv) {
     if (word == "--help" || word == "-h") {
       std::puts(
           "usage: tour [FILE] [SOLID.obj] [--out FOLDER]\n"
-          "  FILE       whitespace-separated numbers (default: flow of the Nile, 1871-1970)\n"
+          "  FILE       numbers with blanks between them (default: the yearly flow of the Nile)\n"
           "  SOLID.obj  a solid to draw instead of the icosahedron\n"
           "  FOLDER     where pictures go (default: tour-output)");
       std::exit(0);
@@ -52,14 +54,18 @@ void Heading(std::size_t number, const char* text) {
 
 int main(int argc, char** argv) {
   const Arguments arguments = Parse(argc, argv);
-  const tour::Context context{arguments.file, tour::ReadNumbers(arguments.file), arguments.out,
-                              arguments.solid};
+  const tour::Context context{arguments.file, arguments.file == kNile,
+                              tour::ReadNumbers(arguments.file), arguments.out, arguments.solid};
   std::error_code failed;
   std::filesystem::create_directories(arguments.out, failed);
   if (failed) tour::RefuseInput(arguments.out + ": cannot be made: " + failed.message());
 
   std::printf("ZEPHDataStructureEngine: a tour on %d numbers from %s\n", context.numbers.GetSize(),
               context.file.c_str());
+  if (context.ofTheNile)
+    std::puts(
+        "They are the flow of the Nile at Aswan, year by year from 1871 to 1970, in 10^8 cubic "
+        "metres.");
   std::size_t number = 0;
   for (const tour::Step& step : tour::Steps()) {
     Heading(++number, step.heading);

@@ -1,4 +1,5 @@
 // The numbers as they were read.
+#include <algorithm>
 #include <iostream>
 
 #include "tour.h"
@@ -6,9 +7,12 @@
 namespace tour {
 
 void ShowNumbers(const Context& context) {
-  CZEPHDoubleArray numbers = context.numbers;
-  numbers.Display(std::cout);
+  constexpr int kMostShown = 200;
+  const int count = context.numbers.GetSize(), shown = std::min(count, kMostShown);
+  CZEPHDoubleArray first(shown, context.numbers.GetData());
+  first.Display(std::cout);
   std::cout << "\n";
+  if (shown < count) std::cout << "... and " << count - shown << " more\n";
 }
 
 }  // namespace tour

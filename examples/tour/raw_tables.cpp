@@ -1,6 +1,7 @@
 // Tables as ported code keeps them: 1-based rows of the numbers, grown, rotated and listed.
 #include <algorithm>
 #include <cstdio>
+#include <string>
 
 #include "tour.h"
 
@@ -8,6 +9,11 @@ namespace tour {
 namespace {
 
 constexpr int kRows = 4;
+
+/// A name for a row of its own.
+std::string Label(const char* name, int row) {
+  return std::string(name) + "[" + std::to_string(row) + "]";
+}
 
 /// Reads up to 4 rows of 3 into table[1..4][1..3], padding with zeros.
 double** ReadTable(const CZEPHDoubleArray& numbers) {
@@ -38,18 +44,17 @@ void ShowGrowth(double** table) {
   ZEPH_ArrayFree(row, 0, 4);
 }
 
-/// Each row as a point, turned by 90 degrees about z and then x.
+/// Each row as a point. What is multiplied last is what a point meets first: x, then z.
 void ShowRotation(double** table) {
   double turn[3][3];
   ZEPH_MatrixSet3(turn, 1, 0, 0, 0, 1, 0, 0, 0, 1);
   ZEPH_MatrixRotate3Z(turn, 90);
   ZEPH_MatrixRotate3X(turn, 90);
-  std::puts("each row as a point, rotated about z and x by 90 degrees:");
+  std::puts("each row as a point, rotated by 90 degrees about x first, then about z:");
   for (int i = 1; i <= kRows; ++i) {
     double* p = table[i];
     ZEPH_MatrixTransform3(turn, &p[1], &p[2], &p[3]);
-    char label[] = "  p";
-    ZEPH_VectorPrint3(stdout, p + 1, label);
+    ZEPH_VectorPrint3(stdout, p + 1, Label("  p", i).data());
   }
 }
 
@@ -59,7 +64,8 @@ void ShowRawTables(const Context& context) {
   double** table = ReadTable(context.numbers);
   if (!table) return;
   std::puts("table[1..4][1..3], listed row by row:");
-  for (int i = 1; i <= kRows; ++i) ZEPH_ArrayDisplay(stdout, table[i], 1, 3, "table");
+  for (int i = 1; i <= kRows; ++i)
+    ZEPH_ArrayDisplay(stdout, table[i], 1, 3, Label("table", i).data());
   ShowGrowth(table);
   ShowRotation(table);
   ZEPH_MatrixFree(table, 1, kRows, 1, 3);

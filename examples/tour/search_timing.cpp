@@ -9,7 +9,15 @@
 namespace tour {
 namespace {
 
-constexpr long kEnoughMilliseconds = 5;
+// A reading is a millisecond at most off: two digits hold.
+constexpr long kEnoughMilliseconds = 20;
+
+/// `x` with two digits that count.
+double TwoDigits(double x) {
+  if (x <= 0) return x;
+  const double unit = std::pow(10.0, std::floor(std::log10(x)) - 1);
+  return std::round(x / unit) * unit;
+}
 
 /// Nanoseconds a call of `search(i)` takes: as many calls as give the stopwatch something to read,
 /// the best of three readings.
@@ -111,7 +119,8 @@ void TimeSearches(const Context& context) {
   std::printf("%10s %16s %16s\n", "elements", "sequential, ns", "binary, ns");
   for (int size = 16; size <= 65536; size *= 4) {
     rows.push_back(Measure(size));
-    std::printf("%10d %16.1f %16.1f\n", size, rows.back().sequential, rows.back().binary);
+    std::printf("%10d %16.4g %16.4g\n", size, TwoDigits(rows.back().sequential),
+                TwoDigits(rows.back().binary));
   }
   const std::string path = context.outputFolder + "/searches.svg";
   if (!Plot(rows).Write(path)) RefuseInput(path + ": cannot be written");

@@ -18,7 +18,7 @@ void TimeSearches(const Context&);
 const std::vector<Step>& Steps() {
   // clang-format off: a step a line
   static const std::vector<Step> steps = {
-      {"The numbers, read through operator>>", ShowNumbers},
+      {"The numbers", ShowNumbers},
       {"Sorting", ShowSorting},
       {"Searching, removing, merging", ShowSearching},
       {"Norms and arithmetic", ShowNorms},

@@ -10,9 +10,13 @@
 
 namespace tour {
 
+/// The most numbers that are taken from a file: the slowest sorts need a second for them.
+constexpr int kMostNumbers = 20000;
+
 /// What every step is given.
 struct Context {
   std::string file;          // where the numbers come from
+  bool ofTheNile;            // the file that comes with the tour: a flow for each year from 1871
   CZEPHDoubleArray numbers;  // the series; steps work on copies
   std::string outputFolder;  // pictures go here; exists
   std::string solidFile;     // an OBJ file to draw; empty for the built-in solid
@@ -26,7 +30,8 @@ struct Step {
 /// The steps in their order.
 const std::vector<Step>& Steps();
 
-/// The numbers of a text file; a file without any, or with something else in it, is refused.
+/// The numbers of a text file, NaN and infinities included, at most kMostNumbers. A file without any, or with
+/// something else before them, is refused.
 CZEPHDoubleArray ReadNumbers(const std::string& file);
 
 /// Reports bad input (file and position) on standard error and ends the program with status 2.

@@ -123,9 +123,9 @@ ZEPH_API double ZEPH_MathGetScientificNotationValue(double value, int exponent);
 /// The split of `value` as text, such as "12.346xE3"; also sets `exponent` and `mantissa`.
 ///
 /// `decimals` is the number of decimals of the mantissa in the text. Digits, decimal point and the
-/// spelling of infinities and NaN are those of the C runtime's `%f`; so is what a negative
-/// `decimals` gives. Both results are written before the text is built, which may throw what
-/// memory exhaustion throws.
+/// spelling of infinities and NaN are those of the C runtime's `%f` (with ZEPH_PORTABLE_MATH of
+/// glibc's); so is what a negative `decimals` gives. Both results are written before the text is
+/// built, which may throw what memory exhaustion throws.
 ///
 ///     int exponent;
 ///     double mantissa;
@@ -315,8 +315,8 @@ class ZEPH_API CZEPHSortTester {
 
   /// Fills `a[0]`..`a[n-1]` with 0..32767; with a `sign` other than 0, about half of them negative.
   ///
-  /// 1, or 0 (and nothing done) when `a` is null or `n <= 0`. Each call seeds the C runtime's
-  /// generator, which the application shares, with the time in seconds plus one draw from it.
+  /// 1, or 0 (and nothing done) when `a` is null or `n <= 0`. Each call seeds the generator, which the
+  /// application shares (see ZEPH_MathRandomSeed), with the time in seconds plus one draw from it.
   static int Randomize(int* a, int n, int sign);
 
   /// The same for doubles: 0.0 to 999.9 in steps of 0.1.

@@ -271,8 +271,8 @@ class ZEPH_API CZEPHDoubleArray {
 
   /// Fills the array with pseudo-random whole numbers from 0 to 998; sets `sorted` to 0.
   ///
-  /// Seeds the C runtime's generator, which the whole process shares, with the time in seconds on
-  /// every call: two calls within a second give the same numbers.
+  /// Seeds the C runtime's generator (with ZEPH_PORTABLE_MATH the library's), which the whole process
+  /// shares, with the time in seconds on every call: two calls within a second give the same numbers.
   void Random();
 
   int sorted;    ///< 1 when the elements are known to be in ascending order. BinarySearch reads it.

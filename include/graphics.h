@@ -22,7 +22,7 @@
 //   - Every operation on components is rounded to float, products and sums apart, and sums run left
 //     to right in x, y, z, w order unless an entry below says otherwise. So results are the same to
 //     the last bit with every compiler and processor; those that take a sine, cosine or tangent
-//     depend on the C runtime's.
+//     depend on the C runtime's, or with ZEPH_PORTABLE_MATH are the same everywhere too.
 //   - Comparisons are exact. Nothing here allocates, prints, throws or reports an error, and
 //     nothing is checked but what an entry says: NaN and infinities pass through by the ordinary
 //     rules, and null pointers must not be handed in.

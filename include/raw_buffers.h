@@ -214,10 +214,10 @@ ZEPH_API double** ZEPH_MatrixResize(double** old, int oldRowHi, int oldColHi, in
 // ---- 4  Listings --------------------------------------------------------------------------------
 //
 // Text for reports and debugging. A label is data: percent signs in it are printed as they stand, a
-// null one as "(null)". What the C runtime decides stays its own: the decimal point of the caller's
-// locale, the digits of an exponent, the spelling of infinities and NaN. Output errors are ignored.
-// The text is composed in blocks and written with few calls; nothing is allocated on the way to a
-// stream.
+// null one as "(null)". The decimal point of the caller's locale, the digits of an exponent and the
+// spelling of infinities and NaN are the C runtime's; with ZEPH_PORTABLE_MATH they are glibc's in the
+// C locale everywhere. Output errors are ignored. The text is composed in blocks and written with few
+// calls; nothing is allocated on the way to a stream.
 
 /// Appends a listing of a[lo] .. a[hi] to `out`; lines end in "\r\n".
 ///
@@ -357,7 +357,7 @@ ZEPH_API void ZEPH_MatrixSetIdentity(int n, double** m);
 //
 // A 3x3 matrix is `double m[3][3]`; a 4x4 one is 16 contiguous doubles, element (i, j) at 4*i + j.
 // Angles are degrees, converted as angle * 3.141592653589793 / 180.0; sine and cosine are the C
-// runtime's.
+// runtime's, or with ZEPH_PORTABLE_MATH our own.
 
 /// Stores the nine values row by row.
 ZEPH_API void ZEPH_MatrixSet3(double m[3][3], double m00, double m01, double m02, double m10,

@@ -240,8 +240,8 @@ ZEPH_API CZEPHVector ZEPH_SumVector(CZEPHMatrix& m);
 /// The same sums into the first GetNoRow() elements of `out`, whose size is not checked or changed.
 ZEPH_API void ZEPH_SumVector(CZEPHMatrix& m, CZEPHVector& out);
 
-/// Sets every element, row by row, to r * scale / 32767.0 with r the next `rand()`, 0 to 32767, of
-/// the C runtime (the high 15 bits where the runtime's numbers are larger). Does not seed.
+/// Sets every element, row by row, to r * scale / 32767.0 with r the next raw draw of ZEPH_MathRandom,
+/// 0 to 32767. Does not seed.
 ZEPH_API void ZEPH_RandomizeMatrix(CZEPHMatrix& m, double scale);
 
 /// Index of the first largest element; 0 where there are fewer than two.

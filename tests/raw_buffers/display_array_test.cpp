@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "algorithms.h"
 #include "oracle/listing.h"
 #include "raw_buffers.h"
 #include "support/allocation.h"
@@ -252,23 +253,26 @@ TEST(RawArrayDisplay, WritesTheBytesOfPrintfForAMillionDoubles) {
   EXPECT_TRUE(got == Listing(kReal3, "\n", a.data(), 0, last, kLabel));
 }
 
+// A library with texts of its own rounds to nearest and knows no locale.
 TEST(RawArrayDisplay, RoundsInTheDirectionThatTheRuntimeRoundsIn) {
   double a[] = {1.00001, -1.00001, 1.99999, 2.5, 1e300};
+  const std::string nearest = Listing(kReal3, "\n", a, 0, 4, kLabel);
   for (const int direction : {FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO, FE_TONEAREST}) {
     std::fesetround(direction);
-    const std::string want = Listing(kReal3, "\n", a, 0, 4, kLabel);
+    const std::string runtimes = Listing(kReal3, "\n", a, 0, 4, kLabel);
     const std::string got = Written([&](FILE* f) { ZEPH_ArrayDisplay(f, a, 0, 4, kLabel); });
     std::fesetround(FE_TONEAREST);
-    EXPECT_EQ(got, want);
+    EXPECT_EQ(got, ZEPH_PortableMath ? nearest : runtimes);
   }
 }
 
 TEST(RawArrayDisplay, WritesTheDecimalPointOfTheCallersLocale) {
+  double a[] = {1.5, -0.25, 1e100};
+  const std::string usual = Listing(kReal3, "\n", a, 0, 2, kLabel);
   const zeph::test::ProcessLocale locale(zeph::test::kCommaLocales);
   if (!locale.Found()) GTEST_SKIP() << "no locale with a decimal comma is installed";
-  double a[] = {1.5, -0.25, 1e100};
-  const std::string want = Listing(kReal3, "\n", a, 0, 2, kLabel);
+  const std::string runtimes = Listing(kReal3, "\n", a, 0, 2, kLabel);
+  EXPECT_EQ(runtimes.substr(0, 9), "x[0]=1,50");
   const std::string got = Written([&](FILE* f) { ZEPH_ArrayDisplay(f, a, 0, 2, kLabel); });
-  EXPECT_EQ(got, want);
-  EXPECT_EQ(got.substr(0, 9), "x[0]=1,50");
+  EXPECT_EQ(got, ZEPH_PortableMath ? usual : runtimes);
 }

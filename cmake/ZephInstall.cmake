@@ -46,15 +46,17 @@ configure_file("${PROJECT_SOURCE_DIR}/cmake/ZEPHDataStructureEngine.pc.in"
 install(FILES "${PROJECT_BINARY_DIR}/ZEPHDataStructureEngine.pc"
   DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT Development)
 
-# Debugger views: gdb finds the script by the library's own path below its auto-load folder; Visual
-# Studio takes the natvis through the target.
+# Debugger views: gdb finds the script by the library's own path below its auto-load folder, or is told of the
+# one beside the natvis (docs/debugging.md); Visual Studio takes the natvis through the target.
 if(NOT WIN32 AND ZEPH_SHARED)
   install(FILES "${PROJECT_SOURCE_DIR}/tools/debugger/zeph_printers.py"
     DESTINATION "${CMAKE_INSTALL_DATADIR}/gdb/auto-load${CMAKE_INSTALL_FULL_LIBDIR}"
     RENAME "libZEPHDataStructureEngine.so.${PROJECT_VERSION}-gdb.py" COMPONENT Development)
 endif()
 set(ZEPH_NATVIS_DIR "${CMAKE_INSTALL_DATADIR}/ZEPHDataStructureEngine")
-install(FILES "${PROJECT_SOURCE_DIR}/tools/debugger/ZEPHDataStructureEngine.natvis"
+install(FILES
+  "${PROJECT_SOURCE_DIR}/tools/debugger/ZEPHDataStructureEngine.natvis"
+  "${PROJECT_SOURCE_DIR}/tools/debugger/zeph_printers.py"
   DESTINATION "${ZEPH_NATVIS_DIR}" COMPONENT Development)
 target_sources(ZEPHDataStructureEngine INTERFACE
   $<$<CXX_COMPILER_ID:MSVC>:$<INSTALL_INTERFACE:${ZEPH_NATVIS_DIR}/ZEPHDataStructureEngine.natvis>>

@@ -5,6 +5,91 @@ import gdb.printing
 
 MOST_NODES = 1000  # a damaged list must not hang the debugger
 
+# Compilers describe a class with virtual functions only in the file that holds its virtual table. Those are
+# the library's own, and a release describes nothing: to the program's debug information the classes are then
+# incomplete. So their fields stand here, in the order in which they follow the pointer to the virtual table.
+ARRAY_FIELDS = {"m_nSize": "count", "m_nMaxSize": "count", "m_nGrowBy": "count"}
+LIST_FIELDS = {"m_pNodeHead": "void *", "m_pNodeTail": "void *", "m_nCount": "count"}
+LAYOUT = {
+    "CZEPHDoubleArray": {"sorted": "int", "size": "int", "data": "double *"},
+    "CObArray": {"m_pData": "void **", **ARRAY_FIELDS},
+    "CZEPHSortableObArray": {"m_pData": "void **", **ARRAY_FIELDS},
+    "CUIntArray": {"m_pData": "unsigned int *", **ARRAY_FIELDS},
+    "CZEPHUIntArray": {"m_pData": "unsigned int *", **ARRAY_FIELDS},
+    "CWordArray": {"m_pData": "unsigned short *", **ARRAY_FIELDS},
+    "CZEPHWordArray": {"m_pData": "unsigned short *", **ARRAY_FIELDS},
+    "CObList": LIST_FIELDS,
+    "CZEPHSortableObList": LIST_FIELDS,
+    "CZEPHVector2D": {"x": "float", "y": "float"},
+    "CZEPHVector3D": {"x": "float", "y": "float", "z": "float"},
+    "CZEPHVector4D": {"x": "float", "y": "float", "z": "float", "w": "float"},
+}
+
+
+def plain_type(text):
+    words = text.rstrip("* ")
+    if words == "count":  # std::ptrdiff_t
+        words = "long long" if gdb.lookup_type("void").pointer().sizeof == 8 else "int"
+    kind = gdb.lookup_type(words)
+    for _ in range(text.count("*")):
+        kind = kind.pointer()
+    return kind
+
+
+def layout(name):
+    """Field by field of a class in LAYOUT: its place in bytes and its type."""
+    place = gdb.lookup_type("void").pointer().sizeof
+    for field, text in LAYOUT[name].items():
+        kind = plain_type(text)
+        place += -place % kind.sizeof
+        yield field, place, kind
+        place += kind.sizeof
+
+
+def is_complete(kind):
+    return len(kind.fields()) > 0
+
+
+def member(value, name):
+    """value[name], by its place in memory where the program does not describe the class."""
+    kind = value.type.strip_typedefs()
+    if is_complete(kind):
+        return value[name]
+    for field, place, field_type in layout(kind.unqualified().name):
+        if field == name:
+            start = value.address.cast(gdb.lookup_type("char").pointer())
+            return (start + place).cast(field_type.pointer()).dereference()
+    raise gdb.error(f"{kind.name} is incomplete and its {name} is not known")
+
+
+def places(kind, base=0):
+    """Where the fields of a complete class stand, those of its bases included."""
+    for field in kind.fields():
+        if not hasattr(field, "bitpos"):
+            continue
+        at = base + field.bitpos // 8
+        if field.is_base_class:
+            yield from places(field.type.strip_typedefs(), at)
+        elif field.name:
+            yield field.name, (at, field.type.sizeof)
+
+
+def check_layout():
+    """How many fields stand where LAYOUT has them, of the classes that are described; the others are named."""
+    fitting = 0
+    for name in LAYOUT:
+        try:
+            kind = gdb.lookup_type(name)
+        except gdb.error:
+            continue
+        described = dict(places(kind)) if is_complete(kind) else {}
+        for field, place, field_type in layout(name) if described else ():
+            if described.get(field) == (place, field_type.sizeof):
+                fitting += 1
+            else:
+                gdb.write(f"zeph_printers.py is of another version: {name}::{field} is elsewhere\n", gdb.STDERR)
+    return fitting
+
 
 def no_storage(pointer):
     return int(pointer) == 0
@@ -15,8 +100,8 @@ class Sequence:
 
     def __init__(self, value, kind, pointer, count):
         self.kind = kind
-        self.pointer = value[pointer]
-        self.count = int(value[count])
+        self.pointer = member(value, pointer)
+        self.count = int(member(value, count))
 
     def to_string(self):
         if no_storage(self.pointer):
@@ -35,7 +120,7 @@ class Sequence:
 class DoubleArray(Sequence):
     def __init__(self, value):
         super().__init__(value, "CZEPHDoubleArray", "data", "size")
-        self.sorted = int(value["sorted"])
+        self.sorted = int(member(value, "sorted"))
 
     def to_string(self):
         return super().to_string() + (", sorted" if self.sorted else "")
@@ -88,7 +173,7 @@ class Components:
 
     def __init__(self, value, fields):
         self.kind = value.type.strip_typedefs().name
-        self.values = [value[field] for field in fields]
+        self.values = [member(value, field) for field in fields]
 
     def to_string(self):
         return f"{self.kind} ({', '.join(str(v) for v in self.values)})"
@@ -99,7 +184,7 @@ class Chain:
 
     def __init__(self, value, head, following, shown):
         self.kind = value.type.strip_typedefs().name
-        self.head, self.following, self.shown = value[head], following, shown
+        self.head, self.following, self.shown = member(value, head), following, shown
 
     def nodes(self):
         node = self.head
@@ -107,7 +192,10 @@ class Chain:
             if no_storage(node):
                 return
             yield node
-            node = node[self.following]
+            node = self.next(node)
+
+    def next(self, node):
+        return node[self.following]
 
     def to_string(self):
         count = sum(1 for _ in self.nodes())
@@ -122,8 +210,14 @@ class Chain:
 
 
 class ObjectList(Chain):
+    """Nodes of three pointers: the next node, the one before, the element."""
+
     def __init__(self, value):
-        super().__init__(value, "m_pNodeHead", "pNext", "data")
+        super().__init__(value, "m_pNodeHead", 0, 2)
+        self.head = self.head.cast(plain_type("void **"))
+
+    def next(self, node):
+        return node[self.following].cast(node.type)
 
 
 class Text:
@@ -181,3 +275,4 @@ class Plain:
 
 
 gdb.printing.register_pretty_printer(gdb.current_objfile(), printers(), replace=True)
+check_layout()

@@ -1,0 +1,115 @@
+#!/usr/bin/env python3
+"""Puts a summary of its own tables on top of docs/performance.md, with the words that they use.
+
+usage: summary.py docs/performance.md   (./dev bench runs it)
+"""
+import re
+import statistics
+import subprocess
+import sys
+
+BEGIN, END = "<!-- summary: written by tools/bench/summary.py -->\n", "<!-- end of the summary -->\n"
+# What is measured beside libraries: our own yardsticks, which nobody could pick instead.
+YARDSTICKS = {
+    "the walk": "the documented steps one by one, as the interface describes them",
+    "the loop": "the plain loop that a program would write, -O3",
+    "literal loop": "the documented loop, operation by operation, -O3",
+    "textbook loop": "the same, as a textbook has it, -O3 (or -O2 where it says so)",
+    "fprintf per item": "a call of `fprintf` for each number",
+    "copy, add, copy": "the operator's documented copies, each made",
+    "scalar library": "the same classes as scalar code in a shared library",
+    "plain library": "the same source, vectorised as the compiler likes",
+    "with every check": "our own call in a build with `ZEPH_HARDENED`",
+    "latency limit": "the chain of additions that the result demands: no code can be faster",
+    "limit": "the least that the documented behaviour demands of any library: objects made and destroyed by calls",
+}
+PACKAGES = {"Boost": "libboost-dev", "Highway": "libhwy-dev", "Eigen": "libeigen3-dev", "OpenBLAS": "libopenblas-dev",
+            "GLM": "libglm-dev", "g++ and its standard library": "g++-12", "glibc": "libc6"}
+
+
+def is_yardstick(peer):
+    return peer in YARDSTICKS or peer.startswith("textbook loop")
+
+
+def read(page):
+    """(family, case, n) -> [(peer, ratio)] of the page's tables."""
+    rows, family = {}, None
+    for line in page.splitlines():
+        if line.startswith("## "):
+            family = line[3:]
+        cells = [cell.strip() for cell in line.strip("|").split("|")]
+        if line.startswith("|") and len(cells) == 7:
+            ratio = re.fullmatch(r"\*\*([\d.]+)\*\*|_([\d.]+)_", cells[5])
+            if ratio:
+                rows.setdefault((family, cells[0], cells[1]), []).append((cells[3], float(ratio[1] or ratio[2])))
+    return rows
+
+
+def shown(ratio):
+    return f"{ratio:.2f}" if ratio < 10 else f"{ratio:.0f}"
+
+
+def table(rows):
+    families = {}
+    for (family, case, n), peers in rows.items():
+        named = [(ratio, peer) for peer, ratio in peers if not is_yardstick(peer)]
+        if named:
+            families.setdefault(family, []).append((*min(named), case, n))
+    yield "| family | rows | behind a library in | median | worst row |"
+    yield "|---|---|---|---|---|"
+    total = behind = 0
+    for family, found in families.items():
+        lost = [row for row in found if row[0] < 1]
+        ratio, peer, case, n = min(found)
+        total, behind = total + len(found), behind + len(lost)
+        yield (f"| {family} | {len(found)} | {len(lost) or 'none'} | "
+               f"{shown(statistics.median(row[0] for row in found))} | {shown(ratio)}: {case}, {n} ({peer}) |")
+    yield ""
+    yield (f"Of {total} rows that a library competes in, {total - behind} are ours and {behind} go to the fastest of "
+           "the libraries. The other rows have yardsticks only.")
+
+
+def versions():
+    for name, package in PACKAGES.items():
+        asked = subprocess.run(["dpkg-query", "-W", "-f=${Version}", package], capture_output=True, text=True)
+        if asked.returncode == 0 and asked.stdout:
+            yield f"{name} {asked.stdout}"
+
+
+def summary(page):
+    yield "## Summary"
+    yield ""
+    yield "The fastest library of each row, its time over ours: above 1 we are faster."
+    yield ""
+    yield from table(read(page))
+    yield ""
+    yield "## Words"
+    yield ""
+    yield ("A row is one piece of work on `n` elements (matrices: `n` by `n`; small objects: an array of `n` of them; "
+           "searches: all keys of one round), and its time is that of the whole piece, not of an element. `target` is "
+           "the ratio that we want at least; a row below it is marked as missed. Peers that are libraries are compiled "
+           "into the program with its flags, `-O3` for the compiler's default processor; \"native\" ones with "
+           "`-march=native` and fused instructions, OpenBLAS as Debian builds it, on one thread. Versions: "
+           + "; ".join(versions()) + ".")
+    yield ""
+    yield "The other peers are yardsticks:"
+    yield ""
+    for name, meaning in YARDSTICKS.items():
+        yield f"- **{name}**: {meaning}."
+
+
+def main(path):
+    with open(path, encoding="utf-8") as file:
+        page = file.read()
+    if BEGIN in page:
+        page = page[:page.index(BEGIN)] + page[page.index(END) + len(END) + 1:]
+    head, rest = page.split("<!-- by hand", 1)
+    text = "\n".join(summary(page)) + "\n"
+    with open(path, "w", encoding="utf-8") as file:
+        file.write(head + BEGIN + text + END + "\n<!-- by hand" + rest)
+
+
+if __name__ == "__main__":
+    if len(sys.argv) != 2 or sys.argv[1].startswith("-"):
+        sys.exit(__doc__)
+    main(sys.argv[1])

@@ -1,10 +1,32 @@
 # Compiler settings of our own targets, kept off the targets of a parent project and of our users.
 
+# What the builder, or a parent project, gives to every target. Ours come behind it.
+get_directory_property(zeph_given_options COMPILE_OPTIONS)
+get_directory_property(zeph_given_link_options LINK_OPTIONS)
+string(TOUPPER "${CMAKE_BUILD_TYPE}" zeph_build_type)
+set(zeph_given_flags "${CMAKE_CXX_FLAGS} ${CMAKE_CXX_FLAGS_${zeph_build_type}} ${zeph_given_options} \
+${CMAKE_SHARED_LINKER_FLAGS} ${zeph_given_link_options}")
+string(REPLACE ";" " " zeph_given_flags "${zeph_given_flags}")
+
 # Every documented result is exact to the last bit: products and sums round separately, so the
-# compiler may not fuse them, and fast-math is refused (src/platform/exactness.h checks).
+# compiler may not fuse them, and fast-math is taken back (src/platform/exactness.h checks).
 add_library(zeph_exactness INTERFACE)
 if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   target_compile_options(zeph_exactness INTERFACE -ffp-contract=off)
+  if(zeph_given_flags MATCHES "-Ofast|-ffast|-funsafe-math|-ffinite-math|-fassociative-math|-freciprocal-math|-fno-signed-zeros")
+    target_compile_options(zeph_exactness INTERFACE
+      -fno-fast-math -fno-unsafe-math-optimizations -fno-finite-math-only -fno-associative-math
+      -fno-reciprocal-math -fsigned-zeros -ffp-contract=off)
+    if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")  # it remarks on every flag that is taken back
+      target_compile_options(zeph_exactness INTERFACE
+        $<IF:$<VERSION_LESS:${CMAKE_CXX_COMPILER_VERSION},18>,-Wno-overriding-t-option,-Wno-overriding-option>)
+    endif()
+    # Linked with them, a library brings start code that switches the host's denormals off.
+    target_link_options(zeph_exactness INTERFACE -fno-fast-math -fno-unsafe-math-optimizations)
+    if(zeph_given_flags MATCHES "-Ofast")
+      target_link_options(zeph_exactness INTERFACE -O3)
+    endif()
+  endif()
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_SYSTEM_PROCESSOR MATCHES "x86|i[3-6]86|AMD64|amd64")
     # g++ 12 fuses where it vectorises alternating sums and differences, contraction off or not, once a
     # -march of the builder's has fused instructions. The wide kernels choose theirs per function.
@@ -26,6 +48,18 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   endif()
 elseif(MSVC)
   target_compile_options(zeph_exactness INTERFACE /fp:precise)
+endif()
+
+# The allocation rule throws and catches, and what is thrown is told by its type, whatever a parent project does
+# without.
+add_library(zeph_language INTERFACE)
+if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+  if(zeph_given_flags MATCHES "-fno-exceptions")
+    target_compile_options(zeph_language INTERFACE -fexceptions)
+  endif()
+  if(zeph_given_flags MATCHES "-fno-rtti")
+    target_compile_options(zeph_language INTERFACE -frtti)
+  endif()
 endif()
 
 # Calls between our own functions go straight to their body, not through the table that lets a program
@@ -58,12 +92,12 @@ function(zeph_configure_target target)
   target_compile_features(${target} PRIVATE cxx_std_17)
   set_target_properties(${target} PROPERTIES
     CXX_STANDARD_REQUIRED ON CXX_EXTENSIONS OFF
-    CXX_VISIBILITY_PRESET hidden POSITION_INDEPENDENT_CODE ON)
+    CXX_VISIBILITY_PRESET hidden POSITION_INDEPENDENT_CODE ON UNITY_BUILD OFF)
   if(NOT WIN32)  # MinGW would keep the documented inline members out of the exports
     set_target_properties(${target} PROPERTIES VISIBILITY_INLINES_HIDDEN ON)
   endif()
   target_link_libraries(${target} PRIVATE
-    $<BUILD_INTERFACE:zeph_exactness> $<BUILD_INTERFACE:zeph_direct_calls>
+    $<BUILD_INTERFACE:zeph_exactness> $<BUILD_INTERFACE:zeph_language> $<BUILD_INTERFACE:zeph_direct_calls>
     $<BUILD_INTERFACE:zeph_warnings> $<BUILD_INTERFACE:zeph_sanitize>
     $<BUILD_INTERFACE:zeph_optimisation>)
 endfunction()

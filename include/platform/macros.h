@@ -41,4 +41,9 @@
 #define ZEPH_ADDED
 #endif
 
+// A file that is not there stops every compiler at one line that says why.
+#if __cplusplus < 201703L && !(defined(_MSVC_LANG) && _MSVC_LANG >= 201703L)
+#include "ZEPHDataStructureEngine needs C++17 (-std=c++17 or /std:c++17)"
+#endif
+
 #endif  // ZEPH_PLATFORM_MACROS_H

@@ -1,14 +1,6 @@
 # Configures the project SOURCE below WORK twice, builds it, runs its program (through EMULATOR) and installs
 # it: it prints the sorted values, and of our library nothing is installed with it.
-function(run)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE status OUTPUT_VARIABLE text ERROR_VARIABLE text)
-  if(NOT status EQUAL 0)
-    list(JOIN ARGN " " command)
-    message(FATAL_ERROR "${command}\n${text}")
-  endif()
-  set(text "${text}" PARENT_SCOPE)
-endfunction()
-
+include("${CMAKE_CURRENT_LIST_DIR}/run.cmake")
 string(REPLACE " | " ";" OPTIONS "${OPTIONS}")
 file(REMOVE_RECURSE "${WORK}")
 run("${CMAKE_COMMAND}" -S "${SOURCE}" -B "${WORK}/build" -G "${GENERATOR}" ${OPTIONS})

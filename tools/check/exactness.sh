@@ -16,6 +16,9 @@ cat build/results/runtime.txt
 check "$(cut -d: -f1-2 build/results/runtime.txt | uniq -d | wc -l)" "builds on one runtime differ"
 
 # With ZEPH_PORTABLE_MATH every line decides, texts and random numbers too.
+export WINEPREFIX=$PWD/build/portable/windows/wine WINEDEBUG=-all
+WINEPATH="Z:/usr/x86_64-w64-mingw32/lib;Z:/usr/lib/gcc/x86_64-w64-mingw32/12-posix;Z:$PWD/build/portable/windows/src"
+export WINEPATH
 for preset in gcc-O0 gcc-O2 release clang-O0 clang-O2 clang gcc-native clang-native x86-32 windows aarch64; do
   differs=0 dir=build/portable/$preset
   {

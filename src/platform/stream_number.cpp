@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <cstring>
 #include <locale>
-#include <string>
 #include <string_view>
 
 #include "platform/format_number.h"
@@ -25,29 +24,6 @@ Notation NotationOf(Flags::fmtflags flags) {
   if (flags & Flags::fixed) return Notation::kFixed;
   return flags & Flags::scientific ? Notation::kScientific : Notation::kGeneral;
 }
-
-/// Room for a text, most of them without asking for memory.
-class Buffer {
- public:
-  explicit Buffer(int precision) {
-    constexpr int kUsual = 64;
-    if (precision <= kUsual) return;
-    long_.resize(sizeof short_ + static_cast<std::size_t>(precision));
-    begin_ = long_.data();
-    end_ = begin_ + long_.size();
-  }
-  Buffer(const Buffer&) = delete;
-  Buffer& operator=(const Buffer&) = delete;
-
-  char* begin() { return begin_; }
-  char* end() { return end_; }
-
- private:
-  std::string long_;
-  char short_[RealFormat::kRoom];
-  char* begin_ = short_;
-  char* end_ = short_ + sizeof short_;
-};
 
 /// A point that no decimals follow stands before the exponent.
 char* PutPointAtTheEnd(char* text, char* end, char exponentMark) {
@@ -130,22 +106,23 @@ std::ostream& Insert(std::ostream& os, std::string_view text) {
 }  // namespace
 
 std::ostream& WritePortably(std::ostream& os, double x) {
-  if (os.getloc() != std::locale::classic()) return os << x;
   const Flags::fmtflags flags = os.flags();
   const Notation notation = NotationOf(flags);
   const bool point = (flags & Flags::showpoint) != 0;
-  const auto precision = static_cast<int>(os.precision() < 0 ? 6 : os.precision());
+  if (os.precision() > kMostStreamDecimals || os.getloc() != std::locale::classic()) return os << x;
 
-  Buffer buffer(precision);
-  char* out = buffer.begin();
+  const auto precision = static_cast<int>(os.precision() < 0 ? 6 : os.precision());
+  char text[kMostStreamDecimals + 320];  // a sign, 309 digits, a point; or 1, a point, an exponent
+  char* out = text;
   if ((flags & Flags::showpos) && !std::signbit(x)) *out++ = '+';
-  char* const end = std::isfinite(x) ? WriteFinite(out, buffer.end(), x, notation, precision, point)
-                                     : WriteNonFinite(out, x);
+  char* const end = std::isfinite(x)
+                        ? WriteFinite(out, text + sizeof text, x, notation, precision, point)
+                        : WriteNonFinite(out, x);
   // Fixed notation has no capital form: not for "nan" either.
   if ((flags & Flags::uppercase) && notation != Notation::kFixed)
-    for (char* c = buffer.begin(); c < end; ++c)
+    for (char* c = text; c < end; ++c)
       if (*c >= 'a' && *c <= 'z') *c = static_cast<char>(*c - 'a' + 'A');
-  return Insert(os, {buffer.begin(), static_cast<std::size_t>(end - buffer.begin())});
+  return Insert(os, {text, static_cast<std::size_t>(end - text)});
 }
 
 }  // namespace zeph::platform

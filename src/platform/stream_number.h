@@ -17,8 +17,10 @@ struct Number {
 };
 
 /// What glibc's and libstdc++'s inserter writes, by the stream's flags, precision, width and fill, on
-/// every system. Left to the stream's own inserter: locales but the classic one.
+/// every system. Left to the stream's own inserter: locales but the classic one, and more than
+/// kMostStreamDecimals decimals, of which the last are zeros.
 std::ostream& WritePortably(std::ostream& os, double x);
+constexpr int kMostStreamDecimals = 1100;
 
 inline std::ostream& operator<<(std::ostream& os, Number number) {
   return kPortableMath ? WritePortably(os, number.value) : os << number.value;

@@ -6,8 +6,10 @@
 #include <cmath>
 #include <cstdio>
 #include <limits>
+#include <new>
 #include <string>
 
+#include "support/allocation.h"
 #include "support/numbers.h"
 
 using namespace zeph::test;
@@ -38,6 +40,22 @@ TEST(ScientificText, OfTheRuntimeIsWhatItsPrintfWrites) {
   char want[64];
   std::snprintf(want, sizeof want, "%.3lfxE%d", -2.0625, 7);
   EXPECT_STREQ(RuntimesScientificText(-2.0625, 7, 3), want);
+}
+
+TEST(ScientificText, PassesExhaustionOn) {
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
+  const long before = LiveBlocks();
+  const long failures = FailEachAllocation(
+      Failure::kBadAlloc, false,
+      [] {
+        try {
+          PortableScientificText(1.5, 3, 100);
+        } catch (const std::bad_alloc&) {
+        }
+      },
+      [](long) {});
+  EXPECT_GE(failures, 1);
+  EXPECT_EQ(LiveBlocks(), before);
 }
 
 #ifdef __GLIBC__

@@ -45,7 +45,7 @@ void ForEachSettings(Visit visit) {
       for (const auto signs :
            {Flags::fmtflags{}, Flags::showpos, Flags::uppercase, Flags::showpoint,
             Flags::showpos | Flags::showpoint | Flags::uppercase})
-        for (const int precision : {-1, 0, 1, 6, 17, 64, 65, 1200})
+        for (const int precision : {-1, 0, 1, 6, 17, 65, 1100, 1101})
           for (const int width : {0, 3, 30})
             visit(
                 Settings{notation | adjustment | signs, precision, width, width == 3 ? ' ' : '*'});

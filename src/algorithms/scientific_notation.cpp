@@ -27,7 +27,7 @@ CString ZEPH_MathToScientificNotation(double value, int& exponent, double& manti
                                       char decimals) {
   exponent = ZEPH_MathGetScientificNotationBase(value, digits);
   mantissa = ZEPH_MathGetScientificNotationValue(value, exponent);
-  const int count = static_cast<signed char>(decimals);
+  const int count = static_cast<signed char>(decimals);  // NOLINT(bugprone-signed-char-misuse)
   return zeph::platform::kPortableMath ? PortableScientificText(mantissa, exponent, count)
                                        : RuntimesScientificText(mantissa, exponent, count);
 }

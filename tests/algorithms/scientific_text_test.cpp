@@ -62,8 +62,11 @@ TEST(ScientificText, PassesExhaustionOn) {
 TEST(ScientificText, IsTheSameInBothWaysOnGlibc) {
   std::vector<double> values = SpecialValues<double>();
   for (const double x : Awkward(300, 8)) values.push_back(x);
+  // A negative count is no format, and printf leaves the number where it is: among the exponent's
+  // arguments where both are on the stack.
+  const int least = sizeof(void*) == 8 ? -128 : 0;
   for (const double x : values)
-    for (int decimals = -128; decimals <= 127; decimals += decimals < 20 && decimals >= -2 ? 1 : 7)
+    for (int decimals = least; decimals <= 127; decimals += decimals < 20 && decimals >= -2 ? 1 : 7)
       ASSERT_STREQ(PortableScientificText(x, -4, decimals), RuntimesScientificText(x, -4, decimals))
           << x << " decimals " << decimals;
 }

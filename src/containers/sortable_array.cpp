@@ -49,6 +49,8 @@ void CZEPHSortableObArray::Sort(int first, int count, int (*compare)(CObject*, C
   const std::int64_t from = std::max(first, 0);
   const std::int64_t to = std::min<std::int64_t>(std::int64_t{first} + count, m_nMaxSize);
   CObject** const storage = m_pData;
-  const auto at = [=](std::int64_t i) { return m_pData == storage ? storage + from + i : nullptr; };
+  const auto at = [this, storage, from](std::int64_t i) {
+    return m_pData == storage ? storage + from + i : nullptr;
+  };
   ShellSort(to - from, at, compare);
 }

@@ -31,7 +31,7 @@ CZEPHDoubleArray::~CZEPHDoubleArray() {
 
 int CZEPHDoubleArray::AllocMemory(int n) {
   size = n;
-  return zeph::platform::OnExhaustion(0, [=] {
+  return zeph::platform::OnExhaustion(0, [&] {
     data = zeph::platform::NewArrayOrNull<double>(n);
     if (!data) return 0;
     sorted = 0;

@@ -37,10 +37,13 @@ using namespace zeph::double_array;
 
 void CZEPHDoubleArray::Display(std::ostream& os) {
   const int count = static_cast<int>(Count(*this));
+  zeph::platform::StreamWriter out(os);
   for (int i = 0; i < count; ++i) {
-    os << zeph::platform::Number{data[i]} << " ";
-    if (EndsLine(i)) os << std::endl;
+    out.Real(data[i]);
+    out.Text(" ");
+    if (EndsLine(i)) out.EndLine();
   }
+  out.Flush();
 }
 
 void CZEPHDoubleArray::Display(CString& out) {
@@ -61,10 +64,14 @@ void CZEPHDoubleArray::Trace(CString) {}
 std::ostream& operator<<(std::ostream& os, const CZEPHDoubleArray& a) {
   const int count = static_cast<int>(Count(a));
   const bool onOneLine = count < 5;
-  os << "Elements of the vector are: \n";
-  for (int i = 0; i < count; ++i)
-    os << zeph::platform::Number{a.data[i]} << (onOneLine ? "  " : "\n");
-  if (onOneLine && count > 0) os << "\n";
+  zeph::platform::StreamWriter out(os);
+  out.Text("Elements of the vector are: \n");
+  for (int i = 0; i < count; ++i) {
+    out.Real(a.data[i]);
+    out.Text(onOneLine ? "  " : "\n");
+  }
+  if (onOneLine && count > 0) out.Text("\n");
+  out.Flush();
   return os;
 }
 

@@ -38,7 +38,7 @@ int CZEPHDoubleMatrix::AllocMemory(int rows, int cols) {
   const int releasable = std::min(m_nRows, rows);
   m_nRows = rows;
   m_nColumns = cols;
-  return zeph::platform::OnExhaustion(0, [=] {
+  return zeph::platform::OnExhaustion(0, [&] {
     if (m_ppData) {
       linalg::ReleaseRows(m_ppData, releasable);
       delete[] m_ppData;

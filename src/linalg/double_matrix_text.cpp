@@ -17,9 +17,10 @@ void CZEPHDoubleMatrix::Display(std::ostream& os) {
 
 std::ostream& operator<<(std::ostream& os, const CZEPHDoubleMatrix& a) {
   const int rows = StoredRows(a.m_ppData, a.m_nRows);
+  zeph::platform::StreamWriter out(os);
   for (int i = 0; i < rows; ++i) {
-    for (int j = 0; j < a.m_nColumns; ++j) os << Number{a.m_ppData[i][j]};
-    os << std::endl;
+    for (int j = 0; j < a.m_nColumns; ++j) out.Real(a.m_ppData[i][j]);
+    out.EndLine();
   }
   return os;
 }

@@ -8,7 +8,6 @@
 #include "platform/exactness.h"
 #include "platform/stream_number.h"
 
-using zeph::platform::Number;
 
 namespace {
 
@@ -142,9 +141,14 @@ CZEPHMatrix4 operator/(const CZEPHMatrix4& a, const double& s) {
 }
 
 std::ostream& operator<<(std::ostream& os, const CZEPHMatrix4& a) {
+  zeph::platform::StreamWriter out(os);
   for (int i = 0; i < 4; ++i) {
-    os << "[ ";
-    for (int j = 0; j < 4; ++j) os << Number{a.m_data[i + 4 * j]} << (j < 3 ? " " : " ]\n");
+    out.Text("[ ");
+    for (int j = 0; j < 4; ++j) {
+      out.Real(a.m_data[i + 4 * j]);
+      out.Text(j < 3 ? " " : " ]\n");
+    }
   }
+  out.Flush();
   return os;
 }

@@ -2,6 +2,7 @@
 #include "platform/stream_number.h"
 
 #include <algorithm>
+#include <cfenv>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -84,6 +85,25 @@ char* WriteFinite(char* out, char* end, double x, Notation notation, int precisi
   return point && precision == 0 ? PutPointAtTheEnd(out, stop, 'e') : stop;
 }
 
+/// What the stream's flags and precision make of `x`, without width and fill. Returns the end.
+char* WriteReal(char* begin, char* end, double x, Flags::fmtflags flags, int precision) {
+  const Notation notation = NotationOf(flags);
+  const bool point = (flags & Flags::showpoint) != 0;
+  char* out = begin;
+  if ((flags & Flags::showpos) && !std::signbit(x)) *out++ = '+';
+  char* const stop = std::isfinite(x) ? WriteFinite(out, end, x, notation, precision, point)
+                                      : WriteNonFinite(out, x);
+  // Fixed notation has no capital form: not for "nan" either.
+  if ((flags & Flags::uppercase) && notation != Notation::kFixed)
+    for (char* c = begin; c < stop; ++c)
+      if (*c >= 'a' && *c <= 'z') *c = static_cast<char>(*c - 'a' + 'A');
+  return stop;
+}
+
+int PrecisionOf(const std::ostream& os) {
+  return static_cast<int>(os.precision() < 0 ? 6 : os.precision());
+}
+
 /// What `internal` puts its fill characters behind: a sign, or else "0x".
 std::size_t HeadOf(std::string_view text) {
   if (text[0] == '-' || text[0] == '+') return 1;
@@ -106,23 +126,87 @@ std::ostream& Insert(std::ostream& os, std::string_view text) {
 }  // namespace
 
 std::ostream& WritePortably(std::ostream& os, double x) {
-  const Flags::fmtflags flags = os.flags();
-  const Notation notation = NotationOf(flags);
-  const bool point = (flags & Flags::showpoint) != 0;
   if (os.precision() > kMostStreamDecimals || os.getloc() != std::locale::classic()) return os << x;
-
-  const auto precision = static_cast<int>(os.precision() < 0 ? 6 : os.precision());
   char text[kMostStreamDecimals + 320];  // a sign, 309 digits, a point; or 1, a point, an exponent
-  char* out = text;
-  if ((flags & Flags::showpos) && !std::signbit(x)) *out++ = '+';
-  char* const end = std::isfinite(x)
-                        ? WriteFinite(out, text + sizeof text, x, notation, precision, point)
-                        : WriteNonFinite(out, x);
-  // Fixed notation has no capital form: not for "nan" either.
-  if ((flags & Flags::uppercase) && notation != Notation::kFixed)
-    for (char* c = text; c < end; ++c)
-      if (*c >= 'a' && *c <= 'z') *c = static_cast<char>(*c - 'a' + 'A');
+  char* const end = WriteReal(text, text + sizeof text, x, os.flags(), PrecisionOf(os));
   return Insert(os, {text, static_cast<std::size_t>(end - text)});
+}
+
+namespace {
+
+/// Whether the inserter's texts on this system are those that WriteReal writes.
+#if defined(ZEPH_PORTABLE_MATH) || \
+    (defined(__GLIBC__) && defined(__GLIBCXX__) && defined(__cpp_lib_to_chars))
+constexpr bool kKnown = true;
+#else
+constexpr bool kKnown = false;
+#endif
+
+/// The runtime rounds as the process does, the texts of WriteReal are to nearest.
+bool RoundsToNearest() {
+  return kPortableMath || std::fegetround() == FE_TONEAREST;
+}
+
+constexpr int kMostPrecision = 64;
+
+/// Streams that flush behind every insertion get each by itself.
+bool TextsAreKnown(const std::ostream& os) {
+  return kKnown && (os.flags() & Flags::unitbuf) == 0 && os.precision() <= kMostPrecision &&
+         os.getloc() == std::locale::classic() && RoundsToNearest();
+}
+
+}  // namespace
+
+StreamWriter::StreamWriter(std::ostream& os) : os_(os), known_(TextsAreKnown(os)) {
+  static_assert(kLongestReal >= RealFormat::kRoom + kMostPrecision && kLongestReal < sizeof block_);
+}
+
+/// Whether the next item, of at most `room` bytes, goes into the block, which then has the room. A width is
+/// for the first item only, and the stream's business.
+bool StreamWriter::Gathers(std::size_t room) {
+  if (!known_ || room > sizeof block_ || os_.width() != 0) return false;
+  if (room > sizeof block_ - size_) {
+    os_.write(block_, static_cast<std::streamsize>(size_));
+    size_ = 0;
+  }
+  last_ = size_;
+  return true;
+}
+
+void StreamWriter::Text(std::string_view text) {
+  if (!Gathers(text.size())) {
+    Flush();
+    os_ << text;
+    return;
+  }
+  std::copy(text.begin(), text.end(), block_ + size_);
+  size_ += text.size();
+}
+
+void StreamWriter::Real(double x) {
+  if (!Gathers(kLongestReal)) {
+    Flush();
+    os_ << Number{x};
+    return;
+  }
+  const char* const end =
+      WriteReal(block_ + size_, block_ + sizeof block_, x, os_.flags(), PrecisionOf(os_));
+  size_ = static_cast<std::size_t>(end - block_);
+}
+
+void StreamWriter::EndLine() {
+  Flush();
+  os_ << std::endl;
+}
+
+/// The last item goes by itself: where an earlier one finds the stream broken, the state tells that one more
+/// was tried.
+void StreamWriter::Flush() {
+  if (size_ == 0) return;
+  const std::size_t size = size_;
+  size_ = 0;
+  if (last_ > 0) os_.write(block_, static_cast<std::streamsize>(last_));
+  os_.write(block_ + last_, static_cast<std::streamsize>(size - last_));
 }
 
 }  // namespace zeph::platform

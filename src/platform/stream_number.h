@@ -5,7 +5,9 @@
 #ifndef ZEPH_SRC_PLATFORM_STREAM_NUMBER_H
 #define ZEPH_SRC_PLATFORM_STREAM_NUMBER_H
 
+#include <cstddef>
 #include <ostream>
+#include <string_view>
 
 #include "platform/functions.h"
 
@@ -25,6 +27,31 @@ constexpr int kMostStreamDecimals = 1100;
 inline std::ostream& operator<<(std::ostream& os, Number number) {
   return kPortableMath ? WritePortably(os, number.value) : os << number.value;
 }
+
+/// Numbers and the texts between them, to a stream, with the bytes and the states that the same insertions one
+/// by one leave. Where a number's text is known without asking the stream's locale, the bytes go in blocks;
+/// call Flush behind the last one. The stream's settings stay as they are meanwhile.
+class StreamWriter {
+ public:
+  explicit StreamWriter(std::ostream& os);
+  StreamWriter(const StreamWriter&) = delete;
+  StreamWriter& operator=(const StreamWriter&) = delete;
+
+  void Text(std::string_view text);
+  void Real(double x);
+  void EndLine();  ///< std::endl
+  void Flush();
+
+ private:
+  bool Gathers(std::size_t room);
+
+  static constexpr std::size_t kLongestReal = 512;
+  std::ostream& os_;
+  const bool known_;      // whether texts are known
+  std::size_t size_ = 0;  // gathered bytes
+  std::size_t last_ = 0;  // where the last item of them begins
+  char block_[4096];
+};
 
 }  // namespace zeph::platform
 

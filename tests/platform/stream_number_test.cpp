@@ -2,11 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cfenv>
 #include <iomanip>
 #include <limits>
 #include <locale>
 #include <sstream>
+#include <streambuf>
 #include <string>
+#include <vector>
 
 #include "support/numbers.h"
 
@@ -107,3 +111,135 @@ TEST(StreamNumber, ReportsAStreamThatCannotBeWritten) {
   WritePortably(nowhere, 2.5);
   EXPECT_TRUE(nowhere.fail());
 }
+
+namespace {
+
+/// Takes a number of bytes, then none; counts how often it is flushed.
+class Narrow : public std::streambuf {
+ public:
+  explicit Narrow(std::size_t room) : room_(room) {}
+  std::string taken;
+  int flushes = 0;
+
+ protected:
+  std::streamsize xsputn(const char* text, std::streamsize count) override {
+    const std::size_t size = std::min(room_ - taken.size(), static_cast<std::size_t>(count));
+    taken.append(text, size);
+    return static_cast<std::streamsize>(size);
+  }
+  int overflow(int c) override {
+    if (taken.size() >= room_) return traits_type::eof();
+    taken += static_cast<char>(c);
+    return c;
+  }
+  int sync() override {
+    ++flushes;
+    return 0;
+  }
+
+ private:
+  std::size_t room_;
+};
+
+/// What a stream of `room` bytes holds behind some insertions, and the states it is in.
+struct Left {
+  std::string taken;
+  int flushes;
+  std::ios_base::iostate state;
+  std::streamsize width;
+  bool thrown;
+  bool operator==(const Left& other) const {
+    return taken == other.taken && flushes == other.flushes && state == other.state &&
+           width == other.width && thrown == other.thrown;
+  }
+};
+template <class Insert>
+Left Insertions(const Settings& settings, std::size_t room, std::ios_base::iostate thrown,
+                Insert insert) {
+  Narrow narrow(room);
+  std::ostream os(&narrow);
+  Apply(os, settings);
+  os.exceptions(thrown);
+  bool threw = false;
+  try {
+    insert(os);
+  } catch (const std::ios_base::failure&) {
+    threw = true;
+  }
+  return {narrow.taken, narrow.flushes, os.rdstate(), os.width(), threw};
+}
+
+void OneByOne(std::ostream& os, const std::vector<double>& numbers) {
+  os << "numbers: ";
+  for (const double x : numbers) {
+    os << zeph::platform::Number{x} << ";";
+    if (x == 7.0) os << std::endl;
+  }
+}
+
+void InBlocks(std::ostream& os, const std::vector<double>& numbers) {
+  zeph::platform::StreamWriter out(os);
+  out.Text("numbers: ");
+  for (const double x : numbers) {
+    out.Real(x);
+    out.Text(";");
+    if (x == 7.0) out.EndLine();
+  }
+  out.Flush();
+}
+
+void ExpectTheSame(const Settings& settings, std::size_t room, std::ios_base::iostate thrown,
+                   const std::vector<double>& numbers) {
+  const Left blocks =
+      Insertions(settings, room, thrown, [&](std::ostream& os) { InBlocks(os, numbers); });
+  const Left single =
+      Insertions(settings, room, thrown, [&](std::ostream& os) { OneByOne(os, numbers); });
+  ASSERT_TRUE(blocks == single) << "flags " << settings.flags << " precision " << settings.precision
+                                << " width " << settings.width << " room " << room << " exceptions "
+                                << thrown << "\n"
+                                << blocks.taken << " state " << blocks.state << "\n"
+                                << single.taken << " state " << single.state;
+}
+
+constexpr std::size_t kEnough = 1000000;
+
+}  // namespace
+
+TEST(StreamWriter, LeavesTheBytesOfSingleInsertions) {
+  std::vector<double> numbers = zeph::test::SpecialValues<double>();
+  numbers.push_back(7.0);
+  for (const double x : zeph::test::Awkward(60, 5)) numbers.push_back(x);
+  ForEachSettings([&](const Settings& settings) { ExpectTheSame(settings, kEnough, {}, numbers); });
+  ExpectTheSame({std::ios_base::unitbuf, 6, 0, ' '}, kEnough, {}, numbers);
+}
+
+TEST(StreamWriter, LeavesTheStatesOfSingleInsertionsWhereverTheStreamBreaks) {
+  const std::vector<double> numbers = {1, -2.5, 7, 1e100, 0.1};
+  for (std::size_t room = 0; room < 40; ++room)
+    for (const std::ios_base::iostate thrown : {std::ios_base::goodbit, std::ios_base::badbit})
+      ExpectTheSame({{}, 6, 0, ' '}, room, thrown, numbers);
+  std::vector<double> many(3000, 1.5);  // several blocks
+  for (const std::size_t room : {4095u, 4096u, 4097u, 8191u, 11000u, 12009u})
+    ExpectTheSame({{}, 6, 0, ' '}, room, {}, many);
+}
+
+TEST(StreamWriter, LeavesOtherLocalesToTheStream) {
+  struct Comma : std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+  };
+  std::ostringstream os;
+  os.imbue(std::locale(std::locale::classic(), new Comma));
+  InBlocks(os, {2.5, 0.5});
+  EXPECT_EQ(os.str(), "numbers: 2,5;0,5;");
+}
+
+#ifdef FE_UPWARD
+TEST(StreamWriter, WritesInTheDirectionInWhichTheRuntimeRounds) {
+  const std::vector<double> numbers = {0.1, -0.1, 2.0 / 3, 1e22};
+  for (const int direction : {FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO}) {
+    std::fesetround(direction);
+    ExpectTheSame({std::ios_base::fixed, 3, 0, ' '}, kEnough, {}, numbers);
+    std::fesetround(FE_TONEAREST);
+  }
+}
+#endif

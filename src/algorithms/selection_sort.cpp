@@ -5,7 +5,7 @@
 
 #include "algorithms.h"
 #include "algorithms/least_finder.h"
-#include "kernels/sort.h"
+#include "parallel/sort.h"
 #include "platform/allocation.h"
 #include "platform/exactness.h"
 #include "platform/format_number.h"
@@ -62,7 +62,7 @@ CZEPHSelectionSort& CZEPHSelectionSort::operator=(const CZEPHSelectionSort&) {
 // Ints that are equal are the same: whichever way they are put in order, the outcome is one.
 int CZEPHSelectionSort::Run(int* a, int n) {
   if (!a || n < 1) return 0;
-  zeph::kernels::SortAscending(a, static_cast<std::size_t>(n));
+  zeph::parallel::SortAscending(a, static_cast<std::size_t>(n));
   return 1;
 }
 

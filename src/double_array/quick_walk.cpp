@@ -9,7 +9,7 @@
 #include "double_array/stop_tree.h"
 #include "double_array/zeros.h"
 #include "kernels/partition.h"
-#include "kernels/sort.h"
+#include "parallel/sort.h"
 
 namespace zeph::double_array {
 namespace {
@@ -41,7 +41,7 @@ class QuickWalk {
   void Sort(std::size_t first, std::size_t n, kernels::Census census) {
     Progress progress(n);
     while (n > cutoff_ && n > kFew) {
-      if (census.OrderIsUnique()) return kernels::SortAscending(v_ + first, n);
+      if (census.OrderIsUnique()) return parallel::SortAscending(v_ + first, n);
       if (census.plus + census.minus == n) return SortZeros(v_ + first, n, cutoff_);
       const std::size_t p = Part(first, n, progress);
       const std::size_t left = p - first, right = n - left - 1;
@@ -57,7 +57,7 @@ class QuickWalk {
         census = low;
       }
     }
-    if (census.OrderIsUnique()) return kernels::SortAscending(v_ + first, n);
+    if (census.OrderIsUnique()) return parallel::SortAscending(v_ + first, n);
     if (census.plus + census.minus == n) return SortZeros(v_ + first, n, cutoff_);
     SortFew(first, n);
   }

@@ -6,7 +6,7 @@
 
 #include "double_array/zeros.h"
 #include "kernels/memory.h"
-#include "kernels/sort.h"
+#include "parallel/sort.h"
 
 namespace zeph::double_array {
 namespace {
@@ -86,10 +86,10 @@ void SortByList(double* v, std::size_t n, std::size_t zeros, int* list, Count* c
       const Count chain = place % step;
       *entry = static_cast<int>(2 * (chain + row[chain]++ * step)) | (*entry & 1);
     }
-    kernels::SortAscending(list, zeros);
+    parallel::SortAscending(list, zeros);
     chains.Advance();
   }
-  kernels::SortAscending(v, n);
+  parallel::SortAscending(v, n);
   for (std::size_t k = 0; k < zeros; ++k)
     if (list[k] & 1) v[negatives + k] = -0.0;
 }
@@ -120,7 +120,7 @@ void SortByBytes(double* v, std::size_t n, std::uint8_t* cells, std::uint8_t* mo
     std::swap(cells, moved);
     chains.Advance();
   }
-  kernels::SortAscending(v, n);
+  parallel::SortAscending(v, n);
   double* zero = v + negatives;
   for (std::size_t i = 0; i < n; ++i) {
     if (cells[i] == 2) *zero = -0.0;

@@ -6,7 +6,7 @@
 
 #include "double_array/zeros.h"
 #include "kernels/partition.h"
-#include "kernels/sort.h"
+#include "parallel/sort.h"
 
 namespace zeph::double_array {
 namespace {
@@ -23,7 +23,7 @@ void SortWithoutSigns(double* v, std::size_t n, std::size_t zeros, Equals equals
     signs[at / 64] |= sign << at % 64;
     ++k;
   });
-  kernels::SortAscending(v, n);
+  parallel::SortAscending(v, n);
   for (k = 0; k < zeros; ++k)
     if (signs[k / 64] >> k % 64 & 1) v[negatives + k] = -0.0;
 }
@@ -42,7 +42,7 @@ void SortAroundZeros(double* v, std::size_t n, Equals equals) {
     zeros -= zero;
   }
   if (equals == Equals::kReversed) std::reverse(zeros, end);
-  kernels::SortAscending(v, static_cast<std::size_t>(zeros - v));
+  parallel::SortAscending(v, static_cast<std::size_t>(zeros - v));
   std::rotate(std::lower_bound(v, zeros, 0.0), zeros, end);
 }
 
@@ -56,8 +56,8 @@ void SortRun(double* v, std::size_t n, Equals equals) {
 }  // namespace
 
 bool SortIfOrderIsUnique(double* v, std::size_t n) {
-  if (!kernels::OrderIsUnique(v, n)) return false;
-  kernels::SortAscending(v, n);
+  if (!parallel::OrderIsUnique(v, n)) return false;
+  parallel::SortAscending(v, n);
   return true;
 }
 

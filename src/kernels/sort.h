@@ -11,11 +11,17 @@
 
 namespace zeph::kernels {
 
+constexpr std::size_t kSplitFrom = 128;
+
 /// One form of what follows.
 struct Sorting {
   bool (*order_is_unique)(const double* v, std::size_t n);
   void (*sort_doubles)(double* v, std::size_t n);
   void (*sort_ints)(int* v, std::size_t n);
+  /// Moves what is less than `pivot` to the front, in any order, and gives its number; n is at least
+  /// kSplitFrom.
+  std::size_t (*split_doubles)(double* v, std::size_t n, double pivot);
+  std::size_t (*split_ints)(int* v, std::size_t n, int pivot);
   /// Whether every element is at least the one before it; a NaN is not.
   bool (*ascends_doubles)(const double* v, std::size_t n);
   bool (*ascends_ints)(const int* v, std::size_t n);

@@ -260,9 +260,9 @@ ZEPH_WIDE_CALL bool OrderIsUnique(const double* v, std::size_t n) {
 
 }  // namespace
 
-const Sorting kSorting = {
-    OrderIsUnique,     Sort<double>,   Sort<int>,         Ascends<double>, Ascends<int>,
-    MergeWide<double>, MergeWide<int>, TakeFront<double>, TakeFront<int>,  32};
+const Sorting kSorting = {OrderIsUnique,  Sort<double>,      Sort<int>,      SplitLess<double>,
+                          SplitLess<int>, Ascends<double>,   Ascends<int>,   MergeWide<double>,
+                          MergeWide<int>, TakeFront<double>, TakeFront<int>, 32};
 
 }  // namespace zeph::kernels::avx2
 

@@ -308,16 +308,11 @@ ZEPH_WIDE std::size_t SumOfLanes(uint32x4_t counts) {
 }  // namespace
 }  // namespace ints
 
-const Sorting kSorting = {doubles::OrderIsUnique,
-                          doubles::Sort<double>,
-                          ints::Sort<int>,
-                          merge::AscendsByPairs<double>,
-                          merge::AscendsByPairs<int>,
-                          merge::MergeApart<double>,
-                          merge::MergeApart<int>,
-                          merge::TakeWhatIsInFront<double>,
-                          merge::TakeWhatIsInFront<int>,
-                          1'000};
+const Sorting kSorting = {
+    doubles::OrderIsUnique,           doubles::Sort<double>,         ints::Sort<int>,
+    doubles::SplitLess<double>,       ints::SplitLess<int>,          merge::AscendsByPairs<double>,
+    merge::AscendsByPairs<int>,       merge::MergeApart<double>,     merge::MergeApart<int>,
+    merge::TakeWhatIsInFront<double>, merge::TakeWhatIsInFront<int>, 1'000};
 
 }  // namespace zeph::kernels::neon
 

@@ -94,6 +94,11 @@ std::size_t Partition(T* v, std::size_t n, Belongs belongs) {
 }
 
 template <class T>
+std::size_t SplitLess(T* v, std::size_t n, T pivot) {
+  return Partition(v, n, [pivot](T x) { return x < pivot; });
+}
+
+template <class T>
 void Sort(T* v, std::size_t n);
 
 /// What sorting by counting asks for.
@@ -143,6 +148,8 @@ void Sort(T* v, std::size_t n) {
 const Sorting kSorting = {OrderIsUnique,
                           Sort<double>,
                           Sort<int>,
+                          SplitLess<double>,
+                          SplitLess<int>,
                           merge::AscendsByPairs<double>,
                           merge::AscendsByPairs<int>,
                           merge::MergeApart<double>,

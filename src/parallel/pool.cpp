@@ -212,7 +212,8 @@ struct Closing {
 
 }  // namespace
 
-void detail::Share(int threads, std::size_t pieces, void (*run)(void*, std::size_t), void* work) {
+void detail::ShareByPointer(int threads, std::size_t pieces, void (*run)(void*, std::size_t),
+                            void* work) {
   const auto most = static_cast<int>(std::min<std::size_t>(pieces, kMostThreads));
   Job job{run, work, pieces};
   job.wanted = std::min(threads, most) - 1;

@@ -13,7 +13,7 @@
 namespace zeph::parallel {
 
 namespace detail {
-void Share(int threads, std::size_t pieces, void (*run)(void*, std::size_t), void* work);
+void ShareByPointer(int threads, std::size_t pieces, void (*run)(void*, std::size_t), void* work);
 }
 
 /// Calls work(k) once for each k below `pieces`, in any order, on up to `threads` threads, the
@@ -22,7 +22,7 @@ void Share(int threads, std::size_t pieces, void (*run)(void*, std::size_t), voi
 template <class Work>
 void Share(int threads, std::size_t pieces, Work work) {
   if (threads > 1 && pieces > 1) {
-    detail::Share(
+    detail::ShareByPointer(
         threads, pieces, [](void* all, std::size_t k) noexcept { (*static_cast<Work*>(all))(k); },
         &work);
   } else {

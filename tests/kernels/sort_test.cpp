@@ -213,6 +213,40 @@ TEST_P(SortKernel, SortsLongInputsThatMisleadTheChoiceOfPivots) {
   ASSERT_NO_FATAL_FAILURE(Check(v, 0, "killer"));
 }
 
+TEST_P(SortKernel, SplitsByAnyValue) {
+  for (std::size_t n : {kSplitFrom, kSplitFrom + 1, std::size_t{200}, std::size_t{1003}}) {
+    Random random(n);
+    std::vector<double> doubles(n);
+    std::vector<int> ints(n);
+    for (double& x : doubles) x = OrderedValue(random);
+    for (int& x : ints) x = random.Int(-20, 20);
+    for (std::size_t k = 0; k < n; k += 7) {
+      std::vector<double> v = doubles;
+      const double pivot = doubles[k];
+      const std::size_t less = form().split_doubles(v.data(), n, pivot);
+      EXPECT_TRUE(std::all_of(v.begin(), v.begin() + static_cast<std::ptrdiff_t>(less),
+                              [pivot](double x) { return x < pivot; }));
+      EXPECT_TRUE(std::none_of(v.begin() + static_cast<std::ptrdiff_t>(less), v.end(),
+                               [pivot](double x) { return x < pivot; }));
+      std::vector<double> want = doubles;
+      std::sort(want.begin(), want.end());
+      std::sort(v.begin(), v.end());
+      EXPECT_TRUE(test::SameBits(v, want)) << n;
+
+      std::vector<int> w = ints;
+      const int limit = ints[k];
+      const std::size_t below = form().split_ints(w.data(), n, limit);
+      EXPECT_TRUE(std::is_partitioned(w.begin(), w.end(), [limit](int x) { return x < limit; }));
+      EXPECT_EQ(below, static_cast<std::size_t>(std::count_if(
+                           ints.begin(), ints.end(), [limit](int x) { return x < limit; })));
+      std::vector<int> all = ints;
+      std::sort(all.begin(), all.end());
+      std::sort(w.begin(), w.end());
+      EXPECT_EQ(w, all) << n;
+    }
+  }
+}
+
 TEST(SortKernels, WayOutOfBadPivotsSortsToo) {
   for (const test::Order& order : test::Orders())
     for (std::size_t n : {0u, 1u, 2u, 3u, 100u, 1000u}) {

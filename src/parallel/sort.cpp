@@ -1,0 +1,326 @@
+// SPDX-License-Identifier: MIT
+//
+// A piece of the array is to become some pieces, as many as there are threads, or twice as many where
+// they stay long, so that a thread which is held up holds up the others less. It is cut into so many
+// chunks, each is split by one value, what lies on the wrong side is exchanged, and the two sides go
+// on in the same way until each is one piece, which one thread sorts. So nothing is done twice: the
+// passes are those with which a quicksort begins anyway.
+#include "parallel/sort.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cstdint>
+
+#include "kernels/partition.h"
+
+namespace zeph::parallel {
+namespace {
+
+std::size_t Split(double* v, std::size_t n, double pivot) {
+  return kernels::Active().sorting->split_doubles(v, n, pivot);
+}
+std::size_t Split(int* v, std::size_t n, int pivot) {
+  return kernels::Active().sorting->split_ints(v, n, pivot);
+}
+bool Ascends(const double* v, std::size_t n) {
+  return kernels::Active().sorting->ascends_doubles(v, n);
+}
+bool Ascends(const int* v, std::size_t n) {
+  return kernels::Active().sorting->ascends_ints(v, n);
+}
+
+/// Ascending the other way round. Sums of tests instead of branches, so that the compiler goes wide.
+template <class T>
+bool Descends(const T* v, std::size_t n) {
+  constexpr std::size_t kBlock = 128;
+  for (std::size_t i = 1; i < n; i += kBlock) {
+    const std::size_t end = std::min(i + kBlock, n);
+    int rises = 0;
+    for (std::size_t k = i; k < end; ++k) rises += v[k - 1] < v[k];
+    if (rises) return false;
+  }
+  return true;
+}
+
+/// Whether `test(chunk, length)` holds for chunks that overlap by one element, hence for all
+/// neighbours.
+template <class T, class Test>
+bool HoldsThroughout(const T* v, std::size_t n, int threads, Test test) {
+  constexpr std::size_t kChunk = 16 * 1024;
+  std::atomic<bool> holds{true};
+  Share(threads, (n - 1) / kChunk + 1, [&](std::size_t k) {
+    if (!holds.load(std::memory_order_relaxed)) return;
+    const std::size_t first = k * kChunk, last = std::min(n, first + kChunk + 1);
+    if (!test(v + first, last - first)) holds.store(false, std::memory_order_relaxed);
+  });
+  return holds.load(std::memory_order_relaxed);
+}
+
+template <class T>
+void Reverse(T* v, std::size_t n, int threads) {
+  constexpr std::size_t kGrain = 4096;
+  ShareParts(threads, n / 2, kGrain, n, [=](std::size_t first, std::size_t count) {
+    for (std::size_t i = first; i < first + count; ++i) std::swap(v[i], v[n - 1 - i]);
+  });
+}
+
+/// A part of the array that is to become several pieces, or is one.
+template <class T>
+struct Piece {
+  T* v;
+  std::size_t n;
+  int pieces;
+  int firstChunk;  // of as many as it is to become pieces
+  T pivot;
+  std::size_t less;  // elements below the pivot
+};
+
+template <class T>
+class SharedSort {
+ public:
+  SharedSort(T* v, std::size_t n, int threads) : threads_(threads), count_(1) {
+    const bool twice = n / kLong / 2 >= static_cast<std::size_t>(threads);
+    pieces_[0] = {v, n, std::min(twice ? 2 * threads : threads, kMostThreads), 0, T(), 0};
+  }
+
+  /// False if it leaves the data as it is, for the kernel of one thread, which counts values.
+  bool Run() {
+    for (bool first = true; DealChunks(); first = false) {
+      ForEachShared([this](Piece<T>& piece) { ChoosePivot(piece); });
+      if (first && few_) return false;
+      ForEachChunk([this](Piece<T>& piece, int chunk) {
+        const Part part = ChunkOf(piece, chunk);
+        less_[piece.firstChunk + chunk] = Split(piece.v + part.first, part.count, piece.pivot);
+      });
+      ForEachShared([this](Piece<T>& piece) { CountLess(piece); });
+      ForEachChunk([this](Piece<T>& piece, int chunk) { Exchange(piece, chunk); });
+      DividePieces();
+    }
+    std::sort(pieces_, pieces_ + count_,
+              [](const Piece<T>& a, const Piece<T>& b) { return a.n > b.n; });
+    Share(threads_, static_cast<std::size_t>(count_),
+          [this](std::size_t k) { kernels::SortAscending(pieces_[k].v, pieces_[k].n); });
+    return true;
+  }
+
+ private:
+  static constexpr std::size_t kLeast = 16 * 1024;  // what a thread of a shared piece should have
+  static constexpr std::size_t kLong = 200 * 1024;  // pieces that may be more than the threads
+  static constexpr std::size_t kSample = 2047;
+
+  /// Numbers the chunks of the pieces that are to be shared; false if none is.
+  bool DealChunks() {
+    chunks_ = 0;
+    for (int k = 0; k < count_; ++k) {
+      Piece<T>& piece = pieces_[k];
+      const auto most = std::max<std::size_t>(1, piece.n / kLeast);
+      if (static_cast<std::size_t>(piece.pieces) > most) piece.pieces = static_cast<int>(most);
+      piece.firstChunk = chunks_;
+      if (piece.pieces > 1) chunks_ += piece.pieces;
+    }
+    return chunks_ > 0;
+  }
+
+  template <class Work>
+  void ForEachShared(Work work) {
+    Share(threads_, static_cast<std::size_t>(count_), [&](std::size_t k) {
+      if (pieces_[k].pieces > 1) work(pieces_[k]);
+    });
+  }
+  template <class Work>
+  void ForEachChunk(Work work) {
+    Share(threads_, static_cast<std::size_t>(chunks_), [&](std::size_t chunk) {
+      int k = 0;
+      while (pieces_[k].pieces == 1 ||
+             static_cast<int>(chunk) >= pieces_[k].firstChunk + pieces_[k].pieces)
+        ++k;
+      work(pieces_[k], static_cast<int>(chunk) - pieces_[k].firstChunk);
+    });
+  }
+
+  static Part ChunkOf(const Piece<T>& piece, int chunk) {
+    return PartOf(piece.n, 1, static_cast<std::size_t>(piece.pieces),
+                  static_cast<std::size_t>(chunk));
+  }
+
+  /// The value below which about as much of a sample lies as the left half of the pieces should have. Where that is one of many equals, there is a choice: all of them right, or left.
+  void ChoosePivot(Piece<T>& piece) {
+    T sample[kSample];
+    const std::size_t size = std::min(kSample, piece.n / 256);
+    std::uint64_t state = piece.n;
+    for (std::size_t k = 0; k < size; ++k) {  // one from each stretch, so that no pattern fools it
+      state = state * 6364136223846793005u + 1442695040888963407u;
+      const std::size_t stretch = piece.n / size;
+      sample[k] = piece.v[k * stretch + static_cast<std::size_t>(state >> 33) % stretch];
+    }
+    kernels::SortAscending(sample, size);
+    if (count_ == 1) few_ = HasFewValues(sample, size);
+    const auto pieces = static_cast<std::size_t>(piece.pieces);
+    const T* const end = sample + size;
+    const T* const wanted = sample + size * (pieces / 2) / pieces;
+    const T* const right = std::lower_bound<const T*>(sample, wanted, *wanted);
+    const T* const left = std::upper_bound(wanted, end, *wanted);
+    piece.pivot = left != end && left - wanted < wanted - right ? *left : *right;
+  }
+
+  /// Whether half of a sorted sample is values that it has already, as it is where there are only so
+  /// many that the kernel counts them, or one that most are: faster on one thread than shared.
+  static bool HasFewValues(const T* sample, std::size_t size) {
+    std::size_t repeated = 0;
+    for (std::size_t k = 1; k < size; ++k) repeated += !(sample[k - 1] < sample[k]);
+    return repeated > size / 2;
+  }
+
+  void CountLess(Piece<T>& piece) const {
+    piece.less = 0;
+    for (int chunk = 0; chunk < piece.pieces; ++chunk)
+      piece.less += less_[piece.firstChunk + chunk];
+  }
+
+  /// The places of one kind that are on the wrong side, one after the other, skipping whole runs.
+  class Misplaced {
+   public:
+    /// Of elements that belong right but lie left (`kLeft`), or the other way round.
+    Misplaced(const SharedSort& sort, const Piece<T>& piece, bool left)
+        : sort_(sort), piece_(piece), left_(left) {
+      Load();
+      Advance(0);
+    }
+    void Skip(std::size_t count) {
+      while (count > 0 && chunk_ < piece_.pieces) {
+        const std::size_t step = std::min(count, length_);
+        Advance(step);
+        count -= step;
+      }
+    }
+    T* Place() const { return piece_.v + first_; }
+    std::size_t Length() const { return length_; }
+    void Advance(std::size_t count) {
+      first_ += count;
+      length_ -= count;
+      while (length_ == 0 && ++chunk_ < piece_.pieces) Load();
+    }
+    /// All places of the kind.
+    std::size_t Count() {
+      std::size_t count = 0;
+      for (; chunk_ < piece_.pieces; Advance(length_)) count += length_;
+      return count;
+    }
+
+   private:
+    /// The run of the present chunk.
+    void Load() {
+      const Part part = ChunkOf(piece_, chunk_);
+      const std::size_t less = sort_.less_[piece_.firstChunk + chunk_];
+      std::size_t begin = part.first, end = part.first + part.count;
+      if (left_) {
+        begin += less;
+        end = std::min(end, piece_.less);
+      } else {
+        end = begin + less;
+        begin = std::max(begin, piece_.less);
+      }
+      first_ = begin;
+      length_ = begin < end ? end - begin : 0;
+    }
+
+    const SharedSort& sort_;
+    const Piece<T>& piece_;
+    const bool left_;
+    int chunk_ = 0;
+    std::size_t first_ = 0, length_ = 0;
+  };
+
+  /// One thread's part of the exchanges.
+  void Exchange(const Piece<T>& piece, int share) const {
+    const std::size_t all = Misplaced(*this, piece, true).Count();
+    const Part part =
+        PartOf(all, 1, static_cast<std::size_t>(piece.pieces), static_cast<std::size_t>(share));
+    Misplaced left(*this, piece, true), right(*this, piece, false);
+    left.Skip(part.first);
+    right.Skip(part.first);
+    for (std::size_t togo = part.count; togo > 0;) {
+      const std::size_t count = std::min({togo, left.Length(), right.Length()});
+      std::swap_ranges(left.Place(), left.Place() + count, right.Place());
+      left.Advance(count);
+      right.Advance(count);
+      togo -= count;
+    }
+  }
+
+  /// The two sides of each shared piece become pieces by their lengths. Where one side has all of it,
+  /// no value of the sample parts it, and it stays one.
+  void DividePieces() {
+    const int before = count_;
+    for (int k = 0; k < before; ++k) {
+      Piece<T>& piece = pieces_[k];
+      if (piece.pieces == 1) continue;
+      if (piece.less == 0 || piece.less == piece.n) {
+        piece.pieces = 1;
+        continue;
+      }
+      const std::size_t share =
+          (piece.less * static_cast<std::size_t>(piece.pieces) + piece.n / 2) / piece.n;
+      const int left = std::clamp(static_cast<int>(share), 1, piece.pieces - 1);
+      pieces_[count_++] = {
+          piece.v + piece.less, piece.n - piece.less, piece.pieces - left, 0, T(), 0};
+      piece.n = piece.less;
+      piece.pieces = left;
+    }
+  }
+
+  const int threads_;
+  int count_;       // pieces
+  int chunks_ = 0;  // of all shared pieces
+  bool few_ = false;
+  Piece<T> pieces_[kMostThreads];
+  std::size_t less_[kMostThreads];  // elements of each chunk that are below its piece's pivot
+};
+
+template <class T>
+void SortShared(T* v, std::size_t n, int threads) {
+  // Data in order is done in a pass or two, and begins in order.
+  constexpr std::size_t kBeginning = 512;
+  const bool ascends = Ascends(v, kBeginning), descends = Descends(v, kBeginning);
+  if (ascends || descends) {
+    if (n < kPassPays) return kernels::SortAscending(v, n);
+    const auto ascend = [](const T* at, std::size_t count) { return Ascends(at, count); };
+    if (ascends && HoldsThroughout(v, n, threads, ascend)) return;
+    if (descends && HoldsThroughout(v, n, threads, Descends<T>)) return Reverse(v, n, threads);
+  }
+  if (!SharedSort<T>(v, n, threads).Run()) kernels::SortAscending(v, n);
+}
+
+}  // namespace
+
+bool detail::OrderIsUnique(const double* v, std::size_t n, int threads) {
+  constexpr std::size_t kChunk = 32 * 1024;
+  constexpr unsigned kPlus = 1, kMinus = 2, kDenormal = 4, kNaN = 8;
+  std::atomic<unsigned> met{0};
+  const auto decided = [&met] {
+    const unsigned all = met.load(std::memory_order_relaxed);
+    return (all & kNaN) || (all & (kPlus | kMinus)) == (kPlus | kMinus);
+  };
+  Share(threads, (n - 1) / kChunk + 1, [&](std::size_t k) {
+    if (decided()) return;
+    const std::size_t first = k * kChunk;
+    const kernels::Census census = kernels::TakeCensus(v + first, std::min(n - first, kChunk));
+    met.fetch_or((census.plus ? kPlus : 0) | (census.minus ? kMinus : 0) |
+                     (census.zeros != census.plus + census.minus ? kDenormal : 0) |
+                     (census.nans ? kNaN : 0),
+                 std::memory_order_relaxed);
+  });
+  // Denormals that count as zeros: whether all of them are the same takes one look at all.
+  if (!decided() && (met.load(std::memory_order_relaxed) & kDenormal))
+    return kernels::OrderIsUnique(v, n);
+  return !decided();
+}
+
+void detail::Sort(double* v, std::size_t n, int threads) {
+  SortShared(v, n, threads);
+}
+void detail::Sort(int* v, std::size_t n, int threads) {
+  SortShared(v, n, threads);
+}
+
+}  // namespace zeph::parallel

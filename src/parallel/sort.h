@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+//
+// The shared fast sort on several threads, for data whose ascending order is unique to the bit.
+#ifndef ZEPH_SRC_PARALLEL_SORT_H
+#define ZEPH_SRC_PARALLEL_SORT_H
+
+#include <cstddef>
+
+#include "kernels/sort.h"
+#include "parallel/range.h"
+
+namespace zeph::parallel {
+
+/// From so many elements on two threads beat one.
+constexpr std::size_t kSortPays = 100'000;
+/// The same for one pass over them, which is as quick as memory.
+constexpr std::size_t kPassPays = 500'000;
+
+namespace detail {
+bool OrderIsUnique(const double* v, std::size_t n, int threads);
+void Sort(double* v, std::size_t n, int threads);
+void Sort(int* v, std::size_t n, int threads);
+}  // namespace detail
+
+/// kernels::OrderIsUnique, its pass shared out.
+inline bool OrderIsUnique(const double* v, std::size_t n) {
+  const int threads = ThreadsFor(n, kPassPays);
+  return threads == 1 ? kernels::OrderIsUnique(v, n) : detail::OrderIsUnique(v, n, threads);
+}
+
+/// kernels::SortAscending. The same outcome, since there is only one; no heap, and some 32 KiB of
+/// stack where it is shared.
+template <class T>
+void SortAscending(T* v, std::size_t n) {
+  const int threads = ThreadsFor(n, kSortPays);
+  threads == 1 ? kernels::SortAscending(v, n) : detail::Sort(v, n, threads);
+}
+
+}  // namespace zeph::parallel
+
+#endif  // ZEPH_SRC_PARALLEL_SORT_H

@@ -1,0 +1,154 @@
+// Sorts have the same outcome, to the bit, on any number of threads.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <climits>
+#include <functional>
+#include <vector>
+
+#include "algorithms.h"
+#include "double_array.h"
+#include "parallel/sort.h"
+#include "parallel/threads.h"
+#include "support/allocation.h"
+#include "support/numbers.h"
+#include "support/scale.h"
+
+namespace zeph::test {
+namespace {
+
+using Values = std::vector<double>;
+
+struct Method {
+  const char* name;
+  void (*sort)(CZEPHDoubleArray& a);
+};
+const Method kMethods[] = {
+    {"QuickSort(10)", [](CZEPHDoubleArray& a) { a.QuickSort(10); }},
+    {"QuickSort(3)", [](CZEPHDoubleArray& a) { a.QuickSort(3); }},
+    {"ShellSort", [](CZEPHDoubleArray& a) { a.ShellSort(); }},
+    {"BubbleSort", [](CZEPHDoubleArray& a) { a.BubbleSort(); }},
+    {"InsertionSort", [](CZEPHDoubleArray& a) { a.InsertionSort(); }},
+    {"ListInsertSort", [](CZEPHDoubleArray& a) { a.ListInsertSort(); }},
+};
+
+Values Sorted(const Method& method, Values v) {
+  CZEPHDoubleArray a(static_cast<int>(v.size()), v.data());
+  method.sort(a);
+  return Values(a.data, a.data + a.size);
+}
+
+/// Numbers of threads that meet every way of dividing.
+const std::vector<int> kThreads = Scaled<std::vector<int>>({2, 3, 4, 5, 6, 7, 8}, {2, 3, 8});
+
+void ExpectOneOutcome(const Method& method, const Values& v, const std::string& what) {
+  ZEPH_SetThreads(1);
+  const Values want = Sorted(method, v);
+  for (const int threads : kThreads) {
+    ZEPH_SetThreads(threads);
+    ASSERT_TRUE(SameBits(Sorted(method, v), want))
+        << method.name << ", " << what << ", " << threads << " threads";
+  }
+  ZEPH_SetThreads(1);
+}
+
+Values RandomValues(std::size_t n) {
+  Random random(n);
+  Values v(n);
+  for (double& x : v) x = random.Real();
+  return v;
+}
+
+}  // namespace
+
+TEST(SharedSorts, EveryContentInEveryOrderHasOneOutcome) {
+  ForEachHostile(130'000, 1, [](const Values& v, const std::string& what) {
+    for (const Method& method : kMethods)
+      if (!HasFatalFailure()) ExpectOneOutcome(method, v, what);
+  });
+}
+
+TEST(SharedSorts, LongArraysInEveryOrder) {
+  for (const Order& order : Orders()) {
+    const Values v = order.make(Scaled<std::size_t>(900'001, 200'001), 7);
+    ASSERT_NO_FATAL_FAILURE(ExpectOneOutcome(kMethods[0], v, order.name));
+  }
+}
+
+TEST(SharedSorts, EverySizeAboutThatFromWhichTheyAreShared) {
+  for (std::size_t n : {99'999u, 100'000u, 100'001u, 131'071u, 499'999u, 500'000u, 500'001u})
+    ASSERT_NO_FATAL_FAILURE(ExpectOneOutcome(kMethods[0], RandomValues(n), std::to_string(n)));
+}
+
+TEST(SharedSorts, IntsAreThoseOfTheStandardSort) {
+  for (const int most : {INT_MAX, 1000, 3, 0})
+    for (std::size_t n : {100'000u, 450'000u}) {
+      Random random(n);
+      std::vector<int> v(n);
+      for (int& x : v) x = random.Int(-most, most);
+      std::vector<int> want = v;
+      std::sort(want.begin(), want.end());
+      ForEachNumberOfThreads([&](int threads) {
+        std::vector<int> got = v;
+        CZEPHSelectionSort::Run(got.data(), static_cast<int>(n));
+        ASSERT_EQ(got, want) << threads << " threads, up to " << most;
+      });
+    }
+}
+
+TEST(SharedSorts, OneValueAmongFewOthersAndFewAmongMany) {
+  for (const std::size_t n : {150'000u, 600'000u})
+    for (const std::size_t others : {1u, 2u, 1000u, 70'000u}) {
+      Values v(n, 7.0);
+      Random random(others);
+      for (std::size_t k = 0; k < others; ++k) v[random.Below(n)] = random.Real();
+      ASSERT_NO_FATAL_FAILURE(ExpectOneOutcome(kMethods[0], v, std::to_string(others)));
+    }
+}
+
+TEST(SharedSorts, ZerosOfOneSignAndZerosOfBothFarApart) {
+  for (const double one : {0.0, -0.0})
+    for (const double other : {0.0, -0.0}) {
+      Values v = RandomValues(700'000);
+      v[3] = one;
+      v[699'990] = other;
+      for (const Method& method : kMethods)
+        ASSERT_NO_FATAL_FAILURE(ExpectOneOutcome(method, v, "zeros"));
+    }
+}
+
+TEST(SharedSorts, UniqueOrderIsSeenWhateverPartsItIsReadIn) {
+  ForEachHostile(600'000, 2, [](const Values& v, const std::string& what) {
+    const bool want = kernels::OrderIsUnique(v.data(), v.size());
+    for (const int threads : kThreads)
+      ASSERT_EQ(parallel::detail::OrderIsUnique(v.data(), v.size(), threads), want) << what;
+  });
+}
+
+TEST(SharedSorts, TheModesOfTheHostHold) {
+  Values v = RandomValues(600'000);
+  for (std::size_t k = 0; k < v.size(); k += 1000) v[k] = 1e-310;  // equals 0.0 in some modes
+  for (const Mode& mode : Modes()) {
+    Values want, got;
+    ZEPH_SetThreads(1);
+    RaisedBy(mode, [&] { want = Sorted(kMethods[0], v); });
+    ZEPH_SetThreads(4);
+    const int raised = RaisedBy(mode, [&] { got = Sorted(kMethods[0], v); });
+    EXPECT_TRUE(SameBits(got, want)) << mode.name;
+    EXPECT_EQ(raised, 0) << mode.name << ": " << ExceptionNames(raised);
+  }
+  ZEPH_SetThreads(1);
+}
+
+TEST(SharedSorts, TakeNoHeap) {
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
+  Values v = RandomValues(300'000);
+  CZEPHDoubleArray a(static_cast<int>(v.size()), v.data());
+  ZEPH_SetThreads(4);
+  const long before = AllocationCount();
+  a.QuickSort(10);
+  EXPECT_EQ(AllocationCount(), before);
+  ZEPH_SetThreads(1);
+}
+
+}  // namespace zeph::test

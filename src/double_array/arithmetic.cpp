@@ -4,8 +4,8 @@
 #include "double_array.h"
 #include "double_array/elements.h"
 #include "frame/fatal_report.h"
-#include "kernels/few.h"
 #include "kernels/overlap.h"
+#include "parallel/elementwise.h"
 #include "platform/allocation.h"
 #include "platform/exactness.h"
 
@@ -55,24 +55,24 @@ using namespace zeph::double_array;
 
 CZEPHDoubleArray& CZEPHDoubleArray::operator+=(const CZEPHDoubleArray& other) {
   RequireSameSizeToAdd(*this, other);
-  if (data) UpdateInOrder<zeph::kernels::Add>(data, other.data, Count(other));
+  if (data) UpdateInOrder<zeph::parallel::Add>(data, other.data, Count(other));
   return *this;
 }
 
 CZEPHDoubleArray& CZEPHDoubleArray::operator-=(const CZEPHDoubleArray& other) {
   RequireSameSizeToSubtract(*this, other);
-  if (data) UpdateInOrder<zeph::kernels::Subtract>(data, other.data, Count(other));
+  if (data) UpdateInOrder<zeph::parallel::Subtract>(data, other.data, Count(other));
   return *this;
 }
 
 CZEPHDoubleArray operator+(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
   RequireSameSizeToAdd(a, b);
-  return Combine<zeph::kernels::Add>(a, b);
+  return Combine<zeph::parallel::Add>(a, b);
 }
 
 CZEPHDoubleArray operator-(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
   RequireSameSizeToSubtract(a, b);
-  return Combine<zeph::kernels::Subtract>(a, b);
+  return Combine<zeph::parallel::Subtract>(a, b);
 }
 
 CZEPHDoubleArray operator+(const CZEPHDoubleArray& a) {
@@ -82,17 +82,17 @@ CZEPHDoubleArray operator+(const CZEPHDoubleArray& a) {
 CZEPHDoubleArray operator-(const CZEPHDoubleArray& a) {
   if (!a.data) return CZEPHDoubleArray(a.size, 0.0);
   return Make(
-      a, [&](double* out, std::size_t n) { zeph::kernels::SubtractFrom(out, 0.0, a.data, n); });
+      a, [&](double* out, std::size_t n) { zeph::parallel::SubtractFrom(out, 0.0, a.data, n); });
 }
 
 CZEPHDoubleArray operator*(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
   RequireAsManyAs(a, b, "operator*(CZEPHDoubleArray, CZEPHDoubleArray)");
-  return Combine<zeph::kernels::Multiply>(a, b);
+  return Combine<zeph::parallel::Multiply>(a, b);
 }
 
 CZEPHDoubleArray operator*(double s, const CZEPHDoubleArray& a) {
   if (!a.data) return a;
-  return Make(a, [&](double* out, std::size_t n) { zeph::kernels::Scale(out, s, a.data, n); });
+  return Make(a, [&](double* out, std::size_t n) { zeph::parallel::Scale(out, s, a.data, n); });
 }
 
 CZEPHDoubleArray operator*(const CZEPHDoubleArray& a, double s) {

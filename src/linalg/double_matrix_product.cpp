@@ -6,9 +6,9 @@
 #include <iostream>
 
 #include "frame/fatal_report.h"
-#include "kernels/row_sums.h"
 #include "linalg.h"
 #include "linalg/row_table.h"
+#include "parallel/rows.h"
 #include "platform/exactness.h"
 
 using namespace zeph::linalg;
@@ -40,9 +40,8 @@ CZEPHDoubleArray CZEPHDoubleMatrix::operator*(const CZEPHDoubleArray& v) const {
   int rows = 0;
   if (v.data) {
     rows = StoredRows(m_ppData, m_nRows);
-    zeph::kernels::Active().row_sums->dot(result.data, m_ppData, v.data,
-                                          static_cast<std::size_t>(rows),
-                                          static_cast<std::size_t>(std::max(m_nColumns, 0)));
+    zeph::parallel::RowsTimesVector(result.data, m_ppData, v.data, static_cast<std::size_t>(rows),
+                                    static_cast<std::size_t>(std::max(m_nColumns, 0)));
   }
   std::fill(result.data + rows, result.data + std::max(m_nRows, rows), 0.0);
   return result;

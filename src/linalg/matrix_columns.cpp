@@ -4,10 +4,11 @@
 #include <algorithm>
 #include <climits>
 #include <cstddef>
+#include <cstdint>
 
-#include "kernels/row_sums.h"
 #include "linalg.h"
 #include "linalg/row_table.h"
+#include "parallel/rows.h"
 #include "platform/exactness.h"
 
 using namespace zeph::linalg;
@@ -59,6 +60,10 @@ void ZEPH_SumVector(CZEPHMatrix& m, CZEPHVector& out) {
   if (!out.m_pData) return;
   const int rows = StoredRows(m.m_ppData, m.m_nRows);
   ZEPH_REQUIRE_INSIDE(__func__, out.m_nSize, rows, INT_MAX);
-  zeph::kernels::Active().row_sums->sum(out.m_pData, m.m_ppData, static_cast<std::size_t>(rows),
-                                        static_cast<std::size_t>(std::max(m.m_nColumns, 0)));
+  namespace parallel = zeph::parallel;
+  const std::size_t count = static_cast<std::size_t>(rows);
+  const std::size_t cols = static_cast<std::size_t>(std::max(m.m_nColumns, 0));
+  parallel::SumsOfRows(zeph::kernels::Active().row_sums->sum,
+                       parallel::ThreadsFor(std::uint64_t{count} * cols, parallel::kPassPays),
+                       out.m_pData, m.m_ppData, count, cols);
 }

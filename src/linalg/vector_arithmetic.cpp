@@ -5,6 +5,7 @@
 #include "frame/fatal_report.h"
 #include "kernels/few.h"
 #include "linalg.h"
+#include "parallel/elementwise.h"
 #include "platform/exactness.h"
 
 namespace {
@@ -38,13 +39,13 @@ void CZEPHVector::Check(bool failed, char* message) {
 
 CZEPHVector CZEPHVector::operator+(const CZEPHVector& other) {
   if (m_nSize != other.m_nSize) zeph::frame::Check(true, "Addition error (Not of the same size)");
-  return Combined<zeph::kernels::Add>(*this, other);
+  return Combined<zeph::parallel::Add>(*this, other);
 }
 
 CZEPHVector CZEPHVector::operator-(const CZEPHVector& other) {
   if (m_nSize != other.m_nSize)
     zeph::frame::Check(true, "Subtraction error (Not of the same size)");
-  return Combined<zeph::kernels::Subtract>(*this, other);
+  return Combined<zeph::parallel::Subtract>(*this, other);
 }
 
 CZEPHVector CZEPHVector::operator/(const double& d) {
@@ -53,7 +54,7 @@ CZEPHVector CZEPHVector::operator/(const double& d) {
 
 CZEPHVector operator*(const double& s, const CZEPHVector& v) {
   return Made(v, v.m_pData != nullptr,
-              [&](double* out, std::size_t n) { zeph::kernels::Scale(out, s, v.m_pData, n); });
+              [&](double* out, std::size_t n) { zeph::parallel::Scale(out, s, v.m_pData, n); });
 }
 
 CZEPHVector operator*(const CZEPHVector& v, const double& s) {

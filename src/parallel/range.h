@@ -13,6 +13,10 @@
 
 namespace zeph::parallel {
 
+/// From so many elements on two threads beat one in a pass that is as quick as memory, even where the
+/// other has to be woken.
+constexpr std::uint64_t kPassPays = 500'000;
+
 /// How many threads to use for `work`, which pays for two from `floor` on: 1 without a further look
 /// where the work is little or nobody has asked.
 inline int ThreadsFor(std::uint64_t work, std::uint64_t floor) {
@@ -40,6 +44,7 @@ inline Part PartOf(std::size_t n, std::size_t grain, std::size_t parts, std::siz
 /// less.
 template <class Work>
 void ShareParts(int threads, std::size_t n, std::size_t grain, std::size_t enough, Work work) {
+  if (threads == 1) return work(std::size_t{0}, n);
   const auto count = static_cast<std::size_t>(threads);
   const std::size_t each = std::clamp<std::size_t>(n / count / enough, 1, 8);
   const std::size_t parts = std::min(count * each, (n + grain - 1) / grain);

@@ -9,6 +9,7 @@
 #include <cstdint>
 
 #include "kernels/dense_product.h"
+#include "kernels/row_sums.h"
 #include "parallel/range.h"
 
 namespace zeph::parallel {
@@ -22,9 +23,32 @@ inline void DenseProduct(double* const* out, const double* const* a, const doubl
                          std::size_t rows, std::size_t inner, std::size_t cols) {
   constexpr std::size_t kTile = 8, kHigh = 256;
   const int threads = ThreadsFor(std::uint64_t{rows} * inner * cols, kProductPays);
-  if (threads == 1) return kernels::DenseProduct(out, a, b, rows, inner, cols);
   ShareParts(threads, rows, kTile, kHigh, [=](std::size_t first, std::size_t count) {
     kernels::DenseProduct(out + first, a + first, b, count, inner, cols);
+  });
+}
+
+/// From so many elements on: lengths, each of whose steps divides, and the transposition, which reads
+/// or writes across.
+constexpr std::uint64_t kLengthsPay = 150'000, kTranspositionPays = 250'000;
+
+/// A kernel of ordered sums of rows. The kernels take twelve rows at a time.
+inline void SumsOfRows(kernels::RowSums::OfRows sums, int threads, double* out,
+                       const double* const* m, std::size_t rows, std::size_t cols) {
+  constexpr std::size_t kGrain = 12;
+  ShareParts(threads, rows, kGrain, kGrain, [=](std::size_t first, std::size_t count) {
+    sums(out + first, m + first, count, cols);
+  });
+}
+
+/// kernels::RowSums::dot.
+inline void RowsTimesVector(double* out, const double* const* m, const double* v, std::size_t rows,
+                            std::size_t cols) {
+  constexpr std::size_t kGrain = 12;
+  const auto dot = kernels::Active().row_sums->dot;
+  const int threads = ThreadsFor(std::uint64_t{rows} * cols, kPassPays);
+  ShareParts(threads, rows, kGrain, kGrain, [=](std::size_t first, std::size_t count) {
+    dot(out + first, m + first, v, count, cols);
   });
 }
 

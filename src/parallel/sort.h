@@ -13,8 +13,6 @@ namespace zeph::parallel {
 
 /// From so many elements on two threads beat one.
 constexpr std::size_t kSortPays = 100'000;
-/// The same for one pass over them, which is as quick as memory.
-constexpr std::size_t kPassPays = 500'000;
 
 namespace detail {
 bool OrderIsUnique(const double* v, std::size_t n, int threads);

@@ -2,10 +2,11 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 
 #include "kernels/hypotenuse.h"
 #include "kernels/largest_magnitude.h"
-#include "kernels/row_sums.h"
+#include "parallel/rows.h"
 #include "platform/choose.h"
 #include "platform/exactness.h"
 #include "raw_buffers.h"
@@ -71,14 +72,16 @@ double MaximumOf(const double* x, std::size_t n) {
 /// Row norms over columns 0 .. n - 1, combined in row order; the first row alone for n <= 1. The
 /// kernel takes several rows side by side, each still in its own order.
 template <class Combine>
-double RowWise(double* const* m, int n, kernels::RowSums::OfRows norms, Combine combine) {
-  constexpr std::size_t kAtOnce = 120;
+double RowWise(double* const* m, int n, kernels::RowSums::OfRows norms, std::uint64_t pays,
+               Combine combine) {
+  constexpr std::size_t kAtOnce = 960;
   const std::size_t count = static_cast<std::size_t>(std::max(n, 1));
+  const int threads = parallel::ThreadsFor(std::uint64_t{count} * count, pays);
   double running = 0.0;
   for (std::size_t i = 0; i < count; i += kAtOnce) {
     double some[kAtOnce];
     const std::size_t rows = std::min(kAtOnce, count - i);
-    norms(some, m + i, rows, count);
+    parallel::SumsOfRows(norms, threads, some, m + i, rows, count);
     for (std::size_t r = 0; r < rows; ++r) running = i + r ? combine(running, some[r]) : some[r];
   }
   return running;
@@ -94,21 +97,31 @@ double ElementWise(double* const* m, int n, int start, double running) {
   return running;
 }
 
-/// The largest column sum. The columns are summed a strip at a time, row by row, so that memory is
-/// read along the rows; every column's own sum still runs in ascending row order.
+/// The sums of the columns `first` to `first` + `width` - 1, row by row, so that memory is read along
+/// the rows; every column's own sum still runs in ascending row order.
+void SumColumns(double* sums, double* const* m, int n, int start, int first, int width) {
+  std::fill_n(sums, width, 0.0);
+  for (int i = 0; i < n; ++i) {
+    const double* row = m[std::ptrdiff_t{start} + i] + start + first;
+    for (int j = 0; j < width; ++j) sums[j] = AbsoluteSum::Next(sums[j], row[j]);
+  }
+}
+
+/// The largest column sum, a few strips of columns at a time.
 double LargestColumnSum(double* const* m, int n, int start) {
-  constexpr int kStrip = 64;
+  constexpr std::size_t kStrip = 64, kAtOnce = 16 * kStrip;
+  const std::size_t count = static_cast<std::size_t>(std::max(n, 0));
+  const int threads = parallel::ThreadsFor(std::uint64_t{count} * count, parallel::kPassPays);
   double largest = 0.0;
-  for (int first = 0; first < n; first += kStrip) {
-    double sums[kStrip];
-    const int width = std::min(kStrip, n - first);
-    std::fill_n(sums, width, 0.0);
-    for (int i = 0; i < n; ++i) {
-      const double* row = m[std::ptrdiff_t{start} + i] + start + first;
-      for (int j = 0; j < width; ++j) sums[j] = AbsoluteSum::Next(sums[j], row[j]);
-    }
-    for (int j = 0; j < width; ++j) largest = LargerOrLater(largest, sums[j]);
-    if (n - first <= kStrip) break;
+  for (std::size_t done = 0; done < count; done += kAtOnce) {
+    double sums[kAtOnce];
+    const std::size_t cols = std::min(kAtOnce, count - done);
+    parallel::Share(threads, (cols - 1) / kStrip + 1, [&, done](std::size_t strip) {
+      const std::size_t first = strip * kStrip;
+      SumColumns(sums + first, m, n, start, static_cast<int>(done + first),
+                 static_cast<int>(std::min(kStrip, cols - first)));
+    });
+    for (std::size_t j = 0; j < cols; ++j) largest = LargerOrLater(largest, sums[j]);
   }
   return largest;
 }
@@ -145,12 +158,14 @@ double ZEPH_MatrixOneNorm(double** m, int n, int start) {
 
 double ZEPH_MatrixMaxNorm(double** m, int n, int start) {
   RequireRows(__func__, "m", m, start, std::max(n, 1));
-  return RowWise(m + start, n, zeph::kernels::Active().row_sums->magnitude, LargerOrLater);
+  return RowWise(m + start, n, zeph::kernels::Active().row_sums->magnitude,
+                 zeph::parallel::kPassPays, LargerOrLater);
 }
 
 double ZEPH_MatrixFrobNorm(double** m, int n, int start) {
   RequireRows(__func__, "m", m, start, std::max(n, 1));
-  return RowWise(m + start, n, zeph::kernels::Active().row_sums->length, Hypotenuse);
+  return RowWise(m + start, n, zeph::kernels::Active().row_sums->length,
+                 zeph::parallel::kLengthsPay, Hypotenuse);
 }
 
 double ZEPH_MatrixFrobNorm2(double** m, int n, int start) {

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 
 #include "kernels/overlap.h"
+#include "parallel/rows.h"
 #include "raw_buffers.h"
 #include "raw_buffers/precondition.h"
 #include "raw_buffers/rows.h"
@@ -35,15 +37,28 @@ void CopyTile(Rows from, Rows to, int row, int rowEnd, int col, int colEnd) {
   CopyCells(from, to, rowPairs, rowEnd, col, colEnd);
 }
 
+/// The rows from `row` on, by tiles.
+template <int kTile, class Rows>
+void CopyRows(int n, Rows from, Rows to, int row, int end) {
+  for (; row < end; row += std::min(kTile, end - row))
+    for (int col = 0; col < n; col += std::min(kTile, n - col))
+      CopyTile(from, to, row, row + std::min(kTile, end - row), col,
+               col + std::min(kTile, n - col));
+}
+
 /// By tiles: the lines of memory that a tile reads stay at hand until all of each is used. With
 /// nothing shared the order of the copies does not show; where `apart` is false it is row by row.
 template <class Rows>
 void Transpose(int n, Rows from, Rows to, bool apart) {
   constexpr int kTile = 16;
   if (!apart) return CopyCells(from, to, 0, n, 0, n);
-  for (int row = 0; row < n; row += std::min(kTile, n - row))
-    for (int col = 0; col < n; col += std::min(kTile, n - col))
-      CopyTile(from, to, row, row + std::min(kTile, n - row), col, col + std::min(kTile, n - col));
+  const std::size_t count = static_cast<std::size_t>(std::max(n, 0));
+  const std::uint64_t cells = std::uint64_t{count} * count;
+  const int threads = parallel::ThreadsFor(cells, parallel::kTranspositionPays);
+  parallel::ShareParts(threads, count, kTile, kTile, [&](std::size_t first, std::size_t rows) {
+    const int row = static_cast<int>(first), rowEnd = static_cast<int>(first + rows);
+    CopyRows<kTile>(n, from, to, row, rowEnd);
+  });
 }
 
 /// In place, or with a row that takes its own place: not allowed, yet harmless to get right. Rows

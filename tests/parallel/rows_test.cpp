@@ -4,8 +4,10 @@
 #include <cstddef>
 #include <vector>
 
+#include "double_array.h"
 #include "linalg.h"
 #include "parallel/threads.h"
+#include "raw_buffers.h"
 #include "support/numbers.h"
 
 namespace zeph::test {
@@ -77,6 +79,131 @@ TEST(SharedRows, ProductsOfDoubleMatrices) {
 TEST(SharedRows, ProductsOfMatrices) {
   ExpectTheSameProducts<CZEPHMatrix>(kShapes,
                                      [](CZEPHMatrix a, const CZEPHMatrix& b) { return a * b; });
+}
+
+namespace {
+
+/// A matrix as the raw functions take it.
+struct Table {
+  explicit Table(int n, std::uint64_t seed) : cells(static_cast<std::size_t>(n * n)) {
+    Random random(seed);
+    for (double& x : cells) x = random.Below(5000) ? random.Real() : AwkwardValue<double>(random);
+    for (int i = 0; i < n; ++i) rows.push_back(cells.data() + std::ptrdiff_t{i} * n);
+  }
+  std::vector<double> cells;
+  std::vector<double*> rows;
+};
+
+/// What `compute` gives with any number of threads is what it gives with one.
+template <class Compute>
+void ExpectTheSame(const char* what, Compute compute) {
+  ZEPH_SetThreads(1);
+  const std::vector<double> want = compute();
+  ForEachNumberOfThreads([&](int threads) {
+    ASSERT_TRUE(SameValues(compute(), want)) << what << ", " << threads << " threads";
+  });
+}
+
+}  // namespace
+
+TEST(SharedRows, NormsByRowAndByColumn) {
+  for (const int n : {388, 708, 1031})
+    for (std::uint64_t seed = 0; seed < 3; ++seed) {
+      Table table(n + 3, seed);
+      if (seed == 0)  // no NaN, so that every element counts
+        for (double& x : table.cells) x = x == x ? x : 1.0;
+      double** const m = table.rows.data();
+      const auto norms = [&]() -> std::vector<double> {
+        return {ZEPH_MatrixOneNorm(m, n, 3), ZEPH_MatrixMaxNorm(m, n, 3),
+                ZEPH_MatrixFrobNorm(m, n, 3)};
+      };
+      ExpectTheSame("norms", norms);
+    }
+}
+
+TEST(SharedRows, RowSumsAndTimesAnArray) {
+  for (const int rows : {1, 5, 700, 1203}) {
+    const int cols = 900'000 / rows;
+    CZEPHMatrix m = Generated<CZEPHMatrix>(rows, cols, 4);
+    ExpectTheSame("sums", [&] {
+      const CZEPHVector sums = ZEPH_SumVector(m);
+      return std::vector<double>(sums.begin(), sums.end());
+    });
+    const CZEPHDoubleMatrix d = Generated<CZEPHDoubleMatrix>(rows, cols, 5);
+    const CZEPHDoubleArray v(cols, 0.75);
+    ExpectTheSame("times an array", [&] {
+      const CZEPHDoubleArray product = d * v;
+      return std::vector<double>(product.begin(), product.end());
+    });
+  }
+}
+
+TEST(SharedRows, Transposition) {
+  for (const int n : {500, 517, 1000}) {
+    Table from(n, 6);
+    Table to(n, 7);
+    ExpectTheSame("rows", [&] {
+      ZEPH_MatrixTranspose(n, from.rows.data(), to.rows.data());
+      return to.cells;
+    });
+    ExpectTheSame("one block", [&] {
+      ZEPH_MatrixTranspose(n, from.cells.data(), to.cells.data());
+      return to.cells;
+    });
+    for (int i = 0; i < n; ++i)
+      for (int j = 0; j < n; ++j)
+        ASSERT_TRUE(SameBits(to.rows[static_cast<std::size_t>(i)][j],
+                             from.rows[static_cast<std::size_t>(j)][i]));
+  }
+}
+
+TEST(SharedElements, ArithmeticOfLongArrays) {
+  for (const int n : {499'999, 500'000, 1'000'003}) {
+    Random random(8);
+    std::vector<double> x(static_cast<std::size_t>(n)), y(x);
+    for (double& value : x) value = AwkwardValue<double>(random);
+    for (double& value : y) value = AwkwardValue<double>(random);
+    const CZEPHDoubleArray a(n, x.data()), b(n, y.data());
+    const auto elements = [](const CZEPHDoubleArray& v) {
+      return std::vector<double>(v.begin(), v.end());
+    };
+    ExpectTheSame("a + b", [&] { return elements(a + b); });
+    ExpectTheSame("a - b", [&] { return elements(a - b); });
+    ExpectTheSame("a * b", [&] { return elements(a * b); });
+    ExpectTheSame("-a", [&] { return elements(-a); });
+    ExpectTheSame("a / 3", [&] { return elements(a / 3.0); });
+    ExpectTheSame("in place", [&] {
+      CZEPHDoubleArray sum = a;
+      sum += b;
+      sum -= a;
+      return elements(sum);
+    });
+    CZEPHVector v(n, x.data()), w(n, y.data());
+    ExpectTheSame("vectors", [&] {
+      const CZEPHVector sum = (v + w) * 0.5 - v;
+      return std::vector<double>(sum.begin(), sum.end());
+    });
+  }
+}
+
+TEST(SharedElements, TheModesOfTheHostHold) {
+  const int n = 600'000;
+  std::vector<double> x(static_cast<std::size_t>(n));
+  Random random(9);
+  for (double& value : x) value = random.Below(3) ? random.Real() : 1e-310;
+  const CZEPHDoubleArray a(n, x.data());
+  for (const Mode& mode : Modes()) {
+    CZEPHDoubleArray want(n, 0.0), got(n, 0.0);
+    ZEPH_SetThreads(1);
+    const int allowed = RaisedBy(mode, [&] { want += a * a; });
+    ZEPH_SetThreads(3);
+    const int raised = RaisedBy(mode, [&] { got += a * a; });
+    EXPECT_TRUE(SameBits(std::vector<double>(got.begin(), got.end()),
+                         std::vector<double>(want.begin(), want.end())))
+        << mode.name;
+    EXPECT_EQ(raised, allowed) << mode.name;
+  }
+  ZEPH_SetThreads(1);
 }
 
 }  // namespace zeph::test

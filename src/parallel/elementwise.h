@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+//
+// Element-wise operations on arrays beyond the caches, shared out.
+#ifndef ZEPH_SRC_PARALLEL_ELEMENTWISE_H
+#define ZEPH_SRC_PARALLEL_ELEMENTWISE_H
+
+#include <cstddef>
+
+#include "kernels/few.h"
+#include "parallel/range.h"
+
+namespace zeph::parallel {
+
+namespace detail {
+/// Calls work(first, count) for parts of whole pages but for the ends.
+template <class Work>
+void ShareElements(int threads, std::size_t n, Work work) {
+  constexpr std::size_t kPage = 512;
+  ShareParts(threads, n, kPage, n, work);
+}
+template <void (*kOperation)(double*, const double*, const double*, std::size_t)>
+void OfArrays(double* out, const double* a, const double* b, std::size_t n) {
+  const int threads = ThreadsFor(n, kPassPays);
+  if (threads == 1) return kOperation(out, a, b, n);
+  ShareElements(threads, n, [=](std::size_t first, std::size_t count) {
+    kOperation(out + first, a + first, b + first, count);
+  });
+}
+template <void (*kOperation)(double*, double, const double*, std::size_t)>
+void OfNumber(double* out, double s, const double* a, std::size_t n) {
+  const int threads = ThreadsFor(n, kPassPays);
+  if (threads == 1) return kOperation(out, s, a, n);
+  ShareElements(threads, n, [=](std::size_t first, std::size_t count) {
+    kOperation(out + first, s, a + first, count);
+  });
+}
+}  // namespace detail
+
+// The operations of kernels/few.h; the same is demanded of the operands.
+
+inline void Add(double* out, const double* a, const double* b, std::size_t n) {
+  detail::OfArrays<kernels::Add>(out, a, b, n);
+}
+inline void Subtract(double* out, const double* a, const double* b, std::size_t n) {
+  detail::OfArrays<kernels::Subtract>(out, a, b, n);
+}
+inline void Multiply(double* out, const double* a, const double* b, std::size_t n) {
+  detail::OfArrays<kernels::Multiply>(out, a, b, n);
+}
+inline void Scale(double* out, double s, const double* a, std::size_t n) {
+  detail::OfNumber<kernels::Scale>(out, s, a, n);
+}
+inline void SubtractFrom(double* out, double s, const double* a, std::size_t n) {
+  detail::OfNumber<kernels::SubtractFrom>(out, s, a, n);
+}
+
+}  // namespace zeph::parallel
+
+#endif  // ZEPH_SRC_PARALLEL_ELEMENTWISE_H

@@ -36,6 +36,7 @@ constexpr Expected kExpected[] = {
     {"algorithms: sine, logarithm", 0x238e87fc0245595eu, 0x238e87fc0245595eu},
     {"algorithms: texts", 0xe1cf59f87cabc5c1u, 0xe1cf59f87cabc5c1u},
     {"algorithms: random numbers", 0x3d16651c4435ed8bu, 0x316bdedb4978953du},
+    {"large", 0x77c6dbff65507c9cu, 0x77c6dbff65507c9cu},
 };
 
 }  // namespace zeph::selftest

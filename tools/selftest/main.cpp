@@ -4,10 +4,12 @@
 // with the digests that every supported machine gives.
 #include <cinttypes>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 #include "algorithms.h"
 #include "expected.h"
+#include "parallel.h"
 #include "platform.h"
 #include "report.h"
 
@@ -23,8 +25,13 @@ struct Subsystem {
   void (*run)(Report&);
 };
 constexpr Subsystem kSubsystems[] = {
-    {"double_array", RunDoubleArray}, {"raw_buffers", RunRawBuffers}, {"linalg", RunLinalg},
-    {"graphics", RunGraphics},        {"containers", RunContainers},  {"algorithms", RunAlgorithms},
+    {"double_array", RunDoubleArray},
+    {"raw_buffers", RunRawBuffers},
+    {"linalg", RunLinalg},
+    {"graphics", RunGraphics},
+    {"containers", RunContainers},
+    {"algorithms", RunAlgorithms},
+    {"large", RunLarge},
 };
 
 struct Line {
@@ -109,12 +116,15 @@ int Run(int argc, char** argv) {
       only = argv[++i];
     } else if (std::strcmp(argv[i], "--kernels") == 0 && i + 1 < argc) {
       if (!ChooseKernels(argv[++i])) return 2;
+    } else if (std::strcmp(argv[i], "--threads") == 0 && i + 1 < argc) {
+      ZEPH_SetThreads(std::atoi(argv[++i]));
     } else {
       std::fprintf(stderr,
-                   "usage: zeph-selftest [--operations] [--only SUBSYSTEM] [--kernels "
-                   "portable|avx2|avx512|neon]\n"
+                   "usage: zeph-selftest [--operations] [--only SUBSYSTEM] [--threads N] "
+                   "[--kernels portable|avx2|avx512|neon]\n"
                    "  --operations  also prints a digest per operation\n"
                    "  --only        runs one subsystem, such as linalg\n"
+                   "  --threads     lets large operations use N threads, 0 for all processors\n"
                    "  --kernels     runs on one form of the inner loops (static builds only)\n"
                    "Status 0: every digest that must match does; 1: one differs; 2: misuse.\n");
       return 2;
@@ -123,6 +133,7 @@ int Run(int argc, char** argv) {
   std::printf("ZEPH_PORTABLE_MATH is %s: sine, logarithm, random numbers and texts are %s.\n",
               ZEPH_MathIsPortable() ? "on" : "off",
               ZEPH_MathIsPortable() ? "the library's own" : "the C runtime's");
+  if (ZEPH_GetThreads() > 1) std::printf("Up to %d threads.\n", ZEPH_GetThreads());
   Outcome outcome;
   bool ran = false;
   for (const Subsystem& subsystem : kSubsystems) {

@@ -51,6 +51,7 @@ void RunLinalg(Report& report);
 void RunGraphics(Report& report);
 void RunContainers(Report& report);
 void RunAlgorithms(Report& report);
+void RunLarge(Report& report);
 
 }  // namespace zeph::selftest
 

@@ -7,8 +7,9 @@
 namespace zeph::platform {
 
 void RefuseIndex(const char* operation, std::int64_t index, std::int64_t last) {
-  throw std::out_of_range(std::string(operation) + ": index " + std::to_string(index) +
-                          " is outside 0.." + std::to_string(last));
+  const std::string what = std::string(operation) + ": index " + std::to_string(index);
+  throw std::out_of_range(what + (last < 0 ? " is refused: there are no elements"
+                                           : " is outside 0.." + std::to_string(last)));
 }
 
 void RefuseLength(const char* type, std::int64_t most) {

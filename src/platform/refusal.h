@@ -8,7 +8,8 @@
 
 namespace zeph::platform {
 
-/// Throws std::out_of_range: "CObArray::GetAt: index 7 is outside 0..2".
+/// Throws std::out_of_range: "CObArray::GetAt: index 7 is outside 0..2", or of a `last` below 0 that
+/// there are no elements.
 [[noreturn]] void RefuseIndex(const char* operation, std::int64_t index, std::int64_t last);
 
 /// Throws std::length_error: "CString: a text has at most 2147483646 characters".

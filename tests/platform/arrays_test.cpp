@@ -372,3 +372,12 @@ TEST(ArrayRefusal, NamesTheOperationAndTheBounds) {
     EXPECT_STREQ(refusal.what(), "CWordArray::GetAt: index 7 is outside 0..2");
   }
 }
+
+TEST(ArrayRefusal, SaysThatAnEmptyArrayHasNoElements) {
+  try {
+    CWordArray().GetAt(3);
+    ADD_FAILURE();
+  } catch (const std::out_of_range& refusal) {
+    EXPECT_STREQ(refusal.what(), "CWordArray::GetAt: index 3 is refused: there are no elements");
+  }
+}

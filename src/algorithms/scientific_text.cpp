@@ -2,6 +2,7 @@
 #include "algorithms/scientific_text.h"
 
 #include <cmath>
+#include <cstdio>
 
 #include "platform/exactness.h"
 #include "platform/format_number.h"
@@ -17,20 +18,19 @@ CString RuntimesScientificText(double mantissa, int exponent, int decimals) {
 }
 
 CString PortableScientificText(double mantissa, int exponent, int decimals) {
-  char text[512];  // 309 digits, a point, 127 decimals
+  char text[512];  // a sign, 309 digits, a point, 127 decimals, "xE", the exponent
+  char* const last = text + sizeof text - 1;
   char* end = text;
-  CString whole;
-  if (decimals < 0) {
-    whole.Format("%%.0%dlf", decimals);
-  } else {
-    end = std::isfinite(mantissa) ? platform::ToChars(text, text + sizeof text - 1, mantissa,
-                                                      platform::Digits::kFixed, decimals)
-                                  : platform::WriteNonFinite(text, mantissa);
-    *end = '\0';
-    whole = text;
-  }
-  whole.AppendFormat("xE%d", exponent);
-  return whole;
+  if (decimals < 0)
+    end += std::snprintf(text, sizeof text, "%%.0%dlf", decimals);
+  else if (std::isfinite(mantissa))
+    end = platform::ToChars(text, last, mantissa, platform::Digits::kFixed, decimals);
+  else
+    end = platform::WriteNonFinite(text, mantissa);
+  *end++ = 'x';
+  *end++ = 'E';
+  *platform::WriteInt(end, exponent) = '\0';
+  return text;
 }
 
 }  // namespace zeph::algorithms

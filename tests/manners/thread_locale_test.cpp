@@ -11,6 +11,7 @@
 
 using namespace zeph::test;
 
+#ifndef _WIN32
 namespace {
 
 char kName[] = "x";
@@ -50,3 +51,4 @@ TEST(ThreadLocale, OfOneThreadIsNotInTheTextsOfAnother) {
   EXPECT_EQ(withCommas, 0);
   EXPECT_EQ(withPoints, 0);
 }
+#endif

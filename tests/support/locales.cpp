@@ -10,19 +10,7 @@ bool ProcessLocale::Choose(const char* name) {
   return std::setlocale(LC_NUMERIC, name) != nullptr;
 }
 
-#ifdef _WIN32
-
-void* ThreadLocale::Choose(const char* name) {
-  _configthreadlocale(_ENABLE_PER_THREAD_LOCALE);
-  return std::setlocale(LC_NUMERIC, name);
-}
-
-void ThreadLocale::Leave(void*) {
-  std::setlocale(LC_NUMERIC, "C");
-  _configthreadlocale(_DISABLE_PER_THREAD_LOCALE);
-}
-
-#else
+#ifndef _WIN32
 
 void* ThreadLocale::Choose(const char* name) {
   const locale_t chosen = newlocale(LC_NUMERIC_MASK, name, nullptr);

@@ -48,6 +48,7 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   endif()
 elseif(MSVC)
   target_compile_options(zeph_exactness INTERFACE /fp:precise)
+  target_compile_definitions(zeph_exactness INTERFACE NOMINMAX)  # the framework brings windows.h along
 endif()
 
 # The allocation rule throws and catches, and what is thrown is told by its type, whatever a parent project does

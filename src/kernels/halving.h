@@ -90,8 +90,8 @@ template <class T>
 std::size_t FindByHalving(const T* v, std::size_t n, T x) {
   if (n == 0) return n;
   const halving::Range<T> all{v, n};
-  const bool near = n <= halving::kNearBytes / sizeof(T);
-  const T* met = near ? halving::MeetNear(all, x) : halving::MeetFar(all, x);
+  const bool close = n <= halving::kNearBytes / sizeof(T);
+  const T* met = close ? halving::MeetNear(all, x) : halving::MeetFar(all, x);
   return met ? static_cast<std::size_t>(met - v) : n;
 }
 

@@ -18,6 +18,13 @@ scan build/windows/spill.o >/dev/null || wide=1
 scan build/windows/src/ZEPHDataStructureEngine.dll || wide=1
 check $wide "wide kernels: no aligned move on the stack"
 
+# Every source compiles where the framework's own classes take the place of ours. No definitions are needed.
+framework=0
+list_sources | grep -E '^src/.*\.cpp$' | grep -vE '_(posix|neon)\.cpp$' |
+  xargs -P "$jobs" -I{} x86_64-w64-mingw32-g++-posix -std=c++17 -fsyntax-only -Wall -Wextra -DZEPH_USE_MFC \
+    -DZEPH_BUILDING -DNOMINMAX -I include -I src -I tests/msvc/framework {} || framework=1
+check $framework "every source with ZEPH_USE_MFC"
+
 build windows32
 echo "32-bit Windows: built, not run"
 verdicts && exit $status

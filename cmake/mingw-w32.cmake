@@ -1,4 +1,4 @@
-# 32-bit Windows by MinGW-w64 (Debian g++-mingw-w64-i686-posix); built, not run.
+# 32-bit Windows by MinGW-w64 (Debian g++-mingw-w64-i686-posix); run by the Wine of tools/wine32 where that has been fetched.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86)
 set(CMAKE_C_COMPILER i686-w64-mingw32-gcc-posix)
@@ -9,3 +9,6 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+if(EXISTS "${CMAKE_CURRENT_LIST_DIR}/../build/wine32/root")
+  set(CMAKE_CROSSCOMPILING_EMULATOR "${CMAKE_CURRENT_LIST_DIR}/../tools/wine32/wine")
+endif()

@@ -96,8 +96,10 @@ class ZEPH_API CZEPHLinkList {
   CZEPHLink<T>* m_pHead;  ///< The node of the smallest value, or null.
 };
 
+#if !defined(ZEPH_BUILDING) || !defined(_MSC_VER)  // which would export at the declaration
 extern template class CZEPHLink<double>;
 extern template class CZEPHLinkList<double>;
+#endif
 
 /// A node of CZEPHSortedLinkList: a key and the next node.
 class ZEPH_API CZEPHLinkData {

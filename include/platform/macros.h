@@ -23,8 +23,8 @@
 #endif
 
 /// ZEPH_EMIT stands on documented inline members: while the shared library itself is built they are
-/// emitted as if used, so that every documented name is exported.
-#if !defined(ZEPH_BUILDING) || defined(ZEPH_STATIC) || !(defined(__GNUC__) || defined(__clang__))
+/// emitted as if used, so that every documented name is exported. (Visual C++ does so of itself.)
+#if !defined(ZEPH_BUILDING) || defined(ZEPH_STATIC) || defined(_MSC_VER) || !defined(__GNUC__)
 #define ZEPH_EMIT
 #elif defined(_WIN32)
 #define ZEPH_EMIT __attribute__((used, dllexport))

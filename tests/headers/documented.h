@@ -15,7 +15,7 @@
 #define ZEPH_API __attribute__((visibility("default")))
 #endif
 
-#if !defined(ZEPH_BUILDING) || defined(ZEPH_STATIC) || !(defined(__GNUC__) || defined(__clang__))
+#if !defined(ZEPH_BUILDING) || defined(ZEPH_STATIC) || defined(_MSC_VER) || !defined(__GNUC__)
 #define ZEPH_EMIT
 #elif defined(_WIN32)
 #define ZEPH_EMIT __attribute__((used, dllexport))
@@ -606,8 +606,10 @@ class ZEPH_API CZEPHLinkList {
   CZEPHLink<T>* m_pHead;
 };
 
+#if !defined(ZEPH_BUILDING) || !defined(_MSC_VER)
 extern template class CZEPHLink<double>;
 extern template class CZEPHLinkList<double>;
+#endif
 
 class ZEPH_API CZEPHLinkData {
  public:

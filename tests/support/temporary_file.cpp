@@ -36,18 +36,20 @@ constexpr char kVariable[] = "TMPDIR", kOtherwise[] = ZEPH_TEST_BIN;
 
 #ifdef _WIN32
 
-int Close(int descriptor) {
-  return _close(descriptor);
-}
+constexpr int kNone = -1;
 
-/// Creates the file and gives its descriptor.
+void Close(int) {}
+
+/// Creates the file and gives no descriptor: the command processor cannot send a child's output to a
+/// file that is open for writing elsewhere.
 int Create(std::string& path) {
   static int counter = 0;
   path =
       TemporaryFolder() + "\\zeph_" + std::to_string(_getpid()) + "_" + std::to_string(counter++);
   const int descriptor = _open(path.c_str(), _O_CREAT | _O_TRUNC | _O_RDWR, _S_IREAD | _S_IWRITE);
   if (descriptor < 0) RefuseToGoOn();
-  return descriptor;
+  _close(descriptor);
+  return kNone;
 }
 
 #else

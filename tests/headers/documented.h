@@ -30,6 +30,9 @@
 #define ZEPH_ADDED
 #endif
 
+#if __cplusplus < 201703L && !(defined(_MSVC_LANG) && _MSVC_LANG >= 201703L)
+#endif
+
 #include <cstdio>
 
 #ifdef ZEPH_HARDENED

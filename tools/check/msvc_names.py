@@ -32,7 +32,7 @@ class Reader:
         ours = self.file.startswith("include/")
         self.follow(node.get("range", {}).get("begin", {}))
         self.follow(node.get("range", {}).get("end", {}))
-        implicit = implicit or node.get("isImplicit", False)
+        implicit = implicit or node.get("isImplicit", False) or node.get("explicitlyDeleted", False)
         parts = node.get("inner", [])
         defined = any(part.get("kind") == "CompoundStmt" for part in parts)
         field = node.get("kind") == "VarDecl" and node.get("storageClass") == "static"

@@ -15,22 +15,23 @@
 namespace zeph::parallel {
 
 /// From so many multiplications on two threads beat one, worker asleep or not.
-constexpr std::uint64_t kProductPays = 2'000'000;
+constexpr std::uint64_t kProductPays = 4'000'000;
 
-/// kernels::DenseProduct. A thread has at least a tile's height of rows, and several parts where each
-/// stays high enough that copying the right factor once for each does not show.
+/// kernels::DenseProduct. Parts are short, so that nobody waits long for a thread that was late; but
+/// where a part copies the right factor, they stay so high that this does not show.
 inline void DenseProduct(double* const* out, const double* const* a, const double* const* b,
                          std::size_t rows, std::size_t inner, std::size_t cols) {
-  constexpr std::size_t kTile = 8, kHigh = 256;
+  constexpr std::size_t kTile = 8, kCopied = 100 * 1024, kShort = 2 * kTile, kHigh = 256;
   const int threads = ThreadsFor(std::uint64_t{rows} * inner * cols, kProductPays);
-  ShareParts(threads, rows, kTile, kHigh, [=](std::size_t first, std::size_t count) {
+  const std::size_t enough = inner * cols < kCopied ? kShort : kHigh;
+  ShareParts(threads, rows, kTile, enough, [=](std::size_t first, std::size_t count) {
     kernels::DenseProduct(out + first, a + first, b, count, inner, cols);
   });
 }
 
 /// From so many elements on: lengths, each of whose steps divides, and the transposition, which reads
 /// or writes across.
-constexpr std::uint64_t kLengthsPay = 150'000, kTranspositionPays = 250'000;
+constexpr std::uint64_t kLengthsPay = 250'000, kTranspositionPays = 250'000;
 
 /// A kernel of ordered sums of rows. The kernels take twelve rows at a time.
 inline void SumsOfRows(kernels::RowSums::OfRows sums, int threads, double* out,

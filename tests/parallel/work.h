@@ -47,7 +47,7 @@ class Work {
   }
 
  private:
-  static constexpr int kSize = 180;
+  static constexpr int kSize = 210;
   std::vector<double> Product() {
     const CZEPHMatrix product = a_ * b_;
     std::vector<double> all;

@@ -10,7 +10,7 @@ if [ "${1:-}" = windows ]; then
     wine build/windows/tools/system_speed/zeph_system_speed.exe
 fi
 packages_bench="libbenchmark-dev libboost-dev libhwy-dev libeigen3-dev libopenblas-dev libglm-dev
-  libcglm-dev pkg-config python3"
+  libcglm-dev libtbb-dev pkg-config python3"
 need $packages_build $packages_bench
 say "dev: building the benchmarks"
 build bench

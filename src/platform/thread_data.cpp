@@ -9,7 +9,7 @@ namespace zeph::platform {
 namespace {
 
 // Constant from the start and never destroyed, so that they serve before and after other statics.
-std::atomic_flag busy = ATOMIC_FLAG_INIT;  // held for a few instructions, to read or change `all`
+std::atomic<bool> busy{false};  // held for a few instructions, to read or change `all`
 ThreadData* all = nullptr;
 std::atomic<bool> closed{false};
 
@@ -19,11 +19,11 @@ auto Alone(Body body) {
   struct Section {
     Section() {
       // GCOVR_EXCL_BR_START: whether two threads meet here is chance
-      while (busy.test_and_set(std::memory_order_acquire)) {
+      while (busy.exchange(true, std::memory_order_acquire)) {
       }
       // GCOVR_EXCL_BR_STOP
     }
-    ~Section() { busy.clear(std::memory_order_release); }
+    ~Section() { busy.store(false, std::memory_order_release); }
   } section;
   return body();
 }

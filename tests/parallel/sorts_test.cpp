@@ -10,7 +10,6 @@
 #include "double_array.h"
 #include "parallel/sort.h"
 #include "parallel/threads.h"
-#include "support/allocation.h"
 #include "support/numbers.h"
 #include "support/scale.h"
 
@@ -137,17 +136,6 @@ TEST(SharedSorts, TheModesOfTheHostHold) {
     EXPECT_TRUE(SameBits(got, want)) << mode.name;
     EXPECT_EQ(raised, 0) << mode.name << ": " << ExceptionNames(raised);
   }
-  ZEPH_SetThreads(1);
-}
-
-TEST(SharedSorts, TakeNoHeap) {
-  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
-  Values v = RandomValues(300'000);
-  CZEPHDoubleArray a(static_cast<int>(v.size()), v.data());
-  ZEPH_SetThreads(4);
-  const long before = AllocationCount();
-  a.QuickSort(10);
-  EXPECT_EQ(AllocationCount(), before);
   ZEPH_SetThreads(1);
 }
 

@@ -1,2 +1,12 @@
+# Threads of the caller's and of the library's under the thread sanitizer; and the same digests on any number of
+# threads.
 need clang libclang-rt-14-dev
-workflow threads
+status=0
+workflow threads || status=1
+build release ZEPHDataStructureEngine zeph_selftest
+for threads in 1 2 3 8; do
+  differs=0
+  build/release/tools/selftest/zeph-selftest --threads $threads >build/results/selftest-$threads.txt || differs=1
+  check $differs "zeph-selftest --threads $threads: build/results/selftest-$threads.txt"
+done
+verdicts && exit $status

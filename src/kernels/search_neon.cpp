@@ -9,6 +9,8 @@
 
 #include <cstdint>
 
+#include "kernels/quietly_neon.h"
+
 #define ZEPH_WIDE_CALL
 #define ZEPH_WIDE __attribute__((always_inline)) inline
 
@@ -82,11 +84,7 @@ ZEPH_WIDE double LeastLane(float64x2_t x) {
 /// The vectors' comparison, unlike the steps that are documented, looks behind the first descent:
 /// the exceptions that a NaN there would raise are taken back.
 bool NoneDescendsQuietly(const double* v, std::size_t n) {
-  std::uint64_t raised;
-  __asm__ volatile("mrs %0, fpsr" : "=r"(raised) : : "memory");
-  const bool none = NoneDescends(v, n);
-  __asm__ volatile("msr fpsr, %0" : : "r"(raised), "r"(none) : "memory");
-  return none;
+  return Quietly([=] { return NoneDescends(v, n); });
 }
 
 }  // namespace

@@ -19,6 +19,8 @@
 #include <type_traits>
 #include <utility>
 
+#include "kernels/quietly_neon.h"
+
 #define ZEPH_WIDE_CALL
 #define ZEPH_WIDE __attribute__((always_inline)) inline
 
@@ -109,32 +111,85 @@ ZEPH_WIDE std::size_t SumOfLanes(uint64x2_t counts) {
   return vaddvq_u64(counts);
 }
 
-#include "kernels/sort_network.inc"
+ZEPH_WIDE bool AllLanes(uint64x2_t x) {
+  return ~(vgetq_lane_u64(x, 0) & vgetq_lane_u64(x, 1)) == 0;
+}
+ZEPH_WIDE uint64x2_t NotAbove(Vector a, Vector b) {
+  return vcleq_f64(a, b);
+}
+/// As in the merge, without a look at single lanes.
+template <int... I>
+ZEPH_WIDE bool AllLess(const double* v, double x, std::integer_sequence<int, I...>) {
+  const Vector pivot = Broadcast(x);
+  return AllLanes((vcltq_f64(Load(v + I * kLanes), pivot) & ...));
+}
+template <int... I>
+ZEPH_WIDE bool NoneAbove(const double* v, double x, std::integer_sequence<int, I...>) {
+  const Vector pivot = Broadcast(x);
+  return AllLanes(~(vcgtq_f64(Load(v + I * kLanes), pivot) | ...));
+}
+
+/// As in the network, by the least and the greatest of neighbours.
+template <int D, int... I>
+ZEPH_WIDE void HalveColumns(Vector* rows, std::integer_sequence<int, I...>) {
+  constexpr int kRows = sizeof...(I);
+  if constexpr (D == 1 && kRows == 1) {
+    rows[0] = LowHigh<1>(rows[0], Flip<1>(rows[0]));
+  } else if constexpr (D == 1) {
+    for (int i = 0; i < kRows; i += 2) {
+      const Vector low = vpminq_f64(rows[i], rows[i + 1]), high = vpmaxq_f64(rows[i], rows[i + 1]);
+      rows[i] = vzip1q_f64(low, high);
+      rows[i + 1] = vzip2q_f64(low, high);
+    }
+  }
+}
+/// As in the network, where one shuffle both picks and mirrors.
+template <int G>
+ZEPH_WIDE void CrossRows(Vector& a, Vector& b) {
+  const Vector mirrored = Flip<1>(b);
+  const Vector low = Min(a, mirrored), high = Max(a, mirrored);
+  a = Pick<1>(low, high);
+  b = vextq_f64(low, high, 1);
+}
+
+#include "kernels/sort_network.inc"  // first: the others are made of it
+
+#include "kernels/sort_merge.inc"
 #include "kernels/sort_quick.inc"
 
-/// Two vectors at once. What goes to either end need not keep its order, so each pair of lanes is
-/// put in order: then those that belong left come first, whatever they are.
+#include "kernels/sort_front_neon.inc"  // made of the merge
+
+/// Two vectors at once, the left end at `to` and the right one `room` behind it. What goes to either end
+/// need not keep its order, so each pair of lanes is put in order: then those that belong left come first,
+/// whatever they are. Each vector takes kLanes of the room, so that one count moves both ends.
 template <class Test>
-ZEPH_WIDE void SplitTwo(Ends<double>& ends, Vector a, Vector b, Vector pivot) {
+ZEPH_WIDE double* SplitTwo(double* to, std::ptrdiff_t room, Vector a, Vector b, Vector pivot) {
   const Vector low = Min(a, b), high = Max(a, b);
   const Vector pairs[] = {vzip1q_f64(low, high), vzip2q_f64(low, high)};
   uint64x2_t left[2];
   for (int i = 0; i < 2; ++i)
     left[i] = std::is_same_v<Test, Less> ? vcltq_f64(pairs[i], pivot) : vcleq_f64(pairs[i], pivot);
-  const uint64x2_t counts = vpaddq_u64(left[0], left[1]);  // below zero, as each lane is -1
-  const std::size_t count[] = {0 - vgetq_lane_u64(counts, 0), 0 - vgetq_lane_u64(counts, 1)};
+  const int64x2_t counts = vreinterpretq_s64_u64(vpaddq_u64(left[0], left[1]));
+  const std::int64_t below_zero[] = {vgetq_lane_s64(counts, 0), vgetq_lane_s64(counts, 1)};
   for (int i = 0; i < 2; ++i) {
-    Store(ends.write_left, pairs[i]);
-    Store(ends.write_right - kLanes, pairs[i]);
-    ends.write_left += count[i];
-    ends.write_right -= kLanes - count[i];
+    Store(to, pairs[i]);
+    Store(to + room - (i + 1) * kLanes, pairs[i]);
+    to -= below_zero[i];
   }
+  return to;
 }
 template <class Test, std::size_t Count, std::size_t... I>
 ZEPH_WIDE void SplitAll(Ends<double>& ends, const Vector (&x)[Count], Vector pivot,
                         std::index_sequence<I...>) {
-  for (std::size_t i = 0; i + 2 <= Count; i += 2) SplitTwo<Test>(ends, x[i], x[i + 1], pivot);
-  if (Count % 2) Split<Test>(ends, x[Count - 1], pivot);
+  if constexpr (Count == 1) {
+    Split<Test>(ends, x[0], pivot);
+  } else {
+    static_assert(Count % 2 == 0);
+    std::ptrdiff_t room = ends.write_right - ends.write_left;
+    for (std::size_t i = 0; i < Count; i += 2, room -= 2 * kLanes)
+      ends.write_left = SplitTwo<Test>(ends.write_left, room, x[i], x[i + 1], pivot);
+    ends.write_right = ends.write_left + room;
+  }
 }
 
 /// Bits that were clear and bits that were set in an element equal to 0.0.
@@ -209,8 +264,13 @@ ZEPH_WIDE Vector LowHigh(Vector a, Vector b) {
 /// Each lane's neighbour at distance D.
 template <int D>
 ZEPH_WIDE Vector Flip(Vector x) {
-  static_assert(D == 1);
-  return vrev64q_s32(x);
+  return D == 1 ? vrev64q_s32(x) : vextq_s32(x, x, 2);
+}
+/// The first halves of two vectors, or the second ones.
+template <int Which>
+ZEPH_WIDE Vector Halves(Vector a, Vector b) {
+  const int64x2_t x = vreinterpretq_s64_s32(a), y = vreinterpretq_s64_s32(b);
+  return vreinterpretq_s32_s64(Which == 1 ? vzip1q_s64(x, y) : vzip2q_s64(x, y));
 }
 /// The lanes of each group of G in reverse.
 template <int G>
@@ -302,17 +362,72 @@ ZEPH_WIDE std::size_t SumOfLanes(uint32x4_t counts) {
   return vaddlvq_u32(counts);
 }
 
-#include "kernels/sort_network.inc"
+ZEPH_WIDE bool AllLanes(uint32x4_t x) {
+  return vminvq_u32(x) != 0;
+}
+ZEPH_WIDE uint32x4_t NotAbove(Vector a, Vector b) {
+  return vcleq_s32(a, b);
+}
+/// As in the merge, without a look at single lanes.
+template <int... I>
+ZEPH_WIDE bool AllLess(const int* v, int x, std::integer_sequence<int, I...>) {
+  const Vector pivot = Broadcast(x);
+  return AllLanes((vcltq_s32(Load(v + I * kLanes), pivot) & ...));
+}
+template <int... I>
+ZEPH_WIDE bool NoneAbove(const int* v, int x, std::integer_sequence<int, I...>) {
+  const Vector pivot = Broadcast(x);
+  return AllLanes(~(vcgtq_s32(Load(v + I * kLanes), pivot) | ...));
+}
+
+/// As in the network, two rows at a time.
+template <int D, int... I>
+ZEPH_WIDE void HalveColumns(Vector* rows, std::integer_sequence<int, I...> all) {
+  constexpr int kRows = sizeof...(I);
+  if constexpr (D > 0 && kRows == 1) {
+    rows[0] = LowHigh<D>(rows[0], Flip<D>(rows[0]));
+    HalveColumns<D / 2>(rows, all);
+  } else if constexpr (D > 0) {
+    for (int i = 0; i < kRows; i += 2) {
+      if constexpr (D == 1) {
+        const Vector low = vpminq_s32(rows[i], rows[i + 1]),
+                     high = vpmaxq_s32(rows[i], rows[i + 1]);
+        rows[i] = vzip1q_s32(low, high);
+        rows[i + 1] = vzip2q_s32(low, high);
+      } else {
+        const Vector lower = Halves<1>(rows[i], rows[i + 1]),
+                     upper = Halves<2>(rows[i], rows[i + 1]);
+        const Vector low = Min(lower, upper), high = Max(lower, upper);
+        rows[i] = Halves<1>(low, high);
+        rows[i + 1] = Halves<2>(low, high);
+      }
+    }
+    HalveColumns<D / 2>(rows, all);
+  }
+}
+
+#include "kernels/sort_network.inc"  // first: the others are made of it
+
+#include "kernels/sort_merge.inc"
 #include "kernels/sort_quick.inc"
+
+#include "kernels/sort_front_neon.inc"  // made of the merge
 
 }  // namespace
 }  // namespace ints
 
-const Sorting kSorting = {
-    doubles::OrderIsUnique,           doubles::Sort<double>,         ints::Sort<int>,
-    doubles::SplitLess<double>,       ints::SplitLess<int>,          merge::AscendsByPairs<double>,
-    merge::AscendsByPairs<int>,       merge::MergeApart<double>,     merge::MergeApart<int>,
-    merge::TakeWhatIsInFront<double>, merge::TakeWhatIsInFront<int>, 1'000};
+const Sorting kSorting = {doubles::OrderIsUnique,
+                          doubles::Sort<double>,
+                          ints::Sort<int>,
+                          doubles::SplitLess<double>,
+                          ints::SplitLess<int>,
+                          doubles::AscendsByVectors<double>,
+                          ints::AscendsByVectors<int>,
+                          doubles::MergeWide<double>,
+                          ints::MergeWide<int>,
+                          doubles::TakeFrontQuietly<double>,
+                          ints::TakeFrontQuietly<int>,
+                          200};
 
 }  // namespace zeph::kernels::neon
 

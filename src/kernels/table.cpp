@@ -71,11 +71,14 @@ bool HasAvx512() {
 constexpr Table UseNeon(Table table) {
   table.name = "neon";
   table.sorting = &neon::kSorting;
+  table.partitions = &neon::kPartitions;
   table.searching = &neon::kSearching;
   table.elementwise = &neon::kElementwise;
   table.magnitudes = &neon::kMagnitudes;
   table.row_sums = &neon::kRowSums;
   table.products = &neon::kProducts;
+  table.batch = &neon::kBatch;
+  table.batch_products = &neon::kBatchProducts;
   return table;
 }
 #endif

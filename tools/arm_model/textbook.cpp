@@ -71,6 +71,13 @@ bool Ascends(const T* v, std::size_t n) {
   return n != 1 || v[0] == v[0];
 }
 template <class T>
+std::size_t SplitLess(T* v, std::size_t n, T pivot) {
+  std::size_t less = 0;
+  for (std::size_t i = 0; i < n; ++i)
+    if (v[i] < pivot) std::swap(v[i], v[less++]);
+  return less;
+}
+template <class T>
 void Merge(const merge::Pair<T>& blocks) {
   merge::Pair<T> p = blocks;
   while (p.a < p.aEnd && p.b < p.bEnd) *p.out++ = *p.a < *p.b ? *p.a++ : *p.b++;
@@ -336,9 +343,9 @@ void FloatProducts(float* out, const float* m, std::size_t stride, const float* 
   ProductsOf(out, m, stride, e, n);
 }
 
-const Sorting kSorting = {
-    OrderIsUnique, SortAll<double>, SortAll<int>,      Ascends<double>, Ascends<int>,
-    Merge<double>, Merge<int>,      TakeFront<double>, TakeFront<int>,  0};
+const Sorting kSorting = {OrderIsUnique,  SortAll<double>,   SortAll<int>,   SplitLess<double>,
+                          SplitLess<int>, Ascends<double>,   Ascends<int>,   Merge<double>,
+                          Merge<int>,     TakeFront<double>, TakeFront<int>, 0};
 const Partitions kPartitions = {Count, Part, NotLess, NotGreater, FindBounds};
 const Searching kSearching = {FindFirst, FindLast, FirstLeast, NoneDescends};
 const Elementwise kElementwise = {Add, Subtract, Multiply, Scale, SubtractFrom, Fill};

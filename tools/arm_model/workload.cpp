@@ -86,6 +86,14 @@ const Kernel kKernels[] = {
      [](const Table& t) -> Work { return [&] { t.sorting->sort_doubles(a.data(), kCount); }; }},
     {"sort of ints",
      [](const Table& t) -> Work { return [&] { t.sorting->sort_ints(whole.data(), kCount); }; }},
+    {"split (doubles)",
+     [](const Table& t) -> Work {
+       return [&] { sink = static_cast<double>(t.sorting->split_doubles(a.data(), kCount, 0)); };
+     }},
+    {"split (ints)",
+     [](const Table& t) -> Work {
+       return [&] { sink = static_cast<double>(t.sorting->split_ints(whole.data(), kCount, 0)); };
+     }},
     {"whether the order is unique",
      [](const Table& t) -> Work {
        return [&] { sink = t.sorting->order_is_unique(a.data(), kCount); };

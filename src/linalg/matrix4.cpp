@@ -8,7 +8,6 @@
 #include "platform/exactness.h"
 #include "platform/stream_number.h"
 
-
 namespace {
 
 constexpr int kElements = 16;

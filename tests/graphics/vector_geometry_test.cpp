@@ -136,5 +136,5 @@ TEST(VectorGeometry, ProjectionIsReachedByEveryKindOfInitialisation) {
 TEST(VectorGeometry, AConstantOfFourComponentsIsReadAsAnArrayFromItsFirstByte) {
   const CZEPHVector4D constant(2, 4, 6, 2);
   const CZEPHVector3D p(constant);
-  EXPECT_EQ(std::memcmp(&p.x, &constant, sizeof(float[3])), 0);
+  EXPECT_EQ(std::memcmp(&p.x, static_cast<const void*>(&constant), sizeof(float[3])), 0);
 }

@@ -7,6 +7,7 @@
 #include <cstddef>
 
 #include "kernels/few.h"
+#include "kernels/target.h"
 #include "parallel/range.h"
 
 namespace zeph::parallel {
@@ -19,20 +20,24 @@ void ShareElements(int threads, std::size_t n, Work work) {
   ShareParts(threads, n, kPage, n, work);
 }
 template <void (*kOperation)(double*, const double*, const double*, std::size_t)>
-void OfArrays(double* out, const double* a, const double* b, std::size_t n) {
-  const int threads = ThreadsFor(n, kPassPays);
-  if (threads == 1) return kOperation(out, a, b, n);
-  ShareElements(threads, n, [=](std::size_t first, std::size_t count) {
+ZEPH_NOINLINE void SharedOfArrays(double* out, const double* a, const double* b, std::size_t n) {
+  ShareElements(ThreadsFor(n, kPassPays), n, [=](std::size_t first, std::size_t count) {
     kOperation(out + first, a + first, b + first, count);
   });
 }
 template <void (*kOperation)(double*, double, const double*, std::size_t)>
-void OfNumber(double* out, double s, const double* a, std::size_t n) {
-  const int threads = ThreadsFor(n, kPassPays);
-  if (threads == 1) return kOperation(out, s, a, n);
-  ShareElements(threads, n, [=](std::size_t first, std::size_t count) {
+ZEPH_NOINLINE void SharedOfNumber(double* out, double s, const double* a, std::size_t n) {
+  ShareElements(ThreadsFor(n, kPassPays), n, [=](std::size_t first, std::size_t count) {
     kOperation(out + first, s, a + first, count);
   });
+}
+template <void (*kOperation)(double*, const double*, const double*, std::size_t)>
+void OfArrays(double* out, const double* a, const double* b, std::size_t n) {
+  MayShare(n, kPassPays) ? SharedOfArrays<kOperation>(out, a, b, n) : kOperation(out, a, b, n);
+}
+template <void (*kOperation)(double*, double, const double*, std::size_t)>
+void OfNumber(double* out, double s, const double* a, std::size_t n) {
+  MayShare(n, kPassPays) ? SharedOfNumber<kOperation>(out, s, a, n) : kOperation(out, s, a, n);
 }
 }  // namespace detail
 

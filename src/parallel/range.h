@@ -17,10 +17,16 @@ namespace zeph::parallel {
 /// other has to be woken.
 constexpr std::uint64_t kPassPays = 500'000;
 
+/// Whether a further look is worth it: the work is large enough, and somebody has asked for threads. All
+/// that a small call pays is this comparison, and what follows it should be a call of its own.
+inline bool MayShare(std::uint64_t work, std::uint64_t floor) {
+  return work >= floor && Asked();
+}
+
 /// How many threads to use for `work`, which pays for two from `floor` on: 1 without a further look
 /// where the work is little or nobody has asked.
 inline int ThreadsFor(std::uint64_t work, std::uint64_t floor) {
-  if (work < floor || !Asked()) return 1;
+  if (!MayShare(work, floor)) return 1;
   return static_cast<int>(
       std::min<std::uint64_t>(work / (floor / 2), static_cast<std::uint64_t>(Threads())));
 }

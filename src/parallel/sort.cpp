@@ -278,7 +278,9 @@ class SharedSort {
 };
 
 template <class T>
-void SortShared(T* v, std::size_t n, int threads) {
+void SortShared(T* v, std::size_t n) {
+  const int threads = ThreadsFor(n, kSortPays);
+  if (threads == 1) return kernels::SortAscending(v, n);
   // Data in order is done in a pass or two, and begins in order.
   constexpr std::size_t kBeginning = 512;
   const bool ascends = Ascends(v, kBeginning), descends = Descends(v, kBeginning);
@@ -316,11 +318,16 @@ bool detail::OrderIsUnique(const double* v, std::size_t n, int threads) {
   return !decided();
 }
 
-void detail::Sort(double* v, std::size_t n, int threads) {
-  SortShared(v, n, threads);
+bool detail::OrderIsUnique(const double* v, std::size_t n) {
+  const int threads = ThreadsFor(n, kPassPays);
+  return threads == 1 ? kernels::OrderIsUnique(v, n) : OrderIsUnique(v, n, threads);
 }
-void detail::Sort(int* v, std::size_t n, int threads) {
-  SortShared(v, n, threads);
+
+void detail::Sort(double* v, std::size_t n) {
+  SortShared(v, n);
+}
+void detail::Sort(int* v, std::size_t n) {
+  SortShared(v, n);
 }
 
 }  // namespace zeph::parallel

@@ -16,22 +16,21 @@ constexpr std::size_t kSortPays = 100'000;
 
 namespace detail {
 bool OrderIsUnique(const double* v, std::size_t n, int threads);
-void Sort(double* v, std::size_t n, int threads);
-void Sort(int* v, std::size_t n, int threads);
+bool OrderIsUnique(const double* v, std::size_t n);
+void Sort(double* v, std::size_t n);
+void Sort(int* v, std::size_t n);
 }  // namespace detail
 
 /// kernels::OrderIsUnique, its pass shared out.
 inline bool OrderIsUnique(const double* v, std::size_t n) {
-  const int threads = ThreadsFor(n, kPassPays);
-  return threads == 1 ? kernels::OrderIsUnique(v, n) : detail::OrderIsUnique(v, n, threads);
+  return MayShare(n, kPassPays) ? detail::OrderIsUnique(v, n) : kernels::OrderIsUnique(v, n);
 }
 
 /// kernels::SortAscending. The same outcome, since there is only one; no heap, and some 32 KiB of
 /// stack where it is shared.
 template <class T>
 void SortAscending(T* v, std::size_t n) {
-  const int threads = ThreadsFor(n, kSortPays);
-  threads == 1 ? kernels::SortAscending(v, n) : detail::Sort(v, n, threads);
+  MayShare(n, kSortPays) ? detail::Sort(v, n) : kernels::SortAscending(v, n);
 }
 
 }  // namespace zeph::parallel

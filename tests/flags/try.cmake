@@ -1,5 +1,6 @@
 # Builds the parent project below WORK with COMPILER, FLAGS and OPTIONS, and runs its program and zeph-selftest:
 # no warning of the library's, the same output, the published bits, nothing that switches denormals off.
+cmake_minimum_required(VERSION 3.22)  # for its policies
 include("${CMAKE_CURRENT_LIST_DIR}/../consumers/run.cmake")
 separate_arguments(options UNIX_COMMAND "${OPTIONS}")
 set(generator Ninja)

@@ -12,7 +12,8 @@ namespace zeph::kernels {
 
 /// What vectors of three components offer in both precisions. Pointers are to the first component
 /// of the first object; objects lie `stride` bytes apart, 24 where there are wide forms, and of each
-/// at least four floats or three doubles can be read, of which three are used. `out` is one of the operands or overlaps none.
+/// at least four floats or three doubles can be read, of which three are used. `out` is one of the
+/// operands or overlaps none.
 template <class T>
 struct Vectors {
   /// The documented normalisation of the class.
@@ -32,8 +33,8 @@ struct Batch {
   Vectors<double> doubles;
   /// Vectors of three by the upper left 3 x 3 of `e`: a row's terms are added in order.
   void (*directions)(float* out, const float* v, std::size_t stride, const float* e, std::size_t n);
-  /// The same plus the fourth column, which holds the products with w already; `divide`: divided by the fourth row's sum unless that is
-  /// exactly 0 or 1.
+  /// The same plus the fourth column, which holds the products with w already; `divide`: divided by
+  /// the fourth row's sum unless that is exactly 0 or 1.
   void (*points)(float* out, const float* v, std::size_t stride, const float* e, bool divide,
                  std::size_t n);
   /// Vectors of four. `copyLast`: the last component is copied instead.

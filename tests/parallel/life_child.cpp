@@ -126,16 +126,6 @@ void Fork() {
   Say(work.Right() && ZEPH_GetThreads() == 4, "parent after");
 }
 
-/// As std::exit, but where leaks are looked for: what the threads held whom the child does not have would
-/// be leaks of it.
-[[noreturn]] void Leave(int status) {
-#ifdef ZEPH_TEST_SANITIZED
-  _exit(status);
-#else
-  std::exit(status);
-#endif
-}
-
 void ForkAtWork() {
   ZEPH_SetThreads(4);
   std::atomic<bool> stop{false}, good{true};
@@ -150,7 +140,7 @@ void ForkAtWork() {
   bool children = true;
   for (int k = 0; k < 40; ++k) {
     const pid_t child = fork();
-    if (child == 0) Leave(InChild(work, k % 2 == 1));
+    if (child == 0) std::exit(InChild(work, k % 2 == 1));
     children = ChildStatus(child) == 0 && children;
   }
   stop = true;

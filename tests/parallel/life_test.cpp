@@ -49,6 +49,9 @@ TEST(ThreadsLife, TheChildOfAForkHasOneThread) {
 }
 
 TEST(ThreadsLife, AForkDisturbsNobodyAtWork) {
+#ifdef ZEPH_TEST_SANITIZED
+  GTEST_SKIP() << "the sanitizer's allocator does not know of fork: a child may wait for another's lock";
+#endif
   ExpectAllWell("fork at work", 2);
 }
 

@@ -143,7 +143,8 @@ class SharedSort {
                   static_cast<std::size_t>(chunk));
   }
 
-  /// The value below which about as much of a sample lies as the left half of the pieces should have. Where that is one of many equals, there is a choice: all of them right, or left.
+  /// The value below which about as much of a sample lies as the left half of the pieces should
+  /// have. Where that is one of many equals, there is a choice: all of them right, or left.
   void ChoosePivot(Piece<T>& piece) {
     T sample[kSample];
     const std::size_t size = std::min(kSample, piece.n / 256);

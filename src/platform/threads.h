@@ -84,7 +84,7 @@ class Thread {
 
  private:
 #ifndef _WIN32
-  pthread_t thread_{};
+  [[maybe_unused]] pthread_t thread_{};  // WebAssembly without threads makes none
 #endif
 };
 

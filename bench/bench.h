@@ -75,6 +75,9 @@ class Row {
   /// without it is called many times between two readings of the clock.
   void Before(std::function<void(std::size_t round)> prepare) { before_ = std::move(prepare); }
 
+  /// Runs, untimed, where another contender's turn begins.
+  void Between(std::function<void()> pause) { between_ = std::move(pause); }
+
   /// What a contender left behind, compared with ours before anything is timed.
   void Result(std::function<Numbers()> result) { result_ = std::move(result); }
 
@@ -124,6 +127,7 @@ class Row {
   std::size_t n_;
   std::vector<std::shared_ptr<void>> kept_;
   std::function<void(std::size_t)> before_;
+  std::function<void()> between_;
   std::function<Numbers()> result_;
 };
 

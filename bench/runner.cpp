@@ -73,6 +73,7 @@ std::vector<double> RandomDoubles(std::size_t n, unsigned long long seed, double
 void Row::Release() {
   for (Contender& contender : contenders) contender.work = nullptr, contender.result = nullptr;
   before_ = nullptr;
+  between_ = nullptr;
   result_ = nullptr;
   kept_.clear();
 }
@@ -136,6 +137,8 @@ class Runner {
   }
 
   double Time(Contender& contender, std::size_t round, std::size_t times) {
+    if (row_.between_ && turn_ != &contender) row_.between_();
+    turn_ = &contender;
     if (row_.before_) row_.before_(round);
     const double start = Now();
     contender.work(times);
@@ -153,6 +156,7 @@ class Runner {
 
   Row& row_;
   const Plan& plan_;
+  const Contender* turn_ = nullptr;  // whose it is
 };
 
 std::vector<std::string> Labels(const std::string& filter) {

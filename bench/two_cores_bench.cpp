@@ -27,7 +27,7 @@ namespace {
 
 constexpr int kThreads = 2;
 
-/// What OpenBLAS's threads do for a while after a call would cost whoever is next.
+/// OpenBLAS's threads look out for work for a while after a call, which would cost whoever is next.
 void LetTheOthersSleep() {
   std::this_thread::sleep_for(std::chrono::milliseconds(60));
 }
@@ -40,6 +40,12 @@ struct Matrix {
     for (int i = 0; i < n; ++i)
       std::copy_n(cells.data() + std::ptrdiff_t{i} * n, n, rows.m_ppData[i]);
   }
+  Numbers Rows() const {
+    Numbers all;
+    for (int i = 0; i < rows.m_nRows; ++i)
+      all.insert(all.end(), rows.m_ppData[i], rows.m_ppData[i] + rows.m_nColumns);
+    return all;
+  }
   std::vector<double> cells;
   CZEPHMatrix rows;
 };
@@ -49,13 +55,8 @@ void Product(Row& row) {
   auto& a = row.Keep<Matrix>(n, 1);
   auto& b = row.Keep<Matrix>(n, 2);
   auto& out = row.Keep<Matrix>(n, 3);
-  row.Before([](std::size_t) { LetTheOthersSleep(); });
-  row.Result([&, n] {
-    Numbers all;
-    for (int i = 0; i < n; ++i)
-      all.insert(all.end(), out.rows.m_ppData[i], out.rows.m_ppData[i] + n);
-    return all;
-  });
+  row.Between(LetTheOthersSleep);
+  row.Result([&] { return out.Rows(); });
   // With the block of the result and the move into it, which OpenBLAS is spared.
   row.Ours([&] {
     const ZEPH_ThreadScope threads(kThreads);
@@ -85,8 +86,8 @@ void Sort(Row& row) {
     const std::size_t first = round * 7919 % input.size();
     std::rotate_copy(input.begin(), input.begin() + static_cast<std::ptrdiff_t>(first), input.end(),
                      a.data);
-    LetTheOthersSleep();
   });
+  row.Between(LetTheOthersSleep);
   row.Result([&, n] { return Values(a.data, n); });
   row.Ours([&] {
     const ZEPH_ThreadScope threads(kThreads);
@@ -104,7 +105,7 @@ void Sort(Row& row) {
 
 template <class Work>
 void Shared(Row& row, Work work) {
-  row.Before([](std::size_t) { LetTheOthersSleep(); });
+  row.Between(LetTheOthersSleep);
   row.Ours([work]() mutable {
     const ZEPH_ThreadScope threads(kThreads);
     work();
@@ -114,21 +115,23 @@ void Shared(Row& row, Work work) {
 
 void Norm(Row& row) {
   auto& m = row.Keep<Matrix>(static_cast<int>(row.n()), 4);
-  Shared(row, [&m] {
-    double norm = ZEPH_MatrixFrobNorm(m.rows.m_ppData, m.rows.m_nRows, 0);
-    bench::Keep(norm);
-  });
+  auto& norm = row.Keep<double>(0.0);
+  row.Result([&] { return Numbers{norm}; });
+  Shared(row, [&] { norm = ZEPH_MatrixFrobNorm(m.rows.m_ppData, m.rows.m_nRows, 0); });
 }
 
 void Transposition(Row& row) {
   auto& m = row.Keep<Matrix>(static_cast<int>(row.n()), 5);
   auto& to = row.Keep<Matrix>(static_cast<int>(row.n()), 6);
+  row.Result([&] { return to.Rows(); });
   Shared(row, [&] { ZEPH_MatrixTranspose(m.rows.m_nRows, m.rows.m_ppData, to.rows.m_ppData); });
 }
 
 void Sum(Row& row) {
   auto& a = row.Keep<CZEPHDoubleArray>(static_cast<int>(row.n()), 1.5);
-  auto& b = row.Keep<CZEPHDoubleArray>(static_cast<int>(row.n()), 2.5);
+  auto& b = row.Keep<CZEPHDoubleArray>(static_cast<int>(row.n()),
+                                       0.0);  // so that every call gives the same
+  row.Result([&] { return Values(a.data, row.n()); });
   Shared(row, [&] { a += b; });
 }
 

@@ -32,6 +32,8 @@
 /// `x` if it is above 0, else `x` with its sign flipped.
 ///
 /// So -0.0 gives +0.0, +0.0 gives -0.0, and a NaN comes back with its sign flipped.
+///
+///     ZEPH_MathAbs(-2.5);  // 2.5
 ZEPH_API double ZEPH_MathAbs(const double& x);
 
 /// Brings `v` into [lo, hi]: raises it to `lo` if below, then lowers it to `hi` if above.
@@ -46,6 +48,8 @@ ZEPH_API void ZEPH_MathClamp(double& v, const double& lo, const double& hi);
 /// `lo` if `v` is below it, else `hi` if `v` is above that, else `v`.
 ///
 /// With `lo > hi` a low `v` gives `lo`; ZEPH_MathClamp would leave `hi`. A NaN `v` is returned.
+///
+///     ZEPH_MathClamped(7.0, 0.0, 5.0);  // 5.0
 ZEPH_API double ZEPH_MathClamped(const double& v, const double& lo, const double& hi);
 
 // ---- Angles -------------------------------------------------------------------------------------
@@ -54,20 +58,32 @@ ZEPH_API double ZEPH_MathClamped(const double& v, const double& lo, const double
 // back is therefore not the identity.
 
 /// Turns `v` from radians into degrees, in place: v * 57.29577951308.
+///
+///     double v = 2.0;
+///     ZEPH_MathConvertToDeg(v);  // v is 114.59155902616
 ZEPH_API void ZEPH_MathConvertToDeg(double& v);
 
 /// Turns `v` from degrees into radians, in place: v * 0.01745329251994.
+///
+///     double v = 100.0;
+///     ZEPH_MathConvertToRad(v);  // v is 1.745329251994
 ZEPH_API void ZEPH_MathConvertToRad(double& v);
 
 /// `v` degrees in radians: v * 0.01745329251994.
+///
+///     ZEPH_MathDegToRad(100.0);  // 1.745329251994
 ZEPH_API double ZEPH_MathDegToRad(const double& v);
 
 /// `v` radians in degrees: v * 57.29577951308.
+///
+///     ZEPH_MathRadToDeg(2.0);  // 114.59155902616
 ZEPH_API double ZEPH_MathRadToDeg(const double& v);
 
 // ---- Whole numbers ------------------------------------------------------------------------------
 
 /// The last decimal digit of `n`, with the sign of `n`: 123 gives 3, -123 gives -3.
+///
+///     ZEPH_MathGetRightMostDigit(-123);  // -3
 ZEPH_API int ZEPH_MathGetRightMostDigit(int n);
 
 /// Division of `a` by `b`: the quotient truncated toward zero, the remainder with the sign of `a`.
@@ -96,6 +112,9 @@ ZEPH_API double ZEPH_MathRoundOff(double value, int places);
 ///
 /// A negative whole number goes one down: -2.0 gives -3. Outside int, and for NaN, the result is
 /// the most negative int.
+///
+///     ZEPH_RoundOffToInt(2.5);   // 3
+///     ZEPH_RoundOffToInt(-2.0);  // -3
 ZEPH_API int ZEPH_RoundOffToInt(double x);
 
 // ---- Powers of ten ------------------------------------------------------------------------------
@@ -118,6 +137,8 @@ ZEPH_API int ZEPH_MathGetScientificNotationBase(double value, char digits);
 
 /// The mantissa of `value` for an exponent: value / 10^exponent, or value / (1 / 10^|exponent|)
 /// where it is negative.
+///
+///     ZEPH_MathGetScientificNotationValue(12345.0, 3);  // 12.345
 ZEPH_API double ZEPH_MathGetScientificNotationValue(double value, int exponent);
 
 /// The split of `value` as text, such as "12.346xE3"; also sets `exponent` and `mantissa`.
@@ -140,6 +161,9 @@ ZEPH_API CString ZEPH_MathToScientificNotation(double value, int& exponent, doub
 // every system. Until a seed is set, sequences repeat from run to run.
 
 /// Seeds the generator with the current time in seconds; twice in a second gives the same sequence.
+///
+///     ZEPH_MathRandomInit();
+///     const int die = 1 + ZEPH_MathRandom(6);  // 1 to 6
 ZEPH_API void ZEPH_MathRandomInit();
 
 /// A draw in 0..n-1 (the remainder of a raw draw by `n`); a raw draw, 0..32767, where `n <= 0`.
@@ -147,6 +171,9 @@ ZEPH_API int ZEPH_MathRandom(int n);
 
 /// A draw between `lo` and `hi`, in either order: draw * (hi - lo) / 32767.0 + lo. The draw 0 gives
 /// `lo` itself; 32767 gives `hi` as far as the three roundings of the formula do.
+///
+///     const double x = ZEPH_MathRandom(-1.0, 1.0);
+///     x >= -1.0 && x <= 1.0;  // 1
 ZEPH_API double ZEPH_MathRandom(double lo, double hi);
 
 // ---- Without effect -----------------------------------------------------------------------------
@@ -155,6 +182,9 @@ ZEPH_API double ZEPH_MathRandom(double lo, double hi);
 ///
 /// Splits `value` with the C runtime's `frexp` into its own copy of `exponent` and drops the rest.
 /// `ignored` is not read. For the exponent of a value call `frexp` itself.
+///
+///     double v = 8.0;
+///     ZEPH_MathGetExponent(v, 0.0, 0);  // v is 8.0
 ZEPH_API void ZEPH_MathGetExponent(double& value, double ignored, int exponent);
 
 // ---- Permutations -------------------------------------------------------------------------------
@@ -176,7 +206,10 @@ ZEPH_API void ZEPH_MathGetExponent(double& value, double ignored, int exponent);
 /// blocks of the text appended. (n - k)! lines are written; 10! characters take about 80 MB.
 ///
 ///     char word[] = {'a', 'b', 'c'};
-///     CZEPHPermutation::Run(word, 0, 3, stdout);  // "a b c \na c b \nb a c \n..."
+///     CZEPHPermutation::Run(word, 0, 3, stdout);  // prints "a b c \na c b \nb a c \n..."
+///     CString lines;
+///     CZEPHPermutation::Run(word, 0, 2, lines);   // the letters run together
+///     lines.GetString();                          // "ab \nba \n"
 class ZEPH_API CZEPHPermutation {
  public:
   CZEPHPermutation();
@@ -184,6 +217,9 @@ class ZEPH_API CZEPHPermutation {
   CZEPHPermutation(const CZEPHPermutation& other);
   virtual ~CZEPHPermutation();
   /// Copies nothing.
+  ///
+  ///     CZEPHPermutation one, other;
+  ///     other = one;  // nothing to see
   CZEPHPermutation& operator=(const CZEPHPermutation& other);
 
   /// Writes each ordering as its characters, a blank after every one, and a line feed.
@@ -201,6 +237,8 @@ class ZEPH_API CZEPHPermutation {
   /// Writes a demonstration of all four forms to `f`; 1, or 0 and nothing when `f` is null.
   ///
   /// The closing banner stands before the integer part, on purpose.
+  ///
+  ///     CZEPHPermutation::Test1(stdout);  // prints "\n@@@( CZEPHPermutation::Test1()..."
   static int Test1(FILE* f);
 };
 
@@ -210,6 +248,11 @@ class ZEPH_API CZEPHPermutation {
 ///
 /// All of them return an index, -1 for a miss, and -1000 for a null array (and, where there is a
 /// count, for one below 1). Nothing is allocated.
+///
+///     int a[] = {2, 3, 5, 7};
+///     CZEPHIntegralSearch::BinarySearch(a, 4, 5);  // 2
+///     CZEPHIntegralSearch search, other(search);
+///     other = search;  // objects hold nothing
 class ZEPH_API CZEPHIntegralSearch {
  public:
   CZEPHIntegralSearch();
@@ -254,10 +297,17 @@ class ZEPH_API CZEPHIntegralSearch {
   /// Writes a demonstration to `f`, with timings by CZEPHDSTimer; 1, or 0 when `f` is null.
   ///
   /// The times (columns RunTime and Total, in milliseconds) are the machine's, the rest is fixed.
+  ///
+  ///     CZEPHIntegralSearch::Test1(stdout);  // prints "\n@@@( CZEPHIntegralSearch::Test1()..."
   static int Test1(FILE* f);
 
  protected:
   /// '>', '=' or '<', as `x` is above, equal to or below `y`.
+  ///
+  ///     struct Search : CZEPHIntegralSearch {
+  ///       static char Of(int x, int y) { return Compare(x, y); }
+  ///     };
+  ///     Search::Of(1, 2);  // "<"
   static char Compare(int x, int y);
 };
 
@@ -267,6 +317,11 @@ class ZEPH_API CZEPHIntegralSearch {
 /// least values from position i on into position i, also where it stands there already. Ints take
 /// n log n time. Doubles, whose exchange changes values, look at 128 elements a pass, or at n / 256
 /// where that is more. Neither asks for memory.
+///
+///     int a[] = {3, 1, 2};
+///     CZEPHSelectionSort::Run(a, 3);  // a is (1, 2, 3)
+///     CZEPHSelectionSort silent(nullptr), other(silent);
+///     other = silent;  // objects hold nothing
 class ZEPH_API CZEPHSelectionSort {
  public:
   /// Writes "@@@( Selection Sorting Algorithm...by CZEPHSelectionSort\n" to `f` unless it is null.
@@ -295,12 +350,19 @@ class ZEPH_API CZEPHSelectionSort {
   /// 1, or 0 (and nothing written) when `f` is null. Allocates one block at a time; exhaustion, and
   /// a negative `n`, pass to the caller as what the allocation operator throws, behind the text
   /// written so far.
+  ///
+  ///     CZEPHSelectionSort::Test1(10, stdout);  // prints "\n@@@( CZEPHSelectionSort::Test1()..."
   static int Test1(int n, FILE* f);
 };
 
 // ---- Sort tester --------------------------------------------------------------------------------
 
 /// Fills blocks at random and runs a sorting demonstration chosen by number.
+///
+///     double values[100];
+///     CZEPHSortTester::Randomize(values, 100, 1);  // 1: -999.9 to 999.9
+///     CZEPHSortTester tester, other(tester);  // objects hold nothing
+///     tester.Run(CZEPHSortTester::SORT_METHOD_TYPE(1), 5, stdout);  // 1, and says "undefined"
 class ZEPH_API CZEPHSortTester {
  public:
   /// The methods there are. Any other number is reported as undefined.
@@ -345,6 +407,11 @@ class ZEPH_API CZEPHSortTester {
 ///     watch.Start();
 ///     Work();
 ///     std::printf("%ld ms\n", watch.Stop());
+///     watch.GetProcessTime();    // the same reading, if it is 1 ms or more
+///     CZEPHDSTimer other(watch), third;
+///     third = other;             // copies hold the reading
+///     third.Begin();             // other names of Start
+///     third.End();               // and Stop
 class ZEPH_API CZEPHDSTimer {
  public:
   /// A watch never started: `elapsed` is -1000, the records are not set.
@@ -372,6 +439,8 @@ class ZEPH_API CZEPHDSTimer {
 
   /// Writes a report to `f`: the reading around a sleep of `ms` milliseconds; 1, or 0 (and no
   /// sleep) when `f` is null. A negative `ms` sleeps as long as its low 32 bits without sign say.
+  ///
+  ///     CZEPHDSTimer::Test1(5, stdout);  // prints "@@@( CZEPHDSTimer::Test1()...BEGIN\n..."
   static int Test1(long ms, FILE* f);
 
   ZEPH_TimeOfDay start;  ///< taken by Start
@@ -387,12 +456,19 @@ class ZEPH_API CZEPHDSTimer {
 /// library's own, which only the library's functions draw from and seed, and a seed gives the same
 /// numbers on every system: the linear congruence that the C standard shows as an example, 15 bits of
 /// 32, from seed 1.
+///
+///     ZEPH_MathRandomSeed(7);
+///     const int first = ZEPH_MathRandom(1000);
+///     ZEPH_MathRandomSeed(7);
+///     ZEPH_MathRandom(1000) == first;  // 1
 ZEPH_API void ZEPH_MathRandomSeed(unsigned seed);
 
 /// 1 if the loaded library was built with ZEPH_PORTABLE_MATH, else 0.
 ///
 /// With that option sine, cosine, tangent, decimal logarithm, random numbers and the texts of numbers
 /// are the library's own, the same on every system, instead of the C runtime's.
+///
+///     ZEPH_MathIsPortable() == int(ZEPH_PortableMath);  // 1: the library is the one compiled for
 ZEPH_API int ZEPH_MathIsPortable();
 
 /// The same as the package says that this program was compiled with.

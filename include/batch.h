@@ -46,19 +46,44 @@
 ///
 /// That is the product with (x, y, z, 1), divided by its w unless this is exactly 0 or 1; an affine
 /// matrix leaves w at 1 and never divides.
+///
+///     CZEPHMatrix4x4 m;
+///     m.SetTranslation(CZEPHVector3D(0, 0, 5));
+///     CZEPHVector3D v[2] = {CZEPHVector3D(1, 2, 3), CZEPHVector3D(4, 5, 6)};
+///     ZEPH_BatchTransformPoints(m, v, v, 2);
+///     v[1];  // (4, 5, 11)
 ZEPH_API void ZEPH_BatchTransformPoints(const CZEPHMatrix4x4& m, const CZEPHVector3D* points,
                                         CZEPHVector3D* out, int n);
 
 /// Directions: out[i] = m.GetRotatedVector3D(directions[i]). The translation has no part in it.
+///
+///     CZEPHMatrix4x4 m;
+///     m.SetUniformScale(2);
+///     const CZEPHVector3D v[2] = {CZEPHVector3D(1, 2, 3), CZEPHVector3D(4, 5, 6)};
+///     CZEPHVector3D out[2];
+///     ZEPH_BatchTransformDirections(m, v, out, 2);
+///     out[1];  // (8, 10, 12)
 ZEPH_API void ZEPH_BatchTransformDirections(const CZEPHMatrix4x4& m,
                                             const CZEPHVector3D* directions, CZEPHVector3D* out,
                                             int n);
 
 /// Homogeneous vectors: out[i] = m * vectors[i]. An affine matrix copies w.
+///
+///     CZEPHMatrix4x4 m;
+///     m.SetTranslation(CZEPHVector3D(0, 0, 5));
+///     CZEPHVector4D v[] = {CZEPHVector4D(1, 2, 3, 0), CZEPHVector4D(1, 2, 3, 1)};
+///     ZEPH_BatchTransformVectors(m, v, v, 2);
+///     v[0];  // (1, 2, 3, 0)
+///     v[1];  // (1, 2, 8, 1)
 ZEPH_API void ZEPH_BatchTransformVectors(const CZEPHMatrix4x4& m, const CZEPHVector4D* vectors,
                                          CZEPHVector4D* out, int n);
 
 /// Products: out[i] = m * matrices[i]; in place this puts `m` in front of each of them.
+///
+///     CZEPHMatrix4x4 m, all[3];
+///     m.SetUniformScale(2);
+///     ZEPH_BatchMultiply(m, all, all, 3);
+///     all[2] == m;  // 1
 ZEPH_API void ZEPH_BatchMultiply(const CZEPHMatrix4x4& m, const CZEPHMatrix4x4* matrices,
                                  CZEPHMatrix4x4* out, int n);
 ZEPH_API void ZEPH_BatchMultiply(const CZEPHMatrix4& m, const CZEPHMatrix4* matrices,
@@ -68,23 +93,41 @@ ZEPH_API void ZEPH_BatchMultiply(const CZEPHMatrix4& m, const CZEPHMatrix4* matr
 
 /// Rotations by `angle` degrees: out[i] = vectors[i].GetRotatedAxis(angle, axis). Sine and cosine
 /// are taken once. An angle of exactly 0 gives exact copies.
+///
+///     CZEPHVector3D v[] = {CZEPHVector3D(1, 0, 0), CZEPHVector3D(0, 0, 2)};
+///     ZEPH_BatchRotateAxis(180, CZEPHVector3D(0, 0, 1), v, v, 2);
+///     v[1];  // (0, 0, 2)
 ZEPH_API void ZEPH_BatchRotateAxis(double angle, const CZEPHVector3D& axis,
                                    const CZEPHVector3D* vectors, CZEPHVector3D* out, int n);
 
 // --- of vectors ----------------------------------------------------------------------------------
 
 /// out[i] = vectors[i].GetNormalized(): lengths of exactly 0 and 1 leave a vector alone.
+///
+///     CZEPHVector3D v[] = {CZEPHVector3D(0, 0, -2), CZEPHVector3D()};
+///     ZEPH_BatchNormalize(v, v, 2);
+///     v[0];  // (0, 0, -1)
+///     v[1];  // (0, 0, 0)
 ZEPH_API void ZEPH_BatchNormalize(const CZEPHVector3D* vectors, CZEPHVector3D* out, int n);
 /// out[i] = vectors[i].Normalized(): the null vector becomes three NaN.
 ZEPH_API void ZEPH_BatchNormalize(const CZEPHVector3* vectors, CZEPHVector3* out, int n);
 
 /// out[i] = a[i].DotProduct(b[i]). `out` overlaps neither array.
+///
+///     const CZEPHVector3D a[] = {CZEPHVector3D(1, 2, 3), CZEPHVector3D(1, 0, 0)};
+///     float out[2];
+///     ZEPH_BatchDot(a, a, out, 2);  // out is (14, 1)
 ZEPH_API void ZEPH_BatchDot(const CZEPHVector3D* a, const CZEPHVector3D* b, float* out, int n);
 /// out[i] = a[i] * b[i]. `out` overlaps neither array.
 ZEPH_API void ZEPH_BatchDot(const CZEPHVector3* a, const CZEPHVector3* b, double* out, int n);
 
 /// out[i] = a[i].CrossProduct(b[i]). `a` and `b` may overlap as they like; `out` may be one of
 /// them.
+///
+///     const CZEPHVector3D x[] = {CZEPHVector3D(1, 0, 0)}, y[] = {CZEPHVector3D(0, 1, 0)};
+///     CZEPHVector3D out[1];
+///     ZEPH_BatchCross(x, y, out, 1);
+///     out[0];  // (0, 0, 1)
 ZEPH_API void ZEPH_BatchCross(const CZEPHVector3D* a, const CZEPHVector3D* b, CZEPHVector3D* out,
                               int n);
 /// out[i] = a[i] ^ b[i]. `a` and `b` may overlap as they like; `out` may be one of them.

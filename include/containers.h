@@ -21,6 +21,11 @@
 // --- linked lists ------------------------------------------------------------------------------
 
 /// A node of CZEPHLinkList: a value and the next node. Exported for `double`.
+///
+///     CZEPHLink<double> node(2.5), copy(node), other(0.0);
+///     other = node;
+///     other.m_value;             // 2.5
+///     other.m_pNext == nullptr;  // 1
 template <class T>
 class ZEPH_API CZEPHLink {
  public:
@@ -83,6 +88,15 @@ class ZEPH_API CZEPHLinkList {
   /// null entries are passed over. Costs O(count log count) and one walk through the list (one for
   /// every NaN among the values, if there are any), against O(count^2) for single insertions.
   /// Method: insertion sort through a list, computed by merging.
+  ///
+  ///     CZEPHLink<double>* nodes[] = {new CZEPHLink<double>(3.0), new CZEPHLink<double>(1.0)};
+  ///     CZEPHLinkList<double> list, shared;
+  ///     list.Sorting(nodes, 2);
+  ///     list.m_pHead->m_value;   // 1.0
+  ///     shared = list;           // one chain: only one of the two may release it
+  ///     shared.m_pHead = nullptr;
+  ///     list.RemoveAll();
+  ///     list.GetFirstLink() == nullptr;  // 1
   void Sorting(CZEPHLink<T>** links, int count);
 
   /// Detaches the first node and hands it to the caller; null when the list is empty.
@@ -102,6 +116,10 @@ extern template class CZEPHLinkList<double>;
 #endif
 
 /// A node of CZEPHSortedLinkList: a key and the next node.
+///
+///     CZEPHLinkData node(7), other(0);
+///     other = node;
+///     other.DisplayLink();  // prints "7 "
 class ZEPH_API CZEPHLinkData {
  public:
   /// Sets the key; `m_pNext` is null until the node is inserted.
@@ -148,6 +166,15 @@ class ZEPH_API CZEPHSortedLinkList {
   /// Unlinks the first node with this key; without one, does nothing.
   ///
   /// The node is not released and its own `m_pNext` is left as it was.
+  ///
+  ///     CZEPHLinkData one(1), two(2);
+  ///     CZEPHSortedLinkList list, shared;
+  ///     list.Insert(&two);
+  ///     list.Insert(&one);
+  ///     shared = list;        // one chain, two heads
+  ///     list.Remove(1);
+  ///     list.m_pHead->m_nKey;    // 2
+  ///     shared.m_pHead->m_nKey;  // 1
   void Remove(int key);
 
   /// Writes "List (first-->last): ", every key followed by a blank, and a flushed line end to the
@@ -186,6 +213,10 @@ class ZEPH_API CZEPHStack {
   /// Does nothing: nodes that are left stay allocated.
   ~CZEPHStack();
   /// Shares the chain of `other`; the nodes that were held are not released.
+  ///
+  ///     CZEPHStack stack, shared;
+  ///     shared = stack;
+  ///     shared.Pop() == nullptr;  // 1
   CZEPHStack& operator=(const CZEPHStack& other);
 
   /// Puts `p` on top. A null can be pushed, but Pop and Peek return null for an empty stack too.
@@ -208,6 +239,14 @@ class ZEPH_API CZEPHStack {
 ///
 /// Two of them that share a chain (by copying or assignment) would both release its top node: empty
 /// one, or set its `m_pTop` to null, before it dies.
+///
+///     int x = 1;
+///     CZEPHPointerStack stack, shared;
+///     stack.Push(&x);
+///     stack.Peek() == &x;   // 1
+///     shared = stack;       // one chain, two tops
+///     shared.Pop() == &x;   // 1
+///     stack.m_pTop = nullptr;
 class ZEPH_API CZEPHPointerStack {
  public:
   /// An empty stack.
@@ -238,6 +277,8 @@ class ZEPH_API CZEPHPointerStack {
   ///     Pop:#ITEM0
   ///     (empty line)
   ///     @@@( CZEPHPointerStack::Test1()...END
+  ///
+  ///     CZEPHPointerStack::Test1(2, stdout); // prints "\n@@@( CZEPHPointerStack::Test1()...BEGIN\n..."
   static int Test1(int count, FILE* stream);
 
   ZEPH_StackNode* m_pTop;  ///< The top node, or null when the stack is empty.
@@ -381,6 +422,8 @@ class ZEPH_API CZEPHSortableObList : public CObList {
 ///     CZEPHUIntArray values;
 ///     values.SetGrowthSize(64);
 ///     values.SetSize(10);  // room for 64, and for 64 more whenever it grows
+///     values.m_nGrowthSize;      // 64
+///     values.GetSize();          // 10
 class ZEPH_API CZEPHUIntArray : public CUIntArray {
  public:
   /// An empty array with growth size -1.
@@ -397,6 +440,11 @@ class ZEPH_API CZEPHUIntArray : public CUIntArray {
 };
 
 /// An array of unsigned 16-bit values; otherwise as CZEPHUIntArray.
+///
+///     CZEPHWordArray values;
+///     values.SetGrowthSize(64);
+///     values.SetSize(10);
+///     values.GetSize();  // 10
 class ZEPH_API CZEPHWordArray : public CWordArray {
  public:
   /// An empty array with growth size -1.

@@ -33,10 +33,10 @@
 ///
 ///     double v[] = {9, 7, 8};
 ///     CZEPHDoubleArray a(3, v);
-///     a.QuickSort(3);               // 7 8 9
+///     a.QuickSort(3);               // a is (7, 8, 9)
 ///     int at;
 ///     a.BinarySearch(8, at);        // 1, at == 1
-///     CZEPHDoubleArray b = 2 * a;   // 14 16 18
+///     CZEPHDoubleArray b = 2 * a;   // (14, 16, 18)
 class ZEPH_API CZEPHDoubleArray {
  public:
   // --- storage ---
@@ -65,6 +65,11 @@ class ZEPH_API CZEPHDoubleArray {
   /// With `keep` non-zero the first min(size, n) elements stay; all others are unspecified. Always
   /// moves to a new block; `sorted` stays as it is. When memory runs out the allocation operator's
   /// exception passes to the caller and the array is unchanged.
+  ///
+  ///     CZEPHDoubleArray a(2, 1.5);
+  ///     a.Resize(4, 1);
+  ///     a[2] = a[3] = 0.0;
+  ///     a;              // (1.5, 1.5, 0, 0)
   void Resize(int n, int keep);
 
   /// Copies the elements of `other` into this array and returns it; `sorted` stays as it is, except
@@ -73,9 +78,17 @@ class ZEPH_API CZEPHDoubleArray {
   /// Self-assignment does nothing. An array without storage or with `size` 0 allocates first (a
   /// block held with `size` 0 is not released; when memory runs out nothing is copied). Otherwise
   /// the sizes must agree: fatal, "Bad vector sizes:CZEPHDoubleArray::operator=()".
+  ///
+  ///     CZEPHDoubleArray a(2, 1.5), b;
+  ///     b = a;
+  ///     b;  // (1.5, 1.5)
   CZEPHDoubleArray& operator=(const CZEPHDoubleArray& other);
 
   /// Prints "@@@@( Error: ", `message` and a line feed on `os` and ends the process with status 1.
+  ///
+  ///     char message[] = "too many numbers";
+  ///     CZEPHDoubleArray a(3, 0.0);
+  ///     if (a.GetSize() > 1000) CZEPHDoubleArray::ErrorMessage(message, std::cerr);
   [[noreturn]] static void ErrorMessage(char* message, std::ostream& os);
 
   // --- access ---
@@ -101,18 +114,33 @@ class ZEPH_API CZEPHDoubleArray {
 
   /// 1 when there is storage and 0 <= i <= size (one past the end passes); otherwise fatal,
   /// "Vector check bound error!\n".
+  ///
+  ///     CZEPHDoubleArray a(3, 2.5);
+  ///     a.CheckBound(3);  // 1: one past the end passes
+  ///     a.GetEntry(2);    // 2.5
   int CheckBound(int i);
 
   /// Sets every element to `v`; takes no index despite its name.
+  ///
+  ///     CZEPHDoubleArray a(3, 0.0);
+  ///     a.SetEntry(2.5);  // a is (2.5, 2.5, 2.5)
+  ///     a.Reset(0.5);     // a is (0.5, 0.5, 0.5)
   void SetEntry(double v);
 
   /// The same as SetEntry.
   void Reset(double v);
 
   /// The storage; null when there is none.
+  ///
+  ///     CZEPHDoubleArray a(3, 2.5);
+  ///     a.GetData();  // (2.5, 2.5, 2.5)
   ZEPH_EMIT double* GetData() const { return data; }
 
   /// The number of elements.
+  ///
+  ///     CZEPHDoubleArray a(3, 2.5);
+  ///     a.GetSize();  // 3
+  ///     a.Size();     // 3
   ZEPH_EMIT int GetSize() const { return size; }
   /// The number of elements.
   ZEPH_EMIT int Size() const { return size; }
@@ -121,6 +149,10 @@ class ZEPH_API CZEPHDoubleArray {
 
   /// Adds `other`, element by element. Different sizes are fatal: "bad vector sizes". `sorted`
   /// stays as it is.
+  ///
+  ///     CZEPHDoubleArray a(2, 1.0), b(2, 0.25);
+  ///     a += b;  // a is (1.25, 1.25)
+  ///     a -= b;  // a is (1, 1)
   CZEPHDoubleArray& operator+=(const CZEPHDoubleArray& other);
 
   /// Subtracts `other`, element by element. Different sizes are fatal: "bad vtor sizes". `sorted`
@@ -131,12 +163,19 @@ class ZEPH_API CZEPHDoubleArray {
 
   /// Writes each element and one blank; behind elements 10, 20, 30, ... (counted from 0) a line end
   /// with flush, so the first line holds eleven elements and each later one ten. No final line end.
+  ///
+  ///     CZEPHDoubleArray a(3, 0.5);
+  ///     a.Display(std::cout);  // prints "0.5 0.5 0.5 "
   void Display(std::ostream& os);
 
   /// Appends "{ ", each element by "%lf  " with "\r\n" behind elements 10, 20, 30, ..., and
   /// "}\r\n".
   ///
   /// Only appends. The decimal point is that of the C locale in force.
+  ///
+  ///     CString out;
+  ///     CZEPHDoubleArray(2, 0.5).Display(out);
+  ///     out.GetString();  // "{ 0.500000  0.500000  }\r\n"
   void Display(CString& out);
 
   /// The same for the elements `from` to `to`, both included and unchecked; the line ends follow
@@ -144,6 +183,9 @@ class ZEPH_API CZEPHDoubleArray {
   void Display(CString& out, int from, int to);
 
   /// Does nothing.
+  ///
+  ///     CZEPHDoubleArray a;
+  ///     a.Trace("here");  // prints ""
   void Trace(CString text);
 
   // --- sorts ---
@@ -159,6 +201,10 @@ class ZEPH_API CZEPHDoubleArray {
   /// same. Stable: zeros of both signs keep their order. A NaN stays in its place and parts the
   /// array: the elements between two NaNs are sorted among themselves. Costs O(n log n), the result
   /// that of the O(n^2) exchanges.
+  ///
+  ///     double v[] = {3, 2, 1};
+  ///     CZEPHDoubleArray a(3, v);
+  ///     a.BubbleSort();  // a is (2, 1, 3)
   void BubbleSort();
 
   /// Insertion sort of the whole array; sets `sorted` to 1.
@@ -166,10 +212,18 @@ class ZEPH_API CZEPHDoubleArray {
   /// A key moves in front of equal keys before it: zeros of both signs end in reverse order. A NaN
   /// stays in its place and parts the array: the elements between two NaNs are sorted among
   /// themselves. Costs O(n log n), the result that of insertion one by one.
+  ///
+  ///     double v[] = {3, 2, 1};
+  ///     CZEPHDoubleArray a(3, v);
+  ///     a.InsertionSort();  // a is (1, 2, 3)
   void InsertionSort();
 
   /// The same for the elements `left` to `right`, both included and unchecked; leaves `sorted` and
   /// all other elements alone. `left` >= `right` does nothing.
+  ///
+  ///     double v[] = {4, 3, 2, 1};
+  ///     CZEPHDoubleArray a(4, v);
+  ///     a.InsertionSort(1, 2);  // a is (4, 2, 3, 1)
   void InsertionSort(int left, int right);
 
   /// Insertion sort through a linked list (CZEPHLinkList); sets `sorted` to 1.
@@ -177,6 +231,10 @@ class ZEPH_API CZEPHDoubleArray {
   /// Each value goes in front of the first one that it is not above: zeros of both signs end in
   /// reverse order, and a NaN goes to the front, where it keeps all later values before it. Costs
   /// O(n log n), the result that of insertion one by one; needs no nodes and leaves none behind.
+  ///
+  ///     double v[] = {3, 2, 1};
+  ///     CZEPHDoubleArray a(3, v);
+  ///     a.ListInsertSort();  // a is (1, 2, 3)
   void ListInsertSort();
 
   /// Shell sort with the gaps n/2, n/4, ..., 1; sets `sorted` to 1.
@@ -185,6 +243,10 @@ class ZEPH_API CZEPHDoubleArray {
   /// to nine times as long as random data without (see docs/sorts.md). With zeros of both signs it
   /// borrows up to 6 n bytes, with NaN 8 n, from std::malloc, and releases them; if there are none it
   /// walks, at worst O(n^2), to the same result.
+  ///
+  ///     double v[] = {3, 2, 1};
+  ///     CZEPHDoubleArray a(3, v);
+  ///     a.ShellSort();  // a is (1, 2, 3)
   void ShellSort();
 
   /// Quicksort by median of three, pieces of up to `cutoff` elements finished by another sort; sets
@@ -202,32 +264,65 @@ class ZEPH_API CZEPHDoubleArray {
   /// log2(n). The result is that of the exchanges, which shows with NaN and with zeros of both signs.
   /// Such data in an order made to be slow, of more than 16,384 elements, borrow 1/28 of their bytes
   /// from std::malloc; without them partitions look at up to n / 256 elements for each one moved.
+  ///
+  ///     double v[] = {9, 3, 7, 1, 0};
+  ///     CZEPHDoubleArray a(5, v);
+  ///     a.recQuickSort(1, 3, 10);  // a is (9, 1, 3, 7, 0)
   void recQuickSort(int left, int right, int cutoff);
 
   /// Puts elements `left`, (left + right) / 2 and `right` in ascending order, exchanges the middle
   /// one with element `right` - 1 and returns it.
+  ///
+  ///     double v[] = {9, 3, 5, 7, 1};
+  ///     CZEPHDoubleArray a(5, v);
+  ///     a.MedianOf3(0, 4);  // 5
+  ///     a;                  // (1, 3, 7, 5, 9)
   double MedianOf3(int left, int right);
 
   /// Parts the elements `left` to `right` around `pivot` (any value; at most the range is read) and
   /// returns the first index of the part that is not below it. Hoare's partition with limits.
+  ///
+  ///     double v[] = {9, 3, 5, 7, 1};
+  ///     CZEPHDoubleArray a(5, v);
+  ///     a.Partition(0, 4, 4.0);  // 2: 1 and 3 are below 4
   int Partition(int left, int right, double pivot);
 
   /// Parts a piece laid out by MedianOf3, with `pivot` at `right` - 1, puts the pivot in its final
   /// place and returns that index.
   ///
   /// Its scans have no limits: they rely on element `left` <= pivot and element `right` - 1.
+  ///
+  ///     double v[] = {9, 3, 5, 7, 1};
+  ///     CZEPHDoubleArray a(5, v);
+  ///     const double pivot = a.MedianOf3(0, 4);
+  ///     a.QuickPartition(0, 4, pivot);  // 2
+  ///     a;                              // (1, 3, 5, 7, 9)
   int QuickPartition(int left, int right, double pivot);
 
   /// Sorts a piece of up to three elements by compare and exchange; of a longer one only elements
   /// `left`, `right` - 1 and `right` are looked at.
+  ///
+  ///     double v[] = {9, 3, 5};
+  ///     CZEPHDoubleArray a(3, v);
+  ///     a.ManualSort(0, 2);  // a is (3, 5, 9)
   void ManualSort(int left, int right);
 
   /// Exchanges elements `i` and `j`, unchecked.
+  ///
+  ///     double v[] = {9, 3, 5};
+  ///     CZEPHDoubleArray a(3, v);
+  ///     a.Swap(0, 2);  // a is (5, 3, 9)
   void Swap(int i, int j);
 
   /// Sets `sorted` to whether the array is in ascending order, and returns it.
   ///
   /// A descent at the very last pair still counts as sorted: 1 2 4 3 gives 1. A NaN is no descent.
+  ///
+  ///     double v[] = {1, 2, 4, 3};
+  ///     CZEPHDoubleArray a(4, v);
+  ///     a.CheckSorted();  // 1
+  ///     a.Swap(0, 1);
+  ///     a.CheckSorted();  // 0
   int CheckSorted();
 
   // --- searches ---
@@ -235,6 +330,11 @@ class ZEPH_API CZEPHDoubleArray {
   /// Index of the first element equal to `x`, scanning from 0, or -1 when none is.
   ///
   /// Equality is `==`: 0.0 finds -0.0, and a NaN finds nothing. Changes nothing.
+  ///
+  ///     double v[] = {9, 3, 5};
+  ///     CZEPHDoubleArray a(3, v);
+  ///     a.Find(3);  // 1
+  ///     a.Find(4);  // -1
   int Find(double x);
 
   /// 1 and the index of an element equal to `x`; 0 when none is.
@@ -247,6 +347,11 @@ class ZEPH_API CZEPHDoubleArray {
   /// Removes the first element equal to `x`: 1, or 0 when none is.
   ///
   /// Later elements move down by one, `size` drops by 1, the block stays; `sorted` stays as it is.
+  ///
+  ///     double v[] = {9, 3, 5};
+  ///     CZEPHDoubleArray a(3, v);
+  ///     a.Remove(3);  // 1
+  ///     a;            // (9, 5)
   int Remove(double x);
 
   /// Merges the ascending blocks `a` (`na` values) and `b` (`nb` values) into `out`, which holds
@@ -254,25 +359,42 @@ class ZEPH_API CZEPHDoubleArray {
   ///
   /// Where `out` overlaps a block, it holds what taking and writing one value at a time, front to
   /// back, leaves; otherwise the order of the writes is not defined. Nothing is checked.
+  ///
+  ///     double a[] = {1, 5}, b[] = {2, 3, 9}, out[5];
+  ///     CZEPHDoubleArray().MergeSortedArray(a, 2, b, 3, out);
+  ///     out;  // (1, 2, 3, 5, 9)
   void MergeSortedArray(double* const a, int na, double* const b, int nb, double* const out);
 
   // --- norms and random fill ---
 
   /// The sum of absolute values, added in index order; 0.0 when empty.
+  ///
+  ///     double v[] = {3, -4};
+  ///     CZEPHDoubleArray(2, v).OneNorm();  // 7
   double OneNorm() const;
 
   /// The square root of the sum of squares, added in index order without scaling; 0.0 when empty.
+  ///
+  ///     double v[] = {3, -4};
+  ///     CZEPHDoubleArray(2, v).TwoNorm();  // 5
   double TwoNorm() const;
 
   /// The largest absolute value; 0.0 when empty.
   ///
   /// A NaN in element 0 is the result; NaNs elsewhere are passed over.
+  ///
+  ///     double v[] = {3, -4};
+  ///     CZEPHDoubleArray(2, v).MaxNorm();  // 4
   double MaxNorm() const;
 
   /// Fills the array with pseudo-random whole numbers from 0 to 998; sets `sorted` to 0.
   ///
   /// Seeds the C runtime's generator (with ZEPH_PORTABLE_MATH the library's), which the whole process
   /// shares, with the time in seconds on every call: two calls within a second give the same numbers.
+  ///
+  ///     CZEPHDoubleArray a(100, 0.0);
+  ///     a.Random();
+  ///     a.MaxNorm() <= 998;  // 1
   void Random();
 
   int sorted;    ///< 1 when the elements are known to be in ascending order. BinarySearch reads it.
@@ -287,6 +409,13 @@ class ZEPH_API CZEPHDoubleArray {
   int AllocMemory(int n);
 
   /// Releases the storage and sets `data` to null; `size` stays as it is.
+  ///
+  ///     struct Pool : CZEPHDoubleArray {
+  ///       int Renew(int n) { return FreeMemory(), AllocMemory(n); }
+  ///     };
+  ///     Pool pool;
+  ///     pool.Renew(7);   // 1
+  ///     pool.GetSize();  // 7
   void FreeMemory();
 
   // --- additions ---
@@ -322,33 +451,55 @@ class ZEPH_API CZEPHDoubleArray {
 // When memory for the result runs out, it has its size and no storage.
 
 /// The sums `a[i] + b[i]`. Different sizes are fatal: "bad vector sizes".
+///
+///     const CZEPHDoubleArray a(2, 1.0), b(2, 0.25);
+///     a + b;  // (1.25, 1.25)
 ZEPH_API CZEPHDoubleArray operator+(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b);
 /// The differences `a[i] - b[i]`. Different sizes are fatal: "bad vtor sizes".
+///
+///     const CZEPHDoubleArray a(2, 1.0), b(2, 0.25);
+///     a - b;  // (0.75, 0.75)
 ZEPH_API CZEPHDoubleArray operator-(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b);
 /// A copy of `a`.
 ZEPH_API CZEPHDoubleArray operator+(const CZEPHDoubleArray& a);
 /// The differences `0.0 - a[i]`; so 0.0 gives 0.0.
+///
+///     const CZEPHDoubleArray a(2, 1.5);
+///     -a;  // (-1.5, -1.5)
+///     +a;  // (1.5, 1.5)
 ZEPH_API CZEPHDoubleArray operator-(const CZEPHDoubleArray& a);
 /// The products `a[i] * b[i]`, as many as `a` has; `b` must hold at least that many (unchecked).
 /// The dot product is ZEPH_ArrayDotProduct.
+///
+///     const CZEPHDoubleArray a(2, 1.5), b(2, 3.0);
+///     a * b;  // (4.5, 4.5)
 ZEPH_API CZEPHDoubleArray operator*(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b);
 /// The products `s * a[i]`.
 ZEPH_API CZEPHDoubleArray operator*(double s, const CZEPHDoubleArray& a);
 /// The same as `s * a`.
 ZEPH_API CZEPHDoubleArray operator*(const CZEPHDoubleArray& a, double s);
 /// `(1.0 / s) * a`: multiplied by the reciprocal, not divided. `s` may be zero.
+///
+///     const CZEPHDoubleArray a(2, 1.5);
+///     a * 2.0;  // (3, 3)
+///     a / 2.0;  // (0.75, 0.75)
 ZEPH_API CZEPHDoubleArray operator/(const CZEPHDoubleArray& a, double s);
 
 /// The sum of `a[i] * b[i]` over the elements of `a`, added in index order; 0.0 when either is
 /// empty.
 ///
 /// `b` must hold at least as many elements as `a`; that is unchecked.
+///
+///     const CZEPHDoubleArray a(2, 1.5), b(2, 3.0);
+///     ZEPH_ArrayDotProduct(a, b);  // 9
 ZEPH_API double ZEPH_ArrayDotProduct(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b);
 
 // --- text ----------------------------------------------------------------------------------------
 
 /// Writes "Elements of the vector are: \n" and the elements: up to four on one line, two blanks
 /// behind each; five or more on a line each.
+///
+///     std::cout << CZEPHDoubleArray(2, 0.5); // prints "Elements of the vector are: \n0.5  0.5  \n"
 ZEPH_API std::ostream& operator<<(std::ostream& os, const CZEPHDoubleArray& a);
 
 /// Reads a count and that many values into the storage that the array has.
@@ -356,6 +507,10 @@ ZEPH_API std::ostream& operator<<(std::ostream& os, const CZEPHDoubleArray& a);
 /// Allocates nothing: the array must have storage for as many values as the stream announces, which
 /// is not checked. Without storage, or when a read fails, `size` becomes 0. `sorted` stays as it
 /// is.
+///
+///     CZEPHDoubleArray a(3, 0.0);
+///     std::istringstream("3  1 2.5 4") >> a;
+///     a;  // (1, 2.5, 4)
 ZEPH_API std::istream& operator>>(std::istream& is, CZEPHDoubleArray& a);
 
 // --- additions -----------------------------------------------------------------------------------

@@ -57,10 +57,19 @@ ZEPH_API int ZEPH_SetThreads(int n);
 
 /// The number of threads that calls of the calling thread may use: that of its innermost
 /// ZEPH_ThreadScope, else that of ZEPH_SetThreads.
+///
+///     ZEPH_SetThreads(2);
+///     ZEPH_GetThreads();      // 2
+///     ZEPH_SetThreads(1);
 ZEPH_API int ZEPH_GetThreads();
 
 /// What ZEPH_ThreadScope calls at its beginning: `n` as for ZEPH_SetThreads, for calls of the
 /// calling thread only (below 0 nothing changes). Gives what ZEPH_EndThreadScope takes.
+///
+///     const int before = ZEPH_BeginThreadScope(2);
+///     ZEPH_GetThreads();      // 2
+///     ZEPH_EndThreadScope(before);
+///     ZEPH_GetThreads();      // 1
 ZEPH_API int ZEPH_BeginThreadScope(int n);
 /// What it calls at its end, on the same thread, in the opposite order of the beginnings.
 ZEPH_API void ZEPH_EndThreadScope(int before);

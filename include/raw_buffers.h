@@ -68,6 +68,11 @@ ZEPH_API double* ZEPH_ArrayAllocDouble(char* name, int lo, int hi, long int& byt
 /// As ZEPH_ArrayAllocDouble, for floats.
 ZEPH_API float* ZEPH_ArrayAllocFloat(char* name, int lo, int hi);
 /// As above; `bytes` receives the size of the block, (hi - lo) * 4 + 4, by the same rules.
+///
+///     long bytes;
+///     float* p = ZEPH_ArrayAllocFloat("p", 1, 10, bytes);  // p[1] .. p[10]
+///     bytes;                                               // 40
+///     ZEPH_ArrayFree(p, 1, 10);
 ZEPH_API float* ZEPH_ArrayAllocFloat(char* name, int lo, int hi, long int& bytes);
 /// As ZEPH_ArrayAllocDouble, for ints.
 ZEPH_API int* ZEPH_ArrayAllocInt(char* name, int lo, int hi);
@@ -76,12 +81,20 @@ ZEPH_API int* ZEPH_ArrayAllocInt(char* name, int lo, int hi, long int& bytes);
 /// As ZEPH_ArrayAllocDouble, for 32-bit longs.
 ZEPH_API ZEPH_Long* ZEPH_ArrayAllocLong(char* name, int lo, int hi);
 /// As above; `bytes` receives the size of the block, (hi - lo) * 4 + 4, by the same rules.
+///
+///     long bytes;
+///     ZEPH_Long* p = ZEPH_ArrayAllocLong("p", 0, 4, bytes);  // p[0] .. p[4]
+///     bytes;                                                 // 20
+///     ZEPH_ArrayFree(p, 0, 4);
 ZEPH_API ZEPH_Long* ZEPH_ArrayAllocLong(char* name, int lo, int hi, long int& bytes);
 
 /// Releases an offset array: the block at p + lo, with `operator delete[]`.
 ///
 /// `lo` is the one that allocated it (not checked); `hi` is not used. Does nothing when `p` or
 /// p + lo is null.
+///
+///     int* p = ZEPH_ArrayAllocInt("p", -3, 3);
+///     ZEPH_ArrayFree(p, -3, 3);  // the range that it was allocated with
 ZEPH_API void ZEPH_ArrayFree(int* p, int lo, int hi);
 ZEPH_API void ZEPH_ArrayFree(ZEPH_Long* p, int lo, int hi);
 ZEPH_API void ZEPH_ArrayFree(float* p, int lo, int hi);
@@ -115,6 +128,12 @@ ZEPH_API double* ZEPH_ArrayRealloc(double* old, int oldN, int newN, char* name);
 /// Grows or keeps the size (which still gives a fresh block). Null, with `old` untouched and still
 /// the caller's, when newCount < oldCount, newCount < 0 or memory runs out (as for
 /// ZEPH_ArrayAllocDouble). A negative `oldCount` counts as 0; a null `old` has no elements to copy.
+///
+///     int* a = ZEPH_ArrayAllocInt("a", 0, 1);
+///     a[0] = 7, a[1] = 8;
+///     a = ZEPH_ArrayResize(a, 2, 4);
+///     a;                              // (7, 8, 0, 0)
+///     ZEPH_ArrayFree(a, 0, 3);
 ZEPH_API int* ZEPH_ArrayResize(int* old, int oldCount, int newCount);
 ZEPH_API ZEPH_Long* ZEPH_ArrayResize(ZEPH_Long* old, int oldCount, int newCount);
 ZEPH_API float* ZEPH_ArrayResize(float* old, int oldCount, int newCount);
@@ -154,6 +173,10 @@ ZEPH_API double** ZEPH_MatrixAllocDouble(char* name, int nrl, int nrh, int ncl, 
                                          long int& bytes);
 
 /// As the four ZEPH_MatrixAllocDouble, for floats; 4 bytes an element.
+///
+///     float** m = ZEPH_MatrixAllocFloat("m", 2, 3);  // m[0][0] .. m[1][2]
+///     m[1][2];                                   // 0
+///     ZEPH_MatrixFree(m, 2, 3);
 ZEPH_API float** ZEPH_MatrixAllocFloat(char* name, int rows, int cols);
 ZEPH_API float** ZEPH_MatrixAllocFloat(char* name, int rows, int cols, long int& bytes);
 ZEPH_API float** ZEPH_MatrixAllocFloat(char* name, int nrl, int nrh, int ncl, int nch);
@@ -161,12 +184,20 @@ ZEPH_API float** ZEPH_MatrixAllocFloat(char* name, int nrl, int nrh, int ncl, in
                                        long int& bytes);
 
 /// As the four ZEPH_MatrixAllocDouble, for ints; 4 bytes an element.
+///
+///     int** m = ZEPH_MatrixAllocInt("m", 2, 3);  // m[0][0] .. m[1][2]
+///     m[1][2];                                 // 0
+///     ZEPH_MatrixFree(m, 2, 3);
 ZEPH_API int** ZEPH_MatrixAllocInt(char* name, int rows, int cols);
 ZEPH_API int** ZEPH_MatrixAllocInt(char* name, int rows, int cols, long int& bytes);
 ZEPH_API int** ZEPH_MatrixAllocInt(char* name, int nrl, int nrh, int ncl, int nch);
 ZEPH_API int** ZEPH_MatrixAllocInt(char* name, int nrl, int nrh, int ncl, int nch, long int& bytes);
 
 /// As the four ZEPH_MatrixAllocDouble, for 32-bit longs; 4 bytes an element.
+///
+///     ZEPH_Long** m = ZEPH_MatrixAllocLong("m", 2, 3);  // m[0][0] .. m[1][2]
+///     m[1][2];                                      // 0
+///     ZEPH_MatrixFree(m, 2, 3);
 ZEPH_API ZEPH_Long** ZEPH_MatrixAllocLong(char* name, int rows, int cols);
 ZEPH_API ZEPH_Long** ZEPH_MatrixAllocLong(char* name, int rows, int cols, long int& bytes);
 ZEPH_API ZEPH_Long** ZEPH_MatrixAllocLong(char* name, int nrl, int nrh, int ncl, int nch);
@@ -177,6 +208,9 @@ ZEPH_API ZEPH_Long** ZEPH_MatrixAllocLong(char* name, int nrl, int nrh, int ncl,
 ///
 /// Null rows are skipped; `cols` is not used; with rows <= 0 only the pointer block is released. A
 /// null `m` does nothing. `rows` is the one that allocated it (not checked).
+///
+///     double** m = ZEPH_MatrixAllocDouble("m", 2, 3);
+///     ZEPH_MatrixFree(m, 2, 3);
 ZEPH_API void ZEPH_MatrixFree(int** m, int rows, int cols);
 ZEPH_API void ZEPH_MatrixFree(ZEPH_Long** m, int rows, int cols);
 ZEPH_API void ZEPH_MatrixFree(float** m, int rows, int cols);
@@ -187,6 +221,9 @@ ZEPH_API void ZEPH_MatrixFree(double** m, int rows, int cols);
 /// Null rows, and rows whose block is null, are skipped; `nch` is not used; with nrh < nrl only the
 /// pointer block is released. A null `m` does nothing. The lower bounds are those that allocated it
 /// (not checked).
+///
+///     double** m = ZEPH_MatrixAllocDouble("m", 1, 2, 1, 3);  // m[1][1] .. m[2][3]
+///     ZEPH_MatrixFree(m, 1, 2, 1, 3);
 ZEPH_API void ZEPH_MatrixFree(int** m, int nrl, int nrh, int ncl, int nch);
 ZEPH_API void ZEPH_MatrixFree(ZEPH_Long** m, int nrl, int nrh, int ncl, int nch);
 ZEPH_API void ZEPH_MatrixFree(float** m, int nrl, int nrh, int ncl, int nch);
@@ -239,7 +276,7 @@ ZEPH_API void ZEPH_ArrayDisplay(CString& out, double* a, int n, char* name);
 /// As the listing to a CString, but both ints and doubles are followed by two blanks.
 ///
 ///     int a[] = {0, 7, 8};
-///     ZEPH_ArrayDisplay(a, 1, 2, "a");  // "a[1]=7      a[2]=8      \n"
+///     ZEPH_ArrayDisplay(a, 1, 2, "a");  // prints "a[1]=7      a[2]=8      \n"
 ZEPH_API void ZEPH_ArrayDisplay(int* a, int lo, int hi, char* name);
 ZEPH_API void ZEPH_ArrayDisplay(double* a, int lo, int hi, char* name);
 /// As above for a[0] .. a[n - 1]. There is no such overload for doubles.
@@ -259,16 +296,32 @@ ZEPH_API void ZEPH_ArrayDisplay(FILE* stream, double* a, int n, char* name);
 ///
 /// The first line keeps a blank before its line feed. With rows <= 0 it is all there is, and `m` is
 /// not read; with cols <= 0 the rows are empty lines.
+///
+///     ZEPH_MatrixPrint(stdout, 2, 2, m, "m"); // prints "m = \n\t1.00000\t2.00000\n\t3.00000\t4.00000\n"
 ZEPH_API void ZEPH_MatrixPrint(FILE* stream, int rows, int cols, double** m, char* name);
 /// As above, n by n.
 ZEPH_API void ZEPH_MatrixPrint(FILE* stream, int n, double** m, char* name);
 /// As above, 3 by 3.
+///
+///     char name[] = "I";
+///     double** identity = ZEPH_MatrixAllocDouble("I", 3, 3);
+///     ZEPH_MatrixSetIdentity(3, identity);
+///     ZEPH_MatrixPrint3(stdout, identity, name); // prints "I = \n\t1.00000\t0.00000\t0.00000\n..."
+///     ZEPH_MatrixFree(identity, 3, 3);
 ZEPH_API void ZEPH_MatrixPrint3(FILE* stream, double** m, char* name);
 /// As above, 4 by 4.
 ZEPH_API void ZEPH_MatrixPrint4(FILE* stream, double** m, char* name);
 /// As above, for 16 contiguous doubles in row order.
+///
+///     double identity[16];
+///     ZEPH_MatrixSetIdentity(identity);
+///     ZEPH_MatrixPrint4(stdout, identity, "I"); // prints "I = \n\t1.00000\t0.00000\t0.00000\t0.00000\n..."
 ZEPH_API void ZEPH_MatrixPrint4(FILE* stream, double* const m, char* name);
 /// Prints v[0], v[1], v[2] on one line: `name = (1.00000 2.00000 3.00000)`.
+///
+///     double v[] = {1, 2, 3};
+///     char name[] = "v";
+///     ZEPH_VectorPrint3(stdout, v, name);  // prints "v = (1.00000 2.00000 3.00000)\n"
 ZEPH_API void ZEPH_VectorPrint3(FILE* stream, double* const v, char* name);
 
 // ---- 5  Norms -----------------------------------------------------------------------------------
@@ -287,34 +340,59 @@ ZEPH_API void ZEPH_VectorPrint3(FILE* stream, double* const v, char* name);
 ///     ZEPH_ArrayOneNorm(a, 2, 1);  // 5
 ZEPH_API double ZEPH_ArrayOneNorm(double* a, int n, int start);
 /// Euclidean norm: the square root of the plain sum of squares, which may overflow.
+///
+///     double a[] = {9, 3, -4};
+///     ZEPH_ArrayTwoNorm(a, 2, 1);  // 5
 ZEPH_API double ZEPH_ArrayTwoNorm(double* a, int n, int start);
 /// Euclidean norm by scaled steps, |a[start]| first.
+///
+///     double a[] = {9, 3, -4};
+///     ZEPH_ArrayTwoNorm2(a, 2, 1);  // 5
 ZEPH_API double ZEPH_ArrayTwoNorm2(double* a, int n, int start);
 /// Largest absolute value.
 ///
 /// The running value gives way unless it is strictly greater, so a NaN counts only if it is the
 /// last element; the elements before a NaN are forgotten.
+///
+///     double a[] = {9, 3, -4};
+///     ZEPH_ArrayMaxNorm(a, 2, 1);  // 4
 ZEPH_API double ZEPH_ArrayMaxNorm(double* a, int n, int start);
 
 /// Largest column sum of absolute values over rows and columns start .. start + n - 1.
 ///
 /// 0.0 for n <= 0, reading nothing. Columns in ascending order; the running value gives way unless
 /// strictly greater.
+///
+///     ZEPH_MatrixOneNorm(m, 2, 0);  // 6, of the rows (1, 2), (3, 4)
 ZEPH_API double ZEPH_MatrixOneNorm(double** m, int n, int start);
 /// Largest row sum of absolute values over rows start .. start + n - 1 but columns 0 .. n - 1.
 ///
 /// The row sums are ZEPH_ArrayOneNorm(m[i], n, 0); row `start` is read whatever `n` is, and for
 /// n <= 0 the result is |m[start][0]|. The running value gives way unless strictly greater.
+///
+///     ZEPH_MatrixMaxNorm(m, 2, 0);  // 7, of the rows (1, 2), (3, 4)
 ZEPH_API double ZEPH_MatrixMaxNorm(double** m, int n, int start);
 /// Frobenius norm: the row norms combined by scaled steps, rows from `start` but columns from 0.
 ///
 /// The row norms are ZEPH_ArrayTwoNorm2(m[i], n, 0); for n <= 1 that of row `start` is the result.
+///
+///     double row0[] = {1, 4}, row1[] = {2, 2};
+///     double* rows[] = {row0, row1};
+///     ZEPH_MatrixFrobNorm(rows, 2, 0);  // 5
 ZEPH_API double ZEPH_MatrixFrobNorm(double** m, int n, int start);
 /// Frobenius norm: scaled steps over every element of rows and columns start .. start + n - 1, row
 /// by row. 0.0 for n <= 0, reading nothing.
+///
+///     double row0[] = {1, 4}, row1[] = {2, 2};
+///     double* rows[] = {row0, row1};
+///     ZEPH_MatrixFrobNorm2(rows, 2, 0);  // 5
 ZEPH_API double ZEPH_MatrixFrobNorm2(double** m, int n, int start);
 /// Frobenius norm: square root of the plain sum of squares over rows and columns
 /// start .. start + n - 1, row by row. 0.0 for n <= 0, reading nothing.
+///
+///     double row0[] = {1, 4}, row1[] = {2, 2};
+///     double* rows[] = {row0, row1};
+///     ZEPH_MatrixFrobNorm3(rows, 2, 0);  // 5
 ZEPH_API double ZEPH_MatrixFrobNorm3(double** m, int n, int start);
 
 // ---- 6  Whole buffers ---------------------------------------------------------------------------
@@ -323,6 +401,10 @@ ZEPH_API double ZEPH_MatrixFrobNorm3(double** m, int n, int start);
 ///
 /// Of equal elements the one of `b` goes first (a NaN in the pair takes from `b` as well). A
 /// count <= 0 is an empty input. `out` must not overlap `a` or `b`. Cost: na + nb moves.
+///
+///     int a[] = {1, 5}, b[] = {2, 3, 9}, out[5];
+///     ZEPH_ArrayMergeSorted(a, 2, b, 3, out);
+///     out;  // (1, 2, 3, 5, 9)
 ZEPH_API void ZEPH_ArrayMergeSorted(int* const a, int na, int* const b, int nb, int* const out);
 ZEPH_API void ZEPH_ArrayMergeSorted(double* const a, int na, double* const b, int nb,
                                     double* const out);
@@ -338,12 +420,21 @@ ZEPH_API void ZEPH_ArrayMergeSorted(double* const a, int na, double* const b, in
 ///
 /// Cost: one step per cell; a cell that is its own last operand takes the steps it depends on.
 /// CZEPHDoubleMatrix and CZEPHMatrix multiply.
+///
+///     double cells[2][2];
+///     double* out[] = {cells[0], cells[1]};
+///     ZEPH_MatrixMult(2, 2, m, 2, 2, m, out);  // m has the rows (1, 2), (3, 4)
+///     cells[0];                                // (5, 6): 2 + 3, 2 + 4
 ZEPH_API void ZEPH_MatrixMult(int rowsA, int colsA, double** a, int rowsB, int colsB, double** b,
                               double** out);
 
 /// b = transpose of a, flat: b[i*n + j] = a[j*n + i], filled row by row. Nothing for n < 1.
 ///
 /// `a` and `b` must be distinct: in place, the plain row-by-row copy loses half of the matrix.
+///
+///     double a[] = {1, 2, 3, 4}, b[4];
+///     ZEPH_MatrixTranspose(2, a, b);
+///     b;  // (1, 3, 2, 4)
 ZEPH_API void ZEPH_MatrixTranspose(int n, double* a, double* b);
 /// b[i][j] = a[j][i] for i, j in 0 .. n - 1. Nothing for n < 1.
 ///
@@ -351,6 +442,11 @@ ZEPH_API void ZEPH_MatrixTranspose(int n, double* a, double* b);
 ZEPH_API void ZEPH_MatrixTranspose(int n, double** a, double** b);
 
 /// m becomes the n-by-n identity: every row zeroed first, then m[i][i] = 1.0. Nothing for n < 1.
+///
+///     double cells[2][2];
+///     double* rows[] = {cells[0], cells[1]};
+///     ZEPH_MatrixSetIdentity(2, rows);
+///     cells[1];  // (0, 1)
 ZEPH_API void ZEPH_MatrixSetIdentity(int n, double** m);
 
 // ---- 7  3x3 and 4x4 -----------------------------------------------------------------------------
@@ -360,6 +456,10 @@ ZEPH_API void ZEPH_MatrixSetIdentity(int n, double** m);
 // runtime's, or with ZEPH_PORTABLE_MATH our own.
 
 /// Stores the nine values row by row.
+///
+///     double m[3][3];
+///     ZEPH_MatrixSet3(m, 1, 2, 3, 4, 5, 6, 7, 8, 9);
+///     m[1];  // (4, 5, 6)
 ZEPH_API void ZEPH_MatrixSet3(double m[3][3], double m00, double m01, double m02, double m10,
                               double m11, double m12, double m20, double m21, double m22);
 /// The 4x4 identity: 16 doubles.
@@ -368,16 +468,32 @@ ZEPH_API void ZEPH_MatrixSetIdentity(double* const m);
 /// out = a * b, each partial sum snapped to 0.0 where its magnitude is at most 1.0e-8.
 ///
 /// A NaN is kept. `out` may be `a` or `b`.
+///
+///     double a[3][3] = {{1, 2, 0}, {3, 4, 0}, {0, 0, 1}}, out[3][3];
+///     ZEPH_MatrixMultiply3(a, a, out);
+///     out[0];  // (7, 10, 0)
+///     out[1];  // (15, 22, 0)
 ZEPH_API void ZEPH_MatrixMultiply3(double a[3][3], double b[3][3], double out[3][3]);
 /// The additive routine on 3x3: assigns out[i][j] = b[k][j] + a[i][k] for i, then k, then j.
 ///
 /// No matrix product. For an `out` apart from `a` and `b` it is out[i][j] = a[i][2] + b[2][j]. Each
 /// assignment is seen by the reads after it, so any overlap gets exactly these cells. Note the
 /// nesting: k before j, other than in ZEPH_MatrixMult. ZEPH_MatrixMultiply3 multiplies.
+///
+///     double a[3][3] = {{1, 2, 3}, {4, 5, 6}, {7, 8, 9}}, out[3][3];
+///     ZEPH_MatrixMult3(a, a, out);
+///     out[0];  // (10, 11, 12): 3 + 7, 3 + 8, 3 + 9
 ZEPH_API void ZEPH_MatrixMult3(double a[3][3], double b[3][3], double out[3][3]);
 /// out = a * b on 4x4 matrices, terms summed left to right, no snapping.
 ///
 /// Written row by row straight into `out`, which must not share storage with `a` or `b`.
+///
+///     double a[16], b[16], out[16];
+///     ZEPH_MatrixSetIdentity(a);
+///     ZEPH_MatrixSetIdentity(b);
+///     a[3] = 5, b[3] = 2;  // two translations along x
+///     ZEPH_MatrixMult4(a, b, out);
+///     out;                 // (1, 0, 0, 7)
 ZEPH_API void ZEPH_MatrixMult4(double* const a, double* const b, double* const out);
 
 /// m = m * Rx(angle), in degrees, by the snapped product of ZEPH_MatrixMultiply3.
@@ -388,20 +504,40 @@ ZEPH_API void ZEPH_MatrixMult4(double* const a, double* const b, double* const o
 ///     double m[3][3];
 ///     ZEPH_MatrixSet3(m, 1, 0, 0, 0, 1, 0, 0, 0, 1);
 ///     ZEPH_MatrixRotate3Z(m, 90);  // rows (0, -1, 0), (1, 0, 0), (0, 0, 1)
+///     m[0];                         // (0, -1, 0)
+///     ZEPH_MatrixRotate3X(m, 180);
+///     m[0];                         // (0, 1, 0)
 ZEPH_API void ZEPH_MatrixRotate3X(double m[3][3], double angle);
 /// m = m * Ry(angle); Ry has the rows (cos, 0, sin), (0, 1, 0), (-sin, 0, cos).
+///
+///     double m[3][3] = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
+///     ZEPH_MatrixRotate3Y(m, 90);
+///     m[0];  // (0, 0, 1)
 ZEPH_API void ZEPH_MatrixRotate3Y(double m[3][3], double angle);
 /// m = m * Rz(angle); Rz has the rows (cos, -sin, 0), (sin, cos, 0), (0, 0, 1).
 ZEPH_API void ZEPH_MatrixRotate3Z(double m[3][3], double angle);
 /// m = ((m * Rx(ax)) * Ry(ay)) * Rz(az), three snapped products.
+///
+///     double m[3][3] = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
+///     ZEPH_MatrixRotate3(m, 90, 0, 90);
+///     m[2];  // (1, 0, 0)
 ZEPH_API void ZEPH_MatrixRotate3(double m[3][3], double ax, double ay, double az);
 
 /// (*x, *y, *z) = m * (*x, *y, *z), a column vector.
 ///
 /// All three are computed from the values read first, then stored as x, y, z: of aliased outputs
 /// the later one stays.
+///
+///     double m[3][3] = {{0, -1, 0}, {1, 0, 0}, {0, 0, 1}}, x = 1, y = 2, z = 3;
+///     ZEPH_MatrixTransform3(m, &x, &y, &z);
+///     y;  // 1
+///     x;  // -2
 ZEPH_API void ZEPH_MatrixTransform3(double m[3][3], double* x, double* y, double* z);
 /// Transposes in place.
+///
+///     double m[3][3] = {{1, 2, 3}, {4, 5, 6}, {7, 8, 9}};
+///     ZEPH_MatrixTranspose3(m);
+///     m[0];  // (1, 4, 7)
 ZEPH_API void ZEPH_MatrixTranspose3(double m[3][3]);
 
 // ---- 8  3-vectors -------------------------------------------------------------------------------
@@ -410,27 +546,57 @@ ZEPH_API void ZEPH_MatrixTranspose3(double m[3][3]);
 // next is read; `out` may be an input where a component reads only its own.
 
 /// out[k] = a[k] + b[k].
+///
+///     double a[] = {1, 2, 3}, b[] = {4, 6, 8};
+///     ZEPH_VectorAdd3(a, b, b);  // b is (5, 8, 11)
 ZEPH_API void ZEPH_VectorAdd3(double* const a, double* const b, double* const out);
 /// out[k] = a[k] - b[k].
+///
+///     double a[] = {1, 2, 3}, b[] = {4, 6, 8};
+///     ZEPH_VectorSub3(b, a, b);  // b is (3, 4, 5)
 ZEPH_API void ZEPH_VectorSub3(double* const a, double* const b, double* const out);
 /// out[k] = s * a[k].
+///
+///     double a[] = {1, 2, 3};
+///     ZEPH_VectorScale3(a, 2, a);  // a is (2, 4, 6)
 ZEPH_API void ZEPH_VectorScale3(double* const a, double s, double* const out);
 
 /// dst[k] = src[k]. The source comes first, the destination second: programs rely on it.
+///
+///     double a[] = {1, 2, 3}, b[3];
+///     ZEPH_VectorAssign3(a, b);  // b is (1, 2, 3)
 ZEPH_API void ZEPH_VectorAssign3(double* const src, double* const dst);
 /// v[k] = s.
+///
+///     double v[3];
+///     ZEPH_VectorAssign3(v, 2.5);  // v is (2.5, 2.5, 2.5)
 ZEPH_API void ZEPH_VectorAssign3(double* const v, double s);
 /// v = (x, y, z).
+///
+///     double v[3];
+///     ZEPH_VectorAssign3(v, 1, 2, 3);  // v is (1, 2, 3)
 ZEPH_API void ZEPH_VectorAssign3(double* const v, double x, double y, double z);
 
 /// out = a x b, each component stored before the next is computed; `out` must be neither input.
+///
+///     double x[] = {1, 0, 0}, y[] = {0, 1, 0}, out[3];
+///     ZEPH_VectorCrossProduct3(x, y, out);  // out is (0, 0, 1)
 ZEPH_API void ZEPH_VectorCrossProduct3(double* const a, double* const b, double* const out);
 /// Dot product, evaluated as (a[1]*b[1] + a[0]*b[0]) + a[2]*b[2].
+///
+///     double a[] = {1, 2, 3}, b[] = {4, 6, 8};
+///     ZEPH_VectorDotProduct3(a, b);  // 40
 ZEPH_API double ZEPH_VectorDotProduct3(double* const a, double* const b);
 /// Length: sqrt(v[0]^2 + v[1]^2 + v[2]^2), summed left to right.
+///
+///     double v[] = {2, 3, 6};
+///     ZEPH_VectorGetLength3(v);  // 7
 ZEPH_API double ZEPH_VectorGetLength3(double* const v);
 /// Divides `v` by its length where that is above 0.0; a zero vector, or one whose length is NaN, is
 /// left as it was.
+///
+///     double v[] = {0, 0, -2};
+///     ZEPH_VectorNormalize3(v);  // v is (0, 0, -1)
 ZEPH_API void ZEPH_VectorNormalize3(double* const v);
 
 // ---- 9  Literal labels --------------------------------------------------------------------------

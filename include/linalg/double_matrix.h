@@ -20,9 +20,9 @@
 ///
 ///     CZEPHDoubleMatrix a(2, 2, 1.0), b(2, 2, 3.0);
 ///     a[0][1] = 5.0;
-///     CZEPHDoubleMatrix sum = a + b;        // 4 8 / 4 4
-///     a *= b;                               // 18 18 / 6 6
-///     CZEPHDoubleArray y = a * CZEPHDoubleArray(2, 1.0);  // 36 12
+///     CZEPHDoubleMatrix sum = a + b;        // (4, 8, 4, 4)
+///     a *= b;                               // a is (18, 18, 6, 6)
+///     CZEPHDoubleArray y = a * CZEPHDoubleArray(2, 1.0);  // (36, 12)
 ///
 /// Sizes: GetNoRows and GetNoColumns each return the other's count. A matrix that holds elements is
 /// never resized by assignment; Create and SetData do resize.
@@ -43,9 +43,17 @@ class ZEPH_API CZEPHDoubleMatrix {
   /// Releases the storage.
   ~CZEPHDoubleMatrix();
   /// Releases the storage; the counts keep their values.
+  ///
+  ///     CZEPHDoubleMatrix m(2, 3, 1.0);
+  ///     m.Clear();
+  ///     m.m_ppData == nullptr && m.m_nRows == 2;  // 1
   void Clear();
 
   /// Makes this a `rows` x `cols` matrix of zeros; 1, or 0 if there is no memory for it.
+  ///
+  ///     CZEPHDoubleMatrix m;
+  ///     m.Create(1, 2);  // 1
+  ///     m;               // (0, 0)
   int Create(int rows, int cols);
   /// Makes this a deep copy of `other`, of its size; 1, or 0 if there is no memory for it.
   ///
@@ -56,22 +64,35 @@ class ZEPH_API CZEPHDoubleMatrix {
   /// The counts are stored first and stay even where the result is 0. A negative number of rows
   /// gives 0, as does a negative number of columns where there is a row. Where the matrix shrinks to
   /// fewer rows, the rows past the new count are not released.
+  ///
+  ///     CZEPHDoubleMatrix m;
+  ///     m.SetData(1, 2, 0.5);  // 1
+  ///     m;                     // (0.5, 0.5)
   int SetData(int rows, int cols, double value);
   /// Makes this a `rows` x `cols` matrix with element (i, j) copied from `source[i][j]`; 1 or 0 as
   /// above. `source` may be this matrix's own table or hold rows of it, and only then its old storage
   /// lives until the elements are copied; the rest of `source` is the caller's.
   int SetData(int rows, int cols, double** source);
   /// Sets every element to `value`. (It takes no index, whatever its name suggests.)
+  ///
+  ///     CZEPHDoubleMatrix m(1, 2, 0.0);
+  ///     m.SetEntry(0.5);  // m is (0.5, 0.5)
   void SetEntry(double value);
 
   /// Element (i, j) after CheckBound(i, j). Reading at an index equal to its count reads whatever
   /// lies there, which the check lets pass.
+  ///
+  ///     CZEPHDoubleMatrix m(2, 3, 0.5);
+  ///     m.GetEntry(1, 2);    // 0.5
   ZEPH_EMIT double GetEntry(int i, int j) {
     if (!m_ppData || i < 0 || i > m_nRows || j < 0 || j > m_nColumns) CheckBound(i, j);
     return m_ppData[i][j];
   }
   /// 1 if there is storage, 0 <= i <= rows and 0 <= j <= columns; else fatal
   /// "Matrix check bound error!\n". Both upper bounds are inclusive.
+  ///
+  ///     CZEPHDoubleMatrix m(2, 3, 0.5);
+  ///     m.CheckBound(2, 3);  // 1: both bounds are inclusive
   int CheckBound(int i, int j);
   /// Row `i`, after CheckBound(i, 0); the column index that follows is not checked.
   ZEPH_EMIT double* operator[](int i) {
@@ -86,6 +107,10 @@ class ZEPH_API CZEPHDoubleMatrix {
   }
 
   /// The number of *columns*: the two names are crossed, so 3 for a 2 x 3 matrix.
+  ///
+  ///     CZEPHDoubleMatrix m(2, 3, 0.0);
+  ///     m.GetNoRows();     // 3
+  ///     m.GetNoColumns();  // 2
   ZEPH_EMIT int GetNoRows() { return m_nColumns; }
   /// The number of *rows*: 2 for a 2 x 3 matrix.
   ZEPH_EMIT int GetNoColumns() { return m_nRows; }
@@ -96,11 +121,21 @@ class ZEPH_API CZEPHDoubleMatrix {
   /// "Bad matrix sizes in CZEPHDoubleMatrix::operator=()". Any other takes the size of `other`
   /// (and has no storage if memory runs out). Row pointers held by the caller stay valid where the
   /// size does.
+  ///
+  ///     CZEPHDoubleMatrix a(1, 2, 0.5), b;
+  ///     b = a;
+  ///     b;  // (0.5, 0.5)
   CZEPHDoubleMatrix& operator=(const CZEPHDoubleMatrix& other);
   /// Adds element by element. Sizes must agree: else fatal
   /// "Bad matrix sizes in CZEPHDoubleMatrix::operator+=()".
+  ///
+  ///     CZEPHDoubleMatrix a(1, 2, 1.0), b(1, 2, 0.25);
+  ///     a += b;  // a is (1.25, 1.25)
   CZEPHDoubleMatrix& operator+=(const CZEPHDoubleMatrix& other);
   /// Subtracts element by element. Sizes must agree: else fatal "bad matrix sizes".
+  ///
+  ///     CZEPHDoubleMatrix a(1, 2, 1.0), b(1, 2, 0.25);
+  ///     a -= b;  // a is (0.75, 0.75)
   CZEPHDoubleMatrix& operator-=(const CZEPHDoubleMatrix& other);
   /// Makes this the matrix product this * other.
   ///
@@ -139,10 +174,17 @@ class ZEPH_API CZEPHDoubleMatrix {
 
   /// Writes a line "Mat[i][j]=" and the element, with the stream's formatting, for each element in
   /// row order; each line end flushes. Nothing for an empty matrix.
+  ///
+  ///     CZEPHDoubleMatrix m(1, 2, 0.5);
+  ///     m.Display(std::cout);  // prints "Mat[0][0]=0.5\nMat[0][1]=0.5\n"
   void Display(std::ostream& os);
 
   /// The fatal report itself: "@@@@( Error: ", `message` and a line feed to `os`, then `exit(1)`.
   /// One operation with CZEPHDoubleArray::ErrorMessage.
+  ///
+  ///     char message[] = "no square matrix";
+  ///     CZEPHDoubleMatrix m(2, 2, 0.0);
+  ///     if (m.m_nRows != m.m_nColumns) CZEPHDoubleMatrix::ErrorMessage(message, std::cerr);
   [[noreturn]] static void ErrorMessage(char* message, std::ostream& os);
 
  protected:
@@ -153,6 +195,13 @@ class ZEPH_API CZEPHDoubleMatrix {
   /// rows acquired so far stay, the others are null.
   int AllocMemory(int rows, int cols);
   /// Releases the first `m_nRows` rows and the table, if there is one. Counts are left alone.
+  ///
+  ///     struct Pool : CZEPHDoubleMatrix {
+  ///       int Renew(int rows, int cols) { return FreeMemory(), AllocMemory(rows, cols); }
+  ///     };
+  ///     Pool pool;
+  ///     pool.Renew(2, 3);  // 1
+  ///     pool.m_nColumns;   // 3
   void FreeMemory();
 
  public:
@@ -188,19 +237,35 @@ class ZEPH_API CZEPHDoubleMatrix {
 
 /// The sum as a new matrix. Sizes must agree: else fatal "Bad matrix sizes : operator-()" (the
 /// message of the subtraction, in both). Serves an `a` that is const.
+///
+///     const CZEPHDoubleMatrix a(1, 2, 1.0), b(1, 2, 0.25);
+///     a + b;  // (1.25, 1.25)
 ZEPH_API CZEPHDoubleMatrix operator+(const CZEPHDoubleMatrix& a, const CZEPHDoubleMatrix& b);
 /// The difference as a new matrix. Sizes must agree: else fatal "Bad matrix sizes : operator-()".
 /// Serves an `a` that is const.
+///
+///     const CZEPHDoubleMatrix a(1, 2, 1.0), b(1, 2, 0.25);
+///     a - b;  // (0.75, 0.75)
 ZEPH_API CZEPHDoubleMatrix operator-(const CZEPHDoubleMatrix& a, const CZEPHDoubleMatrix& b);
 /// A copy. Serves a const operand.
 ZEPH_API CZEPHDoubleMatrix operator+(const CZEPHDoubleMatrix& a);
 /// A new matrix with the elements 0.0 - a(i, j) (so 0.0 stays +0.0). Serves a const operand.
+///
+///     const CZEPHDoubleMatrix a(1, 2, 0.5);
+///     -a;  // (-0.5, -0.5)
+///     +a;  // (0.5, 0.5)
 ZEPH_API CZEPHDoubleMatrix operator-(const CZEPHDoubleMatrix& a);
 /// The member `operator*=` with the message "Matrices are not conformable : operator*=()". Reached
 /// by name: `operator*=(a, b)`.
+///
+///     CZEPHDoubleMatrix a(2, 2, 1.0);
+///     const CZEPHDoubleMatrix b(2, 2, 3.0);
+///     operator*=(a, b);  // a is (6, 6, 6, 6)
 ZEPH_API CZEPHDoubleMatrix& operator*=(CZEPHDoubleMatrix& left, const CZEPHDoubleMatrix& other);
 /// Writes the elements with the stream's formatting and nothing between them, a flushed line end
 /// after each row: a 1 x 2 matrix of 1.5 and 2 gives "1.52\n".
+///
+///     std::cout << CZEPHDoubleMatrix(1, 2, 0.5);  // prints "0.50.5\n"
 ZEPH_API std::ostream& operator<<(std::ostream& os, const CZEPHDoubleMatrix& a);
 /// Reads both counts, rows first, then the elements row by row into the storage that is there.
 ///
@@ -209,7 +274,7 @@ ZEPH_API std::ostream& operator<<(std::ostream& os, const CZEPHDoubleMatrix& a);
 /// and when there is no storage for a first element.
 ///
 ///     CZEPHDoubleMatrix m(2, 2, 0.0);
-///     std::istringstream("2 2  1 2 3 4") >> m;  // 1 2 / 3 4
+///     std::istringstream("2 2  1 2 3 4") >> m;  // m is (1, 2, 3, 4)
 ZEPH_API std::istream& operator>>(std::istream& is, CZEPHDoubleMatrix& a);
 
 #endif  // ZEPH_LINALG_DOUBLE_MATRIX_H

@@ -26,7 +26,7 @@
 ///     const double values[] = {3.0, 4.0};
 ///     CZEPHVector v(2, values);
 ///     double norm = ZEPH_GetVectorSquareNorm(v);  // 25: no root is taken
-///     CZEPHVector half = v / 2.0;                 // 1.5 2
+///     CZEPHVector half = v / 2.0;                 // (1.5, 2)
 class ZEPH_API CZEPHVector {
  public:
   int m_nSize;      ///< Number of elements; stays as it is when Free releases them.
@@ -45,11 +45,25 @@ class ZEPH_API CZEPHVector {
 
   /// Makes this a vector of `n` elements with undefined values, or an empty one if `n` < 1. What
   /// was held is lost, even where the size stays.
+  ///
+  ///     CZEPHVector v;
+  ///     v.ReSize(3);
+  ///     v.GetSize();           // 3
   void ReSize(int n);
   /// Releases the storage; the size keeps its value.
+  ///
+  ///     CZEPHVector v(3);
+  ///     v.Free();
+  ///     v.m_pData == nullptr;  // 1
+  ///     v.GetSize();           // 3
   void Free();
 
   /// Element `i`, unchecked.
+  ///
+  ///     CZEPHVector v(2);
+  ///     v[0] = 1, v[1] = 2.5;
+  ///     v;         // (1, 2.5)
+  ///     v.Get(1);  // 2.5
   ZEPH_EMIT ZEPH_CHECKED double& operator[](int i) {
     ZEPH_REQUIRE_POINTER("CZEPHVector::operator[]", m_pData);
     ZEPH_REQUIRE_INSIDE("CZEPHVector::operator[]", i, 0, m_nSize - 1);
@@ -67,6 +81,13 @@ class ZEPH_API CZEPHVector {
   /// Takes size and elements of `other`; the result is a second copy, which costs its allocation.
   ///
   /// Storage is replaced only where the sizes differ.
+  ///
+  ///     const double values[] = {3, 4};
+  ///     CZEPHVector v(2, values), w;
+  ///     w = v;
+  ///     w;      // (3, 4)
+  ///     v + w;  // (6, 8)
+  ///     v - w;  // (0, 0)
   CZEPHVector operator=(const CZEPHVector& other);
   /// The sum, element by element. Check: "Addition error (Not of the same size)".
   CZEPHVector operator+(const CZEPHVector& other);
@@ -78,10 +99,18 @@ class ZEPH_API CZEPHVector {
 
   /// If `failed`, writes `message` and a flushed line end to `std::cerr` and calls `exit(1)`.
   /// One operation with CZEPHMatrix::Check.
+  ///
+  ///     char message[] = "not of this size";
+  ///     CZEPHVector v(2);
+  ///     v.Check(v.GetSize() != 2, message);  // goes on
   void Check(bool failed, char* message);
 
   /// Prints each element with "%12.4lf%c " (the element, `separator`, a blank), then "\n". A null
   /// stream prints nothing.
+  ///
+  ///     const double values[] = {3, 4};
+  ///     CZEPHVector v(2, values);
+  ///     v.Display(stdout, ';');  // prints "      3.0000;       4.0000; \n"
   void Display(std::FILE* stream, char separator);
   /// Writes the elements to `std::cout`, 12 wide with 4 decimals and nothing between them, then a
   /// flushed line end. The flags right, fixed and showpoint and the precision stay set on the
@@ -90,6 +119,13 @@ class ZEPH_API CZEPHVector {
 
  protected:
   /// ReSize under its other name.
+  ///
+  ///     struct Pool : CZEPHVector {
+  ///       void Renew(int n) { Create(n); }
+  ///     };
+  ///     Pool pool;
+  ///     pool.Renew(3);
+  ///     pool.GetSize();  // 3
   void Create(int n);
 
  public:
@@ -125,6 +161,11 @@ class ZEPH_API CZEPHVector {
 };
 
 /// Every element times `s`, as a new vector.
+///
+///     const double values[] = {3, 4};
+///     const CZEPHVector v(2, values);
+///     2.0 * v;  // (6, 8)
+///     v * 2.0;  // (6, 8)
 ZEPH_API CZEPHVector operator*(const double& s, const CZEPHVector& v);
 /// The same.
 ZEPH_API CZEPHVector operator*(const CZEPHVector& v, const double& s);
@@ -138,9 +179,9 @@ ZEPH_API CZEPHVector operator*(const CZEPHVector& v, const double& s);
 /// passes to the caller as an exception.
 ///
 ///     const double values[] = {1, 2, 3, 4, 5, 6};
-///     CZEPHMatrix m(2, 3, values);          // 1 2 3 / 4 5 6
-///     CZEPHVector sums = ZEPH_SumVector(m);  // 6 15
-///     CZEPHVector column = m.PickCol(1);     // 2 5
+///     CZEPHMatrix m(2, 3, values);           // (1, 2, 3, 4, 5, 6)
+///     CZEPHVector sums = ZEPH_SumVector(m);  // (6, 15)
+///     CZEPHVector column = m.PickCol(1);     // (2, 5)
 class ZEPH_API CZEPHMatrix {
  public:
   int m_nRows;        ///< Number of rows; stays as it is when Free releases them.
@@ -161,8 +202,17 @@ class ZEPH_API CZEPHMatrix {
 
   /// Makes this a `rows` x `cols` matrix with undefined values, or an empty one if a count is below
   /// 1. What was held is lost, even where the size stays.
+  ///
+  ///     CZEPHMatrix m;
+  ///     m.ReSize(2, 3);
+  ///     m.GetNoRow();           // 2
+  ///     m.GetNoColumn();        // 3
   void ReSize(int rows, int cols);
   /// Releases the storage; the counts keep their values.
+  ///
+  ///     CZEPHMatrix m(2, 3);
+  ///     m.Free();
+  ///     m.m_ppData == nullptr;  // 1
   void Free();
 
   /// Row `i`, unchecked: `m[i][j]` is element (i, j).
@@ -180,13 +230,27 @@ class ZEPH_API CZEPHMatrix {
   ///
   /// Storage is replaced only where a count differs, so row pointers stay valid where the size
   /// does.
+  ///
+  ///     const double values[] = {1, 2, 3, 4};
+  ///     CZEPHMatrix a(2, 2, values), b;
+  ///     b = a;
+  ///     b[1][0] = 0;
+  ///     b;  // (1, 2, 0, 4)
   CZEPHMatrix operator=(const CZEPHMatrix& other);
   /// The sum, element by element. Check: "Addition error (Not of the same size)".
+  ///
+  ///     const double values[] = {1, 2, 3, 4};
+  ///     CZEPHMatrix a(2, 2, values);
+  ///     a + a;  // (2, 4, 6, 8)
   CZEPHMatrix operator+(const CZEPHMatrix& other);
   /// The matrix product. Check (columns here, rows there): "Multiplication error!(size)".
   ///
   /// Entry (i, j) starts at 0.0 and adds other(k, j) * this(i, k) in increasing k, product and sum
   /// rounded apart: the bits of the textbook triple loop, at several times its speed.
+  ///
+  ///     const double values[] = {1, 2, 3, 4};
+  ///     CZEPHMatrix a(2, 2, values);
+  ///     a * a;  // (7, 10, 15, 22)
   CZEPHMatrix operator*(const CZEPHMatrix& other);
 
   /// Column `j` as a new vector; `j` is not checked.
@@ -195,14 +259,27 @@ class ZEPH_API CZEPHMatrix {
   /// is checked or changed.
   void PickCol(int j, CZEPHVector& out);
   /// Sets column `j` from the first GetNoRow() elements of `v`; unchecked.
+  ///
+  ///     const double values[] = {1, 2, 3, 4}, column[] = {8, 9};
+  ///     CZEPHMatrix m(2, 2, values);
+  ///     CZEPHVector v(2, column);
+  ///     m.SetCol(1, v);  // m is (1, 8, 3, 9)
   void SetCol(int j, CZEPHVector& v);
 
   /// If `failed`, writes `message` and a flushed line end to `std::cerr` and calls `exit(1)`.
   /// One operation with CZEPHVector::Check.
+  ///
+  ///     char message[] = "no square matrix";
+  ///     CZEPHMatrix m(2, 2);
+  ///     m.Check(m.GetNoRow() != m.GetNoColumn(), message);  // goes on
   void Check(bool failed, char* message);
 
   /// Prints each element with "%12.4lf%c " (the element, `separator`, a blank) and "\n" after each
   /// row, then one more "\n"; just "\n" for an empty matrix. A null stream prints nothing.
+  ///
+  ///     const double values[] = {3, 4};
+  ///     CZEPHMatrix m(1, 2, values);
+  ///     m.Display(stdout, ';');  // prints "      3.0000;       4.0000; \n\n"
   void Display(std::FILE* stream, char separator);
   /// Writes the elements to `std::cout`, 10 wide with 4 decimals and a blank after each, a flushed
   /// line end after each row. The flags right, fixed and showpoint and the precision stay set on
@@ -211,6 +288,13 @@ class ZEPH_API CZEPHMatrix {
 
  protected:
   /// ReSize under its other name.
+  ///
+  ///     struct Pool : CZEPHMatrix {
+  ///       void Renew(int rows, int cols) { Create(rows, cols); }
+  ///     };
+  ///     Pool pool;
+  ///     pool.Renew(2, 3);
+  ///     pool.GetNoColumn();  // 3
   void Create(int rows, int cols);
 
  public:
@@ -242,12 +326,22 @@ ZEPH_API void ZEPH_SumVector(CZEPHMatrix& m, CZEPHVector& out);
 
 /// Sets every element, row by row, to r * scale / 32767.0 with r the next raw draw of ZEPH_MathRandom,
 /// 0 to 32767. Does not seed.
+///
+///     const double zeros[4] = {};
+///     CZEPHMatrix m(2, 2, zeros);
+///     ZEPH_RandomizeMatrix(m, 10);
+///     m[1][1] >= 0 && m[1][1] <= 10;  // 1
 ZEPH_API void ZEPH_RandomizeMatrix(CZEPHMatrix& m, double scale);
 
 /// Index of the first largest element; 0 where there are fewer than two.
 ///
 /// A NaN never wins a comparison, so it is passed over, except that a NaN at index 0 stays the
 /// answer. Method: linear scan.
+///
+///     const double values[] = {3, -7, 5};
+///     CZEPHVector v(3, values);
+///     ZEPH_GetVectorMaxSite(v);       // 2
+///     ZEPH_GetVectorMinSite(v);       // 1
 ZEPH_API int ZEPH_GetVectorMaxSite(CZEPHVector& v);
 /// Index of the first smallest element; 0 where there are fewer than two. NaN as above.
 ZEPH_API int ZEPH_GetVectorMinSite(CZEPHVector& v);
@@ -255,6 +349,10 @@ ZEPH_API int ZEPH_GetVectorMinSite(CZEPHVector& v);
 ZEPH_API double ZEPH_GetVectorSquareNorm(CZEPHVector& v);
 /// The largest absolute value; 0.0 for an empty vector. A NaN at index 0 is the answer, any other
 /// is passed over. (The name is spelled so.)
+///
+///     const double values[] = {3, -7, 5};
+///     CZEPHVector v(3, values);
+///     ZEPH_GetVectorInfititeNorm(v);  // 7
 ZEPH_API double ZEPH_GetVectorInfititeNorm(CZEPHVector& v);
 
 // --- added forms --------------------------------------------------------------------------------

@@ -24,8 +24,9 @@
 ///
 ///     CZEPHMatrix4 m;
 ///     m.loadIdentity();
-///     m(0, 3) = 5.0;  // translation by 5 along x
+///     m(0, 3) = 5.0;             // translation by 5 along x
 ///     CZEPHMatrix4 twice = m * m;
+///     twice(0, 3);               // 10
 class ZEPH_API CZEPHMatrix4 {
  public:
   /// How a source array of 16 doubles lists its elements. Any value but RowMajor is ColumnMajor.
@@ -44,6 +45,10 @@ class ZEPH_API CZEPHMatrix4 {
   ~CZEPHMatrix4();
 
   /// Copies the elements; the count of live objects stays.
+  ///
+  ///     CZEPHMatrix4 a(1.5), b;
+  ///     b = a;
+  ///     b(1, 2);  // 1.5
   ZEPH_EMIT CZEPHMatrix4& operator=(const CZEPHMatrix4& other) {
     for (int k = 0; k < 16; ++k) m_data[k] = other.m_data[k];
     return *this;
@@ -59,6 +64,11 @@ class ZEPH_API CZEPHMatrix4 {
   /// The address of the first stored element, typed as a pointer to float.
   ///
   /// The storage holds doubles all the same: a reader sees their bytes, not their values.
+  ///
+  ///     CZEPHMatrix4 m(1.5);
+  ///     double first;
+  ///     std::memcpy(&first, static_cast<float*>(m), sizeof first);
+  ///     first;  // 1.5
   ZEPH_EMIT operator float*() {  // NOLINT: implicit on purpose
     return reinterpret_cast<float*>(m_data);
   }
@@ -67,20 +77,39 @@ class ZEPH_API CZEPHMatrix4 {
   void loadIdentity();
 
   /// Element-wise, in place.
+  ///
+  ///     CZEPHMatrix4 a(3.0), b(1.0);
+  ///     a += b;
+  ///     a -= b;
+  ///     a *= 4.0;
+  ///     a /= 2.0;
+  ///     a(1, 2);  // 6
   CZEPHMatrix4& operator+=(const CZEPHMatrix4& other);
   CZEPHMatrix4& operator-=(const CZEPHMatrix4& other);
   CZEPHMatrix4& operator*=(const double& s);
   CZEPHMatrix4& operator/=(const double& s);
 
   /// this = this * b; `m *= m` squares.
+  ///
+  ///     CZEPHMatrix4 m(1.0);
+  ///     m *= m;
+  ///     m(1, 2);  // 4
   CZEPHMatrix4& operator*=(const CZEPHMatrix4& b);
 
   /// Flips the sign of every element of this very matrix and refers to it.
   ///
   /// So `-m` changes `m`. For a negated copy write `m * -1.0`.
+  ///
+  ///     CZEPHMatrix4 m(1.5);
+  ///     -m;
+  ///     m(1, 2);  // -1.5
   CZEPHMatrix4& operator-();
 
   /// The number of live objects of this class.
+  ///
+  ///     const int before = CZEPHMatrix4::howMany();
+  ///     CZEPHMatrix4 a, b;
+  ///     CZEPHMatrix4::howMany() - before;  // 2
   static int howMany();
 
   double m_data[16];  ///< the elements, by columns
@@ -90,6 +119,10 @@ class ZEPH_API CZEPHMatrix4 {
 };
 
 /// Element-wise sum and difference.
+///
+///     CZEPHMatrix4 a(3.0), b(1.0);
+///     (a + b)(0, 0);    // 4
+///     (a - b)(0, 0);    // 2
 ZEPH_API CZEPHMatrix4 operator+(const CZEPHMatrix4& a, const CZEPHMatrix4& b);
 ZEPH_API CZEPHMatrix4 operator-(const CZEPHMatrix4& a, const CZEPHMatrix4& b);
 
@@ -98,11 +131,18 @@ ZEPH_API CZEPHMatrix4 operator-(const CZEPHMatrix4& a, const CZEPHMatrix4& b);
 ZEPH_API CZEPHMatrix4 operator*(const CZEPHMatrix4& a, const CZEPHMatrix4& b);
 
 /// Every element times, or divided by, `s`.
+///
+///     CZEPHMatrix4 m(3.0);
+///     (2.0 * m)(0, 0);  // 6
+///     (m * 2.0)(0, 0);  // 6
+///     (m / 2.0)(0, 0);  // 1.5
 ZEPH_API CZEPHMatrix4 operator*(const double& s, const CZEPHMatrix4& a);
 ZEPH_API CZEPHMatrix4 operator*(const CZEPHMatrix4& a, const double& s);
 ZEPH_API CZEPHMatrix4 operator/(const CZEPHMatrix4& a, const double& s);
 
 /// Writes four lines, row by row, "[ a b c d ]\n", numbers in the stream's formatting.
+///
+///     std::cout << CZEPHMatrix4(0.5);  // prints "[ 0.5 0.5 0.5 0.5 ]\n[ 0.5 0.5 0.5 0.5 ]\n..."
 ZEPH_API std::ostream& operator<<(std::ostream& os, const CZEPHMatrix4& a);
 
 // --- added --------------------------------------------------------------------------------------

@@ -22,6 +22,7 @@
 ///     shapes.SetSize(0, 256);  // grow by 256 at a time
 ///     shapes.Add(&circle);
 ///     shapes[0];               // &circle
+///     shapes.GetCount();       // 1
 class ZEPH_API CObArray : public CObject {
  public:
   CObArray();
@@ -40,6 +41,15 @@ class ZEPH_API CObArray : public CObject {
   /// `growBy` >= 0 becomes the growth setting: the least number of elements by which storage grows;
   /// 0 doubles it (by 3 at least). Below 0 the setting stays. Size 0 releases the
   /// storage; a smaller size keeps it. Throws std::out_of_range when `size` is negative.
+  ///
+  ///     CObArray a;
+  ///     a.SetSize(3);
+  ///     a.GetSize();            // 3
+  ///     a.GetUpperBound();      // 2
+  ///     a.FreeExtra();          // what is in it stays
+  ///     a.RemoveAll();
+  ///     a.IsEmpty();            // 1
+  ///     a.GetData() == nullptr; // 1
   void SetSize(std::ptrdiff_t size, std::ptrdiff_t growBy = -1);
   /// Cuts the storage down to the elements.
   void FreeExtra();
@@ -47,6 +57,13 @@ class ZEPH_API CObArray : public CObject {
   void RemoveAll();
 
   /// Access to one element; throws std::out_of_range outside 0..GetUpperBound().
+  ///
+  ///     CObArray a;
+  ///     a.SetSize(2);
+  ///     a.SetAt(1, &circle);
+  ///     a.GetAt(1) == &circle;  // 1
+  ///     a.ElementAt(1) = nullptr;
+  ///     a[1] == nullptr;        // 1
   CObject* GetAt(std::ptrdiff_t index) const;
   void SetAt(std::ptrdiff_t index, CObject* element);
   CObject*& ElementAt(std::ptrdiff_t index);
@@ -69,6 +86,11 @@ class ZEPH_API CObArray : public CObject {
   /// Puts `count` copies in front of `index`; behind the end, the gap is filled with nulls.
   ///
   /// Throws std::out_of_range when `index` is negative or `count` below 1.
+  ///
+  ///     CObArray a;
+  ///     a.InsertAt(2, &circle);  // null, null, circle
+  ///     a.RemoveAt(0, 2);
+  ///     a[0] == &circle;         // 1
   void InsertAt(std::ptrdiff_t index, CObject* element, std::ptrdiff_t count = 1);
   /// Takes `count` elements out from `index` on, keeping the storage.
   ///
@@ -83,6 +105,24 @@ class ZEPH_API CObArray : public CObject {
 };
 
 /// A growable array of unsigned 32-bit values; every member as in CObArray, with 0 for null.
+///
+///     CUIntArray a;
+///     for (int i = 0; i < 4; ++i) a.Add(static_cast<unsigned int>(10 * i));
+///     a.InsertAt(1, 7, 2);
+///     a.GetData();        // (0, 7, 7, 10, 20, 30)
+///     a.RemoveAt(1, 2);
+///     a.SetAtGrow(5, 50);
+///     a.SetAt(0, 1);
+///     a.ElementAt(1) = 2;
+///     a.GetData();        // (1, 2, 20, 30, 0, 50)
+///     a[5] - a.GetAt(2);  // 30
+///     a.SetSize(3);
+///     a.FreeExtra();      // what is in it stays
+///     a.GetSize();        // 3
+///     a.GetCount();       // 3
+///     a.GetUpperBound();  // 2
+///     a.RemoveAll();
+///     a.IsEmpty();        // 1
 class ZEPH_API CUIntArray : public CObject {
  public:
   CUIntArray();
@@ -133,6 +173,24 @@ class ZEPH_API CUIntArray : public CObject {
 };
 
 /// A growable array of unsigned 16-bit values; every member as in CObArray, with 0 for null.
+///
+///     CWordArray a;
+///     for (int i = 0; i < 4; ++i) a.Add(static_cast<unsigned short>(10 * i));
+///     a.InsertAt(1, 7, 2);
+///     a.GetData();        // (0, 7, 7, 10, 20, 30)
+///     a.RemoveAt(1, 2);
+///     a.SetAtGrow(5, 50);
+///     a.SetAt(0, 1);
+///     a.ElementAt(1) = 2;
+///     a.GetData();        // (1, 2, 20, 30, 0, 50)
+///     a[5] - a.GetAt(2);  // 30
+///     a.SetSize(3);
+///     a.FreeExtra();      // what is in it stays
+///     a.GetSize();        // 3
+///     a.GetCount();       // 3
+///     a.GetUpperBound();  // 2
+///     a.RemoveAll();
+///     a.IsEmpty();        // 1
 class ZEPH_API CWordArray : public CObject {
  public:
   CWordArray();

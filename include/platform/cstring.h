@@ -34,6 +34,14 @@
 ///
 /// A text has at most 2^31 - 2 characters. An operation that would make a longer one throws
 /// std::length_error and changes nothing.
+///
+///     CString s("bubble"), t;
+///     t = s;
+///     t += " sort";
+///     t.GetString();      // "bubble sort"
+///     t.GetLength();      // 11
+///     t[0];               // "b"
+///     t.Find("sort");     // 7
 class ZEPH_API CString {
  public:
   CString();
@@ -49,10 +57,17 @@ class ZEPH_API CString {
   CString& operator=(const char* text);
 
   /// The number of characters, without the closing zero.
+  ///
+  ///     CString s("abc");
+  ///     s.GetLength();  // 3
   int GetLength() const;
   /// Whether there is no character.
   bool IsEmpty() const;
   /// Takes the text away; the storage is kept for what comes next.
+  ///
+  ///     CString s("abc");
+  ///     s.Empty();
+  ///     s.IsEmpty();  // 1
   void Empty();
 
   /// The text, closed by a zero. Valid until the string is next changed.
@@ -60,6 +75,10 @@ class ZEPH_API CString {
   operator const char*() const;  // NOLINT: implicit on purpose
 
   /// The character at `index`; 0 at the length. Throws std::out_of_range outside 0..GetLength().
+  ///
+  ///     CString s("abc");
+  ///     s.GetAt(1);  // "b"
+  ///     s.GetAt(3);  // 0
   char GetAt(int index) const;
   char operator[](int index) const;
 
@@ -68,6 +87,10 @@ class ZEPH_API CString {
   CString& operator+=(const char* text);
   CString& operator+=(char c);
   /// Appends the first `length` bytes of `text`, zeros included; nothing if null or below 1.
+  ///
+  ///     CString s("ab");
+  ///     s.Append("cdef", 2);
+  ///     s.GetString();  // "abcd"
   void Append(const char* text, int length);
 
   /// Replaces the content by the formatted text (printf conversions), of any length.
@@ -76,9 +99,20 @@ class ZEPH_API CString {
   /// runtime refuses. Strings among the arguments are passed as GetString().
   void Format(const char* format, ...) ZEPH_PRINTF_FORMAT;
   /// Appends the formatted text; otherwise as Format.
+  ///
+  ///     CString s;
+  ///     s.Format("%d of %d", 3, 7);
+  ///     s.AppendFormat(": %.1f %%", 300.0 / 7);
+  ///     s.GetString();  // "3 of 7: 42.9 %"
   void AppendFormat(const char* format, ...) ZEPH_PRINTF_FORMAT;
 
   /// The first `count` characters; `count` is clamped to 0..GetLength().
+  ///
+  ///     CString s("QuickSort");
+  ///     s.Left(5);    // "Quick"
+  ///     s.Right(4);   // "Sort"
+  ///     s.Mid(5);     // "Sort"
+  ///     s.Mid(1, 3);  // "uic"
   CString Left(int count) const;
   /// The last `count` characters; `count` is clamped to 0..GetLength().
   CString Right(int count) const;
@@ -126,6 +160,13 @@ class ZEPH_API CString {
 };
 
 /// The two texts one after the other. A chain of `+` grows one string.
+///
+///     const CString a("bubble"), b("sort");
+///     a + b;           // "bubblesort"
+///     a + " sort";     // "bubble sort"
+///     "a " + b;        // "a sort"
+///     a + ' ' + b;     // "bubble sort"
+///     '>' + a;         // ">bubble"
 ZEPH_API CString operator+(CString left, const CString& right);
 ZEPH_API CString operator+(CString left, const char* right);
 ZEPH_API CString operator+(const char* left, const CString& right);
@@ -133,6 +174,14 @@ ZEPH_API CString operator+(CString left, char right);
 ZEPH_API CString operator+(char left, const CString& right);
 
 /// Comparison by unsigned byte value, the shorter of two equal beginnings first.
+///
+///     const CString a("ab"), b("b");
+///     a == a && a == "ab" && "ab" == a;  // 1
+///     a != b && a != "b" && "b" != a;    // 1
+///     a < b && a < "b" && "a" < a;       // 1
+///     b > a && b > "ab" && "b" > a;      // 1
+///     a <= b && a <= "ab" && "ab" <= a;  // 1
+///     b >= a && b >= "b" && "b" >= a;    // 1
 ZEPH_API bool operator==(const CString& left, const CString& right);
 ZEPH_API bool operator==(const CString& left, const char* right);
 ZEPH_API bool operator==(const char* left, const CString& right);

@@ -44,6 +44,14 @@ class ZEPH_API CObList : public CObject {
   bool IsEmpty() const;
 
   /// The element at an end; throws std::out_of_range when the list is empty.
+  ///
+  ///     CObList list;
+  ///     Shape a, b;
+  ///     list.AddTail(&a);
+  ///     list.AddHead(&b);
+  ///     list.GetHead() == &b && list.GetTail() == &a;        // 1
+  ///     list.RemoveTail() == &a && list.RemoveHead() == &b;  // 1
+  ///     list.IsEmpty();                                      // 1
   CObject*& GetHead();
   const CObject* GetHead() const;
   CObject*& GetTail();
@@ -59,6 +67,14 @@ class ZEPH_API CObList : public CObject {
   void RemoveAll();
 
   /// The position of the first or last element, or null.
+  ///
+  ///     CObList list;
+  ///     Shape a, b;
+  ///     list.AddTail(&a);
+  ///     list.AddTail(&b);
+  ///     POSITION at = list.GetTailPosition();
+  ///     list.GetPrev(at) == &b && list.GetPrev(at) == &a;  // 1
+  ///     at == nullptr;                                     // 1
   POSITION GetHeadPosition() const;
   POSITION GetTailPosition() const;
   /// The element at `position`, which moves on to the next one or to null.
@@ -69,6 +85,16 @@ class ZEPH_API CObList : public CObject {
   const CObject* GetPrev(POSITION& position) const;
 
   /// Access to the element at `position`; throws std::out_of_range for null.
+  ///
+  ///     CObList list;
+  ///     Shape a, b, c;
+  ///     const POSITION at = list.AddTail(&a);
+  ///     list.InsertBefore(at, &b);
+  ///     list.InsertAfter(at, &b);  // b a b
+  ///     list.SetAt(at, &c);
+  ///     list.GetAt(at) == &c;      // 1
+  ///     list.RemoveAt(at);         // b b
+  ///     list.GetCount();           // 2
   CObject*& GetAt(POSITION position);
   const CObject* GetAt(POSITION position) const;
   void SetAt(POSITION position, CObject* object);
@@ -80,6 +106,15 @@ class ZEPH_API CObList : public CObject {
   POSITION InsertAfter(POSITION position, CObject* object);
 
   /// The first element behind `startAfter` (from the head when null) that is `object`, or null.
+  ///
+  ///     CObList list;
+  ///     Shape a, b;
+  ///     list.AddTail(&a);
+  ///     list.AddTail(&b);
+  ///     list.Find(&b) == list.FindIndex(1);  // 1
+  ///     list.GetSize();                      // 2
+  ///     list.RemoveAll();
+  ///     list.Find(&b) == nullptr;            // 1
   POSITION Find(CObject* object, POSITION startAfter = nullptr) const;
   /// The position of the element with this 0-based index, or null. Steps from the head.
   POSITION FindIndex(std::ptrdiff_t index) const;

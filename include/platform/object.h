@@ -35,6 +35,8 @@ class ZEPH_API CObject {
 ///     try {
 ///       list.AddTail(item);
 ///     } catch (CMemoryException* e) {
+///       char text[80];
+///       e->GetErrorMessage(text, sizeof text);
 ///       e->Delete();
 ///     }
 class ZEPH_API CMemoryException : public CObject {
@@ -45,6 +47,11 @@ class ZEPH_API CMemoryException : public CObject {
   /// Writes "Out of memory." into `text`, cut to `size` characters with the closing zero included.
   ///
   /// Sets `*helpContext`, where given, to 0. Returns 1, or 0 when `text` is null or `size` is 0.
+  ///
+  ///     char text[8];
+  ///     CMemoryException e;
+  ///     e.GetErrorMessage(text, sizeof text);  // 1
+  ///     CString(text);                         // "Out of "
   virtual int GetErrorMessage(char* text, unsigned size, unsigned* helpContext = nullptr) const;
 
   /// Releases the exception object, which stands on the heap; the handler calls it once.
@@ -52,6 +59,9 @@ class ZEPH_API CMemoryException : public CObject {
 };
 
 /// The application or library as one object; the base of the library's module object.
+///
+///     CWinApp app("viewer");
+///     app.m_pszAppName;  // "viewer"
 class ZEPH_API CWinApp : public CObject {
  public:
   /// Keeps `appName` as it is, without a copy; null for none.

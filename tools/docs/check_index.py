@@ -56,4 +56,5 @@ def main():
     return 1 if missing or not want else 0
 
 
-sys.exit(main())
+if __name__ == "__main__":
+    sys.exit(main())

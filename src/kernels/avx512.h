@@ -4,7 +4,7 @@
 #ifndef ZEPH_SRC_KERNELS_AVX512_H
 #define ZEPH_SRC_KERNELS_AVX512_H
 
-#include "kernels/target.h"
+#include "kernels/intrinsics_x64.h"
 
 #if ZEPH_X64
 
@@ -15,11 +15,7 @@
 #pragma GCC diagnostic ignored "-Wuninitialized"
 #endif
 
-#if ZEPH_X64
-#include <immintrin.h>
-
 #define ZEPH_AVX512 ZEPH_TARGET("avx512f,avx512dq,avx512bw,avx512vl,popcnt")
-#endif
 
 #endif  // ZEPH_X64
 

@@ -6,12 +6,11 @@
 #include "kernels/forms.h"
 
 #if ZEPH_X64
-#include <immintrin.h>
-
 #include <cmath>
 #include <cstring>
 #include <type_traits>
 
+#include "kernels/intrinsics_x64.h"
 #include "platform/choose.h"
 #include "platform/exactness.h"
 
@@ -19,7 +18,7 @@ namespace zeph::kernels {
 namespace {
 
 #define ZEPH_FORM ZEPH_TARGET("avx2")
-#define ZEPH_LANES ZEPH_FORM static inline __attribute__((always_inline))
+#define ZEPH_LANES ZEPH_FORM static ZEPH_ALWAYS_INLINE
 
 template <class T>
 struct Wide;

@@ -21,7 +21,7 @@
 namespace zeph::kernels {
 namespace {
 
-#define ZEPH_AVX512_INLINE ZEPH_AVX512 static inline __attribute__((always_inline))
+#define ZEPH_AVX512_INLINE ZEPH_AVX512 static ZEPH_ALWAYS_INLINE
 
 // --- vectors ---
 

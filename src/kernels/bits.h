@@ -5,11 +5,21 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "kernels/target.h"
+
+#if ZEPH_CL
+#include <intrin.h>
+#endif
+
 namespace zeph::kernels {
 
 /// The number of the lowest bit that is set; x != 0.
 inline int LowestBit(std::uint64_t x) {
-#if defined(__GNUC__) || defined(__clang__)
+#if ZEPH_CL && defined(_M_X64)
+  unsigned long at;
+  _BitScanForward64(&at, x);
+  return static_cast<int>(at);
+#elif defined(__GNUC__) || defined(__clang__)
   return __builtin_ctzll(x);
 #else
   int at = 0;
@@ -24,7 +34,11 @@ inline int LowestBit(std::uint64_t x) {
 
 /// The number of the highest bit that is set; x != 0.
 inline int HighestBit(std::uint64_t x) {
-#if defined(__GNUC__) || defined(__clang__)
+#if ZEPH_CL && defined(_M_X64)
+  unsigned long at;
+  _BitScanReverse64(&at, x);
+  return static_cast<int>(at);
+#elif defined(__GNUC__) || defined(__clang__)
   return 63 - __builtin_clzll(x);
 #else
   int at = 0;

@@ -4,16 +4,15 @@
 #include "kernels/forms.h"
 
 #if ZEPH_X64
-#include <immintrin.h>
-
 #include <array>
 #include <utility>
 
 #include "kernels/dense_product_tiles.h"
+#include "kernels/intrinsics_x64.h"
 #include "platform/exactness.h"
 
 #define ZEPH_WIDE_CALL ZEPH_TARGET("avx2")
-#define ZEPH_WIDE ZEPH_WIDE_CALL inline __attribute__((always_inline))
+#define ZEPH_WIDE ZEPH_WIDE_CALL ZEPH_ALWAYS_INLINE
 
 namespace zeph::kernels {
 namespace {

@@ -12,7 +12,7 @@
 #include "platform/exactness.h"
 
 #define ZEPH_WIDE_CALL ZEPH_AVX512
-#define ZEPH_WIDE ZEPH_WIDE_CALL inline __attribute__((always_inline))
+#define ZEPH_WIDE ZEPH_WIDE_CALL ZEPH_ALWAYS_INLINE
 
 namespace zeph::kernels {
 namespace {

@@ -8,18 +8,17 @@
 #include "kernels/forms.h"
 
 #if ZEPH_X64
-#include <immintrin.h>
-
 #include <algorithm>
 #include <cstdint>
 
+#include "kernels/intrinsics_x64.h"
 #include "platform/exactness.h"
 
 namespace zeph::kernels {
 namespace {
 
 #define ZEPH_AVX2 ZEPH_TARGET("avx2")
-#define ZEPH_AVX2_INLINE ZEPH_AVX2 static inline __attribute__((always_inline))
+#define ZEPH_AVX2_INLINE ZEPH_AVX2 static ZEPH_ALWAYS_INLINE
 
 constexpr std::size_t kLanes = 4;
 

@@ -16,8 +16,8 @@
 namespace zeph::kernels {
 namespace {
 
-#define ZEPH_AVX512_INLINE ZEPH_AVX512 static inline __attribute__((always_inline))
-#define ZEPH_AVX512_MEMBER ZEPH_AVX512 inline __attribute__((always_inline))
+#define ZEPH_AVX512_INLINE ZEPH_AVX512 static ZEPH_ALWAYS_INLINE
+#define ZEPH_AVX512_MEMBER ZEPH_AVX512 ZEPH_ALWAYS_INLINE
 
 constexpr std::size_t kLanes = 8;
 constexpr std::size_t kWideFrom = 256;  // shorter arrays are faster in the AVX2 form

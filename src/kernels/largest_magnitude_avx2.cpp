@@ -4,12 +4,11 @@
 #include "kernels/forms.h"
 
 #if ZEPH_X64
-#include <immintrin.h>
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
 
+#include "kernels/intrinsics_x64.h"
 #include "platform/exactness.h"
 
 namespace zeph::kernels {
@@ -19,7 +18,7 @@ namespace {
 constexpr std::size_t kLanes = 4;
 
 /// |x| > m ? |x| : m in each lane: of a NaN and a number, max takes the second operand.
-ZEPH_AVX2 inline __attribute__((always_inline)) __m256d Larger(__m256d x, __m256d m) {
+ZEPH_AVX2 ZEPH_ALWAYS_INLINE __m256d Larger(__m256d x, __m256d m) {
   return _mm256_max_pd(_mm256_andnot_pd(_mm256_set1_pd(-0.0), x), m);
 }
 

@@ -18,15 +18,14 @@ namespace {
 constexpr std::size_t kLanes = 8;
 
 /// The next elements, `left` of them being there; the lanes beyond the end are 0.0.
-ZEPH_AVX512 inline __attribute__((always_inline)) __m512d LoadPart(const double* x,
-                                                                   std::size_t left) {
+ZEPH_AVX512 ZEPH_ALWAYS_INLINE __m512d LoadPart(const double* x, std::size_t left) {
   const unsigned lanes = static_cast<unsigned>(std::min(kLanes, left));
   return _mm512_maskz_loadu_pd(static_cast<__mmask8>((1u << lanes) - 1u), x);
 }
 
 /// |x| > m ? |x| : m in each lane: of a NaN and a number, max takes the second operand. (All lanes
 /// are named in a mask because g++ 12 takes the unmasked intrinsic's own source for uninitialised.)
-ZEPH_AVX512 inline __attribute__((always_inline)) __m512d Larger(__m512d x, __m512d m) {
+ZEPH_AVX512 ZEPH_ALWAYS_INLINE __m512d Larger(__m512d x, __m512d m) {
   return _mm512_maskz_max_pd(0xFF, _mm512_abs_pd(x), m);
 }
 
@@ -55,7 +54,7 @@ ZEPH_AVX512 double Largest(const double* x, std::size_t n) {
 }
 
 /// Without their signs, doubles are ordered as their bits are as integers, and NaN come last.
-ZEPH_AVX512 inline __attribute__((always_inline)) __m512i LargerBits(__m512d x, __m512i m) {
+ZEPH_AVX512 ZEPH_ALWAYS_INLINE __m512i LargerBits(__m512d x, __m512i m) {
   return _mm512_maskz_max_epu64(0xFF, _mm512_castpd_si512(_mm512_abs_pd(x)), m);
 }
 

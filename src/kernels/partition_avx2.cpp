@@ -6,13 +6,12 @@
 #include "kernels/partition.h"
 
 #if ZEPH_X64
-
-#include <immintrin.h>
-
 #include <limits>
 
+#include "kernels/intrinsics_x64.h"
+
 #define ZEPH_INNER_CALL ZEPH_TARGET("avx2,popcnt")
-#define ZEPH_INNER ZEPH_INNER_CALL __attribute__((always_inline)) inline
+#define ZEPH_INNER ZEPH_INNER_CALL ZEPH_ALWAYS_INLINE
 
 namespace zeph::kernels::avx2 {
 namespace {
@@ -81,17 +80,16 @@ ZEPH_INNER void ExchangeReversed64(double* left, double* right) {
 struct Counts {
   __m256i nans, zeros, plus, minus;
 };
+ZEPH_INNER void AddLanes(__m256i& count, __m256i mask) {
+  count = _mm256_sub_epi64(count, mask);
+}
 ZEPH_INNER void Count(Counts& counts, __m256d x) {
   const __m256i bits = _mm256_castpd_si256(x);
   const __m256d zero = _mm256_setzero_pd();
-  const auto add =
-      [](__m256i & count, __m256i mask) __attribute__((always_inline, target("avx2"))) {
-    count = _mm256_sub_epi64(count, mask);
-  };
-  add(counts.nans, _mm256_castpd_si256(_mm256_cmp_pd(x, x, _CMP_UNORD_Q)));
-  add(counts.zeros, _mm256_castpd_si256(_mm256_cmp_pd(x, zero, _CMP_EQ_OQ)));
-  add(counts.plus, _mm256_cmpeq_epi64(bits, _mm256_castpd_si256(zero)));
-  add(counts.minus, _mm256_cmpeq_epi64(bits, _mm256_castpd_si256(_mm256_set1_pd(-0.0))));
+  AddLanes(counts.nans, _mm256_castpd_si256(_mm256_cmp_pd(x, x, _CMP_UNORD_Q)));
+  AddLanes(counts.zeros, _mm256_castpd_si256(_mm256_cmp_pd(x, zero, _CMP_EQ_OQ)));
+  AddLanes(counts.plus, _mm256_cmpeq_epi64(bits, _mm256_castpd_si256(zero)));
+  AddLanes(counts.minus, _mm256_cmpeq_epi64(bits, _mm256_castpd_si256(_mm256_set1_pd(-0.0))));
 }
 ZEPH_INNER std::size_t Total(__m256i counts) {
   alignas(32) long long lanes[kLanes];

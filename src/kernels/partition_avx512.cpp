@@ -13,7 +13,7 @@
 #include "kernels/avx512.h"
 
 #define ZEPH_INNER_CALL ZEPH_AVX512
-#define ZEPH_INNER ZEPH_INNER_CALL __attribute__((always_inline)) inline
+#define ZEPH_INNER ZEPH_INNER_CALL ZEPH_ALWAYS_INLINE
 
 namespace zeph::kernels::avx512 {
 namespace {

@@ -4,15 +4,14 @@
 #include "kernels/forms.h"
 
 #if ZEPH_X64
-#include <immintrin.h>
-
 #include <algorithm>
 
 #include "kernels/hypotenuse.h"
+#include "kernels/intrinsics_x64.h"
 #include "platform/exactness.h"
 
 #define ZEPH_WIDE_CALL ZEPH_TARGET("avx2")
-#define ZEPH_WIDE ZEPH_WIDE_CALL inline __attribute__((always_inline))
+#define ZEPH_WIDE ZEPH_WIDE_CALL ZEPH_ALWAYS_INLINE
 
 namespace zeph::kernels {
 namespace {

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "kernels/search.h"
 
+#include "kernels/bits.h"
 #include "kernels/forms.h"
 
 #if ZEPH_X64
-
-#include <immintrin.h>
+#include "kernels/intrinsics_x64.h"
 
 #define ZEPH_WIDE_CALL ZEPH_TARGET("avx2")
-#define ZEPH_WIDE ZEPH_WIDE_CALL __attribute__((always_inline)) inline
+#define ZEPH_WIDE ZEPH_WIDE_CALL ZEPH_ALWAYS_INLINE
 
 namespace zeph::kernels::avx2 {
 namespace {

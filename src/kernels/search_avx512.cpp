@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "kernels/search.h"
 
+#include "kernels/bits.h"
 #include "kernels/forms.h"
 
 #if ZEPH_X64
@@ -8,7 +9,7 @@
 #include "kernels/avx512.h"
 
 #define ZEPH_WIDE_CALL ZEPH_AVX512
-#define ZEPH_WIDE ZEPH_WIDE_CALL __attribute__((always_inline)) inline
+#define ZEPH_WIDE ZEPH_WIDE_CALL ZEPH_ALWAYS_INLINE
 
 namespace zeph::kernels::avx512 {
 namespace {

@@ -9,17 +9,16 @@
 #include "kernels/sort_limits.h"
 
 #if ZEPH_X64
-
-#include <immintrin.h>
-
 #include <cstdint>
 #include <cstring>
 #include <limits>
 #include <numeric>
 #include <utility>
 
+#include "kernels/intrinsics_x64.h"
+
 #define ZEPH_WIDE_CALL ZEPH_TARGET("avx2,popcnt")
-#define ZEPH_WIDE ZEPH_WIDE_CALL __attribute__((always_inline)) inline
+#define ZEPH_WIDE ZEPH_WIDE_CALL ZEPH_ALWAYS_INLINE
 
 namespace zeph::kernels::avx2 {
 namespace {

@@ -20,7 +20,7 @@
 #include "kernels/avx512.h"
 
 #define ZEPH_WIDE_CALL ZEPH_AVX512
-#define ZEPH_WIDE ZEPH_WIDE_CALL __attribute__((always_inline)) inline
+#define ZEPH_WIDE ZEPH_WIDE_CALL ZEPH_ALWAYS_INLINE
 
 namespace zeph::kernels::avx512 {
 namespace {

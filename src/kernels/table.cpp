@@ -5,6 +5,12 @@
 
 #include "kernels/forms.h"
 
+#if ZEPH_X64 && defined(_MSC_VER)
+#include <intrin.h>
+
+#include "kernels/processor_x64.h"
+#endif
+
 namespace zeph::kernels {
 namespace {
 
@@ -42,11 +48,38 @@ constexpr Table UseAvx2(Table table) {
   table.batch_products = &avx2::kBatchProducts;
   return table;
 }
+#ifdef _MSC_VER  // where the builtins are missing, or rest on a library that is
+ProcessorAnswers AskProcessor() {
+  ProcessorAnswers answers = {};
+  int registers[4];
+  __cpuidex(registers, 0, 0);
+  answers.highest_leaf = static_cast<std::uint32_t>(registers[0]);
+  __cpuidex(registers, 1, 0);
+  answers.leaf_1_ecx = static_cast<std::uint32_t>(registers[2]);
+  if (answers.highest_leaf >= 7) {
+    __cpuidex(registers, 7, 0);
+    answers.leaf_7_ebx = static_cast<std::uint32_t>(registers[1]);
+  }
+  if (HasSavedStates(answers.leaf_1_ecx)) answers.saved_by_system = _xgetbv(0);
+  return answers;
+}
+bool HasAvx2() {
+  return RunsAvx2(AskProcessor());
+}
+bool HasAvx512() {
+  return RunsAvx512(AskProcessor());
+}
+#else
 // The builtins also ask whether the system saves the wide registers.
 bool HasAvx2() {
   __builtin_cpu_init();
   return __builtin_cpu_supports("avx2");
 }
+bool HasAvx512() {
+  return HasAvx2() && __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq") &&
+         __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512vl");
+}
+#endif
 
 constexpr Table UseAvx512(Table table) {
   table.name = "avx512";
@@ -59,10 +92,6 @@ constexpr Table UseAvx512(Table table) {
   table.batch = &avx512::kBatch;
   table.batch_products = &avx512::kBatchProducts;
   return table;
-}
-bool HasAvx512() {
-  return HasAvx2() && __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq") &&
-         __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512vl");
 }
 #endif
 // GCOVR_EXCL_STOP

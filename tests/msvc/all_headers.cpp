@@ -1,6 +1,6 @@
 // Every public header, in the dialect of Visual C++. ZEPH_MACROS_FIRST puts the system's macros in front.
 #ifdef ZEPH_MACROS_FIRST
-#include "declarations.h"
+#include "numeric.h"  // all of the standard library that our headers bring along
 #include "system_macros.h"
 #endif
 #include "ZEPHDataStructureEngine.h"

@@ -1,25 +1,49 @@
 # What Visual C++ sees, by clang++ in its dialect over declarations of the standard library (tests/msvc): every
 # header in both word sizes, with the system's macros before and behind it, as a user, as a static library, as
-# the library itself and hardened; sizes and places of the fields; the names to link.
+# the library itself and hardened; sizes and places of the fields; the names to link; every source that needs
+# nothing of the system's own header, with the code for that compiler and with that for clang in its place.
 need clang python3
 msvc() {  # msvc PROCESSOR OPTION... SOURCE
   clang++ "--target=$1-pc-windows-msvc" -fms-compatibility -fms-extensions -fms-compatibility-version=19.29 \
-    -nostdinc -std=c++17 -Wall -Wextra -Wshadow -Wconversion -Werror -fsyntax-only \
+    -nostdinc -std=c++17 -Wall -Wextra -Wshadow -Wconversion -Werror \
     -I tests/msvc/standard -I tests/msvc -I include "${@:2}"
+}
+# As far as instructions of no processor: a function for one instruction set must not take in one for another.
+compile() {  # compile PROCESSOR OPTION... SOURCE
+  msvc "$1" -c -emit-llvm -Xclang -disable-llvm-passes -o /dev/null -ffreestanding -isystem "$intrinsics" -I src \
+    -DZEPH_BUILDING "${@:2}" || echo "failed: ${*}"
+}
+export -f msvc compile
+intrinsics=$(clang++ -print-resource-dir)/include
+export intrinsics
+# sources WHAT OPTION...: every source, and a verdict on each.
+sources() {
+  local what=$1 all bad
+  shift
+  all=$(list_sources | grep -E '^src/.*\.cpp$' | grep -vE '_(posix|neon)\.cpp$' | xargs grep -LF '#include <windows.h>')
+  bad=$(echo "$all" | xargs -P "$jobs" -I{} bash -c 'compile "$@" 2>&1' compile "$@" {})
+  [ -z "$bad" ] || echo "$bad"
+  bad=$(echo "$bad" | grep -c '^failed: ' || true)
+  passed=$((passed + $(echo "$all" | wc -l) - bad)) failed=$((failed + bad))
+  echo "$what: $(echo "$all" | wc -l) sources, $bad bad"
 }
 for processor in x86_64 i686; do
   for use in ZEPH_USED ZEPH_STATIC ZEPH_BUILDING ZEPH_HARDENED; do
     for macros in BEHIND FIRST; do
       status=0
-      msvc $processor -D$use -DZEPH_MACROS_$macros tests/msvc/all_headers.cpp || status=1
+      msvc $processor -fsyntax-only -D$use -DZEPH_MACROS_$macros tests/msvc/all_headers.cpp || status=1
       check $status "$processor, $use, macros of the system $macros"
     done
   done
   status=0
-  msvc $processor tests/headers/layout.cpp || status=1
+  msvc $processor -fsyntax-only tests/headers/layout.cpp || status=1
   check $status "$processor, layout"
   status=0
   python3 tools/check/msvc_names.py $processor | diff tools/manifests/msvc-$processor.txt - || status=1
   check $status "$processor, names to link"
 done
+like_cl=(-DZEPH_LIKE_CL -mavx2 -mpopcnt -mavx512f -mavx512bw -mavx512dq -mavx512vl)  # it takes every intrinsic
+sources "x86_64, as Visual C++" x86_64 "${like_cl[@]}"
+sources "i686, as Visual C++" i686 -DZEPH_LIKE_CL
+sources "x86_64, as clang in its place" x86_64
 verdicts

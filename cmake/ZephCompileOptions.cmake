@@ -8,12 +8,18 @@ set(zeph_given_flags "${CMAKE_CXX_FLAGS} ${CMAKE_CXX_FLAGS_${zeph_build_type}} $
 ${CMAKE_SHARED_LINKER_FLAGS} ${zeph_given_link_options}")
 string(REPLACE ";" " " zeph_given_flags "${zeph_given_flags}")
 
+# In the place of Visual C++ clang takes its own options only behind this, and ignores them without.
+set(zeph_own "")
+if(MSVC AND CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+  set(zeph_own "/clang:")
+endif()
+
 # Every documented result is exact to the last bit: products and sums round separately, so the
 # compiler may not fuse them, and fast-math is taken back (src/platform/exactness.h checks).
 add_library(zeph_exactness INTERFACE)
 if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
-  target_compile_options(zeph_exactness INTERFACE -ffp-contract=off)
-  if(zeph_given_flags MATCHES "-Ofast|-ffast|-funsafe-math|-ffinite-math|-fassociative-math|-freciprocal-math|-fno-signed-zeros")
+  target_compile_options(zeph_exactness INTERFACE ${zeph_own}-ffp-contract=off)
+  if(NOT MSVC AND zeph_given_flags MATCHES "-Ofast|-ffast|-funsafe-math|-ffinite-math|-fassociative-math|-freciprocal-math|-fno-signed-zeros")
     target_compile_options(zeph_exactness INTERFACE
       -fno-fast-math -fno-unsafe-math-optimizations -fno-finite-math-only -fno-associative-math
       -fno-reciprocal-math -fsigned-zeros -ffp-contract=off)
@@ -38,27 +44,30 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(zeph_exactness INTERFACE -frounding-math -fno-ssa-backprop)
   elseif(CMAKE_SYSTEM_PROCESSOR MATCHES "x86|i[3-6]86|AMD64|amd64")  # elsewhere it only warns
-    target_compile_options(zeph_exactness INTERFACE -frounding-math)
+    target_compile_options(zeph_exactness INTERFACE ${zeph_own}-frounding-math)
   endif()
   if(EMSCRIPTEN)
     # With SIMD128, clang 14 at -O3 makes another matrix of a rotation's where it vectorises straight-line code.
     target_compile_options(zeph_exactness INTERFACE -fno-slp-vectorize)
   endif()
   # Two builds of one commit are the same bytes, wherever they stand.
-  target_compile_options(zeph_exactness INTERFACE "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")
+  target_compile_options(zeph_exactness INTERFACE "${zeph_own}-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")
   if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "x86|i[3-6]86|AMD64")
     # x87 registers would keep extra bits.
     target_compile_options(zeph_exactness INTERFACE -msse2 -mfpmath=sse)
   endif()
-elseif(MSVC)
-  target_compile_options(zeph_exactness INTERFACE /fp:precise)
+endif()
+if(MSVC)
+  target_compile_options(zeph_exactness INTERFACE /fp:precise)  # takes a builder's /fp:fast back
   target_compile_definitions(zeph_exactness INTERFACE NOMINMAX)  # the framework brings windows.h along
 endif()
 
 # The allocation rule throws and catches, and what is thrown is told by its type, whatever a parent project does
 # without.
 add_library(zeph_language INTERFACE)
-if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+if(MSVC)
+  target_compile_options(zeph_language INTERFACE /EHsc /GR /bigobj)  # templates make many sections
+elseif(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   if(zeph_given_flags MATCHES "-fno-exceptions")
     target_compile_options(zeph_language INTERFACE -fexceptions)
   endif()
@@ -76,13 +85,13 @@ if(UNIX AND NOT APPLE AND NOT EMSCRIPTEN AND CMAKE_CXX_COMPILER_ID MATCHES "GNU|
 endif()
 
 add_library(zeph_warnings INTERFACE)
-if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+if(MSVC)
+  target_compile_options(zeph_warnings INTERFACE /W4)
+elseif(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   target_compile_options(zeph_warnings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
   if(ZEPH_WARNINGS_AS_ERRORS)
     target_compile_options(zeph_warnings INTERFACE -Werror)
   endif()
-elseif(MSVC)
-  target_compile_options(zeph_warnings INTERFACE /W4)
 endif()
 
 add_library(zeph_sanitize INTERFACE)

@@ -16,7 +16,7 @@ function(zeph_show library place)
   endforeach()
   target_include_directories(${library} INTERFACE "${root}")
   if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
-    target_compile_options(${library} INTERFACE "-ffile-prefix-map=${root}=./${place}")
+    target_compile_options(${library} INTERFACE "${zeph_own}-ffile-prefix-map=${root}=./${place}")
   endif()
 endfunction()
 

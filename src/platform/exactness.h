@@ -20,6 +20,9 @@
 #if FLT_EVAL_METHOD != 0
 #error "ZEPHDataStructureEngine needs arithmetic in the operands' own precision (SSE2 on x86)."
 #endif
+#if defined(_MSC_VER) && !defined(__clang__)
+#pragma fp_contract(off)  // before 2022 it rounded products and sums at once under /arch:AVX2
+#endif
 // g++ fuses alternating sums and differences although contraction is off, where it may.
 #if defined(__GNUC__) && !defined(__clang__) && (defined(__FMA__) || defined(__AVX512F__))
 #error \

@@ -2,7 +2,7 @@
 # header in both word sizes, with the system's macros before and behind it, as a user, as a static library, as
 # the library itself and hardened; sizes and places of the fields; the names to link; every source that needs
 # nothing of the system's own header, with the code for that compiler and with that for clang in its place.
-need clang python3
+need $packages_build clang clang-tools lld python3
 msvc() {  # msvc PROCESSOR OPTION... SOURCE
   clang++ "--target=$1-pc-windows-msvc" -fms-compatibility -fms-extensions -fms-compatibility-version=19.29 \
     -nostdinc -std=c++17 -Wall -Wextra -Wshadow -Wconversion -Werror \
@@ -46,4 +46,19 @@ like_cl=(-DZEPH_LIKE_CL -mavx2 -mpopcnt -mavx512f -mavx512bw -mavx512dq -mavx512
 sources "x86_64, as Visual C++" x86_64 "${like_cl[@]}"
 sources "i686, as Visual C++" i686 -DZEPH_LIKE_CL
 sources "x86_64, as clang in its place" x86_64
+
+# The project itself, configured for clang in that place: what it does not know it only ignores, and says so.
+status=0
+env -u CMAKE_CXX_COMPILER_LAUNCHER cmake -S . -B build/msvc -G Ninja -DCMAKE_SYSTEM_NAME=Windows -DCMAKE_SYSTEM_PROCESSOR=AMD64 \
+  "-DCMAKE_CXX_COMPILER=$(dirname "$(readlink -f "$(command -v clang++)")")/clang-cl" \
+  "-DCMAKE_CXX_FLAGS=/X /imsvc$PWD/tests/msvc/standard /imsvc$intrinsics /clang:-ffreestanding /fp:fast" \
+  -DCMAKE_TRY_COMPILE_TARGET_TYPE=STATIC_LIBRARY -DCMAKE_CXX_COMPILER_WORKS=1 \
+  "-DCMAKE_MT=$(command -v true)" "-DCMAKE_RC_COMPILER=$(command -v true)" -DCMAKE_BUILD_TYPE=Release \
+  -DZEPH_BUILD_TESTS=OFF -DZEPH_BUILD_EXAMPLES=OFF >build/results/configure-msvc.log 2>&1 || status=1
+objects=src/CMakeFiles/zeph_kernels.dir/kernels
+rm -f build/msvc/$objects/{table,elementwise_avx2}.cpp.obj
+cmake --build build/msvc --target $objects/{table,elementwise_avx2}.cpp.obj >build/results/build-msvc.log 2>&1 ||
+  status=1
+grep warning build/results/build-msvc.log | grep -v 'overriding .*-ffp-contract' && status=1  # of /fp:fast, as told
+check $status "clang-cl takes every option of the project's (build/results/build-msvc.log)"
 verdicts

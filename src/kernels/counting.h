@@ -11,6 +11,7 @@
 #include <cstring>
 #include <type_traits>
 
+#include "kernels/sort_steps.h"
 #include "kernels/target.h"
 
 namespace zeph::kernels::counting {
@@ -93,6 +94,7 @@ class Counts {
 /// The values of a sample from all over `v` (n >= kSample), in no order, and how many they are.
 template <class T>
 ZEPH_NOINLINE std::size_t Sample(const T* v, std::size_t n, T* values) {
+  ZEPH_SORT_STEP(kSampled, n);
   Counts<T> counts;
   const std::size_t step = n / kSample;
   for (std::size_t i = 0; i < kSample; ++i) counts.Add(v + i * step + i * 37 % step, 1);
@@ -128,7 +130,10 @@ class Chance {
     const std::size_t distinct = Sample(v, n, values);
     left_ -= distinct == kSample;
     if (distinct > kSample - kPromising) return false;
-    if (form.SortVeryFew(v, n, values, distinct) || SortFew(v, n, form)) return true;
+    if (form.SortVeryFew(v, n, values, distinct) || SortFew(v, n, form)) {
+      ZEPH_SORT_STEP(kCounted, n);
+      return true;
+    }
     --left_;
     return false;
   }

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "kernels/sort_steps.h"
+
 namespace zeph::kernels::sorting {
 
 /// Partitions after which a quicksort that still is not done gives way to HeapSort.
@@ -19,6 +21,7 @@ inline int DepthLimit(std::size_t n) {
 /// n log n on any input.
 template <class T>
 void HeapSort(T* v, std::size_t n) {
+  ZEPH_SORT_STEP(kHeapSorted, n);
   std::make_heap(v, v + n);
   std::sort_heap(v, v + n);
 }

@@ -115,6 +115,7 @@ void QuickSort(T* v, std::size_t n, const T* floor, int depth, counting::Chance 
   while (n > kSmall) {
     if (depth-- == 0) return sorting::HeapSort(v, n);
     if (chance.Take(v, n, Form<T>())) return;
+    ZEPH_SORT_STEP(kPartitioned, n);
     const T pivot = Pivot(v, n);
     if (floor && !(*floor < pivot)) {
       const std::size_t equal = Partition(v, n, [pivot](T x) { return !(pivot < x); });

@@ -16,7 +16,7 @@ namespace {
 
 struct Level {
   Table table;
-  bool (*runs)();
+  bool (*runs)(const Processor& processor);
 };
 
 constexpr Table kPortable = {"portable",
@@ -29,11 +29,10 @@ constexpr Table kPortable = {"portable",
                              &portable::kProducts,
                              &portable::kBatch,
                              &portable::kBatchProducts};
-bool Always() {
+bool Always(const Processor&) {
   return true;
 }
 
-// GCOVR_EXCL_START: one processor takes one way through here
 #if ZEPH_X64
 constexpr Table UseAvx2(Table table) {
   table.name = "avx2";
@@ -63,23 +62,10 @@ ProcessorAnswers AskProcessor() {
   if (HasSavedStates(answers.leaf_1_ecx)) answers.saved_by_system = _xgetbv(0);
   return answers;
 }
-bool HasAvx2() {
-  return RunsAvx2(AskProcessor());
-}
-bool HasAvx512() {
-  return RunsAvx512(AskProcessor());
-}
-#else
-// The builtins also ask whether the system saves the wide registers.
-bool HasAvx2() {
-  __builtin_cpu_init();
-  return __builtin_cpu_supports("avx2");
-}
-bool HasAvx512() {
-  return HasAvx2() && __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq") &&
-         __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512vl");
-}
 #endif
+bool HasAvx2(const Processor& processor) {
+  return processor.avx2;
+}
 
 constexpr Table UseAvx512(Table table) {
   table.name = "avx512";
@@ -93,8 +79,10 @@ constexpr Table UseAvx512(Table table) {
   table.batch_products = &avx512::kBatchProducts;
   return table;
 }
+bool HasAvx512(const Processor& p) {
+  return p.avx2 && p.avx512f && p.avx512dq && p.avx512bw && p.avx512vl;
+}
 #endif
-// GCOVR_EXCL_STOP
 
 #if ZEPH_NEON
 constexpr Table UseNeon(Table table) {
@@ -125,27 +113,49 @@ constexpr Level kLevels[] = {
 #endif
 };
 
-const Table& Best() {
-  const Table* best = &kLevels[0].table;  // the portable one
-  for (const Level& level : kLevels)
-    if (level.runs()) best = &level.table;
-  return *best;
-}
-
 }  // namespace
 
 // Portable until the initialiser has run: a static object of the application may call us first.
 std::atomic<const Table*> detail::active{&kLevels[0].table};
 
 namespace {
-[[maybe_unused]] const bool chosen = (Force(Best()), true);
+[[maybe_unused]] const bool chosen = (Force(BestTable(ThisProcessor())), true);
 }
 
-std::vector<const Table*> RunnableTables() {
+Processor ThisProcessor() {
+  Processor processor;
+#if ZEPH_X64 && defined(_MSC_VER)
+  const ProcessorAnswers answers = AskProcessor();
+  processor.avx2 = RunsAvx2(answers);
+  processor.avx512f = processor.avx512dq = processor.avx512bw = processor.avx512vl =
+      RunsAvx512(answers);
+#elif ZEPH_X64
+  // The builtins also ask whether the system saves the wide registers.
+  __builtin_cpu_init();
+  processor.avx2 = __builtin_cpu_supports("avx2") != 0;
+  processor.avx512f = __builtin_cpu_supports("avx512f") != 0;
+  processor.avx512dq = __builtin_cpu_supports("avx512dq") != 0;
+  processor.avx512bw = __builtin_cpu_supports("avx512bw") != 0;
+  processor.avx512vl = __builtin_cpu_supports("avx512vl") != 0;
+#endif
+  return processor;
+}
+
+const Table& BestTable(const Processor& processor) {
+  const Table* best = &kLevels[0].table;  // the portable one
+  for (const Level& level : kLevels)
+    if (level.runs(processor)) best = &level.table;
+  return *best;
+}
+
+std::vector<const Table*> RunnableTables(const Processor& processor) {
   std::vector<const Table*> tables;
   for (const Level& level : kLevels)
-    if (level.runs()) tables.push_back(&level.table);
+    if (level.runs(processor)) tables.push_back(&level.table);
   return tables;
+}
+std::vector<const Table*> RunnableTables() {
+  return RunnableTables(ThisProcessor());
 }
 
 void Force(const Table& table) {

@@ -35,7 +35,20 @@ struct Table {
   const BatchProducts* batch_products;
 };
 
-/// The tables that this processor and system can run, worst to best; the portable one always.
+/// What the levels ask of a processor and its system. One of 64-bit ARM has all that they ask for.
+struct Processor {
+  bool avx2 = false;
+  bool avx512f = false, avx512dq = false, avx512bw = false, avx512vl = false;
+};
+Processor ThisProcessor();
+
+/// The best table that `processor` can run. No memory is asked for: the first choice is made while the library is
+/// loaded.
+const Table& BestTable(const Processor& processor);
+
+/// All that it can run, worst to best; the portable one always.
+std::vector<const Table*> RunnableTables(const Processor& processor);
+/// Those of this machine.
 std::vector<const Table*> RunnableTables();
 
 namespace detail {

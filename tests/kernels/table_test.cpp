@@ -3,6 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -21,6 +25,73 @@ class KernelTable : public testing::Test {
   const Table* before_ = &Active();
 };
 
+std::vector<std::string> Names(const std::vector<const Table*>& tables) {
+  std::vector<std::string> names;
+  for (const Table* table : tables) names.emplace_back(table->name);
+  return names;
+}
+
+/// What the system says of the processor, "avx2" and the like; empty where it says nothing.
+std::vector<std::string> ProcessorFlags() {
+  std::ifstream file("/proc/cpuinfo");
+  for (std::string line, flag; std::getline(file, line);) {
+    if (line.compare(0, 5, "flags") != 0) continue;
+    std::istringstream words(line.substr(line.find(':') + 1));
+    std::vector<std::string> flags;
+    while (words >> flag) flags.push_back(flag);
+    return flags;
+  }
+  return {};
+}
+
+#if ZEPH_X64
+/// Every set of the five features.
+TEST_F(KernelTable, ALevelRunsWhereTheProcessorHasAllOfIt) {
+  for (unsigned has = 0; has < 32; ++has) {
+    Processor p;
+    p.avx2 = has & 1;
+    p.avx512f = has & 2, p.avx512dq = has & 4, p.avx512bw = has & 8, p.avx512vl = has & 16;
+    std::vector<std::string> want = {"portable"};
+    if (has & 1) want.emplace_back("avx2");
+    if (has == 31) want.emplace_back("avx512");
+    EXPECT_EQ(want, Names(RunnableTables(p))) << has;
+    EXPECT_EQ(want.back(), BestTable(p).name) << has;
+  }
+}
+
+TEST_F(KernelTable, TheProcessorIsWhatTheSystemSays) {
+  const std::vector<std::string> flags = ProcessorFlags();
+  if (flags.empty()) GTEST_SKIP() << "/proc/cpuinfo does not say what the processor has";
+  const auto has = [&](const char* name) {
+    return std::find(flags.begin(), flags.end(), name) != flags.end();
+  };
+  const Processor p = ThisProcessor();
+  EXPECT_EQ(has("avx2"), p.avx2);
+  EXPECT_EQ(has("avx512f"), p.avx512f);
+  EXPECT_EQ(has("avx512dq"), p.avx512dq);
+  EXPECT_EQ(has("avx512bw"), p.avx512bw);
+  EXPECT_EQ(has("avx512vl"), p.avx512vl);
+}
+#endif
+
+/// Remembers the one in use before the first test.
+class Start : public testing::Environment {
+ public:
+  void SetUp() override { table = &Active(); }
+  static inline const Table* table;
+};
+[[maybe_unused]] const testing::Environment* const kStart =
+    testing::AddGlobalTestEnvironment(new Start);
+
+TEST_F(KernelTable, TheBestOneIsInUseFromTheStart) {
+  const char* asked = std::getenv("ZEPH_TEST_KERNELS");
+  if (asked && *asked)
+    EXPECT_STREQ(asked, Start::table->name);
+  else
+    EXPECT_EQ(&BestTable(ThisProcessor()), Start::table);
+  EXPECT_EQ(RunnableTables().back(), &BestTable(ThisProcessor()));
+}
+
 TEST_F(KernelTable, PortableOneIsTheFirstAndOfPortableFormsOnly) {
   const Table& first = *RunnableTables().front();
   EXPECT_STREQ(first.name, "portable");
@@ -29,6 +100,9 @@ TEST_F(KernelTable, PortableOneIsTheFirstAndOfPortableFormsOnly) {
   EXPECT_EQ(first.elementwise, &portable::kElementwise);
   EXPECT_EQ(first.magnitudes, &portable::kMagnitudes);
   EXPECT_EQ(first.row_sums, &portable::kRowSums);
+  EXPECT_EQ(first.partitions, &portable::kPartitions);
+  EXPECT_EQ(first.batch, &portable::kBatch);
+  EXPECT_EQ(first.batch_products, &portable::kBatchProducts);
   EXPECT_EQ(first.products, &portable::kProducts);
 }
 
@@ -38,6 +112,9 @@ TEST_F(KernelTable, EachWideLevelBringsFormsOfItsOwn) {
     SCOPED_TRACE(tables[i]->name);
     EXPECT_NE(tables[i]->sorting, tables[i - 1]->sorting);
     EXPECT_NE(tables[i]->searching, tables[i - 1]->searching);
+    EXPECT_NE(tables[i]->partitions, tables[i - 1]->partitions);
+    EXPECT_NE(tables[i]->batch, tables[i - 1]->batch);
+    EXPECT_NE(tables[i]->batch_products, tables[i - 1]->batch_products);
     EXPECT_NE(tables[i]->elementwise, tables[i - 1]->elementwise);
     EXPECT_NE(tables[i]->magnitudes, tables[i - 1]->magnitudes);
     EXPECT_NE(tables[i]->products, tables[i - 1]->products);

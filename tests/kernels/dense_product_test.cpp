@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cfenv>
 #include <cstddef>
 #include <limits>
 #include <string>
@@ -157,6 +158,24 @@ int refusals = 0;
 void* Refuse(std::size_t) {
   ++refusals;
   return nullptr;
+}
+
+/// What stands in a copied panel for columns that it lacks must not raise what no entry raises.
+TEST(DenseProduct, RaisesNothingForColumnsThatACopiedPanelLacks) {
+#ifdef FE_INVALID
+  constexpr std::size_t kRows = 50, kInner = 600;
+  for (const std::size_t cols : {173u, 181u}) {
+    Rows a(kRows, std::vector<double>(kInner, 1.0)), b(kInner, std::vector<double>(cols, 1.0));
+    a[3][5] = std::numeric_limits<double>::infinity();
+    const Matrix left(a, kRows, kInner, 0), right(b, kInner, cols, 0), out({}, kRows, cols, 0);
+    for (const Table* form : RunnableTables()) {
+      std::feclearexcept(FE_ALL_EXCEPT);
+      form->products->dense(out.Pointers(), left.Pointers(), right.Pointers(), kRows, kInner, cols);
+      EXPECT_EQ(0, std::fetestexcept(FE_INVALID)) << form->name;
+      EXPECT_EQ(a[3][5], out.Pointers()[3][cols - 1]) << form->name;
+    }
+  }
+#endif
 }
 
 TEST(DenseProduct, DoesWithoutMemoryThatItIsRefused) {

@@ -2,17 +2,17 @@
 //
 // Every form of the kernels on memory that ends where a page ends, or begins where one begins, beside pages that
 // nobody may touch: an element too many ends the program.
-#if defined(__unix__) && !defined(__EMSCRIPTEN__)
+#include "support/guarded.h"
+
+#ifdef ZEPH_TEST_GUARDED
 #include <gtest/gtest.h>
-#include <sys/mman.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cstddef>
-#include <new>
 #include <string>
 #include <vector>
 
+#include "kernels/batch.h"
 #include "kernels/dense_product.h"
 #include "kernels/elementwise.h"
 #include "kernels/largest_magnitude.h"
@@ -26,41 +26,7 @@
 namespace {
 
 using namespace zeph::kernels;
-
-/// Some pages with a forbidden one on either side.
-class Guarded {
- public:
-  Guarded() {
-    const auto page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
-    bytes_ = (kBytes + page - 1) / page * page;
-    all_ = bytes_ + 2 * page;
-    void* at = mmap(nullptr, all_, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    if (at == MAP_FAILED) throw std::bad_alloc();
-    base_ = static_cast<char*>(at);
-    first_ = base_ + page;
-    if (mprotect(first_, bytes_, PROT_READ | PROT_WRITE) != 0) throw std::bad_alloc();
-  }
-  ~Guarded() { munmap(base_, all_); }
-  Guarded(const Guarded&) = delete;
-  Guarded& operator=(const Guarded&) = delete;
-
-  /// Room for `n` elements that touches the forbidden page behind it, or the one before it.
-  template <class T>
-  T* Room(std::size_t n, bool atEnd) const {
-    return reinterpret_cast<T*>(atEnd ? first_ + bytes_ - n * sizeof(T) : first_);
-  }
-  template <class T>
-  T* Copy(const std::vector<T>& v, bool atEnd) const {
-    T* to = Room<T>(v.size(), atEnd);
-    std::copy(v.begin(), v.end(), to);
-    return to;
-  }
-
- private:
-  static constexpr std::size_t kBytes = 16384;
-  std::size_t bytes_, all_;
-  char *base_, *first_;
-};
+using zeph::test::Guarded;
 
 template <class T>
 std::vector<T> Numbers(std::size_t n) {
@@ -198,6 +164,107 @@ TEST_P(GuardPages, RowsStayInside) {
         for (std::size_t k = 0; k < cols; ++k) want += m[rows - 1][k] * right[k][rows - 1];
         EXPECT_EQ(want, to[rows * rows - 1]);
       }
+}
+
+/// Products that are copied panel by panel, and whose sums rest in the result between blocks of k.
+TEST_P(GuardPages, LongProductsStayInside) {
+  constexpr std::size_t kRows = 50, kInner = 600, kBytes = 1 << 20;
+  const Guarded left(kBytes), right(kBytes), result(kBytes);
+  const auto numbers = Numbers<double>(kInner * 181);
+  for (const std::size_t cols : {1u, 3u, 5u, 27u, 171u, 173u, 181u})
+    for (const bool atEnd : {true, false}) {
+      const double* x =
+          left.Copy(std::vector<double>(numbers.begin(), numbers.begin() + kRows * kInner), atEnd);
+      const auto factors = static_cast<std::ptrdiff_t>(kInner * cols);
+      const double* y =
+          right.Copy(std::vector<double>(numbers.begin(), numbers.begin() + factors), atEnd);
+      double* to = result.Room<double>(kRows * cols, atEnd);
+      std::vector<const double*> a, b;
+      std::vector<double*> out;
+      for (std::size_t i = 0; i < kRows; ++i)
+        a.push_back(x + i * kInner), out.push_back(to + i * cols);
+      for (std::size_t k = 0; k < kInner; ++k) b.push_back(y + k * cols);
+      DenseProduct(out.data(), a.data(), b.data(), kRows, kInner, cols);
+      for (const std::size_t i : {std::size_t{0}, kRows - 1})
+        for (const std::size_t j : {std::size_t{0}, cols - 1}) {
+          double want = 0.0;
+          for (std::size_t k = 0; k < kInner; ++k) want += a[i][k] * b[k][j];
+          EXPECT_EQ(want, out[i][j]) << cols;
+        }
+    }
+}
+
+/// Objects as the batches know them: components behind a table pointer, padding behind three floats.
+template <class T>
+struct Objects {
+  static constexpr std::size_t kStride = 24, kFirst = sizeof(T) == 4 ? 8 : 0;
+  Objects(const Guarded& pages, std::size_t n, bool atEnd)
+      : first(reinterpret_cast<T*>(pages.Room<char>(n * kStride, atEnd) + kFirst)) {
+    const auto numbers = Numbers<T>(3 * n);
+    for (std::size_t i = 0; i < n; ++i)
+      for (std::size_t c = 0; c < 3; ++c) At(i)[c] = numbers[3 * i + c] / T(100'000);
+  }
+  T* At(std::size_t i) const {
+    return reinterpret_cast<T*>(reinterpret_cast<char*>(first) + i * kStride);
+  }
+  T* first;
+};
+
+template <class T>
+void VectorsInside(const Vectors<T>& all, const Guarded& a, const Guarded& b, const Guarded& out,
+                   const Guarded& numbers, std::size_t n, bool atEnd) {
+  constexpr std::size_t kStride = Objects<T>::kStride;
+  const Objects<T> x(a, n, atEnd), y(b, n, atEnd), to(out, n, atEnd);
+  T* dots = numbers.Room<T>(n, atEnd);
+  all.dot(dots, x.first, y.first, kStride, n);
+  const T *p = x.At(n - 1), *q = y.At(n - 1);
+  EXPECT_NEAR(p[0] * q[0] + p[1] * q[1] + p[2] * q[2], dots[n - 1], 1e-5);
+  all.cross(to.first, x.first, y.first, kStride, n);
+  EXPECT_EQ(p[1] * q[2] - p[2] * q[1], to.At(n - 1)[0]);
+  all.normalise(to.first, x.first, kStride, n);
+  EXPECT_LT(to.At(n - 1)[2], T(1));
+  T low[3] = {p[0], p[1], p[2]}, high[3] = {p[0], p[1], p[2]};
+  all.bounds(low, high, x.first, kStride, n);
+  EXPECT_LE(low[2], x.At(0)[2]);
+  EXPECT_GE(high[0], x.At(n / 2)[0]);
+}
+
+TEST_P(GuardPages, BatchesStayInside) {
+  const Batch& all = *Active().batch;
+  const Guarded numbers;
+  const float e[16] = {1, 0, 0, 0.5F, 0, 2, 0, 0, 0, 0, 3, 0, 4, 5, 6, 1};
+  ForEachPlace(70, [&](std::size_t n, bool atEnd) {
+    VectorsInside<float>(all.floats, a, b, out, numbers, n, atEnd);
+    VectorsInside<double>(all.doubles, a, b, out, numbers, n, atEnd);
+    const Objects<float> x(a, n, atEnd), to(out, n, atEnd);
+    all.directions(to.first, x.first, 24, e, n);
+    EXPECT_EQ(2 * x.At(n - 1)[1], to.At(n - 1)[1]);
+    all.points(to.first, x.first, 24, e, false, n);
+    EXPECT_EQ(2 * x.At(n - 1)[1] + 5, to.At(n - 1)[1]);
+    all.points(to.first, x.first, 24, e, true, n);
+    for (std::size_t i = 0; i < n; ++i) x.At(i)[3] = 1;  // of four components
+    all.vectors(to.first, x.first, 24, e, false, n);
+    all.vectors(to.first, x.first, 24, e, true, n);
+    EXPECT_EQ(2 * x.At(n - 1)[1] + 5, to.At(n - 1)[1]);
+  });
+}
+
+TEST_P(GuardPages, ProductsWithOneMatrixStayInside) {
+  const BatchProducts& all = *Active().batch_products;
+  ForEachPlace(20, [&](std::size_t n, bool atEnd) {
+    const auto floats = Numbers<float>(16 * n);
+    const auto doubles = Numbers<double>(16 * n);
+    const float* x = a.Copy(floats, atEnd);
+    float* to = out.Room<float>(16 * n, atEnd);
+    const float twice[16] = {2, 0, 0, 0, 0, 2, 0, 0, 0, 0, 2, 0, 0, 0, 0, 2};
+    all.floats(to, x, 16 * sizeof(float), twice, false, false, n);
+    EXPECT_EQ(2 * x[16 * n - 1], to[16 * n - 1]);
+    const double* y = a.Copy(doubles, atEnd);
+    double* wide = out.Room<double>(16 * n, atEnd);
+    const double thrice[16] = {3, 0, 0, 0, 0, 3, 0, 0, 0, 0, 3, 0, 0, 0, 0, 3};
+    all.doubles(wide, y, 16 * sizeof(double), thrice, n);
+    EXPECT_EQ(3 * y[16 * n - 1], wide[16 * n - 1]);
+  });
 }
 
 INSTANTIATE_TEST_SUITE_P(Forms, GuardPages, testing::ValuesIn(RunnableTables()),

@@ -8,6 +8,7 @@ extern "C" {
 int ZephFuzz_containers(const unsigned char* data, std::size_t size);
 int ZephFuzz_double_array(const unsigned char* data, std::size_t size);
 int ZephFuzz_extractors(const unsigned char* data, std::size_t size);
+int ZephFuzz_forms(const unsigned char* data, std::size_t size);
 int ZephFuzz_graphics(const unsigned char* data, std::size_t size);
 int ZephFuzz_matrices(const unsigned char* data, std::size_t size);
 int ZephFuzz_raw_buffers(const unsigned char* data, std::size_t size);
@@ -19,6 +20,7 @@ namespace zeph::test {
 
 using FuzzBody = int(const unsigned char*, std::size_t);
 
+/// Those that several threads may run at once: ZephFuzz_forms changes the kernels of all.
 constexpr FuzzBody* kFuzzBodies[] = {
     ZephFuzz_containers, ZephFuzz_double_array, ZephFuzz_extractors, ZephFuzz_graphics,
     ZephFuzz_matrices,   ZephFuzz_raw_buffers,  ZephFuzz_sorts,      ZephFuzz_texts};

@@ -41,6 +41,7 @@ void Replay(const std::string& target, zeph::test::FuzzBody* body) {
 ZEPH_REPLAY(containers, CollectionsFollowTheStandardContainers)
 ZEPH_REPLAY(double_array, CallSequencesFollowAVector)
 ZEPH_REPLAY(extractors, ExtractorsTakeAnyText)
+ZEPH_REPLAY(forms, EveryFormLeavesTheSameBits)
 ZEPH_REPLAY(graphics, FloatArithmeticFollowsPlainArrays)
 ZEPH_REPLAY(matrices, MatricesFollowRowsOfNumbers)
 ZEPH_REPLAY(raw_buffers, RawBlocksLiveAndDieAsDocumented)

@@ -30,8 +30,16 @@ run_step() {
     tail -n 60 "$log" | sed 's/^/    /'
     case "$counts" in "" | *" 0 failed") counts="0 passed, 1 failed" ;; esac
   fi
+  record "$step" "$status" $((SECONDS - start)) "$counts"
   passed=$((passed + ${counts%% *}))
   failed=$((failed + $(echo "$counts" | awk '{print $3}')))
+}
+
+# record STEP STATUS SECONDS COUNTS: into docs/data, with ZEPH_RECORD=1, for the tables of docs/reliability.md.
+record() {
+  [ -n "${ZEPH_RECORD:-}" ] || return 0
+  python3 -B tools/docs/record.py check "$1" "outcome=$([ "$2" = 0 ] && echo ok || echo failed)" "seconds=$3" \
+    "passed=${4%% *}" "failed=$(echo "$4" | awk '{print $3}')"
 }
 
 for step in "$@"; do run_step "$step"; done

@@ -32,6 +32,8 @@ fuzz_report() {
   start=$(sed -nE 's/.*INITED cov: ([0-9]+).*/\1/p' "$log" | head -1)
   end=$(sed -nE 's/^#.* cov: ([0-9]+).*/\1/p' "$log" | tail -1)
   added=$(sed -nE 's/^stat::new_units_added: *//p' "$log")
+  [ -z "${ZEPH_RECORD:-}" ] || python3 -B tools/docs/record.py fuzz "$target" "executions=${runs:-0}" \
+    "seconds=$seconds" "coverage=${end:-?}" "outcome=$([ "$2" = 0 ] && echo "nothing found" || echo "a promise broken")"
   printf '%-14s %11s executions  coverage %5s -> %5s  %5s new inputs  %s\n' "$target" "${runs:-0}" \
     "${start:-?}" "${end:-?}" "${added:-?}" "$([ "$2" = 0 ] && echo "no findings" || echo "BROKEN")"
   if [ "$2" != 0 ]; then

@@ -1,0 +1,287 @@
+"""Mistakes made by hand (by_hand/*.txt): see README.md beside this file. Run from the top of the tree, by
+./dev mutants --by-hand."""
+import argparse
+import glob
+import json
+import os
+import re
+import resource
+import shlex
+import shutil
+import subprocess
+import sys
+import time
+from dataclasses import dataclass, field
+from pathlib import Path
+
+from rewrite import put
+
+HERE = Path(__file__).parent
+WORK = Path("build/by_hand").absolute()
+TREE = WORK / "tree"
+BUILD = TREE / "build/static"  # where the compiler's cache knows the tests from
+RESULTS = Path("build/results/by_hand.json")
+DATA = Path("docs/data/by_hand.json")  # of the last whole run
+COPIED = ["CMakeLists.txt", "cmake", "include", "src", "tests", "fuzz", "tools/prove", "tools/instructions",
+          "tools/portable_math"]
+CPU, MEMORY = 120, 3 << 30
+
+
+@dataclass
+class Mistake:
+    name: str
+    page: str
+    number: int
+    file: str = ""
+    tests: list = field(default_factory=list)
+    old: str = ""
+    new: str = ""
+    alone: bool = False  # has a build of its own
+    many: bool = False   # every such place, not the one
+    equivalent: str = ""
+
+
+def read():
+    mistakes = []
+    for path in sorted(glob.glob(str(HERE / "by_hand" / "*.txt"))):
+        for line in Path(path).read_text().splitlines():
+            word, _, rest = line.partition(" ")
+            if word == "=":
+                mistakes.append(Mistake(rest, Path(path).stem, len(mistakes) + 1))
+            elif word in ("file", "equivalent"):
+                setattr(mistakes[-1], word, rest)
+            elif word == "tests":
+                mistakes[-1].tests = rest.split()
+            elif word in ("alone", "many"):
+                setattr(mistakes[-1], word, True)
+            elif word in ("-", "+"):
+                name = "old" if word == "-" else "new"
+                setattr(mistakes[-1], name, (getattr(mistakes[-1], name) + "\n" + rest).strip("\n"))
+    return mistakes
+
+
+def place(text, mistake):
+    """Where the wrong piece goes: the whole of `old`, or what stands between its marks."""
+    before, mark, rest = mistake.old.partition("§")
+    inner, _, after = rest.partition("§") if mark else ("", "", "")
+    whole = before + inner + after
+    if text.count(whole) != 1 and not mistake.many:
+        raise SystemExit(f"by_hand/{mistake.page}.txt: \"{mistake.name}\": {text.count(whole)} such places in {mistake.file}")
+    at = text.index(whole) + (len(before) if mark else 0)
+    return at, at + len(inner if mark else whole)
+
+
+def either(mistake, old):
+    """Right and wrong in one program; a number chooses when it starts."""
+    wrong = f"::zeph_mutants::chosen == {mistake.number}"
+    if old.endswith(";") or old.startswith("if (::zeph_mutants"):
+        return f"if ({wrong}) {{ {mistake.new} }} else {{ {old} }}"
+    return f"({wrong} ? ({mistake.new}) : ({old}))"
+
+
+def write_tree(mistakes):
+    kept = set()
+    mutated = {}
+    for mistake in mistakes:
+        if not mistake.alone:
+            mutated.setdefault(mistake.file, []).append(mistake)
+    for kernel in glob.glob("src/kernels/*.cpp"):  # .inc files stand inside their namespaces
+        mutated.setdefault(kernel, [])
+    for name in COPIED:
+        for file in [Path(name)] if Path(name).is_file() else sorted(Path(name).rglob("*")):
+            if not file.is_file():
+                continue
+            kept.add(TREE / file)
+            if str(file) not in mutated:
+                put(TREE / file, file.read_bytes())
+                continue
+            text = file.read_text()
+            places = {}
+            for mistake in mutated[str(file)]:
+                places.setdefault(place(text, mistake), []).append(mistake)
+            for begin, end in sorted(places, reverse=True):
+                piece = text[begin:end]
+                for mistake in places[begin, end]:
+                    piece = either(mistake, piece)
+                text = text[:begin] + piece + text[end:]
+            known = "" if file.suffix == ".inc" else "namespace zeph_mutants { extern int chosen; }  "
+            put(TREE / file, (known + text).encode())
+    runtime = b'#include <cstdlib>\nnamespace zeph_mutants {\nint chosen = 0;\n' \
+              b'[[gnu::constructor(101)]] static void Start() {\n' \
+              b'  if (const char* number = std::getenv("ZEPH_MUTANT")) chosen = std::atoi(number);\n}\n}\n'
+    put(TREE / "src/platform/mutants_runtime.cpp", runtime)
+    kept.add(TREE / "src/platform/mutants_runtime.cpp")
+    sources = [m for m in mutated if m.endswith(".cpp")]
+    if sources:  # what is mutated is compiled quickly
+        names = " ".join(str(Path(s).relative_to("src")) for s in sorted(sources))
+        file = TREE / "src/CMakeLists.txt"
+        more = f"\nset_source_files_properties({names} PROPERTIES COMPILE_OPTIONS \"-O1;-w\")\n"
+        put(file, (Path("src/CMakeLists.txt").read_text() + more).encode())
+    for name in COPIED:
+        for file in [p for p in (TREE / name).rglob("*") if p.is_file() and p not in kept]:
+            os.remove(file)
+
+
+def run(command, what):
+    done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+    if done.returncode:
+        errors = [line for line in done.stdout.splitlines() if "error" in line]
+        raise SystemExit(f"{what} failed:\n" + "\n".join(errors[:20] or done.stdout.splitlines()[-20:]))
+
+
+def configure():
+    run(["cmake", "-S", str(TREE), "-B", str(BUILD), "-G", "Ninja", "-DCMAKE_CXX_COMPILER=g++",
+         "-DCMAKE_BUILD_TYPE=Release", "-DZEPH_SHARED=OFF", "-DZEPH_BUILD_EXAMPLES=OFF",
+         "-DZEPH_WARNINGS_AS_ERRORS=ON", "-DZEPH_BUILD_SELFTEST=OFF", "-DZEPH_INSTALL=OFF",
+         "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON"], "configuring")
+
+
+def build(folders, jobs):
+    targets = [f"zeph_{folder}_tests" for folder in sorted(folders)]
+    run(["cmake", "--build", str(BUILD), f"-j{jobs}", "--target", *targets, "--", "-k0"], "the build")
+
+
+def limits():
+    resource.setrlimit(resource.RLIMIT_CPU, (CPU, CPU))
+    resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY))
+    resource.setrlimit(resource.RLIMIT_FSIZE, (64 << 20, 64 << 20))
+    resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+
+
+def verdict(program, number):
+    """Who killed it: a test, a signal, the time; or nobody."""
+    environment = dict(os.environ, ZEPH_MUTANT=str(number), ZEPH_TEST_SAMPLE="1", TERM="dumb")
+    try:
+        done = subprocess.run([program, "--gtest_brief=1", "--gtest_fail_fast"], stdout=subprocess.PIPE,
+                              stderr=subprocess.STDOUT, stdin=subprocess.DEVNULL, env=environment, preexec_fn=limits,
+                              timeout=10 * CPU, cwd=WORK)
+    except subprocess.TimeoutExpired:
+        return "time"
+    if done.returncode == 0:
+        return ""
+    text = done.stdout.decode(errors="replace")
+    failed = re.search(r"\[  FAILED  \] (\S+?)(?:,| \()", text)
+    if failed:
+        return failed[1]
+    return "time" if done.returncode in (-24, -9) else f"ended with {done.returncode}"
+
+
+def judge_one(mistake):
+    for folder in mistake.tests:
+        killer = verdict(BUILD / "tests" / f"zeph_{folder}_tests", mistake.number)
+        if killer:
+            return killer
+    return ""
+
+
+def judge_alone(mistake, jobs):
+    """A build of its own, which is put right again."""
+    file = TREE / mistake.file
+    right = file.read_text()
+    wrong = change(right, mistake)
+    try:
+        file.write_text(wrong)
+        build(mistake.tests, jobs)
+        return judge_one(mistake)
+    finally:
+        file.write_text(right)
+
+
+def change(text, mistake):
+    if mistake.many:
+        return text.replace(mistake.old, mistake.new)
+    begin, end = place(text, mistake)
+    return text[:begin] + mistake.new + text[end:]
+
+
+def judge_header(mistake):
+    """Public inline code: one test source, compiled with the changed header, before the library as it is."""
+    headers = WORK / "include"
+    shutil.rmtree(headers, ignore_errors=True)
+    shutil.copytree(TREE / "include", headers)
+    header = headers / Path(mistake.file).relative_to("include")
+    header.write_text(change(header.read_text(), mistake))
+    commands = json.loads((BUILD / "compile_commands.json").read_text())
+    for test in mistake.tests:
+        command = next(c for c in commands if c["file"].endswith("tests/" + test))
+        words = shlex.split(command["command"])
+        if "-include" in words:  # a precompiled header
+            at = words.index("-include")
+            del words[at:at + 2]
+        words.insert(next(i for i, w in enumerate(words) if w.startswith("-I")), f"-I{headers}")
+        out = WORK / "header_test"
+        words[words.index("-o") + 1] = str(out) + ".o"
+        run(words, test)
+        folder = test.split("/")[0]
+        link = subprocess.run(["ninja", "-C", str(BUILD), "-t", "commands", f"tests/zeph_{folder}_tests"], stdout=subprocess.PIPE,
+                              text=True).stdout.splitlines()[-1]
+        objects = [w for w in shlex.split(link.split("&&")[1]) if f"zeph_{folder}_tests.dir" not in w]
+        objects[objects.index("-o") + 1] = str(out)
+        objects.insert(objects.index("-o"), str(out) + ".o")
+        subprocess.run(objects, cwd=BUILD, check=True)
+        killer = verdict(out, 0)
+        if killer:
+            return killer
+    return ""
+
+
+def commit():
+    """With a mark where the sources are not those of it."""
+    said = subprocess.run(["git", "describe", "--always", "--dirty=+", "--exclude=*"], stdout=subprocess.PIPE, text=True)
+    return said.stdout.strip()
+
+
+def report(rows):
+    pages = sorted({m.page for m, _ in rows})
+    print("\n| mistakes in | made | noticed | equivalent | unnoticed |\n|---|---:|---:|---:|---:|")
+    for page in [*pages, "all"]:
+        of = [(m, k) for m, k in rows if page in (m.page, "all")]
+        dead = sum(bool(k) for _, k in of)
+        same = sum(not k and bool(m.equivalent) for m, k in of)
+        print(f"| {page} | {len(of)} | {dead} | {same} | {len(of) - dead - same} |")
+    return [m for m, k in rows if not k and not m.equivalent]
+
+
+def main():
+    parse = argparse.ArgumentParser(prog="./dev mutants --by-hand")
+    parse.add_argument("--jobs", type=int, default=1)
+    parse.add_argument("--files", default="", help="only those in files that match this pattern")
+    parse.add_argument("--names", default="", help="only those whose name matches this pattern")
+    given = parse.parse_args()
+    mistakes = read()
+    chosen = [m for m in mistakes if re.search(given.files, m.file) and re.search(given.names, m.name)]
+    start = time.time()
+    write_tree(mistakes)
+    configure()
+    folders = {t.split("/")[0] for m in chosen for t in m.tests}
+    print(f"by hand: {len(chosen)} mistakes; building the tests of {', '.join(sorted(folders))}", flush=True)
+    build(folders, given.jobs)
+    for folder in sorted(folders):
+        failed = verdict(BUILD / "tests" / f"zeph_{folder}_tests", 0)
+        if failed:
+            raise SystemExit(f"zeph_{folder}_tests fails without a mistake: {failed}")
+    rows = []
+    for mistake in sorted(chosen, key=lambda m: m.alone):  # one program for all of them, then builds of their own
+        if mistake.file.startswith("include/"):
+            killer = judge_header(mistake)
+        else:
+            killer = judge_alone(mistake, given.jobs) if mistake.alone else judge_one(mistake)
+        rows.append((mistake, killer))
+        note = killer or ("equivalent: " + mistake.equivalent if mistake.equivalent else "UNNOTICED")
+        print(f"  {mistake.page}: {mistake.name}: {note}", flush=True)
+        if killer and mistake.equivalent:
+            print("    was held to be equivalent")
+    left = report(rows)
+    found = {"date": time.strftime("%Y-%m-%d", time.gmtime()), "commit": commit(), "seconds": round(time.time() - start),
+             "mistakes": [{"page": m.page, "name": m.name, "file": m.file, "noticed by": k, "equivalent": m.equivalent}
+                          for m, k in rows]}
+    for path in [RESULTS] + ([DATA] if len(rows) == len(mistakes) else []):
+        path.parent.mkdir(parents=True, exist_ok=True)
+        path.write_text(json.dumps(found, indent=1, ensure_ascii=False) + "\n")
+    print(f"\n{len(rows)} mistakes in {time.time() - start:.0f} s, {len(left)} unnoticed")
+    print(f"{len(rows) - len(left)} passed, {len(left)} failed")
+    sys.exit(1 if left else 0)
+
+
+if __name__ == "__main__":
+    main()

@@ -14,6 +14,8 @@
 #include <utility>
 #include <vector>
 
+#include "support/scale.h"
+
 namespace {
 
 /// How often a step was taken, and over how many elements in all.
@@ -51,10 +53,12 @@ struct Form {
 };
 
 std::vector<Form> Forms() {
-  std::vector<Form> forms = {{"portable", portable::kSorting.sort_doubles,
-                              portable::kSorting.sort_ints, [](double* v, std::size_t n) {
-                                portable::QuickSort<double>(v, n, nullptr, 0, counting::Chance());
-                              }}};
+  std::vector<Form> forms;
+  forms.push_back({"portable", portable::kSorting.sort_doubles, portable::kSorting.sort_ints,
+                   [](double* v, std::size_t n) {
+                     portable::QuickSort<double>(v, n, nullptr, 0, counting::Chance());
+                   },
+                   portable::kSmall, 1.3});
 #if ZEPH_X64
   __builtin_cpu_init();
   if (__builtin_cpu_supports("avx2"))
@@ -96,7 +100,8 @@ void PrintTo(const Form& form, std::ostream* os) {
 
 class SortSteps : public testing::TestWithParam<Form> {};
 
-constexpr std::size_t kLengths[] = {1000, 10'000, 100'000, 1'000'000};
+const std::size_t kLengths[] = {1000, 10'000, test::Scaled<std::size_t>(100'000, 20'000),
+                                test::Scaled<std::size_t>(1'000'000, 50'000)};
 
 /// Halving would look at log2(n / what is left to the network or to insertion) times n elements.
 template <class T>

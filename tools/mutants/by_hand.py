@@ -247,9 +247,13 @@ def main():
     parse.add_argument("--jobs", type=int, default=1)
     parse.add_argument("--files", default="", help="only those in files that match this pattern")
     parse.add_argument("--names", default="", help="only those whose name matches this pattern")
+    parse.add_argument("--tests", default="", help="ask only the tests of folders that match this pattern")
     given = parse.parse_args()
     mistakes = read()
-    chosen = [m for m in mistakes if re.search(given.files, m.file) and re.search(given.names, m.name)]
+    whole = not (given.files or given.names or given.tests)
+    for mistake in mistakes:
+        mistake.tests = [t for t in mistake.tests if re.search(given.tests, t.split("/")[0])]
+    chosen = [m for m in mistakes if m.tests and re.search(given.files, m.file) and re.search(given.names, m.name)]
     start = time.time()
     write_tree(mistakes)
     configure()
@@ -275,7 +279,7 @@ def main():
     found = {"date": time.strftime("%Y-%m-%d", time.gmtime()), "commit": commit(), "seconds": round(time.time() - start),
              "mistakes": [{"page": m.page, "name": m.name, "file": m.file, "noticed by": k, "equivalent": m.equivalent}
                           for m, k in rows]}
-    for path in [RESULTS] + ([DATA] if len(rows) == len(mistakes) else []):
+    for path in [RESULTS] + ([DATA] if whole else []):
         path.parent.mkdir(parents=True, exist_ok=True)
         path.write_text(json.dumps(found, indent=1, ensure_ascii=False) + "\n")
     print(f"\n{len(rows)} mistakes in {time.time() - start:.0f} s, {len(left)} unnoticed")

@@ -106,25 +106,25 @@ void OnAnArray(Bytes& in, std::vector<std::uint64_t>& seen) {
 void OnMatrices(Bytes& in, std::vector<std::uint64_t>& seen) {
   const int rows = in.Int(1, kMostCells), inner = in.Int(1, kMostCells),
             cols = in.Int(1, kMostCells);
-  CZEPHDoubleMatrix a(rows, inner, 0.0), b(inner, cols, 0.0);
-  const auto fill = [&in](CZEPHDoubleMatrix& m) {
-    const std::size_t row = static_cast<std::size_t>(m.m_nColumns);
-    const std::vector<double> values = in.ExactlyDoubles(static_cast<std::size_t>(m.m_nRows) * row);
-    for (int i = 0; i < m.m_nRows; ++i)
-      std::copy_n(values.begin() + static_cast<std::ptrdiff_t>(static_cast<std::size_t>(i) * row),
-                  row, m.m_ppData[i]);
+  CZEPHMatrix a(rows, inner), b(inner, cols);
+  const auto fill = [&in](CZEPHMatrix& m) {
+    for (int i = 0; i < m.m_nRows; ++i) {
+      const auto row = in.ExactlyDoubles(static_cast<std::size_t>(m.m_nColumns));
+      std::copy(row.begin(), row.end(), m.m_ppData[i]);
+    }
   };
   fill(a), fill(b);
   const int square = std::min(rows, inner);
   TakeUp(seen, ZEPH_MatrixMaxNorm(a.m_ppData, square, 0));
   TakeUp(seen, ZEPH_MatrixOneNorm(a.m_ppData, square, 0));
   TakeUp(seen, ZEPH_MatrixFrobNorm(a.m_ppData, square, 0));
+  const CZEPHDoubleMatrix other(rows, inner, a.m_ppData);
   CZEPHDoubleArray v(inner, in.ExactlyDoubles(static_cast<std::size_t>(inner)).data());
-  CZEPHDoubleArray byVector = a * v;
+  CZEPHDoubleArray byVector = other * v;
   TakeUp(seen, byVector);
-  a *= b;
-  for (int i = 0; i < a.m_nRows; ++i)
-    TakeUp(seen, a.m_ppData[i], static_cast<std::size_t>(a.m_nColumns));
+  const CZEPHMatrix product = a * b;
+  for (int i = 0; i < product.m_nRows; ++i)
+    TakeUp(seen, product.m_ppData[i], static_cast<std::size_t>(product.m_nColumns));
 }
 
 void OnInts(Bytes& in, std::vector<std::uint64_t>& seen) {

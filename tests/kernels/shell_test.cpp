@@ -71,7 +71,7 @@ TEST_P(ShellInEveryForm, FollowsZerosPassByPassWhateverTheirNumber) {
 
 TEST_P(ShellInEveryForm, FinishesByRunsAPassThatTheWalkGaveUp) {
   std::size_t given_up = 0;
-  for (std::size_t n = 9; n < 600; n += 1 + n / 10)
+  for (std::size_t n = 9; n < 600; n += 1 + n / test::Scaled<std::size_t>(10, 2))
     for (std::size_t patience : {0u, 1u, 2u})
       test::ForEachHostile(n, n, [&](Values v, const std::string& name) {
         const Values want = Walked(v);

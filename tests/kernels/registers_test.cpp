@@ -14,6 +14,7 @@
 #include "kernels/row_sums.h"
 #include "kernels/search.h"
 #include "kernels/sort.h"
+#include "support/modes.h"
 #include "support/watched_call.h"
 
 namespace zeph::kernels {
@@ -99,6 +100,8 @@ TEST(CallersRegisters, SurviveEveryKernelAtEveryAlignmentOfTheStack) {
 
 #if defined(__x86_64__)
 TEST(CallersRegisters, AreWatched) {
+  if (!test::HasFloatingPointEnvironment())
+    GTEST_SKIP() << "this processor's environment is not a whole one";
   static constexpr unsigned short kSingle =
       0x007f;  // the x87 unit's precision, and nothing trapped
   EXPECT_STREQ(test::WatchedCall([] { asm volatile("fldcw %0"

@@ -6,10 +6,13 @@
 #include "support/child.h"
 #include "support/scale.h"
 
+using zeph::test::ChildrenAreEmulated;
 using zeph::test::ChildResult;
 using zeph::test::RunChild;
 
 namespace {
+
+constexpr const char* kOtherThreads = "the emulator has threads of its own, which a fork disturbs";
 
 void ExpectAllWell(const ChildResult& child, int lines) {
   EXPECT_EQ(child.status, 0) << child.err;
@@ -27,6 +30,7 @@ void ExpectAllWell(const char* name, int lines) {
 #ifndef __EMSCRIPTEN__
 
 TEST(ThreadsLife, ThereAreAsManyAsAskedForAndNoneUnasked) {
+  if (ChildrenAreEmulated()) GTEST_SKIP() << kOtherThreads;
   ExpectAllWell("counts", 7);
 }
 
@@ -45,12 +49,15 @@ TEST(ThreadsLife, StaticObjectsMayCallWhileTheProcessEnds) {
 #ifndef _WIN32
 
 TEST(ThreadsLife, TheChildOfAForkHasOneThread) {
+  if (ChildrenAreEmulated()) GTEST_SKIP() << kOtherThreads;
   ExpectAllWell("fork", 6);
 }
 
 TEST(ThreadsLife, AForkDisturbsNobodyAtWork) {
+  if (ChildrenAreEmulated()) GTEST_SKIP() << kOtherThreads;
 #ifdef ZEPH_TEST_SANITIZED
-  GTEST_SKIP() << "the sanitizer's allocator does not know of fork: a child may wait for another's lock";
+  GTEST_SKIP()
+      << "the sanitizer's allocator does not know of fork: a child may wait for another's lock";
 #endif
   ExpectAllWell("fork at work", 2);
 }
@@ -64,6 +71,7 @@ TEST(ThreadsLife, ACancelledCallerEndsBetweenCalls) {
 }
 
 TEST(ThreadsLife, WithoutAThreadTheCallerDoesTheWork) {
+  if (ChildrenAreEmulated()) GTEST_SKIP() << kOtherThreads;
 #ifdef ZEPH_TEST_SANITIZED
   GTEST_SKIP() << "the sanitizer stands where the program's own pthread_create would";
 #endif

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <climits>
 #include <functional>
+#include <iterator>
 #include <vector>
 
 #include "algorithms.h"
@@ -61,9 +62,12 @@ Values RandomValues(std::size_t n) {
 }  // namespace
 
 TEST(SharedSorts, EveryContentInEveryOrderHasOneOutcome) {
-  ForEachHostile(130'000, 1, [](const Values& v, const std::string& what) {
-    for (const Method& method : kMethods)
-      if (!HasFatalFailure()) ExpectOneOutcome(method, v, what);
+  std::size_t content = 0;
+  ForEachHostile(130'000, 1, [&content](const Values& v, const std::string& what) {
+    ++content;
+    for (std::size_t k = 0; k < std::size(kMethods); ++k)  // a sample: one sort for each content
+      if ((kFullScale || content % std::size(kMethods) == k) && !HasFatalFailure())
+        ExpectOneOutcome(kMethods[k], v, what);
   });
 }
 

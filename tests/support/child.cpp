@@ -59,6 +59,14 @@ int ExitStatus(int raw) {
 
 }  // namespace
 
+bool ChildrenAreEmulated() {
+#ifdef ZEPH_TEST_EMULATOR
+  return true;
+#else
+  return false;
+#endif
+}
+
 ChildResult RunChild(const std::string& name, const std::vector<std::string>& arguments) {
   const TemporaryFile out, err;
   std::string command;

@@ -15,6 +15,10 @@ struct ChildResult {
   std::string err;  // standard error
 };
 
+/// Whether child programs run on an emulated processor. The emulator's threads are the process's too,
+/// and a fork copies it in whatever state it is.
+bool ChildrenAreEmulated();
+
 /// Runs the child program `name` (without ".exe") from the folder of the test programs.
 ChildResult RunChild(const std::string& name, const std::vector<std::string>& arguments);
 

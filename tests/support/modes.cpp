@@ -83,6 +83,15 @@ class InMode {
 
 }  // namespace
 
+bool HasFloatingPointEnvironment() {
+  std::feclearexcept(FE_ALL_EXCEPT);
+  volatile double x = 0;
+  x = 1 / x;
+  const bool raised = std::fetestexcept(FE_DIVBYZERO) != 0;
+  std::feclearexcept(FE_ALL_EXCEPT);
+  return raised;
+}
+
 const std::vector<Mode>& Modes() {
   static const std::vector<Mode> modes = [] {
     const std::pair<int, const char*> kDirections[] = {{FE_TONEAREST, "to nearest"},

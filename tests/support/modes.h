@@ -23,6 +23,10 @@ struct Mode {
 /// All modes that this processor has, the usual one first.
 const std::vector<Mode>& Modes();
 
+/// Whether the processor tells of exceptions and rounds as it is told: that of valgrind does neither
+/// throughout.
+bool HasFloatingPointEnvironment();
+
 /// Calls `steps` in `mode` and returns which of the exceptions invalid, division by zero and
 /// overflow were raised. With `trapping` they trap, where the system can have them trap.
 int RaisedBy(const Mode& mode, const std::function<void()>& steps, bool trapping = false);

@@ -179,17 +179,17 @@ TEST_P(GuardPages, LongProductsStayInside) {
       const double* y =
           right.Copy(std::vector<double>(numbers.begin(), numbers.begin() + factors), atEnd);
       double* to = result.Room<double>(kRows * cols, atEnd);
-      std::vector<const double*> a, b;
-      std::vector<double*> out;
+      std::vector<const double*> rows, others;
+      std::vector<double*> sums;
       for (std::size_t i = 0; i < kRows; ++i)
-        a.push_back(x + i * kInner), out.push_back(to + i * cols);
-      for (std::size_t k = 0; k < kInner; ++k) b.push_back(y + k * cols);
-      DenseProduct(out.data(), a.data(), b.data(), kRows, kInner, cols);
+        rows.push_back(x + i * kInner), sums.push_back(to + i * cols);
+      for (std::size_t k = 0; k < kInner; ++k) others.push_back(y + k * cols);
+      DenseProduct(sums.data(), rows.data(), others.data(), kRows, kInner, cols);
       for (const std::size_t i : {std::size_t{0}, kRows - 1})
         for (const std::size_t j : {std::size_t{0}, cols - 1}) {
           double want = 0.0;
-          for (std::size_t k = 0; k < kInner; ++k) want += a[i][k] * b[k][j];
-          EXPECT_EQ(want, out[i][j]) << cols;
+          for (std::size_t k = 0; k < kInner; ++k) want += rows[i][k] * others[k][j];
+          EXPECT_EQ(want, sums[i][j]) << cols;
         }
     }
 }

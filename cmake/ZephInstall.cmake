@@ -72,14 +72,38 @@ if(MINGW)
     execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${name}
       OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE)
     if(IS_ABSOLUTE "${path}")
-      install(FILES "${path}" DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT Runtime)
+      # Without the debug information that they carry, which is most of them.
+      set(stripped "${PROJECT_BINARY_DIR}/installed/${name}")
+      execute_process(COMMAND ${CMAKE_STRIP} -o "${stripped}" "${path}" COMMAND_ERROR_IS_FATAL ANY)
+      install(FILES "${stripped}" DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT Runtime)
     endif()
   endforeach()
+  # Their licences, as Debian's packages of them state them.
+  foreach(package IN ITEMS gcc-mingw-w64-base mingw-w64-common)
+    if(EXISTS "/usr/share/doc/${package}/copyright")
+      install(FILES "/usr/share/doc/${package}/copyright" DESTINATION "${CMAKE_INSTALL_DOCDIR}/licences"
+        RENAME "${package}.txt" COMPONENT Documentation)
+    endif()
+  endforeach()
+  install(FILES "${PROJECT_SOURCE_DIR}/cmake/packages/windows.txt" DESTINATION "${CMAKE_INSTALL_DOCDIR}"
+    COMPONENT Documentation)
 endif()
 
-install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/CHANGELOG.md"
-  "${PROJECT_SOURCE_DIR}/docs/behaviours.md" "${PROJECT_SOURCE_DIR}/docs/additions.md"
+# The pages link to one another as they do in the tree. What only the HTML has (pictures of ./dev docs, the playground)
+# and what only the tree has is left out.
+file(READ "${PROJECT_SOURCE_DIR}/README.md" readme)
+string(REGEX REPLACE "<a href=\"[^\"]*\">([^<]*)</a>" "\\1" readme "${readme}")
+string(REPLACE ", [pictures](docs/gallery.md)" "" readme "${readme}")
+file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/installed/README.md" CONTENT "${readme}" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/installed/README.md" "${PROJECT_SOURCE_DIR}/LICENSE"
+  "${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${PROJECT_SOURCE_DIR}/CONTRIBUTING.md"
   DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT Documentation)
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs" DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT Documentation
+  FILES_MATCHING PATTERN "*.md" PATTERN "*.svg" PATTERN "gallery.md" EXCLUDE PATTERN "mutants.md" EXCLUDE)
+if(NOT WIN32 AND ZEPH_BUILD_SELFTEST)
+  install(FILES "${PROJECT_SOURCE_DIR}/tools/selftest/zeph-selftest.1"
+    DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT Development)
+endif()
 
 if(PROJECT_IS_TOP_LEVEL)
   include(ZephPackages)

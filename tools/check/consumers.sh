@@ -1,2 +1,2 @@
-need pkg-config
+need pkg-config meson lintian dpkg-dev file
 workflow consumers consumers-static

@@ -1,0 +1,17 @@
+# Run by cpack behind the .deb packages: the library's asks for ldconfig by a trigger, as Debian's policy wants it, where
+# cpack writes scripts of its own for it.
+if(NOT CPACK_GENERATOR STREQUAL "DEB")
+  return()
+endif()
+foreach(package IN LISTS CPACK_PACKAGE_FILES)
+  if(NOT package MATCHES "/${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME}_")
+    continue()
+  endif()
+  set(folder "${CPACK_TEMPORARY_DIRECTORY}-trigger")
+  file(REMOVE_RECURSE "${folder}")
+  execute_process(COMMAND dpkg-deb -R "${package}" "${folder}" COMMAND_ERROR_IS_FATAL ANY)
+  file(REMOVE "${folder}/DEBIAN/postinst" "${folder}/DEBIAN/postrm")
+  file(WRITE "${folder}/DEBIAN/triggers" "activate-noawait ldconfig\n")
+  execute_process(COMMAND dpkg-deb --root-owner-group -b "${folder}" "${package}" OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+  file(REMOVE_RECURSE "${folder}")
+endforeach()

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "double_array/shell_runs.h"
@@ -66,6 +67,28 @@ TEST_P(ShellInEveryForm, FollowsZerosPassByPassWhateverTheirNumber) {
       const Values want = Walked(v);
       ASSERT_TRUE(ShellSortAroundZeros(v.data(), n, zeros));
       ASSERT_TRUE(test::SameBits(v, want)) << zeros << " of " << n;
+    }
+}
+
+/// Long enough for chains beyond the network, with the disorder around the first and the last zero
+/// apart, joined, or missing on either side.
+TEST_P(ShellInEveryForm, GoesOnlyThroughWhatIsOutOfOrderAroundManyZeros) {
+  test::Random random(12);
+  for (std::size_t n : {9u, 33u, 64u, 255u, 256u, 1000u, 1023u, 2048u, 6250u})
+    for (int round = 0; round < test::Scaled(24, 6); ++round) {
+      const std::size_t below = random.Below(4), zeros = 1 + random.Below(6);
+      const std::size_t all = below + zeros + random.Below(4);
+      Values v(n);
+      for (std::size_t i = 0; i < n; ++i) {
+        const std::size_t x = round % 2 ? random.Below(all) : (i * all + random.Below(n)) / n;
+        const double size = 1.0 + static_cast<double>(random.Below(50));
+        v[i] = x < below ? -size : x >= below + zeros ? size : random.Below(2) ? 0.0 : -0.0;
+      }
+      const auto count = static_cast<std::size_t>(std::count(v.begin(), v.end(), 0.0));
+      if (count == 0) continue;
+      const Values want = Walked(v);
+      ASSERT_TRUE(ShellSortAroundZeros(v.data(), n, count));
+      ASSERT_TRUE(test::SameBits(v, want)) << round << ", " << count << " of " << n;
     }
 }
 

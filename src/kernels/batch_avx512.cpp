@@ -3,9 +3,10 @@
 // Sixteen floats or eight doubles of a component side by side; a whole matrix of floats, or two
 // columns of doubles, in one register. Vectors of four stay in the AVX2 form.
 //
-// The objects are first packed, x y z x y z ..., into three registers (doubles lie so in memory),
-// and these turned over into one register a component. Only lanes with a component take part in
-// loads' arithmetic and in stores.
+// The objects are first packed into three registers, and these turned over into one register a
+// component. Doubles lie packed in memory, x y z x y z .... Of float objects half is no component: the
+// components of one stretch of memory fill the gaps of the next one's, without a shuffle. Only lanes
+// with a component take part in loads' arithmetic and in stores.
 #include "kernels/batch.h"
 #include "kernels/forms.h"
 
@@ -28,12 +29,11 @@ namespace {
 // The tables below are for objects 24 bytes apart: a pointer and three floats and what fills them up,
 // or three doubles.
 
-/// Element d of sixteen packed float objects is component d % 3 of object d / 3, and lies
-/// 6 * (d / 3) + d % 3 floats behind the first; so sixteen elements lie within 31 floats.
-constexpr int InMemory(int d) {
-  return 6 * (d / 3) + d % 3;
+/// Keeps the compiler from exchanging the stores before and after: where the arrays exceed the nearest
+/// cache, a line that is left and written again later costs a quarter of the whole loop.
+ZEPH_AVX512_INLINE void InOrder() {
+  __asm__("" : : : "memory");
 }
-constexpr int kWindow = 31;
 
 struct alignas(64) Lanes16 {
   int at[16];
@@ -44,73 +44,75 @@ struct alignas(64) Lanes8 {
   ZEPH_AVX512_INLINE __m512i Load(const Lanes8& lanes) { return _mm512_load_si512(lanes.at); }
 };
 
-/// Packed register k from the 32 floats behind the window's begin.
-constexpr Lanes16 PackFloats(int k) {
-  Lanes16 lanes{};
-  for (int l = 0; l < 16; ++l) lanes.at[l] = InMemory(16 * k + l) - kWindow * k;
-  return lanes;
-}
-constexpr Lanes16 kPack[3] = {PackFloats(0), PackFloats(1), PackFloats(2)};
+// Float f behind the first belongs to object f / 6 and is its component f % 6, if that is below 3.
 
-/// Component c of `Objects` packed objects: what the first two registers hold of it, then the rest.
-template <class Lanes, int kObjects>
-constexpr Lanes SplitFirst(int c) {
-  Lanes lanes{};
-  for (int l = 0; l < kObjects; ++l) lanes.at[l] = (3 * l + c) % (2 * kObjects);
+/// The six stretches of sixteen floats that hold the components of sixteen objects: packed register k
+/// takes those of stretch 2 k, and between them those of the next.
+constexpr int kStretches[6] = {0, 15, 31, 46, 62, 77};
+constexpr bool IsComponent(int stretch, int lane) {
+  return (kStretches[stretch] + lane) % 6 < 3;
+}
+constexpr unsigned ComponentsOf(int stretch) {
+  unsigned lanes = 0;
+  for (int l = 0; l < 16; ++l) lanes |= unsigned{IsComponent(stretch, l)} << l;
   return lanes;
 }
-template <class Lanes, int kObjects>
-constexpr Lanes SplitRest(int c) {
-  Lanes lanes{};
-  for (int l = 0; l < kObjects; ++l)
-    lanes.at[l] = 3 * l + c < 2 * kObjects ? l : 3 * l + c - kObjects;
-  return lanes;
+/// Which float lane `lane` of packed register k holds.
+constexpr int FloatAt(int k, int lane) {
+  return kStretches[IsComponent(2 * k, lane) ? 2 * k : 2 * k + 1] + lane;
 }
-template <class Lanes, int kObjects>
+
+/// A component of all objects: what the first two packed registers hold of it, then the rest.
+template <class Lanes>
 struct Split {
-  Lanes first[3] = {SplitFirst<Lanes, kObjects>(0), SplitFirst<Lanes, kObjects>(1),
-                    SplitFirst<Lanes, kObjects>(2)};
-  Lanes rest[3] = {SplitRest<Lanes, kObjects>(0), SplitRest<Lanes, kObjects>(1),
-                   SplitRest<Lanes, kObjects>(2)};
+  Lanes first[3]{}, rest[3]{};
 };
-constexpr Split<Lanes16, 16> kSplitFloats;
-constexpr Split<Lanes8, 8> kSplitDoubles;
-
-/// Half h (0 to 5) of a window as it lies in memory: which lanes take x or y and which z, and of
-/// which object.
-struct Half {
-  Lanes16 xy{}, z{};
-  unsigned takesXy = 0, takesZ = 0;
-};
-constexpr int Begin(int h) {
-  return kWindow * (h / 2) + 16 * (h % 2);
-}
-constexpr Half HalfOfWindow(int h) {
-  Half half;
-  for (int d = 16 * (h / 2); d < 16 * (h / 2) + 16; ++d) {
-    const int lane = InMemory(d) - Begin(h);
-    if (lane < 0 || lane > 15) continue;
-    const unsigned bit = 1u << lane;
-    if (d % 3 == 2) {
-      half.z.at[lane] = d / 3;
-      half.takesZ |= bit;
-    } else {
-      half.xy.at[lane] = d / 3 + 16 * (d % 3);
-      half.takesXy |= bit;
+constexpr Split<Lanes16> SplitFloats() {
+  Split<Lanes16> split;
+  for (int c = 0; c < 3; ++c)
+    for (int l = 0; l < 16; ++l) split.rest[c].at[l] = l;
+  for (int k = 0; k < 3; ++k)
+    for (int l = 0; l < 16; ++l) {
+      const int c = FloatAt(k, l) % 6, object = FloatAt(k, l) / 6;
+      (k < 2 ? split.first[c].at[object] : split.rest[c].at[object]) = l + (k == 1 ? 16 : 0);
+      if (k == 2) split.rest[c].at[object] += 16;
     }
-  }
-  return half;
+  return split;
 }
-constexpr Half kHalves[6] = {HalfOfWindow(0), HalfOfWindow(1), HalfOfWindow(2),
-                             HalfOfWindow(3), HalfOfWindow(4), HalfOfWindow(5)};
+constexpr Split<Lanes8> SplitDoubles() {
+  Split<Lanes8> split;
+  for (int c = 0; c < 3; ++c)
+    for (int l = 0; l < 8; ++l) {
+      split.first[c].at[l] = (3 * l + c) % 16;
+      split.rest[c].at[l] = 3 * l + c < 16 ? l : 3 * l + c - 8;
+    }
+  return split;
+}
+constexpr Split<Lanes16> kSplitFloats = SplitFloats();
+constexpr Split<Lanes8> kSplitDoubles = SplitDoubles();
 
-/// Packed register k of eight double objects from registers x, y, z: x and y first, then z.
+/// Packed register k from registers x, y, z: x and y first, then z.
+template <class Lanes>
 struct Merge {
-  Lanes8 xy[3]{}, z[3]{};
+  Lanes xy[3]{}, z[3]{};
   unsigned takesZ[3] = {0, 0, 0};
 };
-constexpr Merge MergeDoubles() {
-  Merge merge;
+constexpr Merge<Lanes16> MergeFloats() {
+  Merge<Lanes16> merge;
+  for (int k = 0; k < 3; ++k)
+    for (int l = 0; l < 16; ++l) {
+      const int c = FloatAt(k, l) % 6, object = FloatAt(k, l) / 6;
+      if (c == 2) {
+        merge.z[k].at[l] = object;
+        merge.takesZ[k] |= 1u << l;
+      } else {
+        merge.xy[k].at[l] = object + 16 * c;
+      }
+    }
+  return merge;
+}
+constexpr Merge<Lanes8> MergeDoubles() {
+  Merge<Lanes8> merge;
   for (int d = 0; d < 24; ++d) {
     const int k = d / 8, lane = d % 8;
     if (d % 3 == 2) {
@@ -122,7 +124,8 @@ constexpr Merge MergeDoubles() {
   }
   return merge;
 }
-constexpr Merge kMergeDoubles = MergeDoubles();
+constexpr Merge<Lanes16> kMergeFloats = MergeFloats();
+constexpr Merge<Lanes8> kMergeDoubles = MergeDoubles();
 
 template <class T>
 struct Wide;
@@ -136,8 +139,9 @@ struct Wide<float> {
 
   template <int k>
   ZEPH_AVX512_INLINE V Packed(const float* p) {
-    return _mm512_permutex2var_ps(_mm512_loadu_ps(p + kWindow * k), Lanes16::Load(kPack[k]),
-                                  _mm512_loadu_ps(p + kWindow * k + 16));
+    constexpr auto kBetween = static_cast<__mmask16>(ComponentsOf(2 * k + 1));
+    return _mm512_mask_loadu_ps(_mm512_loadu_ps(p + kStretches[2 * k]), kBetween,
+                                p + kStretches[2 * k + 1]);
   }
   template <int c>
   ZEPH_AVX512_INLINE V Component(V p0, V p1, V p2) {
@@ -155,21 +159,24 @@ struct Wide<float> {
     const V p2 = _mm512_mul_ps(Packed<2>(a), Packed<2>(b));
     x = Component<0>(p0, p1, p2), y = Component<1>(p0, p1, p2), z = Component<2>(p0, p1, p2);
   }
-  template <int h>
-  ZEPH_AVX512_INLINE void StoreHalf(float* p, V x, V y, V z) {
-    constexpr auto kTakesZ = static_cast<__mmask16>(kHalves[h].takesZ);
-    constexpr auto kTakes = static_cast<__mmask16>(kHalves[h].takesZ | kHalves[h].takesXy);
-    const V xy = _mm512_permutex2var_ps(x, Lanes16::Load(kHalves[h].xy), y);
-    _mm512_mask_storeu_ps(p + Begin(h), kTakes,
-                          _mm512_mask_permutexvar_ps(xy, kTakesZ, Lanes16::Load(kHalves[h].z), z));
+  template <int stretch>
+  ZEPH_AVX512_INLINE void StoreStretch(float* p, V packed) {
+    constexpr auto kComponents = static_cast<__mmask16>(ComponentsOf(stretch));
+    _mm512_mask_storeu_ps(p + kStretches[stretch], kComponents, packed);
+    InOrder();
+  }
+  template <int k>
+  ZEPH_AVX512_INLINE void StorePacked(float* p, V x, V y, V z) {
+    constexpr auto kTakesZ = static_cast<__mmask16>(kMergeFloats.takesZ[k]);
+    const V xy = _mm512_permutex2var_ps(x, Lanes16::Load(kMergeFloats.xy[k]), y);
+    const V packed = _mm512_mask_permutexvar_ps(xy, kTakesZ, Lanes16::Load(kMergeFloats.z[k]), z);
+    StoreStretch<2 * k>(p, packed);
+    StoreStretch<2 * k + 1>(p, packed);
   }
   ZEPH_AVX512_INLINE void Store(float* p, std::size_t, V x, V y, V z) {
-    StoreHalf<0>(p, x, y, z);
-    StoreHalf<1>(p, x, y, z);
-    StoreHalf<2>(p, x, y, z);
-    StoreHalf<3>(p, x, y, z);
-    StoreHalf<4>(p, x, y, z);
-    StoreHalf<5>(p, x, y, z);
+    StorePacked<0>(p, x, y, z);
+    StorePacked<1>(p, x, y, z);
+    StorePacked<2>(p, x, y, z);
   }
   ZEPH_AVX512_INLINE void StoreRow(float* p, V x) { _mm512_storeu_ps(p, x); }
   ZEPH_AVX512_INLINE V Sqrt(V x) { return _mm512_sqrt_ps(x); }
@@ -219,6 +226,7 @@ struct Wide<double> {
     const V xy = _mm512_permutex2var_pd(x, Lanes8::Load(kMergeDoubles.xy[k]), y);
     _mm512_storeu_pd(p + 8 * k,
                      _mm512_mask_permutexvar_pd(xy, kTakesZ, Lanes8::Load(kMergeDoubles.z[k]), z));
+    InOrder();
   }
   ZEPH_AVX512_INLINE void Store(double* p, std::size_t, V x, V y, V z) {
     StorePacked<0>(p, x, y, z);

@@ -109,8 +109,8 @@ double Twice(Kind kind) {
 /// The passes mix what a NaN keeps apart, and have to be made; many zeros take their time as bytes.
 double ForShell(Kind kind) {
   if (Hostile(kind)) return 30;
-  if (HasNan(kind)) return 12;
-  return kind.content == Content::kHalfZeros ? 5 : 2;
+  if (HasNan(kind)) return 10;
+  return kind.content == Content::kHalfZeros ? 2.5 : 2;
 }
 
 [[maybe_unused]] const bool kAdded[] = {

@@ -5,10 +5,18 @@
 #define ZEPH_SRC_KERNELS_BATCH_H
 
 #include <cstddef>
+#include <type_traits>
 
 #include "kernels/table.h"
 
 namespace zeph::kernels {
+
+/// The first component of object `i`, of which there is one every `stride` bytes.
+template <class T>
+T* At(T* first, std::size_t stride, std::size_t i) {
+  using Byte = std::conditional_t<std::is_const_v<T>, const char, char>;
+  return reinterpret_cast<T*>(reinterpret_cast<Byte*>(first) + i * stride);
+}
 
 /// What vectors of three components offer in both precisions. Pointers are to the first component
 /// of the first object; objects lie `stride` bytes apart, 24 where there are wide forms, and of each

@@ -32,10 +32,8 @@ struct Wide<float> {
 
   /// Objects i and i + 4: four floats each.
   ZEPH_LANES V Two(const float* p, std::size_t stride, std::size_t i) {
-    const auto* at = reinterpret_cast<const char*>(p) + i * stride;
-    return _mm256_insertf128_ps(
-        _mm256_castps128_ps256(_mm_loadu_ps(reinterpret_cast<const float*>(at))),
-        _mm_loadu_ps(reinterpret_cast<const float*>(at + 4 * stride)), 1);
+    return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(At(p, stride, i))),
+                                _mm_loadu_ps(At(p, stride, i + 4)), 1);
   }
   ZEPH_LANES V Low(V a, V b) {
     return _mm256_castpd_ps(_mm256_unpacklo_pd(_mm256_castps_pd(a), _mm256_castps_pd(b)));
@@ -55,19 +53,16 @@ struct Wide<float> {
     Load(p, stride, x, y, z, between);
   }
 
-  ZEPH_LANES float* To(float* p, std::size_t stride, std::size_t i) {
-    return reinterpret_cast<float*>(reinterpret_cast<char*>(p) + i * stride);
-  }
   /// The first two components of objects i and i + 1.
   ZEPH_LANES void StoreXy(float* p, std::size_t stride, std::size_t i, __m128 xy) {
-    _mm_storel_pi(reinterpret_cast<__m64*>(To(p, stride, i)), xy);
-    _mm_storeh_pi(reinterpret_cast<__m64*>(To(p, stride, i + 1)), xy);
+    _mm_storel_pi(reinterpret_cast<__m64*>(At(p, stride, i)), xy);
+    _mm_storeh_pi(reinterpret_cast<__m64*>(At(p, stride, i + 1)), xy);
   }
   ZEPH_LANES void StoreZ(float* p, std::size_t stride, std::size_t i, int bits) {
-    std::memcpy(To(p, stride, i) + 2, &bits, sizeof bits);
+    std::memcpy(At(p, stride, i) + 2, &bits, sizeof bits);
   }
   ZEPH_LANES void StoreZ(float* p, std::size_t stride, std::size_t i, __m128 z) {
-    _mm_store_ss(To(p, stride, i) + 2, z);
+    _mm_store_ss(At(p, stride, i) + 2, z);
     StoreZ(p, stride, i + 1, _mm_extract_ps(z, 1));
     StoreZ(p, stride, i + 2, _mm_extract_ps(z, 2));
     StoreZ(p, stride, i + 3, _mm_extract_ps(z, 3));
@@ -83,8 +78,8 @@ struct Wide<float> {
   }
   /// Objects i and i + 4.
   ZEPH_LANES void StoreTwo(float* p, std::size_t stride, std::size_t i, V two) {
-    _mm_storeu_ps(To(p, stride, i), _mm256_castps256_ps128(two));
-    _mm_storeu_ps(To(p, stride, i + 4), _mm256_extractf128_ps(two, 1));
+    _mm_storeu_ps(At(p, stride, i), _mm256_castps256_ps128(two));
+    _mm_storeu_ps(At(p, stride, i + 4), _mm256_extractf128_ps(two, 1));
   }
   ZEPH_LANES void Store(float* p, std::size_t stride, V x, V y, V z, V w) {
     const V xy01 = _mm256_unpacklo_ps(x, y), xy23 = _mm256_unpackhi_ps(x, y);
@@ -121,35 +116,29 @@ struct Wide<double> {
   static constexpr std::size_t kWidth = 4;
   ZEPH_LANES V All(double x) { return _mm256_set1_pd(x); }
 
-  ZEPH_LANES const double* From(const double* p, std::size_t stride, std::size_t i) {
-    return reinterpret_cast<const double*>(reinterpret_cast<const char*>(p) + i * stride);
-  }
-  ZEPH_LANES double* To(double* p, std::size_t stride, std::size_t i) {
-    return reinterpret_cast<double*>(reinterpret_cast<char*>(p) + i * stride);
-  }
   /// The first two components of objects i and i + 2.
   ZEPH_LANES V Two(const double* p, std::size_t stride, std::size_t i) {
-    return _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(From(p, stride, i))),
-                                _mm_loadu_pd(From(p, stride, i + 2)), 1);
+    return _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(At(p, stride, i))),
+                                _mm_loadu_pd(At(p, stride, i + 2)), 1);
   }
   ZEPH_LANES void Load(const double* p, std::size_t stride, V& x, V& y, V& z) {
     const V xy02 = Two(p, stride, 0), xy13 = Two(p, stride, 1);
     x = _mm256_unpacklo_pd(xy02, xy13), y = _mm256_unpackhi_pd(xy02, xy13);
-    const __m128d z01 = _mm_loadh_pd(_mm_load_sd(From(p, stride, 0) + 2), From(p, stride, 1) + 2);
-    const __m128d z23 = _mm_loadh_pd(_mm_load_sd(From(p, stride, 2) + 2), From(p, stride, 3) + 2);
+    const __m128d z01 = _mm_loadh_pd(_mm_load_sd(At(p, stride, 0) + 2), At(p, stride, 1) + 2);
+    const __m128d z23 = _mm_loadh_pd(_mm_load_sd(At(p, stride, 2) + 2), At(p, stride, 3) + 2);
     z = _mm256_insertf128_pd(_mm256_castpd128_pd256(z01), z23, 1);
   }
   ZEPH_LANES void Store(double* p, std::size_t stride, V x, V y, V z) {
     const V xy02 = _mm256_unpacklo_pd(x, y), xy13 = _mm256_unpackhi_pd(x, y);
-    _mm_storeu_pd(To(p, stride, 0), _mm256_castpd256_pd128(xy02));
-    _mm_storeu_pd(To(p, stride, 1), _mm256_castpd256_pd128(xy13));
-    _mm_storeu_pd(To(p, stride, 2), _mm256_extractf128_pd(xy02, 1));
-    _mm_storeu_pd(To(p, stride, 3), _mm256_extractf128_pd(xy13, 1));
+    _mm_storeu_pd(At(p, stride, 0), _mm256_castpd256_pd128(xy02));
+    _mm_storeu_pd(At(p, stride, 1), _mm256_castpd256_pd128(xy13));
+    _mm_storeu_pd(At(p, stride, 2), _mm256_extractf128_pd(xy02, 1));
+    _mm_storeu_pd(At(p, stride, 3), _mm256_extractf128_pd(xy13, 1));
     const __m128d z01 = _mm256_castpd256_pd128(z), z23 = _mm256_extractf128_pd(z, 1);
-    _mm_storel_pd(To(p, stride, 0) + 2, z01);
-    _mm_storeh_pd(To(p, stride, 1) + 2, z01);
-    _mm_storel_pd(To(p, stride, 2) + 2, z23);
-    _mm_storeh_pd(To(p, stride, 3) + 2, z23);
+    _mm_storel_pd(At(p, stride, 0) + 2, z01);
+    _mm_storeh_pd(At(p, stride, 1) + 2, z01);
+    _mm_storel_pd(At(p, stride, 2) + 2, z23);
+    _mm_storeh_pd(At(p, stride, 3) + 2, z23);
   }
   /// Component by component.
   ZEPH_LANES void Products(const double* a, const double* b, std::size_t stride, V& x, V& y, V& z) {

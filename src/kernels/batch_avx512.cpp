@@ -11,6 +11,7 @@
 #include "kernels/forms.h"
 
 #if ZEPH_X64
+#include <atomic>
 #include <cmath>
 #include <cstring>
 #include <type_traits>
@@ -32,7 +33,7 @@ namespace {
 /// Keeps the compiler from exchanging the stores before and after: where the arrays exceed the nearest
 /// cache, a line that is left and written again later costs a quarter of the whole loop.
 ZEPH_AVX512_INLINE void InOrder() {
-  __asm__("" : : : "memory");
+  std::atomic_signal_fence(std::memory_order_seq_cst);
 }
 
 struct alignas(64) Lanes16 {

@@ -31,12 +31,6 @@ struct Wide<float> {
   static constexpr std::size_t kWidth = 4;
   ZEPH_LANES V All(float x) { return vdupq_n_f32(x); }
 
-  ZEPH_LANES const float* From(const float* p, std::size_t stride, std::size_t i) {
-    return reinterpret_cast<const float*>(reinterpret_cast<const char*>(p) + i * stride);
-  }
-  ZEPH_LANES float* To(float* p, std::size_t stride, std::size_t i) {
-    return reinterpret_cast<float*>(reinterpret_cast<char*>(p) + i * stride);
-  }
   ZEPH_LANES V Low(V a, V b) {
     return vreinterpretq_f32_f64(vzip1q_f64(vreinterpretq_f64_f32(a), vreinterpretq_f64_f32(b)));
   }
@@ -44,8 +38,8 @@ struct Wide<float> {
     return vreinterpretq_f32_f64(vzip2q_f64(vreinterpretq_f64_f32(a), vreinterpretq_f64_f32(b)));
   }
   ZEPH_LANES void Load(const float* p, std::size_t stride, V& x, V& y, V& z, V& w) {
-    const V o0 = vld1q_f32(p), o1 = vld1q_f32(From(p, stride, 1)),
-            o2 = vld1q_f32(From(p, stride, 2)), o3 = vld1q_f32(From(p, stride, 3));
+    const V o0 = vld1q_f32(p), o1 = vld1q_f32(At(p, stride, 1)), o2 = vld1q_f32(At(p, stride, 2)),
+            o3 = vld1q_f32(At(p, stride, 3));
     const V xy01 = vzip1q_f32(o0, o1), xy23 = vzip1q_f32(o2, o3);
     const V zw01 = vzip2q_f32(o0, o1), zw23 = vzip2q_f32(o2, o3);
     x = Low(xy01, xy23), y = High(xy01, xy23), z = Low(zw01, zw23), w = High(zw01, zw23);
@@ -57,21 +51,21 @@ struct Wide<float> {
   ZEPH_LANES void Store(float* p, std::size_t stride, V x, V y, V z) {
     const V xy01 = vzip1q_f32(x, y), xy23 = vzip2q_f32(x, y);
     vst1_f32(p, vget_low_f32(xy01));
-    vst1_f32(To(p, stride, 1), vget_high_f32(xy01));
-    vst1_f32(To(p, stride, 2), vget_low_f32(xy23));
-    vst1_f32(To(p, stride, 3), vget_high_f32(xy23));
+    vst1_f32(At(p, stride, 1), vget_high_f32(xy01));
+    vst1_f32(At(p, stride, 2), vget_low_f32(xy23));
+    vst1_f32(At(p, stride, 3), vget_high_f32(xy23));
     vst1q_lane_f32(p + 2, z, 0);
-    vst1q_lane_f32(To(p, stride, 1) + 2, z, 1);
-    vst1q_lane_f32(To(p, stride, 2) + 2, z, 2);
-    vst1q_lane_f32(To(p, stride, 3) + 2, z, 3);
+    vst1q_lane_f32(At(p, stride, 1) + 2, z, 1);
+    vst1q_lane_f32(At(p, stride, 2) + 2, z, 2);
+    vst1q_lane_f32(At(p, stride, 3) + 2, z, 3);
   }
   ZEPH_LANES void Store(float* p, std::size_t stride, V x, V y, V z, V w) {
     const V xy01 = vzip1q_f32(x, y), xy23 = vzip2q_f32(x, y);
     const V zw01 = vzip1q_f32(z, w), zw23 = vzip2q_f32(z, w);
     vst1q_f32(p, Low(xy01, zw01));
-    vst1q_f32(To(p, stride, 1), High(xy01, zw01));
-    vst1q_f32(To(p, stride, 2), Low(xy23, zw23));
-    vst1q_f32(To(p, stride, 3), High(xy23, zw23));
+    vst1q_f32(At(p, stride, 1), High(xy01, zw01));
+    vst1q_f32(At(p, stride, 2), Low(xy23, zw23));
+    vst1q_f32(At(p, stride, 3), High(xy23, zw23));
   }
   /// Component by component.
   ZEPH_LANES void Products(const float* a, const float* b, std::size_t stride, V& x, V& y, V& z) {

@@ -67,6 +67,7 @@ target_sources(ZEPHDataStructureEngine INTERFACE
   $<$<CXX_COMPILER_ID:MSVC>:$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/tools/debugger/ZEPHDataStructureEngine.natvis>>)
 
 if(MINGW)
+  file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/installed")
   # A Windows machine has none of the compiler's runtime libraries.
   foreach(name IN ITEMS libstdc++-6.dll libgcc_s_seh-1.dll libgcc_s_dw2-1.dll libwinpthread-1.dll)
     execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${name}

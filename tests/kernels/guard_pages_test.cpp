@@ -138,6 +138,31 @@ TEST_P(GuardPages, ArithmeticStaysInside) {
   });
 }
 
+/// Wide forms begin at an edge of the result's memory, so that a result that ends at one has no odd end: here it
+/// ends before one, and is watched.
+TEST_P(GuardPages, ArithmeticStaysInsideWhateverTheResultsAlignment) {
+  const Elementwise& all = *Active().elementwise;
+  for (const std::size_t least : {std::size_t{1}, std::size_t{250}})
+    for (std::size_t n = least; n < least + 25; ++n)
+      for (std::size_t shift = 0; shift < 8; ++shift) {
+        const auto numbers = Numbers<double>(n);
+        const double *x = a.Copy(numbers, true), *y = b.Copy(numbers, true);
+        double* to = out.Room<double>(n + shift, true);
+        const auto check = [&](double last, const char* what) {
+          EXPECT_EQ(last, to[n - 1]) << what << ' ' << n << ' ' << shift;
+          for (std::size_t i = n; i < n + shift; ++i)
+            EXPECT_EQ(-7.0, to[i]) << what << ' ' << n << ' ' << shift;
+        };
+        std::fill(to + n, to + n + shift, -7.0);
+        all.add(to, x, y, n), check(2 * x[n - 1], "add");
+        all.subtract(to, x, y, n), check(0.0, "subtract");
+        all.multiply(to, x, y, n), check(x[n - 1] * x[n - 1], "multiply");
+        all.scale(to, 2.0, x, n), check(2 * x[n - 1], "scale");
+        all.subtract_from(to, 2.0, x, n), check(2 - x[n - 1], "subtract_from");
+        all.fill(to, 3.0, n), check(3.0, "fill");
+      }
+}
+
 TEST_P(GuardPages, RowsStayInside) {
   for (const bool atEnd : {true, false})
     for (std::size_t rows = 1; rows <= 13; ++rows)
@@ -220,7 +245,7 @@ void VectorsInside(const Vectors<T>& all, const Guarded& a, const Guarded& b, co
   const T *p = x.At(n - 1), *q = y.At(n - 1);
   EXPECT_NEAR(p[0] * q[0] + p[1] * q[1] + p[2] * q[2], dots[n - 1], 1e-5);
   all.cross(to.first, x.first, y.first, kStride, n);
-  EXPECT_EQ(p[1] * q[2] - p[2] * q[1], to.At(n - 1)[0]);
+  EXPECT_NEAR(p[1] * q[2] - p[2] * q[1], to.At(n - 1)[0], 1e-5);
   all.normalise(to.first, x.first, kStride, n);
   EXPECT_LT(to.At(n - 1)[2], T(1));
   T low[3] = {p[0], p[1], p[2]}, high[3] = {p[0], p[1], p[2]};

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "kernels/search.h"
 
+#include "kernels/bits.h"
 #include "kernels/forms.h"
 
 #if ZEPH_NEON

@@ -2,7 +2,9 @@
 #include "algorithms/scientific_text.h"
 
 #include <cmath>
+#include <cstddef>
 #include <cstdio>
+#include <string_view>
 
 #include "platform/exactness.h"
 #include "platform/format_number.h"
@@ -10,7 +12,29 @@
 
 namespace zeph::algorithms {
 
+namespace {
+
+using platform::RealFormat;
+
+/// "xE" and the exponent. Returns the end.
+char* WriteExponent(char* out, int exponent) {
+  *out++ = 'x';
+  *out++ = 'E';
+  return platform::WriteInt(out, exponent);
+}
+
+}  // namespace
+
 CString RuntimesScientificText(double mantissa, int exponent, int decimals) {
+  const auto conventions = platform::NumberConventions::Current();
+  if (conventions.exact && std::isfinite(mantissa) && decimals >= 1 &&
+      decimals <= RealFormat::kMostDecimals) {
+    // The conversion is for numbers that are not finite.
+    const RealFormat format("", RealFormat::Notation::kFixed, decimals, conventions);
+    char text[RealFormat::kRoom + 2 + platform::kIntRoom];
+    const char* const end = WriteExponent(format.Write(text, mantissa), exponent);
+    return CString(std::string_view(text, static_cast<std::size_t>(end - text)));
+  }
   CString format, text;
   format.Format("%%.%dlfxE%%d", decimals);
   text.Format(format.GetString(), mantissa, exponent);
@@ -27,10 +51,8 @@ CString PortableScientificText(double mantissa, int exponent, int decimals) {
     end = platform::ToChars(text, last, mantissa, platform::Digits::kFixed, decimals);
   else
     end = platform::WriteNonFinite(text, mantissa);
-  *end++ = 'x';
-  *end++ = 'E';
-  *platform::WriteInt(end, exponent) = '\0';
-  return text;
+  end = WriteExponent(end, exponent);
+  return CString(std::string_view(text, static_cast<std::size_t>(end - text)));
 }
 
 }  // namespace zeph::algorithms

@@ -7,6 +7,7 @@
 #include "platform/block_writer.h"
 #include "platform/format_number.h"
 #include "platform/stream_number.h"
+#include "platform/stream_reader.h"
 
 namespace zeph::double_array {
 namespace {
@@ -85,8 +86,9 @@ std::istream& operator>>(std::istream& is, CZEPHDoubleArray& a) {
   } ending{a, count};
   int announced = 0;
   if (!(is >> announced) || (!a.data && announced > 0)) return is;
+  zeph::platform::StreamReader in(is);
   for (int i = 0; i < announced; ++i)
-    if (!(is >> a.data[i])) return is;
+    if (!in.Read(a.data[i])) return is;
   count = announced;
   return is;
 }

@@ -4,6 +4,7 @@
 #include "linalg.h"
 #include "linalg/row_table.h"
 #include "platform/stream_number.h"
+#include "platform/stream_reader.h"
 
 using namespace zeph::linalg;
 using zeph::platform::Number;
@@ -25,21 +26,14 @@ std::ostream& operator<<(std::ostream& os, const CZEPHDoubleMatrix& a) {
   return os;
 }
 
-namespace {
-
-/// Reads one element into `row`, which may be missing; whether the reading can go on.
-bool ReadElement(std::istream& is, double* row, int j) {
-  return row && (is >> row[j]);
-}
-
-}  // namespace
-
 std::istream& operator>>(std::istream& is, CZEPHDoubleMatrix& a) {
   bool good = static_cast<bool>(is >> a.m_nRows);
   good = static_cast<bool>(is >> a.m_nColumns) && good;
-  for (int i = 0; good && i < a.m_nRows; ++i)
-    for (int j = 0; good && j < a.m_nColumns; ++j)
-      good = ReadElement(is, a.m_ppData ? a.m_ppData[i] : nullptr, j);
+  zeph::platform::StreamReader in(is);
+  for (int i = 0; good && i < a.m_nRows; ++i) {
+    double* const row = a.m_ppData ? a.m_ppData[i] : nullptr;
+    for (int j = 0; good && j < a.m_nColumns; ++j) good = row && in.Read(row[j]);
+  }
   if (!good) a.m_nRows = a.m_nColumns = 0;
   return is;
 }

@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "platform/allocation.h"
+#include "platform/quick_format.h"
 #include "platform/refusal.h"
 
 namespace {
@@ -20,7 +21,13 @@ class Formatted {
  public:
   Formatted(const char* format, va_list arguments) {
     if (!format) return;
-    Copied again(arguments);
+    zeph::platform::Arguments quick(arguments);
+    if (const char* end =
+            zeph::platform::WriteQuickly(m_short, m_short + sizeof m_short, format, quick)) {
+      m_size = static_cast<std::size_t>(end - m_short);
+      return;
+    }
+    zeph::platform::Arguments again(arguments);
     m_size = Length(std::vsnprintf(m_short, sizeof m_short, format, arguments));
     if (m_size >= sizeof m_short) {
       m_long.reset(zeph::platform::NewArray<char>(static_cast<std::int64_t>(m_size) + 1));
@@ -36,12 +43,6 @@ class Formatted {
       zeph::platform::RefuseLength("CString", INT_MAX - 1);
     return counted > 0 ? static_cast<std::size_t>(counted) : 0;
   }
-
-  struct Copied {
-    va_list list;
-    explicit Copied(va_list from) { va_copy(list, from); }
-    ~Copied() { va_end(list); }
-  };
 
   char m_short[512];
   std::unique_ptr<char[]> m_long;

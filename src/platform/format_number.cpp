@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "platform/decimal_digits.h"
 #include "platform/decimal_point.h"
 #include "platform/exactness.h"
 #include "platform/functions.h"
@@ -62,8 +63,6 @@ char* WidenExponent(char* end) {
 }
 
 #ifdef __SIZEOF_INT128__
-__extension__ typedef unsigned __int128 Wide;
-
 /// x * 10^decimals rounded to a whole number, ties to even, as printf rounds. Exact: x is m * 2^-s
 /// with m below 2^53, so m * 10^decimals fits, and the bits shifted out tell which way to round.
 /// `x` is not negative and below 2^40; at most kFastDecimals decimals.
@@ -73,17 +72,15 @@ std::uint64_t ScaledAndRounded(double x, std::uint64_t scale) {
   int exponent;
   const auto m = static_cast<std::uint64_t>(std::frexp(x, &exponent) * 0x1p53);
   const int shift = 53 - exponent;  // at least 13
-  const Wide scaled = Wide{m} * scale;
+  const WideUnsigned scaled = WideUnsigned{m} * scale;
   if (shift > 100) return 0;  // scaled is below 2^73: far below a half
-  const Wide half = Wide{1} << (shift - 1), rest = scaled & ((half << 1) - 1);
-  const auto whole = static_cast<std::uint64_t>(scaled >> shift);
-  return whole + (rest > half || (rest == half && whole % 2 == 1));
+  const WideUnsigned half = WideUnsigned{1} << (shift - 1);
+  return RoundedUp(static_cast<std::uint64_t>(scaled >> shift), scaled & ((half << 1) - 1), half);
 }
 
 /// The text of `x` with `decimals` decimals and a full stop.
 char* WriteFastFixed(char* out, double x, int decimals) {
-  std::uint64_t scale = 1;
-  for (int k = 0; k < decimals; ++k) scale *= 10;
+  const std::uint64_t scale = kPowers.ten[decimals];
   const std::uint64_t scaled = ScaledAndRounded(std::fabs(x), scale);
   if (std::signbit(x)) *out++ = '-';
   char* stop = std::to_chars(out, out + RealFormat::kRoom, scaled / scale).ptr;
@@ -103,7 +100,27 @@ char* WriteFixed(char* out, double x, int decimals) {
   return ToChars(out, out + RealFormat::kRoom, x, Digits::kFixed, decimals);
 }
 
+/// The exponent of a decimal, in at least `fewest` digits; at most 2 are needed.
+char* WriteExponent(char* out, int exponent, int fewest) {
+  *out++ = 'e';
+  *out++ = exponent < 0 ? '-' : '+';
+  if (fewest == 3) *out++ = '0';
+  const int size = exponent < 0 ? -exponent : exponent;
+  *out++ = static_cast<char>('0' + size / 10);
+  *out++ = static_cast<char>('0' + size % 10);
+  return out;
+}
+
+/// "%.{decimals}e": likewise.
 char* WriteScientific(char* out, double x, int decimals, int exponentDigits) {
+  Decimal decimal;
+  if (decimals < kMostDecimalDigits && RoundToDecimal(x, decimals + 1, decimal)) {
+    if (std::signbit(x)) *out++ = '-';
+    char* const end = WriteDigits(out + 1, decimal.digits);
+    out[0] = out[1];
+    out[1] = '.';
+    return WriteExponent(end, decimal.exponent, exponentDigits);
+  }
   char* end = ToChars(out, out + RealFormat::kRoom, x, Digits::kScientific, decimals);
   return exponentDigits == 3 ? WidenExponent(end) : end;
 }
@@ -111,7 +128,10 @@ char* WriteScientific(char* out, double x, int decimals, int exponentDigits) {
 }  // namespace
 
 NumberConventions NumberConventions::Current() {
-  if (kPortableMath) return {true, 2, ".", true};
+  return kPortableMath ? NumberConventions{true, 2, ".", true} : OfRuntime();
+}
+
+NumberConventions NumberConventions::OfRuntime() {
   if (!RoundsToNearest()) return {false, 2, DecimalPoint(), false};
   static const Runtime runtime = AskRuntime();
   return {runtime.exact, runtime.exponentDigits, DecimalPoint(), false};

@@ -18,6 +18,8 @@ struct NumberConventions {
   /// As they stand for this call: the runtime is asked once per process, when it rounds to nearest,
   /// the locale and the rounding direction every time. With ZEPH_PORTABLE_MATH those of glibc in the C locale, always.
   static NumberConventions Current();
+  /// Those of the runtime's printf, with ZEPH_PORTABLE_MATH too.
+  static NumberConventions OfRuntime();
 };
 
 /// One conversion of a double, such as "%-5.4le", ready for many values of one call.

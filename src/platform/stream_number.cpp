@@ -10,6 +10,7 @@
 #include <locale>
 #include <string_view>
 
+#include "platform/decimal_digits.h"
 #include "platform/format_number.h"
 #include "platform/to_chars.h"
 
@@ -75,11 +76,49 @@ char* WriteHexadecimal(char* out, char* end, double x, bool point) {
   return std::to_chars(out, end, exponent).ptr;
 }
 
+/// Digits with the point, zeros about them and exponent that "%g" gives them: the last digit is not 0.
+char* ArrangeDigits(char* out, const char* digits, int count, int exponent, int precision) {
+  if (exponent < -4 || exponent >= precision) {
+    *out++ = *digits;
+    if (count > 1) *out++ = '.';
+    out = std::copy(digits + 1, digits + count, out);
+    *out++ = 'e';
+    *out++ = exponent < 0 ? '-' : '+';
+    const int size = exponent < 0 ? -exponent : exponent;
+    *out++ = static_cast<char>('0' + size / 10);  // RoundToDecimal gives exponents of two digits
+    *out++ = static_cast<char>('0' + size % 10);
+    return out;
+  }
+  if (exponent < 0) {
+    *out++ = '0';
+    *out++ = '.';
+    out = std::fill_n(out, -exponent - 1, '0');
+    return std::copy(digits, digits + count, out);
+  }
+  const int whole = std::min(exponent + 1, count);
+  out = std::copy(digits, digits + whole, out);
+  if (count == whole) return std::fill_n(out, exponent + 1 - whole, '0');
+  *out++ = '.';
+  return std::copy(digits + whole, digits + count, out);
+}
+
+/// "%.{precision}g": what most numbers need has a shorter way than the general one.
+char* WriteGeneral(char* out, char* end, double x, int precision) {
+  const int count = std::max(precision, 1);
+  Decimal decimal;
+  if (count > kMostDecimalDigits || !RoundToDecimal(x, count, decimal))
+    return ToChars(out, end, x, Digits::kGeneral, precision);
+  char digits[kMostDecimalDigits];
+  const char* last = WriteDigits(digits, decimal.digits);
+  while (last[-1] == '0') --last;
+  if (std::signbit(x)) *out++ = '-';
+  return ArrangeDigits(out, digits, static_cast<int>(last - digits), decimal.exponent, count);
+}
+
 char* WriteFinite(char* out, char* end, double x, Notation notation, int precision, bool point) {
   if (notation == Notation::kHexadecimal) return WriteHexadecimal(out, end, x, point);
   if (notation == Notation::kGeneral)
-    return point ? WriteAllDigits(out, end, x, precision)
-                 : ToChars(out, end, x, Digits::kGeneral, precision);
+    return point ? WriteAllDigits(out, end, x, precision) : WriteGeneral(out, end, x, precision);
   const Digits digits = notation == Notation::kFixed ? Digits::kFixed : Digits::kScientific;
   char* const stop = ToChars(out, end, x, digits, precision);
   return point && precision == 0 ? PutPointAtTheEnd(out, stop, 'e') : stop;

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -33,18 +35,12 @@ template <class T>
 struct ValueFormat;
 template <>
 struct ValueFormat<int> {
-  template <class Writer>
-  void Write(Writer& writer, int value) const {
-    writer.Int(value, 5);
-  }
+  char* Write(char* out, int value) const { return platform::WriteInt(out, value, 5); }
 };
 template <>
 struct ValueFormat<double> {
   RealFormat format{"%-5.4le", RealFormat::Notation::kScientific, 4};
-  template <class Writer>
-  void Write(Writer& writer, double value) const {
-    writer.Real(format, value);
-  }
+  char* Write(char* out, double value) const { return format.Write(out, value); }
 };
 
 struct Layout {
@@ -58,6 +54,9 @@ bool EndsLine(std::int64_t i) {
   return i != 0 && i % 5 == 0;
 }
 
+/// Characters that an item needs at most behind its label.
+constexpr std::size_t kItemRoom = RealFormat::kRoom + platform::kIntRoom + 16;
+
 /// Items "label[index]=value" for lo..hi, and the line end that closes every listing. (64-bit
 /// indices: `hi` may be the last int.)
 template <class Sink, class T>
@@ -65,17 +64,19 @@ void List(Sink sink, const T* a, std::int64_t lo, std::int64_t hi, const char* n
           Layout layout) {
   RequireBlock("ZEPH_ArrayDisplay", "a", a, lo <= hi);
   const char* label = platform::TextOrNull(name);
-  const std::size_t labelSize = std::strlen(label);
+  const std::size_t labelSize = std::strlen(label), lineEndSize = std::strlen(layout.lineEnd);
   const ValueFormat<T> value;
   BlockWriter<Sink> writer(sink);
   for (std::int64_t i = lo; i <= hi; ++i) {
     writer.Text(label, labelSize);
-    writer.Text("[", 1);
-    writer.Int(static_cast<int>(i));
-    writer.Text("]=", 2);
-    value.Write(writer, a[i]);
-    writer.Blanks(layout.blanks);
-    if (EndsLine(i)) writer.Text(layout.lineEnd);
+    char* out = writer.Room(kItemRoom);
+    *out++ = '[';
+    out = platform::WriteInt(out, static_cast<int>(i));
+    *out++ = ']';
+    *out++ = '=';
+    out = std::fill_n(value.Write(out, a[i]), layout.blanks, ' ');
+    if (EndsLine(i)) out = std::copy_n(layout.lineEnd, lineEndSize, out);
+    writer.Wrote(out);
   }
   writer.Text(layout.lineEnd);
   writer.Flush();

@@ -3,6 +3,7 @@
 
 #include "containers.h"
 #include "containers/chain_sorter.h"
+#include "platform/live_blocks.h"
 #include "platform/standard_streams.h"
 
 namespace zeph::containers {
@@ -37,6 +38,7 @@ template <class Node>
 void InsertOrdered(const char* operation, Node*& head, Node* node) {
   if (!node) return;
   RequireNew(operation, head, node);
+  platform::RememberNode(node);
   Node** link = StopOf(*node, &head);
   node->m_pNext = *link;
   *link = node;
@@ -80,6 +82,7 @@ void CZEPHLinkList<T>::Sorting(CZEPHLink<T>** links, int count) {
   for (int i = 0; i < count; ++i) {
     CZEPHLink<T>* link = links[i];
     if (!link) continue;
+    zeph::platform::RememberNode(link);
     if (link->m_value == link->m_value) {
       run.Add(link);
       continue;
@@ -98,6 +101,7 @@ CZEPHLinkList<T>::~CZEPHLinkList() {
 
 template <class T>
 CZEPHLink<T>* CZEPHLinkList<T>::GetFirstLink() {
+  zeph::platform::RequireNode("CZEPHLinkList::GetFirstLink", m_pHead);
   CZEPHLink<T>* first = m_pHead;
   if (first) m_pHead = first->m_pNext;
   return first;
@@ -105,7 +109,12 @@ CZEPHLink<T>* CZEPHLinkList<T>::GetFirstLink() {
 
 template <class T>
 void CZEPHLinkList<T>::RemoveAll() {
-  while (m_pHead) delete GetFirstLink();
+  while (m_pHead) {
+    zeph::platform::RequireNode("CZEPHLinkList::RemoveAll", m_pHead);
+    const CZEPHLink<T>* const first = GetFirstLink();
+    zeph::platform::ForgetBlock(first);
+    delete first;
+  }
 }
 
 template class CZEPHLink<double>;

@@ -3,23 +3,34 @@
 // CZEPHStack and CZEPHPointerStack share every operation but their destructors.
 #include "containers.h"
 #include "platform/allocation.h"
+#include "platform/live_blocks.h"
 
 namespace {
 
 void PushNode(ZEPH_StackNode*& top, void* p) {
   top = zeph::platform::NewObject<ZEPH_StackNode>(p, top);  // null drops the chain
+  zeph::platform::RememberNode(top);
 }
 
-void* PopNode(ZEPH_StackNode*& top) {
+/// Hardened builds stop where another stack has released the node.
+void ReleaseNode(const char* operation, ZEPH_StackNode* node) {
+  zeph::platform::RequireNode(operation, node);
+  zeph::platform::ForgetBlock(node);
+  delete node;
+}
+
+void* PopNode(const char* operation, ZEPH_StackNode*& top) {
   if (!top) return nullptr;
+  zeph::platform::RequireNode(operation, top);
   ZEPH_StackNode* node = top;
   void* p = node->m_pData;
   top = node->m_pNextNode;
-  delete node;
+  ReleaseNode(operation, node);
   return p;
 }
 
-void* PeekNode(const ZEPH_StackNode* top) {
+void* PeekNode(const char* operation, const ZEPH_StackNode* top) {
+  zeph::platform::RequireNode(operation, top);
   return top ? top->m_pData : nullptr;
 }
 
@@ -35,15 +46,15 @@ void CZEPHStack::Push(void* p) {
   PushNode(m_pTop, p);
 }
 void* CZEPHStack::Pop() {
-  return PopNode(m_pTop);
+  return PopNode("CZEPHStack::Pop", m_pTop);
 }
 void* CZEPHStack::Peek() const {
-  return PeekNode(m_pTop);
+  return PeekNode("CZEPHStack::Peek", m_pTop);
 }
 
 CZEPHPointerStack::CZEPHPointerStack() : m_pTop(nullptr) {}
 CZEPHPointerStack::~CZEPHPointerStack() {
-  delete m_pTop;
+  ReleaseNode("CZEPHPointerStack::~CZEPHPointerStack", m_pTop);
   m_pTop = nullptr;
 }
 CZEPHPointerStack& CZEPHPointerStack::operator=(const CZEPHPointerStack& other) {
@@ -54,8 +65,8 @@ void CZEPHPointerStack::Push(void* p) {
   PushNode(m_pTop, p);
 }
 void* CZEPHPointerStack::Pop() {
-  return PopNode(m_pTop);
+  return PopNode("CZEPHPointerStack::Pop", m_pTop);
 }
 void* CZEPHPointerStack::Peek() const {
-  return PeekNode(m_pTop);
+  return PeekNode("CZEPHPointerStack::Peek", m_pTop);
 }

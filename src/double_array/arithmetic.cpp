@@ -8,6 +8,7 @@
 #include "parallel/elementwise.h"
 #include "platform/allocation.h"
 #include "platform/exactness.h"
+#include "platform/live_blocks.h"
 
 namespace zeph::double_array {
 namespace {
@@ -29,6 +30,7 @@ CZEPHDoubleArray Make(const CZEPHDoubleArray& a, Fill fill) {
   CZEPHDoubleArray result;
   result.size = a.size;
   result.data = platform::TryNewArray<double>(a.size);
+  platform::RememberBlock({result.data, result.data, 0, a.size});
   if (Count(result) > 0) fill(result.data, Count(result));
   return result;
 }

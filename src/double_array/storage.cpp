@@ -7,6 +7,7 @@
 #include "frame/fatal_report.h"
 #include "kernels/few.h"
 #include "platform/allocation.h"
+#include "platform/live_blocks.h"
 
 using namespace zeph::double_array;
 
@@ -34,12 +35,14 @@ int CZEPHDoubleArray::AllocMemory(int n) {
   return zeph::platform::OnExhaustion(0, [&] {
     data = zeph::platform::NewArrayOrNull<double>(n);
     if (!data) return 0;
+    zeph::platform::RememberBlock({data, data, 0, n});
     sorted = 0;
     return 1;
   });
 }
 
 void CZEPHDoubleArray::FreeMemory() {
+  zeph::platform::ForgetBlock(data);
   delete[] data;
   data = nullptr;
 }
@@ -48,6 +51,7 @@ void CZEPHDoubleArray::Resize(int n, int keep) {
   double* block = nullptr;
   if (n >= 1) {
     block = zeph::platform::NewArray<double>(n);
+    zeph::platform::RememberBlock({block, block, 0, n});
     if (keep) zeph::kernels::Copy(block, data, std::min(Count(*this), static_cast<std::size_t>(n)));
   }
   FreeMemory();

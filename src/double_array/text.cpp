@@ -6,6 +6,7 @@
 #include "double_array/elements.h"
 #include "platform/block_writer.h"
 #include "platform/format_number.h"
+#include "platform/live_blocks.h"
 #include "platform/stream_number.h"
 #include "platform/stream_reader.h"
 
@@ -29,6 +30,16 @@ void AppendListing(CString& out, const double* first, int count) {
   }
   writer.Text("}\r\n");
   writer.Flush();
+}
+
+/// Hardened builds look whether a block of the library's has room for what a stream announces; the block may be
+/// larger than the count says, on purpose, and those of the program's own are not known.
+void RequireRoom([[maybe_unused]] const double* data, [[maybe_unused]] int count) {
+#ifdef ZEPH_HARDENED
+  platform::LiveBlock found;
+  if (platform::FindBlock(data, found) && count > found.count)
+    ZEPH_StopOutside("operator>>(CZEPHDoubleArray)", "count", count, 0, found.count);
+#endif
 }
 
 }  // namespace
@@ -86,6 +97,7 @@ std::istream& operator>>(std::istream& is, CZEPHDoubleArray& a) {
   } ending{a, count};
   int announced = 0;
   if (!(is >> announced) || (!a.data && announced > 0)) return is;
+  RequireRoom(a.data, announced);
   zeph::platform::StreamReader in(is);
   for (int i = 0; i < announced; ++i)
     if (!in.Read(a.data[i])) return is;

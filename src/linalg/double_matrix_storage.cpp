@@ -41,7 +41,7 @@ int CZEPHDoubleMatrix::AllocMemory(int rows, int cols) {
   return zeph::platform::OnExhaustion(0, [&] {
     if (m_ppData) {
       linalg::ReleaseRows(m_ppData, releasable);
-      delete[] m_ppData;
+      linalg::ReleaseTable(m_ppData);
       m_ppData = nullptr;
     }
     m_ppData = linalg::NewTable(rows);
@@ -53,7 +53,7 @@ int CZEPHDoubleMatrix::AllocMemory(int rows, int cols) {
 void CZEPHDoubleMatrix::FreeMemory() {
   if (!m_ppData) return;
   linalg::ReleaseRows(m_ppData, m_nRows);
-  delete[] m_ppData;
+  linalg::ReleaseTable(m_ppData);
   m_ppData = nullptr;
 }
 

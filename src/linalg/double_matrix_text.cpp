@@ -3,6 +3,7 @@
 // Text output and input of the double matrix.
 #include "linalg.h"
 #include "linalg/row_table.h"
+#include "platform/live_blocks.h"
 #include "platform/stream_number.h"
 #include "platform/stream_reader.h"
 
@@ -26,9 +27,27 @@ std::ostream& operator<<(std::ostream& os, const CZEPHDoubleMatrix& a) {
   return os;
 }
 
+namespace {
+
+/// Hardened builds look whether blocks of the library's have room for the counts that a stream announces.
+void RequireRoom([[maybe_unused]] const CZEPHDoubleMatrix& a) {
+#ifdef ZEPH_HARDENED
+  const char* const operation = "operator>>(CZEPHDoubleMatrix)";
+  zeph::platform::LiveBlock table, row;
+  if (a.m_nColumns < 1 || !zeph::platform::FindBlock(a.m_ppData, table)) return;
+  if (a.m_nRows > table.count) ZEPH_StopOutside(operation, "rows", a.m_nRows, 0, table.count);
+  for (int i = 0; i < a.m_nRows; ++i)
+    if (zeph::platform::FindBlock(a.m_ppData[i], row) && a.m_nColumns > row.count)
+      ZEPH_StopOutside(operation, "columns", a.m_nColumns, 0, row.count);
+#endif
+}
+
+}  // namespace
+
 std::istream& operator>>(std::istream& is, CZEPHDoubleMatrix& a) {
   bool good = static_cast<bool>(is >> a.m_nRows);
   good = static_cast<bool>(is >> a.m_nColumns) && good;
+  if (good) RequireRoom(a);
   zeph::platform::StreamReader in(is);
   for (int i = 0; good && i < a.m_nRows; ++i) {
     double* const row = a.m_ppData ? a.m_ppData[i] : nullptr;

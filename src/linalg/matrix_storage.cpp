@@ -44,7 +44,7 @@ void CZEPHMatrix::ReSize(int rows, int cols) {
 void CZEPHMatrix::Free() {
   if (!m_ppData) return;
   ReleaseRows(m_ppData, m_nRows);
-  delete[] m_ppData;
+  ReleaseTable(m_ppData);
   m_ppData = nullptr;
 }
 

@@ -8,6 +8,7 @@
 #include "parallel/rows.h"
 #include "platform/allocation.h"
 #include "platform/exactness.h"
+#include "platform/live_blocks.h"
 
 namespace zeph::linalg {
 namespace {
@@ -37,13 +38,18 @@ constexpr Narrow kNarrowProducts[] = {nullptr, NarrowProduct<1>, NarrowProduct<2
 }  // namespace
 
 double** NewTable(int rows) {
-  return platform::NewArray<double*>(rows);
+  double** const table = platform::NewArray<double*>(rows);
+  platform::RememberBlock({table, table, 0, rows});
+  return table;
 }
 
 void NewRows(double** table, int rows, int cols) {
   int i = 0;
   try {
-    for (; i < rows; ++i) table[i] = platform::NewArray<double>(cols);
+    for (; i < rows; ++i) {
+      table[i] = platform::NewArray<double>(cols);
+      platform::RememberBlock({table[i], table[i], 0, cols});
+    }
   } catch (...) {
     std::fill(table + i, table + rows, nullptr);
     throw;
@@ -51,7 +57,15 @@ void NewRows(double** table, int rows, int cols) {
 }
 
 void ReleaseRows(double* const* table, int rows) {
-  for (int i = 0; i < rows; ++i) delete[] table[i];
+  for (int i = 0; i < rows; ++i) {
+    platform::ForgetBlock(table[i]);
+    delete[] table[i];
+  }
+}
+
+void ReleaseTable(double** table) {
+  platform::ForgetBlock(table);
+  delete[] table;
 }
 
 bool ReadsFrom(double* const* source, int count, int read, double** table, int rows, int cols) {

@@ -25,6 +25,9 @@ void NewRows(double** table, int rows, int cols);
 /// Releases the first `rows` rows, if `rows` is positive. The table itself stays.
 void ReleaseRows(double* const* table, int rows);
 
+/// Releases the table itself.
+void ReleaseTable(double** table);
+
 /// Rows that can be touched: those before the first null one, at most `rows`; 0 without a table.
 int StoredRows(const double* const* table, int rows);
 

@@ -43,13 +43,13 @@ bool IsSpace(char c) {
   return c == ' ' || ('\t' <= c && c <= '\r');
 }
 
-bool IsDigit(char c) {
+[[maybe_unused]] bool IsDigit(char c) {
   return '0' <= c && c <= '9';
 }
 
 /// A result that is denormal leaves ERANGE behind where the runtime converts it. Looked at as bits, since the
 /// process may take denormals for zeros.
-bool IsDenormal(double x) {
+[[maybe_unused]] bool IsDenormal(double x) {
   std::uint64_t bits;
   std::memcpy(&bits, &x, sizeof bits);
   return (bits >> 52 & 0x7ff) == 0 && bits << 1 != 0;

@@ -6,6 +6,7 @@
 #include "platform/wrap.h"
 #include "raw_buffers.h"
 #include "raw_buffers/offset.h"
+#include "raw_buffers/precondition.h"
 
 namespace zeph::raw_buffers {
 namespace {
@@ -19,7 +20,16 @@ T* AllocArray(int lo, int hi, long int* bytes) {
   if (!block) return nullptr;
   if (bytes) *bytes = platform::WrapMul(count, int{sizeof(T)});
   std::memset(static_cast<void*>(block), 0, static_cast<std::size_t>(count) * sizeof(T));
+  RememberArray(block, lo, count);
   return Offset(block, lo);
+}
+
+template <class T>
+void FreeArray(T* p, int lo) {
+  RequireArray("ZEPH_ArrayFree", p, lo);
+  T* const block = Block(p, lo);
+  platform::ForgetBlock(block);
+  delete[] block;
 }
 
 }  // namespace
@@ -35,7 +45,7 @@ using namespace zeph::raw_buffers;
     return AllocArray<T>(lo, hi, &bytes);            \
   }                                                  \
   void ZEPH_ArrayFree(T* p, int lo, int /*hi*/) {    \
-    delete[] Block(p, lo);                           \
+    FreeArray(p, lo);                                \
   }
 ZEPH_DEFINE(double, ZEPH_ArrayAllocDouble)
 ZEPH_DEFINE(float, ZEPH_ArrayAllocFloat)

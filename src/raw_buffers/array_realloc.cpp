@@ -7,6 +7,7 @@
 #include "platform/allocation.h"
 #include "platform/wrap.h"
 #include "raw_buffers.h"
+#include "raw_buffers/precondition.h"
 
 namespace zeph::raw_buffers {
 namespace {
@@ -34,18 +35,23 @@ T* Replace(T* old, int kept, int count) {
   auto* bytes = reinterpret_cast<unsigned char*>(fresh);
   if (keptBytes > 0) std::memcpy(bytes, static_cast<const void*>(old), keptBytes);
   std::memset(bytes + keptBytes, 0, static_cast<std::size_t>(count) * sizeof(T) - keptBytes);
+  platform::ForgetBlock(old);
   delete[] old;
+  RememberArray(fresh, 0, count);
   return fresh;
 }
 
 template <class T>
 T* Realloc(T* old, int oldN, int newN) {
-  return Replace(old, CopiedByRealloc<T>(oldN, newN), platform::WrapAdd(newN, 1));
+  const int copied = CopiedByRealloc<T>(oldN, newN);
+  RequireOldSize("ZEPH_ArrayRealloc", "oldN", old, oldN, copied);
+  return Replace(old, copied, platform::WrapAdd(newN, 1));
 }
 
 template <class T>
 T* Resize(T* old, int oldCount, int newCount) {
   if (newCount < oldCount) return nullptr;
+  RequireOldSize("ZEPH_ArrayResize", "oldCount", old, oldCount, oldCount);
   return Replace(old, std::max(oldCount, 0), newCount);
 }
 

@@ -32,9 +32,11 @@ using namespace zeph::raw_buffers;
     return AllocRange<T>(nrl, nrh, ncl, nch, &bytes);                     \
   }                                                                       \
   void ZEPH_MatrixFree(T** m, int rows, int /*cols*/) {                   \
+    RequireMatrix(__func__, m, 0, std::max(rows, 0) - 1, 0);              \
     FreeMatrix(m, 0, std::max(rows, 0) - 1, 0);                           \
   }                                                                       \
   void ZEPH_MatrixFree(T** m, int nrl, int nrh, int ncl, int /*nch*/) {   \
+    RequireMatrix(__func__, m, nrl, nrh, ncl);                            \
     FreeMatrix(m, nrl, nrh, ncl);                                         \
   }
 ZEPH_DEFINE(double, ZEPH_MatrixAllocDouble)

@@ -11,6 +11,7 @@
 #include "platform/allocation.h"
 #include "platform/wrap.h"
 #include "raw_buffers/offset.h"
+#include "raw_buffers/precondition.h"
 
 namespace zeph::raw_buffers {
 
@@ -23,6 +24,7 @@ T** AllocRows(int rows, int cols, int nrl, int ncl, long int* bytes) {
   if (bytes) *bytes = platform::WrapMul(platform::WrapMul(rows, cols), int{sizeof(T)});
   const std::size_t rowBytes = static_cast<std::size_t>(cols) * sizeof(T);
   for (int i = 0; i < rows; ++i) std::memset(static_cast<void*>(Moved(table[i], ncl)), 0, rowBytes);
+  RememberMatrix(table, rows, cols, nrl, ncl);
   return Offset(table, nrl);
 }
 
@@ -40,7 +42,12 @@ template <class T>
 void FreeMatrix(T** m, int nrl, int nrh, int ncl) {
   T** table = Block(m, nrl);
   if (!table) return;
-  for (std::int64_t i = std::int64_t{nrh} - nrl; i >= 0; --i) delete[] Block(table[i], ncl);
+  for (std::int64_t i = std::int64_t{nrh} - nrl; i >= 0; --i) {
+    T* const row = Block(table[i], ncl);
+    platform::ForgetBlock(row);
+    delete[] row;
+  }
+  platform::ForgetBlock(table);
   delete[] table;
 }
 

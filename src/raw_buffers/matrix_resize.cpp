@@ -19,6 +19,7 @@ void CopyCells(T** from, T** to, int rowHi, int colHi) {
 template <class T>
 T** ResizeMatrix(T** old, int oldRowHi, int oldColHi, int newRowHi, int newColHi) {
   if (newRowHi < oldRowHi || newColHi < oldColHi) return nullptr;
+  RequireOldBounds("ZEPH_MatrixResize", old, oldRowHi, oldColHi);
   T** fresh = AllocMatrix<T>(RangeCount(0, newRowHi), RangeCount(0, newColHi), 0, 0, nullptr);
   if (!fresh) return nullptr;
   CopyCells(old, fresh, oldRowHi, oldColHi);

@@ -1,7 +1,18 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
+
 #include "kernels/merge.h"
 #include "raw_buffers.h"
 #include "raw_buffers/precondition.h"
+
+namespace {
+
+/// Elements of both inputs; a count below 0 is none.
+[[maybe_unused]] long long All(int na, int nb) {
+  return std::max(na, 0) + static_cast<long long>(std::max(nb, 0));
+}
+
+}  // namespace
 
 using namespace zeph::raw_buffers;
 
@@ -9,6 +20,8 @@ void ZEPH_ArrayMergeSorted(int* const a, int na, int* const b, int nb, int* cons
   RequireBlock(__func__, "a", a, na > 0);
   RequireBlock(__func__, "b", b, nb > 0);
   RequireBlock(__func__, "out", out, na > 0 || nb > 0);
+  RequireApart(__func__, out, All(na, nb), a, na, "out overlaps a");
+  RequireApart(__func__, out, All(na, nb), b, nb, "out overlaps b");
   zeph::kernels::MergeAscending(a, na, b, nb, out);
 }
 
@@ -16,5 +29,7 @@ void ZEPH_ArrayMergeSorted(double* const a, int na, double* const b, int nb, dou
   RequireBlock(__func__, "a", a, na > 0);
   RequireBlock(__func__, "b", b, nb > 0);
   RequireBlock(__func__, "out", out, na > 0 || nb > 0);
+  RequireApart(__func__, out, All(na, nb), a, na, "out overlaps a");
+  RequireApart(__func__, out, All(na, nb), b, nb, "out overlaps b");
   zeph::kernels::MergeAscending(a, na, b, nb, out);
 }

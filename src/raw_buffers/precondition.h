@@ -7,8 +7,11 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <functional>
 
 #include "platform.h"
+#include "platform/live_blocks.h"
+#include "raw_buffers/offset.h"
 
 namespace zeph::raw_buffers {
 
@@ -35,6 +38,110 @@ inline void RequireBlock([[maybe_unused]] const char* operation,
                          [[maybe_unused]] bool hasElements) {
 #ifdef ZEPH_HARDENED
   if (hasElements && !block) ZEPH_StopAtNull(operation, argument);
+#endif
+}
+
+/// Notes the array of `count` elements from `lo` that stands in `block`.
+template <class T>
+void RememberArray([[maybe_unused]] T* block, [[maybe_unused]] int lo, [[maybe_unused]] int count) {
+#ifdef ZEPH_HARDENED
+  platform::RememberBlock({block, Offset(block, lo), lo, count});
+#endif
+}
+
+/// Notes a matrix and its rows, each an array.
+template <class T>
+void RememberMatrix([[maybe_unused]] T** table, [[maybe_unused]] int rows,
+                    [[maybe_unused]] int cols, [[maybe_unused]] int nrl, [[maybe_unused]] int ncl) {
+#ifdef ZEPH_HARDENED
+  for (int i = 0; i < rows; ++i) RememberArray(Moved(table[i], ncl), ncl, cols);
+  platform::RememberBlock({table, Offset(table, nrl), nrl, rows, ncl, cols});
+#endif
+}
+
+#ifdef ZEPH_HARDENED
+/// Stops unless `block` lives, telling what was wrong with it: it was released, its lower bound is another, or
+/// nobody knows it. False where it may be one that there was no memory to remember.
+inline bool RequireLive(const char* operation, const char* lower, const void* block,
+                        const void* handle, int lo, platform::LiveBlock& found) {
+  if (platform::FindBlock(block, found)) {
+    // The same block by another handle is the row or array of another range.
+    if (found.lo != lo) ZEPH_StopOutside(operation, lower, lo, found.lo, found.lo);
+    return true;
+  }
+  if (platform::FindHandle(handle, found))
+    ZEPH_StopOutside(operation, lower, lo, found.lo, found.lo);
+  if (platform::IsReleased(block)) ZEPH_Stop(operation, "the block was released before");
+  if (platform::AllBlocksAreKnown())
+    ZEPH_Stop(operation, "the block is none that this library gave");
+  return false;
+}
+#endif
+
+/// An array that is released was allocated with that lower bound and not released before.
+template <class T>
+void RequireArray([[maybe_unused]] const char* operation, [[maybe_unused]] T* p,
+                  [[maybe_unused]] int lo) {
+#ifdef ZEPH_HARDENED
+  platform::LiveBlock found;
+  if (p && Block(p, lo)) RequireLive(operation, "lo", Block(p, lo), p, lo, found);
+#endif
+}
+
+/// A matrix that is released was allocated with these lower bounds, has these rows, and was not released before.
+template <class T>
+void RequireMatrix([[maybe_unused]] const char* operation, [[maybe_unused]] T** m,
+                   [[maybe_unused]] int nrl, [[maybe_unused]] int nrh, [[maybe_unused]] int ncl) {
+#ifdef ZEPH_HARDENED
+  platform::LiveBlock found;
+  if (!m || !Block(m, nrl) || !RequireLive(operation, "nrl", Block(m, nrl), m, nrl, found)) return;
+  const long long last = static_cast<long long>(nrl) + found.count - 1;
+  ZEPH_REQUIRE_INSIDE(operation, nrh, nrl - 1LL, last);
+  ZEPH_REQUIRE_INSIDE(operation, ncl, found.columnLo, found.columnLo);
+#endif
+}
+
+/// A 0-based block from which `copied` elements, because of an old size, are read has them. Blocks of the
+/// program's own are not known, and pass.
+template <class T>
+void RequireOldSize([[maybe_unused]] const char* operation, [[maybe_unused]] const char* argument,
+                    [[maybe_unused]] const T* old, [[maybe_unused]] int oldSize,
+                    [[maybe_unused]] int copied) {
+#ifdef ZEPH_HARDENED
+  platform::LiveBlock found;
+  if (!old) return;
+  if (platform::IsReleased(old)) ZEPH_Stop(operation, "the old block was released before");
+  if (platform::FindBlock(old, found) && copied > found.count)
+    ZEPH_StopOutside(operation, argument, oldSize, 0, found.count - (copied - oldSize));
+#endif
+}
+
+/// A matrix that is copied from, and released, has rows and columns up to these. Tables of the program's own are
+/// not known, and pass.
+template <class T>
+void RequireOldBounds([[maybe_unused]] const char* operation, [[maybe_unused]] T** old,
+                      [[maybe_unused]] int oldRowHi, [[maybe_unused]] int oldColHi) {
+#ifdef ZEPH_HARDENED
+  platform::LiveBlock found;
+  if (!old) return;
+  if (platform::IsReleased(old)) ZEPH_Stop(operation, "the old matrix was released before");
+  if (!platform::FindBlock(old, found)) return;
+  if (oldRowHi >= found.count)
+    ZEPH_StopOutside(operation, "oldRowHi", oldRowHi, -1, found.count - 1);
+  if (oldColHi >= found.columns)
+    ZEPH_StopOutside(operation, "oldColHi", oldColHi, -1, found.columns - 1);
+#endif
+}
+
+/// Two blocks have no element in common.
+template <class T>
+void RequireApart([[maybe_unused]] const char* operation, [[maybe_unused]] const T* out,
+                  [[maybe_unused]] long long outCount, [[maybe_unused]] const T* in,
+                  [[maybe_unused]] long long inCount, [[maybe_unused]] const char* breach) {
+#ifdef ZEPH_HARDENED
+  const std::less<const T*> before;
+  if (inCount > 0 && before(out, in + inCount) && before(in, out + outCount))
+    ZEPH_Stop(operation, breach);
 #endif
 }
 

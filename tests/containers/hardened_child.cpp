@@ -40,6 +40,64 @@ const zeph::test::Breach kBreaches[] = {
        list.Insert(&node);
        list.Insert(&node);
      }},
+    {"shared chain",
+     [] {
+       CZEPHLinkList<double> list;
+       list.InsertOrdered(new CZEPHLink<double>(1.0));
+       CZEPHLinkList<double> copy = list;
+       list.RemoveAll();
+       copy.RemoveAll();
+     }},
+    {"shared chain read",
+     [] {
+       CZEPHLinkList<double> list;
+       CZEPHLink<double>* links[] = {new CZEPHLink<double>(1.0), new CZEPHLink<double>(0.0)};
+       list.Sorting(links, 2);
+       CZEPHLinkList<double> copy = list;
+       list.RemoveAll();
+       copy.GetFirstLink();
+     }},
+    {"shared stack",
+     [] {
+       int item = 0;
+       CZEPHStack stack;
+       stack.Push(&item);
+       CZEPHStack copy = stack;
+       stack.Pop();
+       copy.Pop();
+     }},
+    {"shared stack read",
+     [] {
+       int item = 0;
+       CZEPHPointerStack stack;
+       stack.Push(&item);
+       CZEPHPointerStack copy = stack;
+       stack.Pop();
+       copy.Peek();
+     }},
+    {"shared stack dies",
+     [] {
+       int item = 0;
+       CZEPHPointerStack stack;
+       stack.Push(&item);
+       CZEPHPointerStack copy = stack;
+     }},
+    {"shared and emptied",
+     [] {
+       int item = 0;
+       CZEPHLinkList<double> list;
+       list.InsertOrdered(new CZEPHLink<double>(1.0));
+       CZEPHLinkList<double> copy = list;
+       copy.m_pHead = nullptr;
+       CZEPHPointerStack stack;
+       stack.Push(&item);
+       CZEPHPointerStack other = stack;
+       other.m_pTop = nullptr;
+       for (int i = 0; i < 3; ++i) {  // at addresses that were released
+         stack.Push(&item);
+         stack.Pop();
+       }
+     }},
     {"whole range", [] { FiveObjects().Sort(0, 5, Equal); }},
     {"no count", [] { FiveObjects().Sort(-1, 0, Equal); }},
     {"own position",

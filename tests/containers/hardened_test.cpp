@@ -44,7 +44,29 @@ TEST(HardenedContainers, StopWhereANodeIsInTheListAlready) {
               });
 }
 
+TEST(HardenedContainers, StopWhereAChainThatWasSharedIsGone) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  ExpectStops(
+      kChild,
+      {
+          {"shared chain",
+           "CZEPHLinkList::RemoveAll: the first node was released by another that shared the "
+           "chain"},
+          {"shared chain read",
+           "CZEPHLinkList::GetFirstLink: the first node was released by another that shared the "
+           "chain"},
+          {"shared stack",
+           "CZEPHStack::Pop: the first node was released by another that shared the chain"},
+          {"shared stack read",
+           "CZEPHPointerStack::Peek: the first node was released by another that shared the chain"},
+          {"shared stack dies",
+           "CZEPHPointerStack::~CZEPHPointerStack: the first node was released by another that "
+           "shared the chain"},
+      });
+}
+
 TEST(HardenedContainers, LetEverythingDocumentedPass) {
   ZEPH_SKIP_UNLESS_HARDENED();
-  ExpectPasses(kChild, {"whole range", "no count", "own position", "null position", "null nodes"});
+  ExpectPasses(kChild, {"whole range", "no count", "own position", "null position", "null nodes",
+                        "shared and emptied"});
 }

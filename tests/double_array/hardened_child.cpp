@@ -2,6 +2,7 @@
 #include "double_array.h"
 
 #include <iostream>
+#include <sstream>
 
 #include "support/breach.h"
 
@@ -12,6 +13,14 @@ using zeph::test::Use;
 CZEPHDoubleArray Five() {
   double v[] = {5, 4, 3, 2, 1};
   return CZEPHDoubleArray(5, v);
+}
+
+/// Reads `text` into five elements, in an array that does not say so.
+void Read(const char* text) {
+  CZEPHDoubleArray a = Five();
+  a.size = 0;
+  std::istringstream is(text);
+  is >> a;
 }
 
 const zeph::test::Breach kBreaches[] = {
@@ -36,6 +45,14 @@ const zeph::test::Breach kBreaches[] = {
        CString out;
        Five().Display(out, 3, 5);
      }},
+    {"behind nothing",
+     [] {
+       CZEPHDoubleArray a = Five();
+       a.size = 0;
+       Use(a[3]);
+     }},
+    {"read more", [] { Read("6 1 2 3 4 5 6"); }},
+    {"read as many", [] { Read("5 1 2 3 4 5"); }},
     {"no storage",
      [] {
        CZEPHDoubleArray a;

@@ -15,9 +15,16 @@ TEST(HardenedDoubleArray, StopsAtAnIndexOutsideTheArray) {
                           {"below", "CZEPHDoubleArray::operator[]: i is -1, outside 0..4"},
                           {"behind", "CZEPHDoubleArray::operator[]: i is 5, outside 0..4"},
                           {"const behind", "CZEPHDoubleArray::operator[]: i is 5, outside 0..4"},
+                          {"behind nothing",
+                           "CZEPHDoubleArray::operator[]: i is 3, but the array is empty"},
                           {"swap", "CZEPHDoubleArray::Swap: j is 5, outside 0..4"},
                           {"display", "CZEPHDoubleArray::Display: to is 5, outside 3..4"},
                       });
+}
+
+TEST(HardenedDoubleArray, StopsAtAStreamThatAnnouncesMoreThanTheStorageHolds) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  ExpectStops(kChild, {{"read more", "operator>>(CZEPHDoubleArray): count is 6, outside 0..5"}});
 }
 
 TEST(HardenedDoubleArray, StopsWithoutStorage) {
@@ -75,6 +82,6 @@ TEST(HardenedDoubleArray, StopsAtNullBlocksAndMessages) {
 
 TEST(HardenedDoubleArray, LetsEverythingDocumentedPass) {
   ZEPH_SKIP_UNLESS_HARDENED();
-  ExpectPasses(kChild, {"whole array", "count itself", "empty ranges", "longer right",
-                        "right without storage", "merge nothing", "parted piece"});
+  ExpectPasses(kChild, {"read as many", "whole array", "count itself", "empty ranges",
+                        "longer right", "right without storage", "merge nothing", "parted piece"});
 }

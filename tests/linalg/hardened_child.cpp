@@ -1,6 +1,8 @@
 // Breaks one precondition, or keeps it, as the argument names.
 #include "linalg.h"
 
+#include <sstream>
+
 #include "support/breach.h"
 
 namespace {
@@ -24,6 +26,14 @@ CZEPHVector Vector() {
   return CZEPHVector(2, values);
 }
 
+/// Reads `text` into a 2 x 3 matrix.
+void Read(const char* text) {
+  CZEPHDoubleMatrix m(2, 3, 1.0);
+  std::istringstream is(text);
+  is >> m;
+  m.m_nRows = 2;
+}
+
 const zeph::test::Breach kBreaches[] = {
     {"const row", [] { TwoByThree()[2]; }},
     {"const without storage",
@@ -31,6 +41,14 @@ const zeph::test::Breach kBreaches[] = {
        const CZEPHDoubleMatrix m;
        m[0];
      }},
+    {"row behind",
+     [] {
+       CZEPHDoubleMatrix m(2, 3, 1.0);
+       Use(m[2]);
+     }},
+    {"more rows", [] { Read("3 2  1 2 3 4 5 6"); }},
+    {"more columns", [] { Read("1 4  1 2 3 4"); }},
+    {"fewer", [] { Read("1 2  1 2"); }},
     {"row", [] { General()[-1]; }},
     {"added row",
      [] {

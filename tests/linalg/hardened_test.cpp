@@ -15,9 +15,19 @@ TEST(HardenedLinalg, StopsAtARowOutsideAMatrix) {
               {
                   {"const row", "CZEPHDoubleMatrix::operator[]: i is 2, outside 0..1"},
                   {"const without storage", "CZEPHDoubleMatrix::operator[]: m_ppData is null"},
+                  {"row behind", "CZEPHDoubleMatrix::operator[]: i is 2, outside 0..1"},
                   {"row", "CZEPHMatrix::operator[]: i is -1, outside 0..1"},
                   {"added row", "CZEPHMatrix::operator[]: i is 2, outside 0..1"},
                   {"row without storage", "CZEPHMatrix::operator[]: m_ppData is null"},
+              });
+}
+
+TEST(HardenedLinalg, StopsAtAStreamThatAnnouncesMoreThanTheStorageHolds) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  ExpectStops(kChild,
+              {
+                  {"more rows", "operator>>(CZEPHDoubleMatrix): rows is 3, outside 0..2"},
+                  {"more columns", "operator>>(CZEPHDoubleMatrix): columns is 4, outside 0..3"},
               });
 }
 
@@ -68,6 +78,6 @@ TEST(HardenedLinalg, StopsAtNullMessages) {
 
 TEST(HardenedLinalg, LetsEverythingDocumentedPass) {
   ZEPH_SKIP_UNLESS_HARDENED();
-  ExpectPasses(kChild, {"every index", "count itself", "without storage", "longer vector",
+  ExpectPasses(kChild, {"fewer", "every index", "count itself", "without storage", "longer vector",
                         "no source", "passed check"});
 }

@@ -6,6 +6,7 @@
 namespace {
 
 using zeph::test::Null;
+using zeph::test::Use;
 
 double kNine[3][3] = {};
 
@@ -62,6 +63,106 @@ const zeph::test::Breach kBreaches[] = {
      [] {
        double m[16] = {};
        ZEPH_MatrixMult4(m, m, Null<double>());
+     }},
+    {"free another low",
+     [] {
+       double* p = ZEPH_ArrayAllocDouble(nullptr, 1, 10);
+       ZEPH_ArrayFree(p, 0, 10);
+     }},
+    {"free twice",
+     [] {
+       int* p = ZEPH_ArrayAllocInt(nullptr, 1, 10);
+       ZEPH_ArrayFree(p, 1, 10);
+       ZEPH_ArrayFree(p, 1, 10);
+     }},
+    {"free foreign",
+     [] {
+       static float a[3];
+       ZEPH_ArrayFree(a, 0, 2);
+     }},
+    {"free more rows",
+     [] {
+       double** m = ZEPH_MatrixAllocDouble(nullptr, 2, 3);
+       ZEPH_MatrixFree(m, 3, 3);
+     }},
+    {"free another row low",
+     [] {
+       float** m = ZEPH_MatrixAllocFloat(nullptr, 1, 2, 1, 3);
+       ZEPH_MatrixFree(m, 0, 2, 1, 3);
+     }},
+    {"free another column low",
+     [] {
+       int** m = ZEPH_MatrixAllocInt(nullptr, 1, 2, 1, 3);
+       ZEPH_MatrixFree(m, 1, 2, 0, 3);
+     }},
+    {"free a matrix twice",
+     [] {
+       double** m = ZEPH_MatrixAllocDouble(nullptr, 2, 3);
+       ZEPH_MatrixFree(m, 2, 3);
+       ZEPH_MatrixFree(m, 2, 3);
+     }},
+    {"free after resize",
+     [] {
+       double** m = ZEPH_MatrixAllocDouble(nullptr, 2, 2);
+       Use(ZEPH_MatrixResize(m, 1, 1, 2, 2));
+       ZEPH_MatrixFree(m, 2, 2);
+     }},
+    {"realloc",
+     [] { Use(ZEPH_ArrayRealloc(ZEPH_ArrayAllocDouble(nullptr, 0, 4), 5, 9, nullptr)); }},
+    {"realloc ints",
+     [] { Use(ZEPH_ArrayRealloc(ZEPH_ArrayAllocInt(nullptr, 0, 4), 6, 9, nullptr)); }},
+    {"realloc twice",
+     [] {
+       float* p = ZEPH_ArrayAllocFloat(nullptr, 0, 4);
+       Use(ZEPH_ArrayRealloc(p, 4, 9, nullptr));
+       Use(ZEPH_ArrayRealloc(p, 4, 9, nullptr));
+     }},
+    {"resize", [] { Use(ZEPH_ArrayResize(ZEPH_ArrayAllocInt(nullptr, 0, 4), 6, 9)); }},
+    {"matrix resize rows",
+     [] { Use(ZEPH_MatrixResize(ZEPH_MatrixAllocDouble(nullptr, 2, 2), 2, 1, 3, 3)); }},
+    {"matrix resize columns",
+     [] { Use(ZEPH_MatrixResize(ZEPH_MatrixAllocDouble(nullptr, 2, 2), 1, 2, 3, 3)); }},
+    {"merge into a",
+     [] {
+       int a[4] = {1, 2};
+       int b[2] = {1, 3};
+       ZEPH_ArrayMergeSorted(a, 2, b, 2, a);
+     }},
+    {"merge into b",
+     [] {
+       double a[2] = {1, 2};
+       double b[6] = {0, 0, 0, 1, 3};
+       ZEPH_ArrayMergeSorted(a, 2, b + 3, 2, b);
+     }},
+    {"merge beside",
+     [] {
+       double block[8] = {1, 2, 1, 3};
+       ZEPH_ArrayMergeSorted(block, 2, block + 2, 2, block + 4);
+       ZEPH_ArrayMergeSorted(block, 0, block + 2, 2, block);
+     }},
+    {"another high",
+     [] {
+       double* p = ZEPH_ArrayAllocDouble(nullptr, 1, 10);
+       ZEPH_ArrayFree(p, 1, -5);
+       double** m = ZEPH_MatrixAllocDouble(nullptr, 1, 2, 1, 3);
+       ZEPH_ArrayFree(m[2], 1, 3);
+       m[2] = nullptr;
+       ZEPH_MatrixFree(m, 1, 2, 1, -3);
+     }},
+    {"own block",
+     [] {
+       double* p = ZEPH_ArrayResize(new double[3], 3, 4);
+       p = ZEPH_ArrayRealloc(p, 3, 1, nullptr);
+       p = ZEPH_ArrayRealloc(p, 1, 8, nullptr);
+       ZEPH_ArrayFree(p, 0, 8);
+     }},
+    {"many blocks",
+     [] {
+       static int* blocks[5000];
+       for (int round = 0; round < 3; ++round) {
+         for (int i = 0; i < 5000; ++i) blocks[i] = ZEPH_ArrayAllocInt(nullptr, i, i + round);
+         for (int i = 0; i < 5000; ++i) ZEPH_ArrayFree(blocks[i], i, i + round);
+       }
      }},
     {"no elements",
      [] {

@@ -45,7 +45,44 @@ TEST(HardenedRawBuffers, StopAtNullGeometry) {
                       });
 }
 
+TEST(HardenedRawBuffers, StopAtAReleaseThatIsNotTheBlocks) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  ExpectStops(kChild,
+              {
+                  {"free another low", "ZEPH_ArrayFree: lo is 0, outside 1..1"},
+                  {"free twice", "ZEPH_ArrayFree: the block was released before"},
+                  {"free foreign", "ZEPH_ArrayFree: the block is none that this library gave"},
+                  {"free more rows", "ZEPH_MatrixFree: nrh is 2, outside -1..1"},
+                  {"free another row low", "ZEPH_MatrixFree: nrl is 0, outside 1..1"},
+                  {"free another column low", "ZEPH_MatrixFree: ncl is 0, outside 1..1"},
+                  {"free a matrix twice", "ZEPH_MatrixFree: the block was released before"},
+                  {"free after resize", "ZEPH_MatrixFree: the block was released before"},
+              });
+}
+
+TEST(HardenedRawBuffers, StopAtAnOldSizeThatTheBlockDoesNotHave) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  ExpectStops(kChild,
+              {
+                  {"realloc", "ZEPH_ArrayRealloc: oldN is 5, outside 0..4"},
+                  {"realloc ints", "ZEPH_ArrayRealloc: oldN is 6, outside 0..5"},
+                  {"realloc twice", "ZEPH_ArrayRealloc: the old block was released before"},
+                  {"resize", "ZEPH_ArrayResize: oldCount is 6, outside 0..5"},
+                  {"matrix resize rows", "ZEPH_MatrixResize: oldRowHi is 2, outside -1..1"},
+                  {"matrix resize columns", "ZEPH_MatrixResize: oldColHi is 2, outside -1..1"},
+              });
+}
+
+TEST(HardenedRawBuffers, StopAtAMergeIntoItsOwnInput) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  ExpectStops(kChild, {
+                          {"merge into a", "ZEPH_ArrayMergeSorted: out overlaps a"},
+                          {"merge into b", "ZEPH_ArrayMergeSorted: out overlaps b"},
+                      });
+}
+
 TEST(HardenedRawBuffers, LetEverythingDocumentedPass) {
   ZEPH_SKIP_UNLESS_HARDENED();
-  ExpectPasses(kChild, {"no elements", "null results", "offset array", "missing rows"});
+  ExpectPasses(kChild, {"no elements", "null results", "offset array", "missing rows",
+                        "merge beside", "another high", "own block", "many blocks"});
 }

@@ -33,4 +33,13 @@ exports() { nm -D --defined-only "build/$1/src/libZEPHDataStructureEngine.so" | 
 good=0
 diff <(exports release) <(exports hardened) || good=1
 check $good "the hardened library exports the same names"
+# The page lists every line that a test provokes.
+provoked() {
+  cat tests/*/hardened_test.cpp | tr '\n' ' ' | sed -E 's/" +"//g' |
+    grep -oE '"[^"]*", *"[^"]*: [^"]*" *\}' | sed -E 's/.*"([^"]*)" *\}$/\1/' | LC_ALL=C sort -u
+}
+good=0
+diff <(sed -n '/^## The lines/,/^## /p' docs/hardened.md | sed -n '/^```/,/^```/p' | sed '1d;$d') <(provoked) ||
+  good=1
+check $good "docs/hardened.md lists the lines that the tests provoke"
 verdicts && exit $status

@@ -184,7 +184,7 @@ class ios_base {
   static const fmtflags fixed = 1, scientific = 2, left = 4, right = 8, floatfield = 3,
                         adjustfield = 12;
   static const fmtflags showpoint = 16, showpos = 32, uppercase = 64, internal = 128, dec = 256,
-                        basefield = 256, unitbuf = 512;
+                        skipws = 1024, basefield = 256, unitbuf = 512;
   fmtflags setf(fmtflags flags);
   fmtflags setf(fmtflags flags, fmtflags mask);
   fmtflags flags() const;
@@ -195,12 +195,26 @@ class ios_base {
   streamsize width(streamsize width);
 };
 template <class T, class Traits>
+class basic_streambuf {
+ protected:
+  basic_streambuf();
+  T* gptr() const;
+  T* egptr() const;
+  void gbump(int count);
+};
+using streambuf = basic_streambuf<char, char_traits<char>>;
+template <class T, class Traits>
+class basic_ostream;
+template <class T, class Traits>
 class basic_istream : public ios_base {
  public:
   basic_istream& operator>>(T& value);
   basic_istream& operator>>(double& value);
   basic_istream& operator>>(int& value);
   void setstate(int state);
+  bool good() const;
+  basic_ostream<T, Traits>* tie() const;
+  basic_streambuf<T, Traits>* rdbuf() const;
   explicit operator bool() const;
   bool operator!() const;
 };

@@ -11,6 +11,7 @@
 
 namespace std {
 
+const void* memchr(const void* block, int c, size_t bytes);
 int memcmp(const void* a, const void* b, size_t bytes);
 void* memmove(void* to, const void* from, size_t bytes);
 void* memset(void* to, int value, size_t bytes);

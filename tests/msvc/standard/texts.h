@@ -53,6 +53,7 @@ to_chars_result to_chars(char* first, char* last, unsigned long long x);
 to_chars_result to_chars(char* first, char* last, double x);
 to_chars_result to_chars(char* first, char* last, double x, chars_format format, int precision);
 from_chars_result from_chars(const char* first, const char* last, int& x);
+from_chars_result from_chars(const char* first, const char* last, double& x);
 
 }  // namespace std
 

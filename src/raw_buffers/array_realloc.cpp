@@ -44,8 +44,9 @@ T* Replace(T* old, int kept, int count) {
 template <class T>
 T* Realloc(T* old, int oldN, int newN) {
   const int copied = CopiedByRealloc<T>(oldN, newN);
-  RequireOldSize("ZEPH_ArrayRealloc", "oldN", old, oldN, copied);
-  return Replace(old, copied, platform::WrapAdd(newN, 1));
+  const int count = platform::WrapAdd(newN, 1);
+  if (count >= 0) RequireOldSize("ZEPH_ArrayRealloc", "oldN", old, oldN, copied);
+  return Replace(old, copied, count);
 }
 
 template <class T>

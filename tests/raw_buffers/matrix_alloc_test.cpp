@@ -194,15 +194,17 @@ TEST(RawMatrixFree, ReleasesOnlyThePointerBlockOfAnEmptyRange) {
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
     for (const int rows : {0, -1, INT_MIN}) {
-      T** m = static_cast<T**>(::operator new[](sizeof(T*)));
-      *m = nullptr;
+      T** m = Family<T>::Matrix(1, 3);
+      ZEPH_ArrayFree(m[0], 0, 2);
+      m[0] = nullptr;
       RecordAllocations record;
       ZEPH_MatrixFree(m, rows, 3);
       EXPECT_EQ(record.Events().size(), 1u);
     }
-    T** m = static_cast<T**>(::operator new[](sizeof(T*)));
+    T** m = Family<T>::Matrix(1, 1, 1, 1);
+    ZEPH_ArrayFree(m[1], 1, 1);
     RecordAllocations record;
-    ZEPH_MatrixFree(At(m, -1), 1, 0, 1, 1);
+    ZEPH_MatrixFree(m, 1, 0, 1, 1);
     EXPECT_EQ(record.Events().size(), 1u);
   });
 }

@@ -43,8 +43,7 @@ static std::vector<oracle::Vector> Arithmetic(const float* p) {
 }
 
 TEST(Lanes, MoveAndComputeAsThePlainFormDoes) {
-  Random random(81);
-  for (std::size_t k = 0; k < kCases && !HasFailure(); ++k) {
+  ForEachCase(kCases, 81, [](Random& random) {
     float p[8];
     for (float& x : p) x = AnyFloat(random, random.Below(2) == 0);
     const auto moves = Moves<Lanes>(p), plainMoves = Moves<PlainLanes>(p);
@@ -53,7 +52,7 @@ TEST(Lanes, MoveAndComputeAsThePlainFormDoes) {
     const auto sums = Arithmetic<Lanes>(p), plainSums = Arithmetic<PlainLanes>(p);
     for (std::size_t i = 0; i < sums.size(); ++i)
       EXPECT_TRUE(SameValues(sums[i], plainSums[i])) << "operation " << i;
-  }
+  });
 }
 
 template <class L>
@@ -79,12 +78,11 @@ static std::vector<CZEPHMatrix4x4> Results(const float* a, const float* b) {
 }
 
 TEST(Lanes, MultiplyAndInvertMatricesAsThePlainFormDoes) {
-  Random random(82);
-  for (std::size_t k = 0; k < kCases && !HasFailure(); ++k) {
+  ForEachCase(kCases, 82, [](Random& random) {
     const CZEPHMatrix4x4 a = AnyMatrix(random), b = AnyMatrix(random);
     const auto got = Results<Lanes>(a.entries, b.entries);
     const auto want = Results<PlainLanes>(a.entries, b.entries);
     for (std::size_t i = 0; i < got.size(); ++i)
       EXPECT_TRUE(Same(got[i], want[i])) << "operation " << i;
-  }
+  });
 }

@@ -6,6 +6,9 @@
 
 #include <algorithm>
 #include <limits>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "graphics.h"
 #include "oracle/graphics.h"
@@ -51,10 +54,50 @@ template <class T>
   return SameBits(a.data(), b.data(), a.size());
 }
 
+/// What the case at hand has drawn, in order, to be told where it fails.
+class Drawn {
+ public:
+  static Drawn& OfThisCase() {
+    static Drawn drawn;
+    return drawn;
+  }
+  void Clear() {
+    names_.clear();
+    values_.clear();
+  }
+  template <class T>
+  void Note(const char* name, const T* values, std::size_t count) {
+    names_.emplace_back(name, count);
+    values_.insert(values_.end(), values, values + count);
+  }
+  /// A line for each, with the bits of every value as a float, or as a double where no float holds it.
+  std::string Text() const {
+    std::string text;
+    const double* value = values_.data();
+    for (const auto& [name, count] : names_) {
+      text += std::string("\n  ") + name;
+      for (std::size_t i = 0; i < count; ++i, ++value) {
+        const auto single = static_cast<float>(*value);
+        text += " " + (SameValue<double>(single, *value) ? Show(single) : Show(*value));
+      }
+    }
+    return text;
+  }
+
+ private:
+  std::vector<std::pair<const char*, std::size_t>> names_;
+  std::vector<double> values_;
+};
+
 /// Mostly moderate, now and then awkward: special values met one at a time and all at once.
-inline float AnyFloat(Random& random, bool awkward) {
+inline float AnyFloatUnnoted(Random& random, bool awkward) {
   if (awkward) return AwkwardValue<float>(random);
   return static_cast<float>(random.Real(-10, 10));
+}
+inline float AnyFloat(Random& random, bool awkward) {
+  const float x = AnyFloatUnnoted(random, awkward);
+  Drawn::OfThisCase().Note("number", &x, 1);
+  return x;
 }
 
 template <class V>
@@ -62,18 +105,19 @@ V AnyVector(Random& random) {
   V v;
   const bool awkward = random.Below(3) == 0;
   for (std::size_t i = 0; i < Array(v).size(); ++i)
-    (&v.x)[i] = AnyFloat(random, awkward || random.Below(20) == 0);
+    (&v.x)[i] = AnyFloatUnnoted(random, awkward || random.Below(20) == 0);
+  Drawn::OfThisCase().Note("vector", &v.x, Array(v).size());
   return v;
 }
 
 /// A matrix of a random kind: any entries, small whole numbers (often singular), affine, affine but
 /// for one entry of the bottom row, rigid.
-inline CZEPHMatrix4x4 AnyMatrix(Random& random) {
+inline CZEPHMatrix4x4 AnyMatrixUnnoted(Random& random) {
   CZEPHMatrix4x4 m;
   const std::size_t kind = random.Below(6);
   const bool awkward = random.Below(4) == 0;
   for (float& entry : m.entries)
-    entry = kind == 1 ? static_cast<float>(random.Int(-2, 2)) : AnyFloat(random, awkward);
+    entry = kind == 1 ? static_cast<float>(random.Int(-2, 2)) : AnyFloatUnnoted(random, awkward);
   if (kind < 2) return m;
   if (kind == 2 && random.Below(2))
     m.SetRotationAxis(random.Real(-720, 720), AnyVector<CZEPHVector3D>(random));
@@ -93,8 +137,14 @@ inline CZEPHMatrix4x4 AnyMatrix(Random& random) {
   return m;
 }
 
+inline CZEPHMatrix4x4 AnyMatrix(Random& random) {
+  const CZEPHMatrix4x4 m = AnyMatrixUnnoted(random);
+  Drawn::OfThisCase().Note("matrix, column by column:", m.entries, 16);
+  return m;
+}
+
 /// Degrees of every size; special values among them.
-inline double AnyAngle(Random& random) {
+inline double AnyAngleUnnoted(Random& random) {
   switch (random.Below(8)) {
     case 0:
       return AwkwardValue<double>(random);
@@ -107,11 +157,23 @@ inline double AnyAngle(Random& random) {
   }
 }
 
-/// Calls `body(random)` for so many cases, or until a check fails.
+inline double AnyAngle(Random& random) {
+  const double angle = AnyAngleUnnoted(random);
+  Drawn::OfThisCase().Note("angle", &angle, 1);
+  return angle;
+}
+
+/// Calls `body(random)` for so many cases, or until a check fails, which tells the case and what it drew.
 template <class Body>
 void ForEachCase(std::size_t cases, std::uint64_t seed, Body body) {
   Random random(seed);
-  for (std::size_t k = 0; k < cases && !::testing::Test::HasFailure(); ++k) body(random);
+  for (std::size_t k = 0; k < cases && !::testing::Test::HasFailure(); ++k) {
+    Drawn::OfThisCase().Clear();
+    body(random);
+    if (::testing::Test::HasFailure())
+      ADD_FAILURE() << "That was case " << k << " of " << cases << ", seed " << seed
+                    << ", which drew" << Drawn::OfThisCase().Text();
+  }
 }
 template <class Body>
 void ForEachCase(std::uint64_t seed, Body body) {

@@ -95,9 +95,8 @@ class ZEPH_API CZEPHDoubleMatrix {
   ///     m.CheckBound(2, 3);  // 1: both bounds are inclusive
   int CheckBound(int i, int j);
   /// Row `i`, after CheckBound(i, 0); the column index that follows is not checked.
-  ZEPH_EMIT ZEPH_CHECKED double* operator[](int i) {
+  ZEPH_EMIT double* operator[](int i) {
     if (!m_ppData || i < 0 || i > m_nRows || m_nColumns < 0) CheckBound(i, 0);
-    ZEPH_REQUIRE_INSIDE("CZEPHDoubleMatrix::operator[]", i, 0, m_nRows - 1);
     return m_ppData[i];
   }
   /// Row `i` of a const matrix, without any check. The elements can be written.

@@ -41,11 +41,6 @@ const zeph::test::Breach kBreaches[] = {
        const CZEPHDoubleMatrix m;
        m[0];
      }},
-    {"row behind",
-     [] {
-       CZEPHDoubleMatrix m(2, 3, 1.0);
-       Use(m[2]);
-     }},
     {"more rows", [] { Read("3 2  1 2 3 4 5 6"); }},
     {"more columns", [] { Read("1 4  1 2 3 4"); }},
     {"fewer", [] { Read("1 2  1 2"); }},

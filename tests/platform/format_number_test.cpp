@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cfenv>
 #include <cmath>
 #include <cstdio>
 #include <limits>
@@ -89,6 +90,42 @@ TEST(RealFormat, WritesTheBytesOfPrintfForEveryConversionInUse) {
     std::snprintf(want, sizeof want, "%lf", x);
     ASSERT_EQ(Fixed(x, now), want);
   }
+}
+
+/// Odd multiples of a power of two lie halfway between two texts.
+TEST(RealFormat, RoundsHalvesToTheEvenDigit) {
+  for (int decimals = 1; decimals <= 6; ++decimals)
+    for (int odd = -99; odd <= 99; odd += 2) {
+      const double half = std::ldexp(odd, -decimals - 1);
+      const std::string conversion = "%." + std::to_string(decimals) + "f";
+      char want[64], text[RealFormat::kRoom];
+      std::snprintf(want, sizeof want, conversion.c_str(), half);
+      const RealFormat format(conversion.c_str(), RealFormat::Notation::kFixed, decimals,
+                              NumberConventions::Current());
+      EXPECT_EQ(want, std::string(text, format.Write(text, half))) << decimals;
+    }
+}
+
+TEST(RealFormat, FollowsTheRuntimeInAnotherRoundingDirection) {
+#ifdef FE_UPWARD
+  const int before = std::fegetround();
+  std::fesetround(FE_UPWARD);
+  const NumberConventions upward = NumberConventions::Current();
+  char want[64];
+  std::snprintf(want, sizeof want, "%lf", 0.1);
+  const std::string got = Fixed(0.1, upward);
+  std::fesetround(before);
+  if (upward.ownNames) GTEST_SKIP() << "texts of our own are the same in every direction";
+  EXPECT_EQ(want, got);
+#endif
+}
+
+TEST(RealFormat, CountsAPointOfAnyLengthAsOneColumn) {
+  const RealFormat format("%lf", RealFormat::Notation::kFixed, 6, {true, 2, "\xD9\xAB"});
+  EXPECT_EQ(8u, format.Columns(0.25, 9));
+  EXPECT_EQ(3u, format.Columns(std::numeric_limits<double>::infinity(), 3));
+  const RealFormat plain("%lf", RealFormat::Notation::kFixed, 6, {true, 2, "."});
+  EXPECT_EQ(8u, plain.Columns(0.25, 8));
 }
 
 TEST(WriteInt, FillsItsFieldFromTheLeft) {

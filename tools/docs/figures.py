@@ -48,7 +48,8 @@ def by_hand():
     left = [m for m in mistakes if not m["noticed by"]]
     why = table(["mistake", "where", "why nothing shows"], ["---", "---", "---"],
                 [(m["name"], f"`{m['file']}`", m["equivalent"] or "**unnoticed**") for m in left])
-    return (f"On {found['date']}, at commit {found['commit']}, in {found['seconds']} s:\n\n" +
+    note = f" {found['note']}" if "note" in found else ""
+    return (f"On {found['date']}, at commit {found['commit']}.{note}\n\n" +
             table(["mistakes in", "made", "noticed", "equivalent", "unnoticed"], ["---"] + ["---:"] * 4, rows) +
             "\n\n" + why)
 

@@ -1,12 +1,12 @@
 # ./dev bench [FILTER]: measures against the peers; a whole run rewrites docs/performance.md. `./dev bench windows`
-# compares the Windows build, under Wine, with the Linux build instead.
+# compares the Windows build, under Wine, with the Linux build instead, and rewrites the page's section on it.
 if [ "${1:-}" = windows ]; then
   need $packages_build $packages_test python3 g++-mingw-w64-x86-64-posix wine64 wine googletest
   build release zeph_system_speed
   build windows zeph_system_speed
   export WINEPREFIX=$PWD/build/windows/wine WINEDEBUG=-all
   export WINEPATH="Z:/usr/x86_64-w64-mingw32/lib;Z:/usr/lib/gcc/x86_64-w64-mingw32/12-posix;Z:$PWD/build/windows/src"
-  exec python3 tools/dev/bench_windows.py build/release/tools/system_speed/zeph_system_speed \
+  exec python3 tools/dev/bench_windows.py docs/performance.md build/release/tools/system_speed/zeph_system_speed \
     wine build/windows/tools/system_speed/zeph_system_speed.exe
 fi
 packages_bench="libbenchmark-dev libboost-dev libhwy-dev libeigen3-dev libopenblas-dev libglm-dev

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include "ZEPHDataStructureEngine.h"
@@ -60,9 +61,30 @@ int main() {
   Time("quicksort of 1e6", 15, fill, [&] { a.QuickSort(10); });
   Time("Shell's sort of 1e6", 15, fill, [&] { a.ShellSort(); });
   Time("maximum norm of 1e6", 50, nothing, [&] { sink = million.MaxNorm(); });
+  Time("Euclidean norm of 1e6", 50, nothing, [&] { sink = million.TwoNorm(); });
   Time("search through 1e6", 50, fill, [&] { sink = a.Find(0.5); });
   Time("sum of two arrays of 1e6", 50, fill, [&] { a += million; });
   Time("selection sort of 20000", 5, fillSmall, [&] { CZEPHSelectionSort::Run(b.data, 20'000); });
+  a = million;
+  a.QuickSort(10);
+  Time("20000 binary searches in 1e6", 15, nothing, [&] {
+    for (int i = 0, at = 0; i < 20'000; ++i) sink = a.BinarySearch(small[i], at);
+  });
+  // What small objects are made of: the system's heap decides their rows.
+  Time("20000 blocks of 80 bytes, new and delete", 30, nothing, [&] {
+    for (int i = 0; i < 20'000; ++i) {
+      const std::unique_ptr<volatile double[]> block(new volatile double[10]);
+      block[0] = sink;
+    }
+  });
+  const CZEPHDoubleArray ten = Array(10);
+  Time("20000 sums of two arrays of 10", 30, nothing, [&] {
+    for (int i = 0; i < 20'000; ++i) sink = (ten + ten)[0];
+  });
+  CZEPHMatrix four = Matrix(4);
+  Time("20000 matrix products, n = 4", 30, nothing, [&] {
+    for (int i = 0; i < 20'000; ++i) sink = (four * four)[3][3];
+  });
   CZEPHMatrix m = Matrix(256), n = Matrix(256);
   Time("matrix product, n = 256", 40, nothing, [&] { sink = (m * n)[255][255]; });
 }

@@ -238,3 +238,13 @@ TEST(String, ConvertsFromStandardStringsAndViews) {
   out << s;
   EXPECT_EQ(out.str(), "view");
 }
+
+TEST(String, IsEmptyToEveryReaderOnceItsTextHasMoved) {
+  for (const char* text : {"short", "long enough for a block of its own"}) {
+    CString from(text);
+    const CString to(std::move(from));
+    EXPECT_STREQ(text, to.GetString());
+    EXPECT_STREQ("", from.GetString());  // NOLINT(bugprone-use-after-move): what is left is stated
+    EXPECT_EQ(0, from.GetLength());
+  }
+}

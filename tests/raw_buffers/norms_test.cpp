@@ -207,3 +207,13 @@ TEST(RawMatrixNorms, ReadTheFirstRowEvenForAnEmptyCountWhereTheyWorkByRow) {
     EXPECT_EQ(ZEPH_MatrixFrobNorm(m, n, 1), 2.0);
   }
 }
+
+TEST(RawMatrixNorms, KeepWhatTheFirstOfAThousandRowsGive) {
+  constexpr int kRows = 1000;
+  std::vector<double> zeros(kRows), large(kRows);
+  large[3] = -5.0;
+  std::vector<double*> rows(kRows, zeros.data());
+  rows[1] = large.data();
+  EXPECT_EQ(5.0, ZEPH_MatrixMaxNorm(rows.data(), kRows, 0));
+  EXPECT_EQ(5.0, ZEPH_MatrixFrobNorm(rows.data(), kRows, 0));
+}

@@ -13,6 +13,8 @@ def read(name):
 
 
 def table(head, align, rows):
+    if not rows:
+        return "Not recorded since the tables are made from data: `ZEPH_RECORD=1`, then `tools/docs/figures.py`."
     lines = ["| " + " | ".join(head) + " |", "|" + "|".join(align) + "|"]
     return "\n".join(lines + ["| " + " | ".join(str(c) for c in row) + " |" for row in rows])
 

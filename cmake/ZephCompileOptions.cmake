@@ -45,6 +45,9 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
     target_compile_options(zeph_exactness INTERFACE -frounding-math -fno-ssa-backprop)
   elseif(CMAKE_SYSTEM_PROCESSOR MATCHES "x86|i[3-6]86|AMD64|amd64")  # elsewhere it only warns
     target_compile_options(zeph_exactness INTERFACE ${zeph_own}-frounding-math)
+    if(MINGW)  # clang++ then calls the runtime's square root, which does not round as the instruction does
+      target_compile_options(zeph_exactness INTERFACE -fno-math-errno)
+    endif()
   endif()
   if(EMSCRIPTEN)
     # With SIMD128, clang 14 at -O3 makes another matrix of a rotation's where it vectorises straight-line code.

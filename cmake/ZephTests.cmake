@@ -19,9 +19,6 @@ function(zeph_run_test_program program label)
   elseif(CMAKE_CROSSCOMPILING_EMULATOR)
     add_test(NAME ${program} COMMAND ${program})
     set_tests_properties(${program} PROPERTIES TIMEOUT 3600 FIXTURES_REQUIRED emulator ${properties})
-    if(program STREQUAL "zeph_modes_tests")  # the modes are the processor's: what takes longest there is sampled here
-      set_property(TEST ${program} APPEND PROPERTY ENVIRONMENT ZEPH_TEST_SAMPLE=1)
-    endif()
   else()
     gtest_discover_tests(${program} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 600 ${properties})
     # Threads of hosts have stacks as small as this.

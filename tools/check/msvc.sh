@@ -47,6 +47,7 @@ sources "x86_64, as Visual C++" x86_64 "${like_cl[@]}"
 sources "i686, as Visual C++" i686 -DZEPH_LIKE_CL
 sources "x86_64, as clang in its place" x86_64
 
+mkdir -p build/results
 # The project itself, configured for clang in that place: what it does not know it only ignores, and says so.
 status=0
 env -u CMAKE_CXX_COMPILER_LAUNCHER cmake -S . -B build/msvc -G Ninja -DCMAKE_SYSTEM_NAME=Windows -DCMAKE_SYSTEM_PROCESSOR=AMD64 \

@@ -1,8 +1,8 @@
 # The whole suite, the examples and the tour as 64-bit Windows programs under Wine, and sampled per form of the kernels;
-# the installed DLL, import library and CMake package taken by a consumer; 32-bit Windows is
+# the installed DLL, import library and CMake package taken by a consumer; the DLL by clang++; 32-bit Windows is
 # built and its digests run. Wine now and then loses its server or cannot start a child: a program that fails is
 # run once more, whole.
-need python3 g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix wine64 wine googletest
+need python3 g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix wine64 wine googletest clang lld
 status=0
 # The kernels' tests once more with the stack 16 bytes lower, where a wide aligned move would fault.
 workflow windows windows-low-stack || status=1
@@ -24,6 +24,20 @@ aligned_spill -muse-unaligned-vector-move
 scan build/windows/spill.o >/dev/null || wide=1
 scan build/windows/src/ZEPHDataStructureEngine.dll || wide=1
 check $wide "wide kernels: no aligned move on the stack"
+
+# By clang++, which aligns the stack itself: the same of its DLL, and the digests on each form.
+build windows-clang
+wide=0
+scan build/windows-clang/src/ZEPHDataStructureEngine.dll || wide=1
+check $wide "wide kernels by clang++: no aligned move on a stack that the function has not aligned"
+for form in "${forms[@]}"; do
+  digest=0
+  log=build/results/windows-clang-$form.log
+  WINEPREFIX=$PWD/build/windows/wine WINEDEBUG=-all ZEPH_TEST_KERNELS=$form \
+    WINEPATH="Z:$PWD/build/windows-clang/tests/forms;Z:/usr/x86_64-w64-mingw32/lib;Z:/usr/lib/gcc/x86_64-w64-mingw32/12-posix" \
+    timeout 300 wine build/windows-clang/tools/selftest/zeph-selftest.exe >"$log" 2>&1 </dev/null || digest=1
+  check $digest "digests of the DLL by clang++, kernels $form ($log)"
+done
 
 # Every source compiles where the framework's own classes take the place of ours. No definitions are needed.
 framework=0

@@ -26,7 +26,7 @@ char* WriteExponent(char* out, int exponent) {
 }  // namespace
 
 CString RuntimesScientificText(double mantissa, int exponent, int decimals) {
-  const auto conventions = platform::NumberConventions::Current();
+  const auto conventions = platform::NumberConventions::OfRuntime();
   if (conventions.exact && std::isfinite(mantissa) && decimals >= 1 &&
       decimals <= RealFormat::kMostDecimals) {
     // The conversion is for numbers that are not finite.

@@ -36,7 +36,7 @@ TEST(SharedWork, TakesNoHeapOfItsOwn) {
   CZEPHDoubleArray a(kElements, 0.0), b(kElements, 1.5);
   for (const int size : {10, 3})
     ExpectRequests("QuickSort", 0, [&] {
-      for (int i = 0; i < kElements; ++i) a.data[i] = i * 7919LL % 1'000'003;
+      for (int i = 0; i < kElements; ++i) a.data[i] = static_cast<double>(i * 7919LL % 1'000'003);
       a.QuickSort(size);
     });
   ExpectRequests("+=", 0, [&] { a += b; });

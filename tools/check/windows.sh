@@ -1,6 +1,6 @@
 # The whole suite, the examples and the tour as 64-bit Windows programs under Wine, and sampled per form of the kernels;
 # the installed DLL, import library and CMake package taken by a consumer; the DLL by clang++; 32-bit Windows is
-# built and its digests run. Wine now and then loses its server or cannot start a child: a program that fails is
+# built, its digests and main suites run. Wine now and then loses its server or cannot start a child: a program that fails is
 # run once more, whole.
 need python3 g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix wine64 wine googletest clang lld
 status=0
@@ -46,18 +46,27 @@ list_sources | grep -E '^src/.*\.cpp$' | grep -vE '_(posix|neon)\.cpp$' |
     -DZEPH_BUILDING -DNOMINMAX -I include -I src -I tests/msvc/framework {} || framework=1
 check $framework "every source with ZEPH_USE_MFC"
 
-# 32-bit Windows is built, and its digests are run where a Wine for it can be had. Its services keep the streams of
-# the first program open, so these are files.
+# 32-bit Windows is built, and its digests and main suites are run where a Wine for it can be had. Its services keep
+# the streams of the first program open, so these are files.
 need libc6-i386
 fetched=0
 tools/wine32/fetch.sh || fetched=1
 build windows32
 if [ $fetched = 0 ]; then
-  digest=0
-  WINEPREFIX=$PWD/build/windows32/wine WINEDEBUG=-all \
-    WINEPATH="Z:/usr/i686-w64-mingw32/lib;Z:/usr/lib/gcc/i686-w64-mingw32/12-posix;Z:$PWD/build/windows32/src" \
-    timeout 900 tools/wine32/wine build/windows32/tools/selftest/zeph-selftest.exe >build/results/windows32.log 2>&1 || digest=1
-  check $digest "32-bit Windows: the digests (build/results/windows32.log)"
+  export ZEPH_TEST_SAMPLE=1
+  wine32() {  # wine32 LOG PROGRAM OPTION...
+    WINEPREFIX=$PWD/build/windows32/wine WINEDEBUG=-all \
+      WINEPATH="Z:/usr/i686-w64-mingw32/lib;Z:/usr/lib/gcc/i686-w64-mingw32/12-posix;Z:$PWD/build/windows32/src" \
+      timeout 900 tools/wine32/wine "${@:2}" >"build/results/$1" 2>&1 </dev/null
+  }
+  good=0
+  wine32 windows32.log build/windows32/tools/selftest/zeph-selftest.exe || good=1
+  check $good "32-bit Windows: the digests (build/results/windows32.log)"
+  for suite in double_array linalg raw_buffers graphics containers algorithms platform batch; do
+    good=0
+    wine32 windows32-$suite.log build/windows32/tests/zeph_${suite}_tests.exe --gtest_brief=1 || good=1
+    check $good "32-bit Windows: the suite $suite (build/results/windows32-$suite.log)"
+  done
 else
   echo "32-bit Windows: built, not run, as no 32-bit Wine could be had"
 fi

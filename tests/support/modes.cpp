@@ -84,12 +84,16 @@ class InMode {
 }  // namespace
 
 bool HasFloatingPointEnvironment() {
+#ifdef FE_DIVBYZERO
   std::feclearexcept(FE_ALL_EXCEPT);
   volatile double x = 0;
   x = 1 / x;
   const bool raised = std::fetestexcept(FE_DIVBYZERO) != 0;
   std::feclearexcept(FE_ALL_EXCEPT);
   return raised;
+#else
+  return false;
+#endif
 }
 
 const std::vector<Mode>& Modes() {

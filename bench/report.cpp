@@ -52,11 +52,32 @@ bool Timed(const Row& row) {
                      [](const Contender& c) { return c.trouble.empty(); });
 }
 
-std::string Processor() {
+/// What /proc/cpuinfo says first of `field`.
+std::string OfProcessor(const std::string& field) {
   std::ifstream info("/proc/cpuinfo");
   for (std::string line; std::getline(info, line);)
-    if (line.rfind("model name", 0) == 0) return line.substr(line.find(": ") + 2);
-  return "unknown processor";
+    if (line.rfind(field + "\t", 0) == 0) return line.substr(line.find(": ") + 2);
+  return "unknown";
+}
+
+/// The first processor's caches for data, as Linux lists them: "48K, 2048K".
+std::string Caches() {
+  const std::string folder = "/sys/devices/system/cpu/cpu0/cache/index";
+  std::string all;
+  for (int k = 0;; ++k) {
+    std::string type, size;
+    std::ifstream(folder + std::to_string(k) + "/type") >> type;
+    if (type.empty()) break;
+    std::ifstream(folder + std::to_string(k) + "/size") >> size;
+    if (type != "Instruction") all += (all.empty() ? "" : ", ") + size;
+  }
+  return all.empty() ? "unknown" : all;
+}
+
+/// Virtual machines often hide the name, but not the numbers.
+std::string Processor() {
+  return OfProcessor("model name") + " (family " + OfProcessor("cpu family") + ", model " +
+         OfProcessor("model\t") + "), caches " + Caches();
 }
 
 std::string Compiler() {

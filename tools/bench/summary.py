@@ -20,6 +20,7 @@ YARDSTICKS = {
     "scalar library": "the same classes as scalar code in a shared library",
     "plain library": "the same source, vectorised as the compiler likes",
     "with every check": "our own call in a build with `ZEPH_HARDENED`",
+    "one thread": "our own call on the caller's thread alone",
     "latency limit": "the chain of additions that the result demands: no code can be faster",
     "limit": "the least that the documented behaviour demands of any library: objects made and destroyed by calls",
 }
@@ -69,6 +70,27 @@ def table(rows):
            "the libraries. The other rows have yardsticks only.")
 
 
+def model(rows):
+    """What more cores would give, from the rows of the family "two cores"."""
+    pairs = [(case, n, dict(peers)["one thread"]) for (family, case, n), peers in rows.items()
+             if family == "two cores" and "one thread" in dict(peers)]
+    if not pairs:
+        return
+    yield "## More cores: a model"
+    yield ""
+    yield ("More than two cores were not at hand. Amdahl's law, with the share of the work that two cores show not to be "
+           "shared, gives this; it is no measurement. The memory that cores have in common may set lower limits; rows "
+           "that two cores do in less than half the time gain by the second core's cache.")
+    yield ""
+    yield "| case | n | two cores, measured | not shared | 8 cores, modelled | 64 cores, modelled |"
+    yield "|---|---|---|---|---|---|"
+    for case, n, gain in pairs:
+        alone = min(1.0, max(0.0, 2 / gain - 1))
+        cores = [1 / (alone + (1 - alone) / count) for count in (8, 64)]
+        yield f"| {case} | {n} | {gain:.2f} | {100 * alone:.0f} % | {cores[0]:.1f} | {cores[1]:.1f} |"
+    yield ""
+
+
 def versions():
     for name, package in PACKAGES.items():
         asked = subprocess.run(["dpkg-query", "-W", "-f=${Version}", package], capture_output=True, text=True)
@@ -83,6 +105,7 @@ def summary(page):
     yield ""
     yield from table(read(page))
     yield ""
+    yield from model(read(page))
     yield "## Words"
     yield ""
     yield ("A row is one piece of work on `n` elements (matrices: `n` by `n`; small objects: an array of `n` of them; "

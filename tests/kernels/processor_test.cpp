@@ -38,13 +38,13 @@ TEST(Processor, NeedsEveryPartOfAvx512) {
 }
 
 TEST(Processor, NeedsASystemThatSavesTheRegisters) {
-  for (const std::uint64_t lost : {0x02, 0x04}) {
+  for (const std::uint64_t lost : {0x02u, 0x04u}) {
     ProcessorAnswers answers = kServer;
     answers.saved_by_system &= ~lost;
     EXPECT_FALSE(RunsAvx2(answers)) << lost;
     EXPECT_FALSE(RunsAvx512(answers)) << lost;
   }
-  for (const std::uint64_t lost : {0x20, 0x40, 0x80}) {
+  for (const std::uint64_t lost : {0x20u, 0x40u, 0x80u}) {
     ProcessorAnswers answers = kServer;
     answers.saved_by_system &= ~lost;
     EXPECT_TRUE(RunsAvx2(answers)) << lost;

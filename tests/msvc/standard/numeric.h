@@ -92,6 +92,7 @@ enum memory_order {
   memory_order_release,
   memory_order_seq_cst
 };
+void atomic_signal_fence(memory_order order) noexcept;
 template <class T>
 struct atomic {
   atomic() noexcept = default;
@@ -245,6 +246,8 @@ struct pair {
   A first;
   B second;
 };
+template <class It>
+pair<It, It> minmax_element(It begin, It end);
 template <class T>
 class optional {
  public:

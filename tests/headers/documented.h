@@ -58,8 +58,11 @@
 }
 [[noreturn]] ZEPH_ADDED ZEPH_OUT_OF_LINE inline void ZEPH_StopOutside(
     const char* operation, const char* argument, long long value, long long low, long long high) {
-  std::fprintf(stderr, "%s: %s is %lld, outside %lld..%lld\n", operation, argument, value, low,
-               high);
+  if (low == 0 && high == -1)
+    std::fprintf(stderr, "%s: %s is %lld, but the array is empty\n", operation, argument, value);
+  else
+    std::fprintf(stderr, "%s: %s is %lld, outside %lld..%lld\n", operation, argument, value, low,
+                 high);
   std::fflush(stderr);
   std::abort();
 }

@@ -25,5 +25,7 @@ docs_settings() {
 }
 docs_settings | doxygen - >build/docs/doxygen.log 2>&1 || { tail -n 20 build/docs/doxygen.log >&2; fail "doxygen failed"; }
 if grep -E 'warning:|error:' build/docs/doxygen.log >&2; then fail "the documentation has gaps (above)"; fi
+# What a program includes: the installed folder, and the header over its parts.
+sed -i -E 's,(#include &lt;)(([a-z]+)/[a-z0-9_]+|([a-z0-9_]+))\.h,\1ZEPHDataStructureEngine/\3\4.h,' build/docs/html/{class,struct}*.html
 cp -R build/wasm/playground build/docs/html/playground
 echo "build/docs/html/index.html"

@@ -55,10 +55,10 @@ template <class T>
 }
 
 /// What the case at hand has drawn, in order, to be told where it fails.
-class Drawn {
+class DrawnOperands {
  public:
-  static Drawn& OfThisCase() {
-    static Drawn drawn;
+  static DrawnOperands& OfThisCase() {
+    static DrawnOperands drawn;
     return drawn;
   }
   void Clear() {
@@ -96,7 +96,7 @@ inline float AnyFloatUnnoted(Random& random, bool awkward) {
 }
 inline float AnyFloat(Random& random, bool awkward) {
   const float x = AnyFloatUnnoted(random, awkward);
-  Drawn::OfThisCase().Note("number", &x, 1);
+  DrawnOperands::OfThisCase().Note("number", &x, 1);
   return x;
 }
 
@@ -106,7 +106,7 @@ V AnyVector(Random& random) {
   const bool awkward = random.Below(3) == 0;
   for (std::size_t i = 0; i < Array(v).size(); ++i)
     (&v.x)[i] = AnyFloatUnnoted(random, awkward || random.Below(20) == 0);
-  Drawn::OfThisCase().Note("vector", &v.x, Array(v).size());
+  DrawnOperands::OfThisCase().Note("vector", &v.x, Array(v).size());
   return v;
 }
 
@@ -139,7 +139,7 @@ inline CZEPHMatrix4x4 AnyMatrixUnnoted(Random& random) {
 
 inline CZEPHMatrix4x4 AnyMatrix(Random& random) {
   const CZEPHMatrix4x4 m = AnyMatrixUnnoted(random);
-  Drawn::OfThisCase().Note("matrix, column by column:", m.entries, 16);
+  DrawnOperands::OfThisCase().Note("matrix, column by column:", m.entries, 16);
   return m;
 }
 
@@ -159,7 +159,7 @@ inline double AnyAngleUnnoted(Random& random) {
 
 inline double AnyAngle(Random& random) {
   const double angle = AnyAngleUnnoted(random);
-  Drawn::OfThisCase().Note("angle", &angle, 1);
+  DrawnOperands::OfThisCase().Note("angle", &angle, 1);
   return angle;
 }
 
@@ -168,11 +168,11 @@ template <class Body>
 void ForEachCase(std::size_t cases, std::uint64_t seed, Body body) {
   Random random(seed);
   for (std::size_t k = 0; k < cases && !::testing::Test::HasFailure(); ++k) {
-    Drawn::OfThisCase().Clear();
+    DrawnOperands::OfThisCase().Clear();
     body(random);
     if (::testing::Test::HasFailure())
       ADD_FAILURE() << "That was case " << k << " of " << cases << ", seed " << seed
-                    << ", which drew" << Drawn::OfThisCase().Text();
+                    << ", which drew" << DrawnOperands::OfThisCase().Text();
   }
 }
 template <class Body>

@@ -2,9 +2,7 @@
 #include "algorithms/scientific_text.h"
 
 #include <cmath>
-#include <cstddef>
 #include <cstdio>
-#include <string_view>
 
 #include "platform/exactness.h"
 #include "platform/format_number.h"
@@ -31,9 +29,9 @@ CString RuntimesScientificText(double mantissa, int exponent, int decimals) {
       decimals <= RealFormat::kMostDecimals) {
     // The conversion is for numbers that are not finite.
     const RealFormat format("", RealFormat::Notation::kFixed, decimals, conventions);
-    char text[RealFormat::kRoom + 2 + platform::kIntRoom];
-    const char* const end = WriteExponent(format.Write(text, mantissa), exponent);
-    return CString(std::string_view(text, static_cast<std::size_t>(end - text)));
+    char text[RealFormat::kRoom + 2 + platform::kIntRoom + 1];
+    *WriteExponent(format.Write(text, mantissa), exponent) = '\0';
+    return CString(text);
   }
   CString format, text;
   format.Format("%%.%dlfxE%%d", decimals);
@@ -51,8 +49,8 @@ CString PortableScientificText(double mantissa, int exponent, int decimals) {
     end = platform::ToChars(text, last, mantissa, platform::Digits::kFixed, decimals);
   else
     end = platform::WriteNonFinite(text, mantissa);
-  end = WriteExponent(end, exponent);
-  return CString(std::string_view(text, static_cast<std::size_t>(end - text)));
+  *WriteExponent(end, exponent) = '\0';
+  return CString(text);
 }
 
 }  // namespace zeph::algorithms

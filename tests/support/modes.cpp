@@ -57,6 +57,7 @@ std::vector<std::pair<bool, bool>> DenormalModes() {
 class InMode {
  public:
   InMode(const Mode& mode, bool trapping) {
+    rounding_ = std::fegetround();
     std::feholdexcept(&before_);        // nothing traps
     std::feclearexcept(FE_ALL_EXCEPT);  // nor is raised: some runtimes hold it so for the x87 only
     std::fesetround(mode.rounding);
@@ -70,6 +71,7 @@ class InMode {
   ~InMode() {
     SetDenormals(false, false);
     std::fesetenv(&before_);
+    std::fesetround(rounding_);  // MinGW's environment is that of the x87 only
   }
   InMode(const InMode&) = delete;
   InMode& operator=(const InMode&) = delete;
@@ -79,6 +81,7 @@ class InMode {
 
  private:
   std::fenv_t before_;
+  int rounding_;
 };
 
 }  // namespace

@@ -20,6 +20,7 @@ struct Slot {
 class Table {
  public:
   void Remember(const LiveBlock& block) {
+    if (closed_) return;
     if (2 * (used_ + 1) > capacity_ && !Grow()) {
       complete_ = false;
       return;
@@ -48,6 +49,15 @@ class Table {
   }
 
   bool IsComplete() const { return complete_; }
+
+  /// Nothing is known from now on.
+  void Close() {
+    std::free(slots_);
+    slots_ = nullptr;
+    capacity_ = used_ = live_ = 0;
+    complete_ = false;
+    closed_ = true;
+  }
 
  private:
   static constexpr std::size_t kLeast = 1024;
@@ -88,10 +98,10 @@ class Table {
 
   Slot* slots_ = nullptr;
   std::size_t capacity_ = 0, used_ = 0, live_ = 0;  // used: live or released
-  bool complete_ = true;
+  bool complete_ = true, closed_ = false;
 };
 
-/// The one table, held while this lives. Never destroyed: blocks are released at the end of the process too.
+/// The one table, held while this lives. Never destroyed: blocks are released after static objects too.
 class Held {
  public:
   Held() {
@@ -110,6 +120,11 @@ class Held {
 };
 std::atomic_flag Held::busy_ = ATOMIC_FLAG_INIT;
 Table Held::table_;
+
+/// Gives the memory back when the library is unloaded, or the process ends.
+const struct Closing {
+  ~Closing() { Held()->Close(); }
+} closing;
 
 bool Take(const Slot* slot, LiveBlock& found) {
   if (!slot || !slot->live) return false;

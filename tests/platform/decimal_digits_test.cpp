@@ -38,7 +38,7 @@ bool Compare(double x, int count) {
   return true;
 }
 
-void CompareAll(double x) {
+[[maybe_unused]] void CompareAll(double x) {
   for (int count = 1; count <= kMostDecimalDigits; ++count) Compare(x, count);
 }
 

@@ -26,14 +26,14 @@ class KernelTable : public testing::Test {
   const Table* before_ = &Active();
 };
 
-std::vector<std::string> Names(const std::vector<const Table*>& tables) {
+[[maybe_unused]] std::vector<std::string> Names(const std::vector<const Table*>& tables) {
   std::vector<std::string> names;
   for (const Table* table : tables) names.emplace_back(table->name);
   return names;
 }
 
 /// What the system says of the processor, "avx2" and the like; empty where it says nothing.
-std::vector<std::string> ProcessorFlags() {
+[[maybe_unused]] std::vector<std::string> ProcessorFlags() {
   std::ifstream file("/proc/cpuinfo");
   for (std::string line, flag; std::getline(file, line);) {
     if (line.compare(0, 5, "flags") != 0) continue;

@@ -58,7 +58,7 @@ template <class T>
 class DrawnOperands {
  public:
   static DrawnOperands& OfThisCase() {
-    static DrawnOperands drawn;
+    thread_local DrawnOperands drawn;  // proofs run in several threads
     return drawn;
   }
   void Clear() {

@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <cstdlib>
 
+#include "platform/threads.h"
+
 namespace zeph::platform {
 namespace {
 
@@ -104,15 +106,18 @@ class Table {
 /// The one table, held while this lives. Never destroyed: blocks are released after static objects too.
 class Held {
  public:
-  Held() {
-    while (busy_.test_and_set(std::memory_order_acquire)) {
-    }
-  }
-  ~Held() { busy_.clear(std::memory_order_release); }
+  Held() { Take(); }
+  ~Held() { Leave(); }
   Held(const Held&) = delete;
   Held& operator=(const Held&) = delete;
 
   Table* operator->() const { return &table_; }
+
+  static void Take() {
+    while (busy_.test_and_set(std::memory_order_acquire)) {
+    }
+  }
+  static void Leave() { busy_.clear(std::memory_order_release); }
 
  private:
   static std::atomic_flag busy_;
@@ -121,10 +126,12 @@ class Held {
 std::atomic_flag Held::busy_ = ATOMIC_FLAG_INIT;
 Table Held::table_;
 
-/// Gives the memory back when the library is unloaded, or the process ends.
-const struct Closing {
-  ~Closing() { Held()->Close(); }
-} closing;
+/// While the library is there a fork waits until nobody holds the table, which the child then has in order; at the
+/// end the memory goes back.
+const struct Keeper {
+  Keeper() { static_cast<void>(AtFork(Held::Take, Held::Leave, Held::Leave)); }
+  ~Keeper() { Held()->Close(); }
+} keeper;
 
 bool Take(const Slot* slot, LiveBlock& found) {
   if (!slot || !slot->live) return false;

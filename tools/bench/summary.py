@@ -20,6 +20,8 @@ YARDSTICKS = {
     "scalar library": "the same classes as scalar code in a shared library",
     "plain library": "the same source, vectorised as the compiler likes",
     "with every check": "our own call in a build with `ZEPH_HARDENED`",
+    "ours, random order": "our own call on random numbers of the same count: what other data may cost twice of",
+    "moves alone": "the same objects read and written with nothing computed",
     "one thread": "our own call on the caller's thread alone",
     "latency limit": "the chain of additions that the result demands: no code can be faster",
     "limit": "the least that the documented behaviour demands of any library: objects made and destroyed by calls",

@@ -103,7 +103,7 @@ Outcome Ours(const std::string& text, const Supply& supply, const Settings& sett
       same = ::testing::AssertionFailure() << what << ": got " << ours << ", want " << theirs;
   };
   compare("size", got.size, want.size);
-  compare("state", int{got.state}, int{want.state});
+  compare("state", static_cast<int>(got.state), static_cast<int>(want.state));
   compare("thrown", got.thrown, want.thrown);
   compare("rest", got.rest, want.rest);
   compare("refills", got.refills, want.refills);

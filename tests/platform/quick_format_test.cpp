@@ -52,7 +52,7 @@ bool IsQuick(const char* format, ...) {
 }
 
 /// Every flag, width and precision that a format may have before its letter, and some that it may not.
-std::vector<std::string> Specifications() {
+std::vector<std::string> Conversions() {
   std::vector<std::string> all;
   for (const char* flags : {"", "-", "0", "+", " ", "#", "-0", "--", "'"})
     for (const char* width : {"", "1", "5", "12", "40", "99", "100", "600"})
@@ -64,9 +64,9 @@ std::vector<std::string> Specifications() {
 
 template <class T>
 void CompareAll(const std::vector<std::string>& letters, const std::vector<T>& values) {
-  for (const std::string& specification : Specifications())
+  for (const std::string& conversion : Conversions())
     for (const std::string& letter : letters) {
-      const std::string format = "<" + specification + letter + ">%%";
+      const std::string format = "<" + conversion + letter + ">%%";
       for (const T value : values)
         ASSERT_EQ(Formatted(format, value), Printed(format, value)) << format;
     }

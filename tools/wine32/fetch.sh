@@ -5,7 +5,7 @@
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/../.."
 home=$PWD/build/wine32
-[ -e "$home/root/usr/lib/wine/wine" ] && exit 0
+[ -e "$home/system/usr/lib/wine/wine" ] && exit 0
 command -v apt-get >/dev/null && . /etc/os-release || exit 1
 rm -rf "$home"
 mkdir -p "$home"/lists/partial "$home"/archives/partial "$home"/parts "$home"/fresh
@@ -28,4 +28,4 @@ for package in *.deb; do dpkg -x "$package" fresh; done
 rm -rf ./*.deb lists archives
 # What is the same for every architecture is the system's own.
 cp /usr/i686-w64-mingw32/lib/zlib1.dll fresh/usr/lib/i386-linux-gnu/wine/i386-windows/
-mv fresh root
+mv fresh system

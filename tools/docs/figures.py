@@ -1,10 +1,12 @@
-"""Puts the tables between the marks of docs/reliability.md, from docs/data/*.json. --check: says whether they are
-those already."""
+"""Puts the tables between the marks of docs/reliability.md and docs/mutants.md, from docs/data. --check: says whether
+they are those already."""
 import json
 import sys
+from itertools import groupby
 from pathlib import Path
 
-PAGE = Path("docs/reliability.md")
+sys.path.insert(0, "tools/mutants")
+import survivors  # noqa: E402: it stands beside what writes it
 
 
 def read(name):
@@ -56,17 +58,57 @@ def by_hand():
             "\n\n" + why)
 
 
+def rate(killed, made):
+    return f"{100 * killed / made:.1f}"
+
+
+def mutants():
+    found = read("mutants")
+    if not found:
+        return table([], [], [])
+    every = found["topics"][-1]
+    rows = [(t["topic"], t["mutants"], t["killed"], t["by time"], t["mutants"] - t["killed"], t["explained"],
+             rate(t["killed"], t["mutants"])) for t in found["topics"]]
+    note = f" {found['note']}" if "note" in found else ""
+    return (f"`{found['command']}` on {found['date']}, at commit {found['commit']}; {found['machine']}; "
+            f"{round(found['seconds'] / 60)} minutes: {every['mutants']} mutants, {every['killed']} killed "
+            f"({rate(every['killed'], every['mutants'])} %), {every['by time']} of these by running out of time.{note}\n\n" +
+            table(["topic", "mutants", "killed", "of these by time", "survivors", "of these explained", "killed %"],
+                  ["---"] + ["---:"] * 6, rows))
+
+
+def explained():
+    def code(text):
+        return "`" + text.replace("|", "\\|") + "`"
+
+    def path(survivor):
+        return survivor.path
+
+    parts = []
+    for file, of in groupby(sorted(survivors.read(), key=path), path):
+        rows = [(code(s.line), code(s.what), s.how.replace("|", "\\|"), s.why.replace("|", "\\|")) for s in of]
+        parts.append(f"### {file}\n" + table(["line", "what", "mistake", "why nothing shows"], ["---"] * 4, rows))
+    return "\n\n".join(parts)
+
+
+PAGES = {"docs/reliability.md": {"steps": steps, "fuzz": fuzz, "by-hand": by_hand},
+         "docs/mutants.md": {"figures": mutants, "survivors": explained}}
+
+
 def main():
-    before = text = PAGE.read_text()
-    for name, make in (("steps", steps), ("fuzz", fuzz), ("by-hand", by_hand)):
-        begin, end = f"<!-- made from data: {name} -->", "<!-- end -->"
-        at = text.index(begin) + len(begin)
-        text = text[:at] + "\n\n" + make() + "\n\n" + text[text.index(end, at):]
-    if "--check" in sys.argv:
+    old = []
+    for path, tables in PAGES.items():
+        before = text = Path(path).read_text()
+        for name, make in tables.items():
+            begin, end = f"<!-- made from data: {name} -->", "<!-- end -->"
+            at = text.index(begin) + len(begin)
+            text = text[:at] + "\n\n" + make() + "\n\n" + text[text.index(end, at):]
         if text != before:
-            sys.exit("docs/reliability.md is not what docs/data says: python3 tools/docs/figures.py")
-        return
-    PAGE.write_text(text)
+            old.append(path)
+            if "--check" not in sys.argv:
+                Path(path).write_text(text)
+    if old and "--check" in sys.argv:
+        sys.exit(f"{', '.join(old)}: not what docs/data says: python3 tools/docs/figures.py")
 
 
 if __name__ == "__main__":

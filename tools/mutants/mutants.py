@@ -1,8 +1,11 @@
 """Mutation testing of src/: see README.md beside this file. Run from the top of the tree, by ./dev mutants."""
 import argparse
 import glob
+import json
+import os
 import random
 import re
+import subprocess
 import sys
 import time
 from concurrent.futures import ThreadPoolExecutor
@@ -11,9 +14,10 @@ from pathlib import Path
 import build
 import run
 import sites
+import survivors
 from build import say
 
-PAGE = Path("docs/mutants.md")
+DATA = Path("docs/data/mutants.json")  # figures of the last run that was recorded
 RESULTS = build.BUILD.parent / "results.tsv"
 
 # The first pattern that a path matches names its topic.
@@ -83,18 +87,6 @@ def alive(row):
     return row[0] in ("survived", "unreached")
 
 
-def explained():
-    """The survivors that the page explains: rows of a line, what is mutated, how and why, under their file."""
-    known, path = set(), ""
-    for line in PAGE.read_text().splitlines() if PAGE.exists() else []:
-        heading = re.fullmatch(r"### (src/\S+)", line)
-        path = heading[1] if heading else path
-        cells = [c.strip().strip("`").replace("\\|", "|") for c in re.split(r"(?<!\\)\|", line)[1:-1]]
-        if len(cells) == 4 and cells[3]:
-            known.add((path, *cells[:3]))
-    return known
-
-
 def is_explained(row, known):
     return alive(row) and (row[3], *row[6:]) in known
 
@@ -129,25 +121,52 @@ def run_all(texts, chosen, workers, minutes):
     return done
 
 
-def report(rows):
-    """The table; the percentage killed of those that no page explains."""
-    known = explained()
-    say("\n| topic | mutants | killed | of these by time | survivors | of these explained | killed % |\n"
-        "|---|---:|---:|---:|---:|---:|---:|")
-    rate = 0.0
+def figures(rows, known):
+    """A dictionary for each topic, and one for all."""
+    made = []
     for name in [n for n, _ in TOPICS] + ["all"]:
         of = [r for r in rows if name in (r[2], "all")]
         if of:
-            late = sum(r[0] == "timeout" for r in of)
-            dead = sum(not alive(r) for r in of)
-            why = sum(is_explained(r, known) for r in of)
-            say(f"| {name} | {len(of)} | {dead} | {late} | {len(of) - dead} | {why} | {100 * dead / len(of):.1f} |")
-            rate = 100 * dead / max(len(of) - why, 1)
-    say("")
+            made.append({"topic": name, "mutants": len(of), "killed": sum(not alive(r) for r in of),
+                         "by time": sum(r[0] == "timeout" for r in of),
+                         "explained": sum(is_explained(r, known) for r in of)})
+    return made
+
+
+def report(rows):
+    """The figures, and the survivors without a reason in the form that takes one."""
+    reasons = survivors.read()
+    known = {survivor[:4] for survivor in reasons}
+    made = figures(rows, known)
+    for of in made:
+        say(f"{of['topic']}: {of['mutants']} mutants, {of['killed']} killed, {of['by time']} of them by time, "
+            f"{of['mutants'] - of['killed']} survive, {of['explained']} of them explained")
     for row in rows:
         if alive(row) and not is_explained(row, known):
-            say(f"not explained: {row[3]}:{row[4]}: {row[7]}  ({row[8]})")
-    return rate
+            say(f"\n{row[0]}, not explained in {survivors.FILE}; {row[3]}:{row[4]}\n" +
+                survivors.entry(row[3], *row[6:], "?").rstrip())
+    for old in survivors.out_of_date(reasons):
+        say(f"{survivors.FILE} explains a line that stands in {old.path} no more: {old.line}")
+    return made
+
+
+def record(made, seconds, again):
+    """Into DATA, for the table of docs/mutants.md; survivors that ran again belong to the run before."""
+    def said(*command):
+        return subprocess.run(command, stdout=subprocess.PIPE, text=True).stdout.strip()
+
+    model = re.search(r"model name\s*: (.*)", Path("/proc/cpuinfo").read_text())
+    command = " ".join(["./dev mutants", *sys.argv[1:]])
+    if again:
+        before = json.loads(DATA.read_text())
+        command = f"{before['command']}`, then `{command}"
+        seconds += before["seconds"]
+    DATA.write_text(json.dumps({
+        "date": time.strftime("%Y-%m-%d", time.gmtime()),
+        "commit": said("git", "describe", "--always", "--dirty=+", "--exclude=*"),
+        "machine": f"{os.cpu_count()} processors, {model[1] if model else 'model unknown'}, " +
+                   said("clang++", "--version").split("\n")[0],
+        "command": command, "seconds": round(seconds), "topics": made}, indent=1, ensure_ascii=False) + "\n")
 
 
 def main():
@@ -173,14 +192,19 @@ def main():
                   if identity(("", "", "", *describe(texts, s, k))) in again]
     else:
         chosen = choose(found, given.sample or count, given.seed)
+    start = time.time()
     rows = run_all(texts, chosen, given.jobs, given.minutes)
     if given.survivors:
         still = {identity(("", "", "", *describe(texts, s, k))) for s in found for k in range(len(s.forms))}
         still -= {identity(r) for r in rows}
         rows = [r for r in last_rows() if identity(r) in still] + rows
     RESULTS.write_text("".join("\t".join(row) + "\n" for row in rows))
-    rate = report(rows)
-    say(f"{len(rows)} mutants, {rate:.1f} % killed of those that {PAGE} does not explain")
+    made = report(rows)
+    if os.environ.get("ZEPH_RECORD"):
+        record(made, time.time() - start, given.survivors)
+    every = made[-1] if made else {"mutants": 0, "killed": 0, "explained": 0}
+    rate = 100 * every["killed"] / max(every["mutants"] - every["explained"], 1)
+    say(f"{len(rows)} mutants, {rate:.1f} % killed of those that {survivors.FILE} does not explain")
     sys.exit(0 if rate >= given.least else 1)
 
 

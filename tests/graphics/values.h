@@ -67,7 +67,7 @@ class DrawnOperands {
   }
   template <class T>
   void Note(const char* name, const T* values, std::size_t count) {
-    if (names_.size() == kMost) Clear();  // proofs draw without cases
+    if (names_.size() == kMost) Clear();  // a caller without cases clears nothing
     names_.emplace_back(name, count);
     values_.insert(values_.end(), values, values + count);
   }

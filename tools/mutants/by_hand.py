@@ -22,7 +22,7 @@ TREE = WORK / "tree"
 BUILD = TREE / "build/static"  # where the compiler's cache knows the tests from
 RESULTS = Path("build/results/by_hand.json")
 DATA = Path("docs/data/by_hand.json")  # of the last whole run
-COPIED = ["CMakeLists.txt", "cmake", "include", "src", "tests", "fuzz", "tools/prove", "tools/instructions",
+COPIED = ["CMakeLists.txt", "cmake", "include", "src", "tests", "fuzz", "tools/instructions",
           "tools/portable_math"]
 CPU, MEMORY = 120, 3 << 30
 

@@ -3,7 +3,7 @@ import os
 from pathlib import Path
 
 TOOL = Path(__file__).parent
-COPIED = ["CMakeLists.txt", "cmake", "include", "src", "tests", "fuzz", "tools/prove", "tools/instructions"]
+COPIED = ["CMakeLists.txt", "cmake", "include", "src", "tests", "fuzz", "tools/instructions"]
 
 
 def put(path, data):

@@ -3,7 +3,7 @@
 // The judge is MPFR. Where the runtime has a long double of 64 bits, its function is asked first:
 // as long as the result may move by 2^-60 of itself, some 16 units of its last place, without
 // another rounding, it decides. All others, and one in 1024 in any case, go to MPFR.
-#include "proof.h"
+#include "prove/proof.h"
 
 #ifdef ZEPH_HAVE_MPFR
 
@@ -215,26 +215,29 @@ void CheckPowersOfTen(std::uint64_t k, Case& seen) {
   }
 }
 
+TEST(Proof, SineAndCosine) {
+  Prove(100'000, CheckSines);
+}
+TEST(Proof, SineAndCosineOfDegrees) {
+  Prove(kDegreeBlocks, CheckDegrees);
+}
+TEST(Proof, SineAndCosineNextToMultiplesOfHalfPi) {
+  Prove(1052, CheckMultiples);
+}
+TEST(Proof, DecimalLogarithm) {
+  Prove(100'000, CheckLogarithms);
+}
+TEST(Proof, DecimalLogarithmAboutPowersOfTen) {
+  Prove(632, CheckPowersOfTen);
+}
+TEST(Proof, TangentOfEveryFloat) {
+  Prove(65'536, CheckTangents);
+}
+TEST(Proof, LastStepsInWholeNumbers) {
+  Prove(100'000, CheckWholeNumbers);
+}
+
 }  // namespace
-
-std::vector<Proof> FunctionProofs() {
-  return {{"sines", "sine and cosine, 1000 doubles a case", 100'000, CheckSines},
-          {"degrees", "sine and cosine of degrees 0.01 apart", kDegreeBlocks, CheckDegrees},
-          {"multiples", "sine and cosine next to multiples of pi/2", 1052, CheckMultiples},
-          {"logs", "log10, 1000 doubles a case", 100'000, CheckLogarithms},
-          {"tens", "log10 about the powers of ten", 632, CheckPowersOfTen},
-          {"tangents", "tangent of every float", 65'536, CheckTangents},
-          {"whole", "the last step of sine, cosine and log10", 100'000, CheckWholeNumbers}};
-}
-
-}  // namespace zeph::prove
-
-#else
-
-namespace zeph::prove {
-std::vector<Proof> FunctionProofs() {
-  return {};
-}
 }  // namespace zeph::prove
 
 #endif  // ZEPH_HAVE_MPFR

@@ -1,8 +1,8 @@
 // Random arrays of every order and size: sorts, partitions, searches, merges, norms.
 #include <algorithm>
 
-#include "array_checks.h"
 #include "double_array/arrays.h"
+#include "prove/array_checks.h"
 
 namespace zeph::prove {
 namespace {
@@ -76,14 +76,21 @@ void CheckNorm(std::uint64_t k, Case& seen) {
   Name(v, seen);
 }
 
-}  // namespace
-
-std::vector<Proof> OrderProofs() {
-  return {{"sort", "nine ways to sort an array of any order", kRandomCases, CheckSort},
-          {"partition", "the partitions and their parts", kRandomCases, CheckPartition},
-          {"search", "Find, BinarySearch and Remove", kRandomCases, CheckSearch},
-          {"merge", "both merges of doubles", kRandomCases, CheckMerging},
-          {"norm", "norms, sums, differences and products of arrays", kRandomCases, CheckNorm}};
+TEST(Proof, SortsOfAnyOrder) {
+  Prove(kRandomCases, CheckSort);
+}
+TEST(Proof, PartitionsOfAnyOrder) {
+  Prove(kRandomCases, CheckPartition);
+}
+TEST(Proof, SearchesOfAnyOrder) {
+  Prove(kRandomCases, CheckSearch);
+}
+TEST(Proof, MergesOfAnyOrder) {
+  Prove(kRandomCases, CheckMerging);
+}
+TEST(Proof, NormsAndArithmeticOfArrays) {
+  Prove(kRandomCases, CheckNorm);
 }
 
+}  // namespace
 }  // namespace zeph::prove

@@ -1,22 +1,22 @@
 // The float matrix's products and inverses, and the fixed-size geometry in both precisions.
 #include "graphics/values.h"
 #include "oracle/fixed_geometry.h"
-#include "proof.h"
+#include "prove/proof.h"
 #include "raw_buffers.h"
 
 namespace zeph::prove {
 namespace {
 
+using test::DrawnOperands;
 using test::Random;
 using test::Same;
 
-std::string Show(const CZEPHMatrix4x4& m) {
-  std::string text = "entries";
-  for (const float x : m.entries) text += " " + test::Show(x);
-  return text;
+void Describe(Case& seen) {
+  if (seen.Failed()) seen.Describe(DrawnOperands::OfThisCase().Text());
 }
 
 void CheckInverse(std::uint64_t k, Case& seen) {
+  DrawnOperands::OfThisCase().Clear();
   Random random(k * 8 + 7);
   const CZEPHMatrix4x4 m = test::AnyMatrix(random), other = test::AnyMatrix(random);
   const auto array = test::Array(m);
@@ -31,7 +31,7 @@ void CheckInverse(std::uint64_t k, Case& seen) {
   const auto v = test::AnyVector<CZEPHVector4D>(random);
   seen.Expect(Same(m * v, ::oracle::Product(array, test::Array(v))), "matrix times vector");
   seen.Expect(Same(m.GetTranspose(), ::oracle::Transposed(array)), "GetTranspose");
-  if (seen.Failed()) seen.Describe(Show(m));
+  Describe(seen);
 }
 
 /// Twice the same values, for the library and for the literal steps.
@@ -51,9 +51,16 @@ void CheckRaw3(Random& random, Case& seen) {
     for (int i = 0; i < 16; ++i) m[i] = any();
   for (auto* w : {u, v})
     for (int i = 0; i < 3; ++i) w[i] = any();
+  DrawnOperands& drawn = DrawnOperands::OfThisCase();
+  drawn.Note("a", a[0], 9);
+  drawn.Note("b", b[0], 9);
+  drawn.Note("c", c, 16);
+  drawn.Note("d", d, 16);
+  drawn.Note("u", u, 3);
+  drawn.Note("v", v, 3);
 
   const auto same = [](const double* got, const double* want, std::size_t n) {
-    return static_cast<bool>(test::SameValues(got, want, n));
+    return test::SameValues(got, want, n);
   };
   Twice product;
   ZEPH_MatrixMultiply3(a, b, product.got);
@@ -67,8 +74,7 @@ void CheckRaw3(Random& random, Case& seen) {
   ZEPH_VectorCrossProduct3(u, v, got);
   oracle::Cross3(u, v, want);
   seen.Expect(same(got, want, 3), "ZEPH_VectorCrossProduct3");
-  seen.Expect(test::SameValue(ZEPH_VectorDotProduct3(u, v), oracle::Dot3(u, v)),
-              "ZEPH_VectorDotProduct3");
+  seen.ExpectValue(ZEPH_VectorDotProduct3(u, v), oracle::Dot3(u, v), "ZEPH_VectorDotProduct3");
   std::copy(u, u + 3, got);
   std::copy(u, u + 3, want);
   ZEPH_MatrixTransform3(a, got, got + 1, got + 2);
@@ -86,8 +92,8 @@ void CheckVectors(Random& random, Case& seen) {
   const auto x = test::Array(a), y = test::Array(b);
   const double angle = test::AnyAngle(random);
   seen.Expect(Same(a.CrossProduct(b), ::oracle::Cross(x, y)), "CrossProduct");
-  seen.Expect(test::SameValue(a.DotProduct(b), ::oracle::Dot(x, y)), "DotProduct");
-  seen.Expect(test::SameValue(a.GetLength(), ::oracle::Length(x)), "GetLength");
+  seen.ExpectValue(a.DotProduct(b), ::oracle::Dot(x, y), "DotProduct");
+  seen.ExpectValue(a.GetLength(), ::oracle::Length(x), "GetLength");
   seen.Expect(Same(a.GetNormalized(), ::oracle::Normalized(x)), "GetNormalized");
   seen.Expect(Same(a.GetRotatedX(angle), ::oracle::RotatedX(x, angle)), "GetRotatedX");
   seen.Expect(Same(a.GetRotatedY(angle), ::oracle::RotatedY(x, angle)), "GetRotatedY");
@@ -98,16 +104,18 @@ void CheckVectors(Random& random, Case& seen) {
 
 void CheckGeometry(std::uint64_t k, Case& seen) {
   Random random(k * 8 + 8);
+  DrawnOperands::OfThisCase().Clear();
   CheckRaw3(random, seen);
   CheckVectors(random, seen);
-  if (seen.Failed()) seen.Describe("case " + std::to_string(k));
+  Describe(seen);
+}
+
+TEST(Proof, InversesAndProductsOfTheFloatMatrix) {
+  Prove(kRandomCases, CheckInverse);
+}
+TEST(Proof, VectorsRotationsAndSmallMatrices) {
+  Prove(kRandomCases, CheckGeometry);
 }
 
 }  // namespace
-
-std::vector<Proof> GeometryProofs() {
-  return {{"inverse", "inverses and products of the float matrix", kRandomCases, CheckInverse},
-          {"geometry", "vectors, rotations and small matrices", kRandomCases, CheckGeometry}};
-}
-
 }  // namespace zeph::prove

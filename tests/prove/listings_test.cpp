@@ -2,7 +2,7 @@
 #include "oracle/listing.h"
 
 #include "double_array/arrays.h"
-#include "proof.h"
+#include "prove/proof.h"
 #include "raw_buffers.h"
 
 namespace zeph::prove {
@@ -42,10 +42,9 @@ void CheckListing(std::uint64_t k, Case& seen) {
   if (seen.Failed()) seen.Describe(test::Show(values));
 }
 
-}  // namespace
-
-std::vector<Proof> ListingProofs() {
-  return {{"listing", "texts of arrays of any doubles and ints", kRandomCases, CheckListing}};
+TEST(Proof, TextsOfAnyDoublesAndInts) {
+  Prove(kRandomCases, CheckListing);
 }
 
+}  // namespace
 }  // namespace zeph::prove

@@ -1,10 +1,10 @@
 // Every operation of the double array that reads or orders elements, against the literal steps.
-#ifndef ZEPH_TOOLS_PROVE_ARRAY_CHECKS_H
-#define ZEPH_TOOLS_PROVE_ARRAY_CHECKS_H
+#ifndef ZEPH_TESTS_PROVE_ARRAY_CHECKS_H
+#define ZEPH_TESTS_PROVE_ARRAY_CHECKS_H
 
 #include <vector>
 
-#include "proof.h"
+#include "prove/proof.h"
 
 namespace zeph::prove {
 
@@ -20,4 +20,4 @@ void CheckArithmetic(const Values& v, const Values& other, Case& seen);
 
 }  // namespace zeph::prove
 
-#endif  // ZEPH_TOOLS_PROVE_ARRAY_CHECKS_H
+#endif  // ZEPH_TESTS_PROVE_ARRAY_CHECKS_H

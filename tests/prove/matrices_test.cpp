@@ -2,7 +2,7 @@
 #include "linalg/matrices.h"
 
 #include "oracle/raw_norms.h"
-#include "proof.h"
+#include "prove/proof.h"
 #include "raw_buffers.h"
 
 namespace zeph::prove {
@@ -12,7 +12,6 @@ using test::Count;
 using test::Elements;
 using test::Random;
 using test::Rows;
-using test::SameValue;
 using test::SameValues;
 
 /// Mostly up to 8, one in 16 up to 32.
@@ -45,16 +44,16 @@ void CheckRawProduct(Rows x, Rows y, Random& random, Case& seen) {
   Rows square = test::AwkwardRows(n, n, random.Next());
   const auto table = pointers(square);
   double** const m = const_cast<double**>(table.data());
-  seen.Expect(SameValue(ZEPH_MatrixOneNorm(m, n, 0), oracle::MatrixOneNorm(m, n, 0)),
-              "ZEPH_MatrixOneNorm");
-  seen.Expect(SameValue(ZEPH_MatrixMaxNorm(m, n, 0), oracle::MatrixMaxNorm(m, n, 0)),
-              "ZEPH_MatrixMaxNorm");
-  seen.Expect(SameValue(ZEPH_MatrixFrobNorm(m, n, 0), oracle::MatrixFrobNorm(m, n, 0)),
-              "ZEPH_MatrixFrobNorm");
-  seen.Expect(SameValue(ZEPH_MatrixFrobNorm2(m, n, 0), oracle::MatrixFrobNorm2(m, n, 0)),
-              "ZEPH_MatrixFrobNorm2");
-  seen.Expect(SameValue(ZEPH_MatrixFrobNorm3(m, n, 0), oracle::MatrixFrobNorm3(m, n, 0)),
-              "ZEPH_MatrixFrobNorm3");
+  seen.ExpectValue(ZEPH_MatrixOneNorm(m, n, 0), oracle::MatrixOneNorm(m, n, 0),
+                   "ZEPH_MatrixOneNorm");
+  seen.ExpectValue(ZEPH_MatrixMaxNorm(m, n, 0), oracle::MatrixMaxNorm(m, n, 0),
+                   "ZEPH_MatrixMaxNorm");
+  seen.ExpectValue(ZEPH_MatrixFrobNorm(m, n, 0), oracle::MatrixFrobNorm(m, n, 0),
+                   "ZEPH_MatrixFrobNorm");
+  seen.ExpectValue(ZEPH_MatrixFrobNorm2(m, n, 0), oracle::MatrixFrobNorm2(m, n, 0),
+                   "ZEPH_MatrixFrobNorm2");
+  seen.ExpectValue(ZEPH_MatrixFrobNorm3(m, n, 0), oracle::MatrixFrobNorm3(m, n, 0),
+                   "ZEPH_MatrixFrobNorm3");
 }
 
 void CheckProduct(std::uint64_t k, Case& seen) {
@@ -76,11 +75,9 @@ void CheckProduct(std::uint64_t k, Case& seen) {
   if (seen.Failed()) seen.Describe(Shape(rows, inner, cols, k));
 }
 
-}  // namespace
-
-std::vector<Proof> MatrixProofs() {
-  return {
-      {"product", "matrix products of every shape, norms of matrices", kRandomCases, CheckProduct}};
+TEST(Proof, ProductsOfEveryShapeAndNormsOfMatrices) {
+  Prove(kRandomCases, CheckProduct);
 }
 
+}  // namespace
 }  // namespace zeph::prove

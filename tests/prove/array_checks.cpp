@@ -1,4 +1,4 @@
-#include "array_checks.h"
+#include "prove/array_checks.h"
 
 #include <cmath>
 
@@ -14,7 +14,6 @@ namespace {
 using test::ArrayOf;
 using test::ElementsOf;
 using test::SameBits;
-using test::SameValue;
 using test::SameValues;
 
 int Last(const Values& v) {
@@ -27,7 +26,9 @@ void CheckSort(const Values& v, const char* what, Sort sort, Literal literal, Ca
   sort(a);
   Values want = v;
   literal(want);
-  seen.Expect(SameBits(a.data, want.data(), v.size()) && a.size == Last(v) + 1, what);
+  seen.Expect(a.size == Last(v) + 1 ? SameBits(a.data, want.data(), v.size())
+                                    : ::testing::AssertionFailure() << "size " << a.size,
+              what);
 }
 
 double Absolute(double x) {
@@ -72,7 +73,9 @@ void CheckSorts(const Values& v, Case& seen) {
         [last, cutoff](Values& w) { oracle::RecQuickSort(w, 0, last, cutoff); }, seen);
   CZEPHDoubleArray a = ArrayOf(v);
   const int sorted = oracle::CheckSorted(v);
-  seen.Expect(a.CheckSorted() == sorted && a.sorted == sorted, "CheckSorted");
+  const int said = a.CheckSorted();
+  seen.Expect(Both(said, sorted, Both(a.sorted, sorted, ::testing::AssertionSuccess())),
+              "CheckSorted");
 }
 
 void CheckPartitions(const Values& v, double pivot, Case& seen) {
@@ -80,19 +83,20 @@ void CheckPartitions(const Values& v, double pivot, Case& seen) {
   const int last = Last(v);
   CZEPHDoubleArray parted = ArrayOf(v);
   Values want = v;
-  seen.Expect(parted.Partition(0, last, pivot) == oracle::Partition(want, 0, last, pivot) &&
-                  SameBits(ElementsOf(parted), want),
-              "Partition");
+  int got = parted.Partition(0, last, pivot), wanted = oracle::Partition(want, 0, last, pivot);
+  seen.Expect(Both(got, wanted, SameBits(ElementsOf(parted), want)), "Partition");
   if (v.size() < 2) return;
   CZEPHDoubleArray a = ArrayOf(v);
   want = v;
   const double median = a.MedianOf3(0, last);
-  seen.Expect(SameBits(median, oracle::MedianOf3(want, 0, last)) && SameBits(ElementsOf(a), want),
+  const double wantedMedian = oracle::MedianOf3(want, 0, last);
+  seen.Expect(SameBits(median, wantedMedian) ? SameBits(ElementsOf(a), want)
+                                             : SameBits(&median, &wantedMedian, 1),
               "MedianOf3");
   if (v.size() < 3) return;
-  seen.Expect(a.QuickPartition(0, last, median) == oracle::QuickPartition(want, 0, last, median) &&
-                  SameBits(ElementsOf(a), want),
-              "QuickPartition");
+  got = a.QuickPartition(0, last, median);
+  wanted = oracle::QuickPartition(want, 0, last, median);
+  seen.Expect(Both(got, wanted, SameBits(ElementsOf(a), want)), "QuickPartition");
   CZEPHDoubleArray manual = ArrayOf(v);
   want = v;
   manual.ManualSort(0, last);
@@ -108,11 +112,13 @@ void CheckSearches(const Values& v, double key, Case& seen) {
     int index = -77;
     const int found = a.BinarySearch(key, index);
     const oracle::Found want = oracle::BinarySearch(v, sorted != 0, key, -77);
-    seen.Expect(found == want.result && index == want.index, "BinarySearch");
+    seen.Expect(Both(found, want.result, Both(index, want.index, ::testing::AssertionSuccess())),
+                "BinarySearch");
   }
   Values rest = v;
   const int removed = oracle::Remove(rest, key);
-  seen.Expect(a.Remove(key) == removed && SameBits(ElementsOf(a), rest), "Remove");
+  const int got = a.Remove(key);
+  seen.Expect(Both(got, removed, SameBits(ElementsOf(a), rest)), "Remove");
 }
 
 void CheckMerge(const Values& v, std::size_t split, Case& seen) {
@@ -131,21 +137,19 @@ void CheckNorms(const Values& v, Case& seen) {
   const CZEPHDoubleArray a = ArrayOf(v);
   const double sum = Sum(v, [&v](std::size_t i) { return Absolute(v[i]); });
   const double squares = Sum(v, [&v](std::size_t i) { return Product(v[i], v[i]); });
-  seen.Expect(SameValue(a.OneNorm(), sum), "OneNorm");
-  seen.Expect(SameValue(a.TwoNorm(), std::sqrt(squares)), "TwoNorm");
-  seen.Expect(SameBits(a.MaxNorm(), Largest(v)), "MaxNorm");
+  seen.ExpectValue(a.OneNorm(), sum, "OneNorm");
+  seen.ExpectValue(a.TwoNorm(), std::sqrt(squares), "TwoNorm");
+  const double largest = Largest(v), norm = a.MaxNorm();
+  seen.Expect(SameBits(&norm, &largest, 1), "MaxNorm");
   if (v.empty()) return;
   Values raw = v;
   const int n = Last(v) + 1;
   double* const p = raw.data();
-  seen.Expect(SameValue(ZEPH_ArrayOneNorm(p, n, 0), oracle::ArrayOneNorm(p, n, 0)),
-              "ZEPH_ArrayOneNorm");
-  seen.Expect(SameValue(ZEPH_ArrayTwoNorm(p, n, 0), oracle::ArrayTwoNorm(p, n, 0)),
-              "ZEPH_ArrayTwoNorm");
-  seen.Expect(SameValue(ZEPH_ArrayTwoNorm2(p, n, 0), oracle::ArrayTwoNorm2(p, n, 0)),
-              "ZEPH_ArrayTwoNorm2");
-  seen.Expect(SameValue(ZEPH_ArrayMaxNorm(p, n, 0), oracle::ArrayMaxNorm(p, n, 0)),
-              "ZEPH_ArrayMaxNorm");
+  seen.ExpectValue(ZEPH_ArrayOneNorm(p, n, 0), oracle::ArrayOneNorm(p, n, 0), "ZEPH_ArrayOneNorm");
+  seen.ExpectValue(ZEPH_ArrayTwoNorm(p, n, 0), oracle::ArrayTwoNorm(p, n, 0), "ZEPH_ArrayTwoNorm");
+  seen.ExpectValue(ZEPH_ArrayTwoNorm2(p, n, 0), oracle::ArrayTwoNorm2(p, n, 0),
+                   "ZEPH_ArrayTwoNorm2");
+  seen.ExpectValue(ZEPH_ArrayMaxNorm(p, n, 0), oracle::ArrayMaxNorm(p, n, 0), "ZEPH_ArrayMaxNorm");
 }
 
 void CheckArithmetic(const Values& v, const Values& other, Case& seen) {
@@ -159,14 +163,14 @@ void CheckArithmetic(const Values& v, const Values& other, Case& seen) {
     return out;
   };
   const auto same = [](const CZEPHDoubleArray& got, const Values& want) {
-    return static_cast<bool>(SameValues(ElementsOf(got), want));
+    return SameValues(ElementsOf(got), want);
   };
   seen.Expect(same(a + b, zip([](double x, double y) { return x + y; })), "+");
   seen.Expect(same(a - b, zip([](double x, double y) { return x - y; })), "-");
   seen.Expect(same(a * b, zip([](double x, double y) { return x * y; })), "*");
   seen.Expect(same(-a, zip([](double x, double) { return 0.0 - x; })), "unary minus");
   const double dot = Sum(v, [&](std::size_t i) { return Product(v[i], other[i]); });
-  seen.Expect(SameValue(ZEPH_ArrayDotProduct(a, b), dot), "ZEPH_ArrayDotProduct");
+  seen.ExpectValue(ZEPH_ArrayDotProduct(a, b), dot, "ZEPH_ArrayDotProduct");
   CZEPHDoubleArray sum = a;
   sum += b;
   seen.Expect(same(sum, zip([](double x, double y) { return x + y; })), "+=");

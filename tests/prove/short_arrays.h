@@ -1,6 +1,6 @@
 // Every short array over values that compare in every way.
-#ifndef ZEPH_TOOLS_PROVE_SHORT_ARRAYS_H
-#define ZEPH_TOOLS_PROVE_SHORT_ARRAYS_H
+#ifndef ZEPH_TESTS_PROVE_SHORT_ARRAYS_H
+#define ZEPH_TESTS_PROVE_SHORT_ARRAYS_H
 
 #include <cstdint>
 #include <limits>
@@ -52,4 +52,4 @@ inline ShortArrays LongestArrays() {
 
 }  // namespace zeph::prove
 
-#endif  // ZEPH_TOOLS_PROVE_SHORT_ARRAYS_H
+#endif  // ZEPH_TESTS_PROVE_SHORT_ARRAYS_H

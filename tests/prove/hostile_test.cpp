@@ -2,12 +2,12 @@
 // by every form of the kernels.
 #include <string>
 
-#include "array_checks.h"
 #include "double_array/arrays.h"
 #include "double_array/quick_walk.h"
 #include "double_array/shell.h"
 #include "kernels/table.h"
 #include "oracle/sorts.h"
+#include "prove/array_checks.h"
 #include "support/hostile.h"
 
 namespace zeph::prove {
@@ -34,9 +34,7 @@ void Expect(const Values& v, const Values& want, const char* what, Case& seen, S
   seen.Expect(test::SameBits(got, want), what);
 }
 
-template <std::size_t kForm>
-void CheckForm(std::uint64_t k, Case& seen) {
-  kernels::Force(*kernels::RunnableTables()[kForm]);
+void CheckHostile(std::uint64_t k, bool everySort, Case& seen) {
   const Values v = Input(k);
   for (const int cutoff : {2, 3, 4, 10, 100}) {
     Values want = v;
@@ -51,27 +49,27 @@ void CheckForm(std::uint64_t k, Case& seen) {
     Expect(v, want, "ShellSort", seen,
            [](Values& got) { double_array::ShellSort(got.data(), got.size()); });
   }
-  // All sorts, as they are called, in the form that this processor gets.
-  if (kForm == 0 && v.size() <= kQuadratic) CheckSorts(v, seen);
+  if (everySort && v.size() <= kQuadratic) CheckSorts(v, seen);
   if (seen.Failed()) seen.Describe(test::Show(v));
 }
 
-template <std::size_t kForm>
-void AddForm(std::vector<Proof>& proofs) {
-  static const auto tables = kernels::RunnableTables();
-  if (kForm >= tables.size()) return;
-  static const std::string what = std::string("zeros, NaN, killers, ") + tables[kForm]->name;
-  proofs.push_back({"hostile", what.c_str(), kEveryLength + kAnyLength, CheckForm<kForm>});
+std::vector<std::string> RunnableForms() {
+  std::vector<std::string> names;
+  for (const kernels::Table* form : kernels::RunnableTables()) names.push_back(form->name);
+  return names;
 }
+
+class HostileProof : public ::testing::TestWithParam<std::string> {};
+
+TEST_P(HostileProof, SortsOfZerosNaNAndSlowOrders) {
+  ASSERT_TRUE(kernels::Force(GetParam().c_str()));
+  // All sorts, as they are called, in the form that this processor gets: once.
+  const bool first = GetParam() == RunnableForms().front();
+  Prove(kEveryLength + kAnyLength,
+        [first](std::uint64_t k, Case& seen) { CheckHostile(k, first, seen); });
+}
+
+INSTANTIATE_TEST_SUITE_P(, HostileProof, ::testing::ValuesIn(RunnableForms()));
 
 }  // namespace
-
-std::vector<Proof> HostileProofs() {
-  std::vector<Proof> proofs;
-  AddForm<0>(proofs);
-  AddForm<1>(proofs);
-  AddForm<2>(proofs);
-  return proofs;
-}
-
 }  // namespace zeph::prove

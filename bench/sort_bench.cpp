@@ -2,13 +2,13 @@
 //
 // CZEPHDoubleArray's sorts: against the standard sort and its rivals, and against their own walks.
 #include <algorithm>
-#include <limits>
 
 #include "algorithms.h"
 #include "baselines/sorts.h"
 #include "bench.h"
 #include "double_array.h"
 #include "support/hostile.h"
+#include "support/not_finite.h"
 
 #ifdef ZEPH_HAVE_BOOST
 #include <boost/sort/sort.hpp>
@@ -27,7 +27,7 @@ std::vector<double> Random(std::size_t n, unsigned long long seed) {
 }
 std::vector<double> WithNaN(std::size_t n, unsigned long long seed) {
   auto v = RandomDoubles(n, seed);
-  v[n / 3 + seed % 7] = std::numeric_limits<double>::quiet_NaN();
+  v[n / 3 + seed % 7] = zeph::test::kNaN;
   return v;
 }
 std::vector<double> FewDistinct(std::size_t n, unsigned long long seed) {

@@ -253,8 +253,8 @@ void LinkList(Bytes& in) {
   Node* head = nullptr;
   const auto insert = [&](double x) {
     nodes.push_back(std::make_unique<Node>(Node{x, nullptr}));
-    zeph::oracle::InsertOrdered(head, nodes.back().get(),
-                                [](const Node& a, const Node& b) { return a.m_value > b.m_value; });
+    oracle::InsertOrdered(head, nodes.back().get(),
+                          [](const Node& a, const Node& b) { return a.m_value > b.m_value; });
   };
   for (int steps = 0; steps < 20 && !in.Empty(); ++steps) {
     switch (in.Int(0, 3)) {

@@ -114,18 +114,18 @@ void Merge(Pair& a, const Pair& b) {
   Doubles got(a.model.size() + b.model.size());
   Doubles want(got.size());
   a.array.MergeSortedArray(a.array.data, a.Size(), b.array.data, b.Size(), got.data());
-  zeph::oracle::Merge(a.model.data(), a.Size(), b.model.data(), b.Size(), want.data());
+  oracle::Merge(a.model.data(), a.Size(), b.model.data(), b.Size(), want.data());
   RequireBits(got.data(), want.data(), want.size(), "MergeSortedArray");
 }
 
 void Search(Bytes& in, Pair& p) {
   const double x = p.model.empty() || in.Flag() ? in.Double() : p.model[in.Below(p.model.size())];
-  Require(p.array.Find(x) == zeph::oracle::Find(p.model, x), "Find");
+  Require(p.array.Find(x) == oracle::Find(p.model, x), "Find");
   int index = -7;
   const int found = p.array.BinarySearch(x, index);
-  const auto want = zeph::oracle::BinarySearch(p.model, p.sorted != 0, x, -7);
+  const auto want = oracle::BinarySearch(p.model, p.sorted != 0, x, -7);
   Require(found == want.result && index == want.index, "BinarySearch");
-  if (in.Flag()) Require(p.array.Remove(x) == zeph::oracle::Remove(p.model, x), "Remove");
+  if (in.Flag()) Require(p.array.Remove(x) == oracle::Remove(p.model, x), "Remove");
 }
 
 void Texts(Bytes& in, Pair& p) {
@@ -154,24 +154,24 @@ void Sort(Bytes& in, Pair& p) {
   switch (in.Int(0, 4)) {
     case 0:
       p.array.BubbleSort();
-      zeph::oracle::BubbleSort(p.model);
+      oracle::BubbleSort(p.model);
       break;
     case 1:
       p.array.InsertionSort();
-      zeph::oracle::InsertionSort(p.model, 0, p.Size() - 1);
+      oracle::InsertionSort(p.model, 0, p.Size() - 1);
       break;
     case 2:
       p.array.ListInsertSort();
-      zeph::oracle::ListInsertSort(p.model);
+      oracle::ListInsertSort(p.model);
       break;
     case 3:
       p.array.ShellSort();
-      zeph::oracle::ShellSort(p.model);
+      oracle::ShellSort(p.model);
       break;
     default: {
       const int cutoff = in.Int(0, 12);
       p.array.QuickSort(cutoff);
-      if (!p.model.empty()) zeph::oracle::RecQuickSort(p.model, 0, p.Size() - 1, cutoff);
+      if (!p.model.empty()) oracle::RecQuickSort(p.model, 0, p.Size() - 1, cutoff);
     }
   }
   p.sorted = 1;
@@ -226,7 +226,7 @@ void Step(Bytes& in, Pair& a, Pair& b) {
     case 6:
       return Sort(in, a);
     case 7:
-      a.sorted = zeph::oracle::CheckSorted(a.model);
+      a.sorted = oracle::CheckSorted(a.model);
       return Require(a.array.CheckSorted() == a.sorted, "CheckSorted");
     case 8:
       return Search(in, a);

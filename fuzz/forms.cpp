@@ -9,6 +9,7 @@
 #include "batch.h"
 #include "support/bytes.h"
 #include "support/modes.h"
+#include "support/not_finite.h"
 #include "support/require.h"
 
 namespace {
@@ -31,7 +32,7 @@ void TakeUp(std::vector<std::uint64_t>& seen, double value) {
 }
 void TakeUp(std::vector<std::uint64_t>& seen, CZEPHDoubleArray& a) {
   for (double& x : a)
-    if (x != x) x = std::numeric_limits<double>::quiet_NaN();
+    if (x != x) x = zeph::test::kNaN;
   TakeUp(seen, a.begin(), static_cast<std::size_t>(a.end() - a.begin()));
 }
 

@@ -41,8 +41,7 @@ void Check(const Matrix& m, const Model& want, const char* promise) {
 
 Model Product(const Model& a, const Model& b) {
   const auto n = [](int count) { return static_cast<std::size_t>(count); };
-  return {a.rows, b.cols,
-          zeph::oracle::DenseProduct(a.cells, b.cells, n(a.rows), n(a.cols), n(b.cols))};
+  return {a.rows, b.cols, oracle::DenseProduct(a.cells, b.cells, n(a.rows), n(a.cols), n(b.cols))};
 }
 
 template <class Op>

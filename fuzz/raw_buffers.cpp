@@ -171,7 +171,6 @@ void GrownMatrix(Bytes& in) {
 }
 
 void Measure(Bytes& in) {
-  namespace oracle = zeph::oracle;
   std::vector<double> v = in.Doubles(300);
   v.push_back(in.Double());
   const int start = in.Int(0, static_cast<int>(v.size()) - 1);
@@ -242,19 +241,18 @@ void Lists(Bytes& in) {
   const int n = static_cast<int>(v.size());
   CString got("before");
   ZEPH_ArrayDisplay(got, v.data(), n, label.data());
-  RequireText(got.GetString(),
-              "before" + zeph::oracle::Listing("%s[%d]=%-5.4e    ", "\r\n", v.data(), 0, n - 1,
-                                               label.c_str()),
-              "ArrayDisplay of doubles");
+  RequireText(
+      got.GetString(),
+      "before" + oracle::Listing("%s[%d]=%-5.4e    ", "\r\n", v.data(), 0, n - 1, label.c_str()),
+      "ArrayDisplay of doubles");
   std::vector<int> whole(v.size());
   for (int& x : whole) x = static_cast<int>(in.Word(4));
   CString ints;
   const int lo = n ? in.Int(0, n - 1) : 0;
   ZEPH_ArrayDisplay(ints, whole.data(), lo, n - 1, label.data());
-  RequireText(
-      ints.GetString(),
-      zeph::oracle::Listing("%s[%d]=%-5d   ", "\r\n", whole.data(), lo, n - 1, label.c_str()),
-      "ArrayDisplay of ints");
+  RequireText(ints.GetString(),
+              oracle::Listing("%s[%d]=%-5d   ", "\r\n", whole.data(), lo, n - 1, label.c_str()),
+              "ArrayDisplay of ints");
 }
 
 template <class T>

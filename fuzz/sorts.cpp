@@ -21,21 +21,21 @@ struct Sorted {
 
 const Sorted kWhole[] = {
     {"BubbleSort", [](CZEPHDoubleArray& a, int) { a.BubbleSort(); },
-     [](Doubles& v, int) { zeph::oracle::BubbleSort(v); }},
+     [](Doubles& v, int) { oracle::BubbleSort(v); }},
     {"InsertionSort", [](CZEPHDoubleArray& a, int) { a.InsertionSort(); },
-     [](Doubles& v, int) { zeph::oracle::InsertionSort(v, 0, zeph::oracle::SizeOf(v) - 1); }},
+     [](Doubles& v, int) { oracle::InsertionSort(v, 0, oracle::SizeOf(v) - 1); }},
     {"ListInsertSort", [](CZEPHDoubleArray& a, int) { a.ListInsertSort(); },
-     [](Doubles& v, int) { zeph::oracle::ListInsertSort(v); }},
+     [](Doubles& v, int) { oracle::ListInsertSort(v); }},
     {"ShellSort", [](CZEPHDoubleArray& a, int) { a.ShellSort(); },
-     [](Doubles& v, int) { zeph::oracle::ShellSort(v); }},
+     [](Doubles& v, int) { oracle::ShellSort(v); }},
     {"QuickSort", [](CZEPHDoubleArray& a, int cutoff) { a.QuickSort(cutoff); },
      [](Doubles& v, int cutoff) {
-       if (!v.empty()) zeph::oracle::RecQuickSort(v, 0, zeph::oracle::SizeOf(v) - 1, cutoff);
+       if (!v.empty()) oracle::RecQuickSort(v, 0, oracle::SizeOf(v) - 1, cutoff);
      }},
 };
 
 void SortPiece(Bytes& in, CZEPHDoubleArray& a, Doubles& v) {
-  const int n = zeph::oracle::SizeOf(v);
+  const int n = oracle::SizeOf(v);
   int left = in.Int(0, n - 1);
   int right = in.Int(0, n - 1);
   if (left > right) std::swap(left, right);
@@ -43,32 +43,31 @@ void SortPiece(Bytes& in, CZEPHDoubleArray& a, Doubles& v) {
   switch (in.Int(0, 4)) {
     case 0:
       a.InsertionSort(left, right);
-      zeph::oracle::InsertionSort(v, left, right);
+      oracle::InsertionSort(v, left, right);
       break;
     case 1: {
       const int cutoff = in.Int(-2, 20);
       a.recQuickSort(left, right, cutoff);
-      zeph::oracle::RecQuickSort(v, left, right, cutoff);
+      oracle::RecQuickSort(v, left, right, cutoff);
       break;
     }
     case 2:
       a.ManualSort(left, right);
-      zeph::oracle::ManualSort(v, left, right);
+      oracle::ManualSort(v, left, right);
       break;
     case 3: {
       const double pivot = in.Double();
-      Require(a.Partition(left, right, pivot) == zeph::oracle::Partition(v, left, right, pivot),
+      Require(a.Partition(left, right, pivot) == oracle::Partition(v, left, right, pivot),
               "Partition gives the place of its steps");
       break;
     }
     default: {
       if (right - left < 2) return;
       const double got = a.MedianOf3(left, right);
-      const double want = zeph::oracle::MedianOf3(v, left, right);
+      const double want = oracle::MedianOf3(v, left, right);
       RequireBits(&got, &want, 1, "MedianOf3 gives the pivot of its steps");
-      Require(
-          a.QuickPartition(left, right, got) == zeph::oracle::QuickPartition(v, left, right, want),
-          "QuickPartition gives the place of its steps");
+      Require(a.QuickPartition(left, right, got) == oracle::QuickPartition(v, left, right, want),
+              "QuickPartition gives the place of its steps");
     }
   }
   Require(a.sorted == kept, "sorting a piece leaves the flag alone");
@@ -91,7 +90,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     for (int k = 0; k < 8 && !v.empty() && !in.Empty(); ++k) SortPiece(in, a, v);
     RequireBits(a.GetData(), v.data(), v.size(), "a piece is sorted by its steps");
   }
-  Require(a.GetSize() == zeph::oracle::SizeOf(v), "a sort keeps the size");
-  Require(a.CheckSorted() == zeph::oracle::CheckSorted(v), "CheckSorted");
+  Require(a.GetSize() == oracle::SizeOf(v), "a sort keeps the size");
+  Require(a.CheckSorted() == oracle::CheckSorted(v), "CheckSorted");
   return 0;
 }

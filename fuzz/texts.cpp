@@ -9,10 +9,10 @@
 
 namespace {
 
+using oracle::Printed;
 using zeph::fuzz::Bytes;
 using zeph::fuzz::Require;
 using zeph::fuzz::RequireText;
-using zeph::oracle::Printed;
 
 std::string Bytewise(const CString& s) {
   return std::string(s.GetString(), static_cast<std::size_t>(s.GetLength()));

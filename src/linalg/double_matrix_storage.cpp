@@ -10,7 +10,7 @@
 #include "linalg/row_table.h"
 #include "platform/allocation.h"
 
-namespace linalg = zeph::linalg;
+using namespace zeph::linalg;
 
 CZEPHDoubleMatrix::CZEPHDoubleMatrix(const CZEPHDoubleMatrix& other) : CZEPHDoubleMatrix() {
   SetData(other);
@@ -40,20 +40,20 @@ int CZEPHDoubleMatrix::AllocMemory(int rows, int cols) {
   m_nColumns = cols;
   return zeph::platform::OnExhaustion(0, [&] {
     if (m_ppData) {
-      linalg::ReleaseRows(m_ppData, releasable);
-      linalg::ReleaseTable(m_ppData);
+      ReleaseRows(m_ppData, releasable);
+      ReleaseTable(m_ppData);
       m_ppData = nullptr;
     }
-    m_ppData = linalg::NewTable(rows);
-    linalg::NewRows(m_ppData, rows, cols);
+    m_ppData = NewTable(rows);
+    NewRows(m_ppData, rows, cols);
     return 1;
   });
 }
 
 void CZEPHDoubleMatrix::FreeMemory() {
   if (!m_ppData) return;
-  linalg::ReleaseRows(m_ppData, m_nRows);
-  linalg::ReleaseTable(m_ppData);
+  ReleaseRows(m_ppData, m_nRows);
+  ReleaseTable(m_ppData);
   m_ppData = nullptr;
 }
 
@@ -64,13 +64,13 @@ int CZEPHDoubleMatrix::Create(int rows, int cols) {
 int CZEPHDoubleMatrix::SetData(const CZEPHDoubleMatrix& other) {
   if (this == &other && m_ppData) return 1;
   if (AllocMemory(other.m_nRows, other.m_nColumns) != 1) return 0;
-  linalg::CopyOrZero(m_ppData, other.m_ppData, m_nRows, m_nColumns);
+  CopyOrZero(m_ppData, other.m_ppData, m_nRows, m_nColumns);
   return 1;
 }
 
 int CZEPHDoubleMatrix::SetData(int rows, int cols, double value) {
   if (AllocMemory(rows, cols) != 1) return 0;
-  linalg::Fill(m_ppData, 0, rows, cols, value);
+  Fill(m_ppData, 0, rows, cols, value);
   return 1;
 }
 
@@ -79,17 +79,17 @@ int CZEPHDoubleMatrix::SetData(int rows, int cols, double** source) {
   // is then released is what AllocMemory would have released. Rows past the new count stay anyway.
   CZEPHDoubleMatrix held;
   const int releasable = std::min(m_nRows, rows);
-  if (linalg::ReadsFrom(source, rows, cols, m_ppData, releasable, m_nColumns)) {
+  if (ReadsFrom(source, rows, cols, m_ppData, releasable, m_nColumns)) {
     std::swap(held.m_ppData, m_ppData);
     held.m_nRows = releasable;
   }
   if (AllocMemory(rows, cols) != 1) return 0;
-  linalg::CopyOrZero(m_ppData, source, rows, cols);
+  CopyOrZero(m_ppData, source, rows, cols);
   return 1;
 }
 
 void CZEPHDoubleMatrix::SetEntry(double value) {
-  linalg::Fill(m_ppData, 0, linalg::StoredRows(m_ppData, m_nRows), m_nColumns, value);
+  Fill(m_ppData, 0, StoredRows(m_ppData, m_nRows), m_nColumns, value);
 }
 
 int CZEPHDoubleMatrix::CheckBound(int i, int j) {
@@ -103,10 +103,10 @@ CZEPHDoubleMatrix& CZEPHDoubleMatrix::operator=(const CZEPHDoubleMatrix& other) 
   if (m_ppData && m_nRows != 0 && m_nColumns != 0) {
     if (m_nRows != other.m_nRows || m_nColumns != other.m_nColumns)
       zeph::frame::FatalReport("Bad matrix sizes in CZEPHDoubleMatrix::operator=()", std::cout);
-    linalg::Copy(m_ppData, other.m_ppData, m_nRows, m_nColumns);
+    Copy(m_ppData, other.m_ppData, m_nRows, m_nColumns);
   } else {
     AllocMemory(other.m_nRows, other.m_nColumns);
-    linalg::CopyOrZero(m_ppData, other.m_ppData, m_nRows, m_nColumns);
+    CopyOrZero(m_ppData, other.m_ppData, m_nRows, m_nColumns);
   }
   return *this;
 }

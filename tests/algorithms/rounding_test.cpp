@@ -7,13 +7,12 @@
 #include "algorithms.h"
 #include "oracle/decimal.h"
 #include "support/bits.h"
+#include "support/not_finite.h"
 #include "support/numbers.h"
 
 using namespace zeph::test;
 
 namespace {
-const double kNaN = std::numeric_limits<double>::quiet_NaN();
-const double kInf = std::numeric_limits<double>::infinity();
 
 // Whole numbers, halves, their neighbours, the edges of int, and anything else.
 std::vector<double> Candidates() {
@@ -22,7 +21,7 @@ std::vector<double> Candidates() {
     for (const double part : {0.0, 0.2, 0.4, 0.5, 0.6, 0.7})
       for (const double sign : {1.0, -1.0}) {
         const double x = sign * (base + part);
-        for (const double y : {x, std::nextafter(x, kInf), std::nextafter(x, -kInf)})
+        for (const double y : {x, std::nextafter(x, kInfinity), std::nextafter(x, -kInfinity)})
           values.push_back(y);
       }
   for (const double x : Moderate(3000, 6)) values.push_back(x);
@@ -42,7 +41,7 @@ TEST(MathRoundOff, TruncatesNegativeValuesTowardZero) {
 }
 
 TEST(MathRoundOff, GivesTheMostNegativeIntBeyondInt) {
-  for (const double x : {kNaN, kInf, -kInf, 3e9, -3e9, 2147483647.5})
+  for (const double x : {kNaN, kInfinity, -kInfinity, 3e9, -3e9, 2147483647.5})
     EXPECT_EQ(ZEPH_MathRoundOff(x, 0), -2147483648.0) << x;
   EXPECT_EQ(ZEPH_MathRoundOff(2147483646.5, 0), 2147483647.0);
   EXPECT_EQ(ZEPH_MathRoundOff(30000000.0, 2), -21474836.48);
@@ -79,7 +78,7 @@ TEST(RoundOffToInt, TakesANegativeWholeNumberOneDown) {
 }
 
 TEST(RoundOffToInt, GivesTheMostNegativeIntBeyondInt) {
-  for (const double x : {kNaN, kInf, -kInf, 1e300, -1e300, 2147483648.0, -2147483648.0})
+  for (const double x : {kNaN, kInfinity, -kInfinity, 1e300, -1e300, 2147483648.0, -2147483648.0})
     EXPECT_EQ(ZEPH_RoundOffToInt(x), INT_MIN) << x;
   EXPECT_EQ(ZEPH_RoundOffToInt(2147483647.0), INT_MAX);
 }

@@ -5,19 +5,17 @@
 
 #include "algorithms.h"
 #include "support/bits.h"
+#include "support/not_finite.h"
 #include "support/numbers.h"
 
 using namespace zeph::test;
 
-namespace {
-const double kNaN = std::numeric_limits<double>::quiet_NaN();
-const double kInf = std::numeric_limits<double>::infinity();
-}  // namespace
+namespace {}  // namespace
 
 TEST(MathAbs, NegatesWhateverIsNotAboveZero) {
   EXPECT_SAME_BITS(ZEPH_MathAbs(2.5), 2.5);
   EXPECT_SAME_BITS(ZEPH_MathAbs(-2.5), 2.5);
-  EXPECT_SAME_BITS(ZEPH_MathAbs(-kInf), kInf);
+  EXPECT_SAME_BITS(ZEPH_MathAbs(-kInfinity), kInfinity);
   EXPECT_SAME_BITS(ZEPH_MathAbs(-0.0), 0.0);
 }
 

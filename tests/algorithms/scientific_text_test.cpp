@@ -10,18 +10,14 @@
 #include <string>
 
 #include "support/allocation.h"
+#include "support/not_finite.h"
 #include "support/numbers.h"
 
 using namespace zeph::test;
 using zeph::algorithms::PortableScientificText;
 using zeph::algorithms::RuntimesScientificText;
 
-namespace {
-
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-
-}  // namespace
+namespace {}  // namespace
 
 TEST(ScientificText, OfOurOwnIsTheSameOnEverySystem) {
   EXPECT_STREQ(PortableScientificText(12.345678, 3, 3), "12.346xE3");

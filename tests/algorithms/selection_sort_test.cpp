@@ -13,6 +13,7 @@
 #include "support/allocation.h"
 #include "support/bits.h"
 #include "support/child.h"
+#include "support/not_finite.h"
 #include "support/numbers.h"
 #include "support/scale.h"
 #include "support/selection_report.h"
@@ -90,7 +91,7 @@ TEST(SelectionSortOfDoubles, DisplacesWhatNoIntHoldsAsTheMostNegativeInt) {
   CZEPHSelectionSort::Run(a, 2);
   EXPECT_EQ(a[0], 1.0);
   EXPECT_EQ(a[1], -2147483648.0);
-  double nan[] = {std::numeric_limits<double>::quiet_NaN()};
+  double nan[] = {kNaN};
   CZEPHSelectionSort::Run(nan, 1);
   EXPECT_EQ(nan[0], -2147483648.0);
 }
@@ -104,13 +105,12 @@ TEST(SelectionSortOfDoubles, AgreesWithTheOracle) {
       EXPECT_TRUE(SameBits(a, b)) << order.name << " n=" << n;
     }
   for (std::size_t n = 1; n <= 5; ++n)
-    ForEachArray<double>({-1.5, -0.0, 0.0, 2.5, std::numeric_limits<double>::quiet_NaN()}, n,
-                         [n](std::vector<double> a) {
-                           std::vector<double> b = a;
-                           CZEPHSelectionSort::Run(a.data(), static_cast<int>(n));
-                           oracle::SelectionSort(b);
-                           EXPECT_TRUE(SameBits(a, b));
-                         });
+    ForEachArray<double>({-1.5, -0.0, 0.0, 2.5, kNaN}, n, [n](std::vector<double> a) {
+      std::vector<double> b = a;
+      CZEPHSelectionSort::Run(a.data(), static_cast<int>(n));
+      oracle::SelectionSort(b);
+      EXPECT_TRUE(SameBits(a, b));
+    });
 }
 
 TEST(SelectionSortOfDoubles, AgreesWithTheOracleOnLongArrays) {

@@ -5,6 +5,7 @@
 
 #include "batch/inputs.h"
 #include "support/modes.h"
+#include "support/not_finite.h"
 
 namespace zeph::test {
 namespace {
@@ -60,7 +61,7 @@ TEST(BatchBounds, FollowTheDocumentedStepsOfDoubles) {
 }
 
 TEST(BatchBounds, KeepANaNOfTheFirstPointAndPassOthersOver) {
-  const float nan = std::numeric_limits<float>::quiet_NaN();
+  const float nan = kNaNF;
   std::vector<CZEPHVector3D> points(20, CZEPHVector3D(1, 2, 3));
   points[0].x = nan;
   points[9].y = nan;

@@ -1,5 +1,4 @@
 #include <iostream>
-#include <limits>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -9,6 +8,7 @@
 #include "support/allocation.h"
 #include "support/bits.h"
 #include "support/child.h"
+#include "support/not_finite.h"
 #include "support/numbers.h"
 #include "support/scale.h"
 
@@ -19,8 +19,6 @@ namespace {
 
 using Link = CZEPHLink<double>;
 using List = CZEPHLinkList<double>;
-
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 
 bool Greater(const Link& a, const Link& b) {
   return a.m_value > b.m_value;
@@ -98,8 +96,8 @@ TEST(LinkList, PutsTheLaterOfTwoEqualsFirst) {
 
 TEST(LinkList, PutsANaNAtTheHeadWhereItHoldsBackWhatFollows) {
   List list;
-  for (double x : {1.0, kNan, 5.0, 4.0}) list.InsertOrdered(new Link(x));
-  EXPECT_TRUE(SameBits(ValuesOf(list), {4, 5, kNan, 1}));
+  for (double x : {1.0, kNaN, 5.0, 4.0}) list.InsertOrdered(new Link(x));
+  EXPECT_TRUE(SameBits(ValuesOf(list), {4, 5, kNaN, 1}));
 }
 
 TEST(LinkList, SortsAWholeTableOfNodes) {
@@ -121,7 +119,7 @@ TEST(LinkList, SortingAgreesWithInsertionAroundTheSizesOfItsTables) {
         for (double& x : values) x = random.Int(-distinct, distinct);
         for (double& x : values)
           if (x == 0 && random.Below(2)) x = -0.0;
-        if (nan) values[random.Below(n)] = kNan;
+        if (nan) values[random.Below(n)] = kNaN;
         ASSERT_NO_FATAL_FAILURE(CompareSorting(values, 0));
         ASSERT_NO_FATAL_FAILURE(CompareSorting(values, n / 3));
       }
@@ -137,7 +135,7 @@ TEST(LinkList, SortingAddsToTheListAsItStands) {
 }
 
 TEST(LinkList, SortingLinksEveryNodeWhereInsertionOneByOneDoes) {
-  const std::vector<double> alphabet = {-1, -0.0, 0.0, 1, kNan};
+  const std::vector<double> alphabet = {-1, -0.0, 0.0, 1, kNaN};
   for (std::size_t n = 0; n <= Scaled<std::size_t>(7, 5); ++n)
     ForEachArray(alphabet, n, [n](const std::vector<double>& values) {
       for (std::size_t before = 0; before <= n; ++before)
@@ -218,7 +216,7 @@ TEST(LinkList, ReleasesItsNodesOnceAndAllocatesNone) {
   const long before = LiveBlocks();
   {
     List list;
-    Link* links[] = {new Link(1), new Link(kNan), new Link(1)};
+    Link* links[] = {new Link(1), new Link(kNaN), new Link(1)};
     const long asked = AllocationCount();
     list.Sorting(links, 3);
     EXPECT_EQ(AllocationCount(), asked);

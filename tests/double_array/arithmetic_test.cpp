@@ -2,6 +2,7 @@
 
 #include "double_array/arrays.h"
 #include "support/allocation.h"
+#include "support/not_finite.h"
 
 using namespace zeph::test;
 
@@ -53,7 +54,7 @@ TEST(DoubleArrayArithmetic, WorksElementByElement) {
 
 TEST(DoubleArrayArithmetic, ScalesByAFactor) {
   for (std::size_t n : Lengths())
-    for (double s : {3.0, -0.0, 1e300, kInf, kNan}) {
+    for (double s : {3.0, -0.0, 1e300, kInfinity, kNaN}) {
       const Values v = Awkward(n, 3), factors(n, s);
       const CZEPHDoubleArray a = ArrayOf(v);
       ExpectNew(s * a, Combined(factors, v, std::multiplies<>()));
@@ -62,9 +63,9 @@ TEST(DoubleArrayArithmetic, ScalesByAFactor) {
 }
 
 TEST(DoubleArrayArithmetic, DivisionMultipliesByTheReciprocal) {
-  const Values v = {5, 7, -0.0, kInf, 1e-310};
+  const Values v = {5, 7, -0.0, kInfinity, 1e-310};
   const CZEPHDoubleArray a = ArrayOf(v);
-  for (double s : {3.0, 4.0, 49.0, 0.0, -0.0, kInf, 1e-320}) {
+  for (double s : {3.0, 4.0, 49.0, 0.0, -0.0, kInfinity, 1e-320}) {
     const double reciprocal = 1.0 / s;
     ExpectNew(a / s, Combined(v, Values(v.size(), reciprocal), std::multiplies<>()));
   }
@@ -73,9 +74,9 @@ TEST(DoubleArrayArithmetic, DivisionMultipliesByTheReciprocal) {
 }
 
 TEST(DoubleArrayArithmetic, UnaryMinusSubtractsFromZero) {
-  const CZEPHDoubleArray a = ArrayOf({0.0, -0.0, 1, -kInf});
-  EXPECT_TRUE(SameBits(ElementsOf(-a), {0.0, 0.0, -1, kInf}));
-  EXPECT_TRUE(SameBits(ElementsOf(+a), {0.0, -0.0, 1, -kInf}));
+  const CZEPHDoubleArray a = ArrayOf({0.0, -0.0, 1, -kInfinity});
+  EXPECT_TRUE(SameBits(ElementsOf(-a), {0.0, 0.0, -1, kInfinity}));
+  EXPECT_TRUE(SameBits(ElementsOf(+a), {0.0, -0.0, 1, -kInfinity}));
   EXPECT_NE((+a).data, a.data);
 }
 

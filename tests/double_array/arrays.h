@@ -2,21 +2,18 @@
 #ifndef ZEPH_TESTS_DOUBLE_ARRAY_ARRAYS_H
 #define ZEPH_TESTS_DOUBLE_ARRAY_ARRAYS_H
 
-#include <limits>
 #include <vector>
 
 #include "double_array.h"
 #include "support/bits.h"
+#include "support/not_finite.h"
 #include "support/numbers.h"
 
 namespace zeph::test {
 
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInf = std::numeric_limits<double>::infinity();
-
 /// Seven values that compare in every way: ties that differ in their bits, a NaN, infinities.
 inline const std::vector<double>& Alphabet() {
-  static const std::vector<double> values = {-kInf, -1, -0.0, 0.0, 1, kInf, kNan};
+  static const std::vector<double> values = {-kInfinity, -1, -0.0, 0.0, 1, kInfinity, kNaN};
   return values;
 }
 

@@ -95,7 +95,7 @@ Outcome Ours(const std::string& text, const Supply& supply, const Settings& sett
 
 ::testing::AssertionResult SameOutcome(const std::string& text, const Supply& supply,
                                        const Settings& settings) {
-  const Outcome want = After(text, supply, settings, zeph::oracle::ReadArray);
+  const Outcome want = After(text, supply, settings, oracle::ReadArray);
   const Outcome got = Ours(text, supply, settings);
   ::testing::AssertionResult same = ::testing::AssertionSuccess();
   const auto compare = [&](const char* what, const auto& ours, const auto& theirs) {
@@ -342,7 +342,7 @@ TEST(DoubleArrayExtraction, GivesTheSameValuesInEveryModeOfTheHost) {
     for (int i = 0; i < 40; ++i) text += " " + NumberText(random);
     for (const Mode& mode : Modes()) {
       Outcome want, got;
-      RaisedBy(mode, [&] { want = After(text + " ", {100000}, {}, zeph::oracle::ReadArray); });
+      RaisedBy(mode, [&] { want = After(text + " ", {100000}, {}, oracle::ReadArray); });
       RaisedBy(mode, [&] { got = Ours(text + " ", {100000}, {}); });
       ASSERT_TRUE(SameBits(got.data, want.data)) << mode.name << ": " << text;
       ASSERT_EQ(got.size, want.size) << mode.name << ": " << text;

@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "double_array/arrays.h"
+#include "support/not_finite.h"
 
 using namespace zeph::test;
 
@@ -72,13 +73,13 @@ TEST(DoubleArrayNorms, AgreeWithTheOracleOnEveryShortArray) {
 }
 
 TEST(DoubleArrayNorms, DoNotScale) {
-  EXPECT_EQ(ArrayOf({1e200, 1e200}).TwoNorm(), kInf);
+  EXPECT_EQ(ArrayOf({1e200, 1e200}).TwoNorm(), kInfinity);
   EXPECT_EQ(ArrayOf({1e-200, 1e-200}).TwoNorm(), 0.0);
 }
 
 TEST(DoubleArrayNorms, TheMaximumIsTheNaNInFrontAndPassesOverOthers) {
-  EXPECT_SAME_BITS(ArrayOf({-kNan, 9}).MaxNorm(), AbsoluteValue(kNan));
-  EXPECT_EQ(ArrayOf({1, kNan, -9, kNan}).MaxNorm(), 9.0);
+  EXPECT_SAME_BITS(ArrayOf({-kNaN, 9}).MaxNorm(), AbsoluteValue(kNaN));
+  EXPECT_EQ(ArrayOf({1, kNaN, -9, kNaN}).MaxNorm(), 9.0);
   EXPECT_SAME_BITS(ArrayOf({-0.0}).MaxNorm(), 0.0);
 }
 
@@ -95,5 +96,5 @@ TEST(DoubleArrayNorms, OfAnEmptyArrayAreZero) {
 }
 
 TEST(DoubleArrayDotProduct, TakesItsCountFromTheLeft) {
-  EXPECT_EQ(ZEPH_ArrayDotProduct(ArrayOf({1, 2}), ArrayOf({3, 4, kNan})), 11.0);
+  EXPECT_EQ(ZEPH_ArrayDotProduct(ArrayOf({1, 2}), ArrayOf({3, 4, kNaN})), 11.0);
 }

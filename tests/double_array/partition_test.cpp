@@ -1,5 +1,6 @@
 #include "double_array/arrays.h"
 #include "oracle/sorts.h"
+#include "support/not_finite.h"
 #include "support/scale.h"
 
 using namespace zeph;
@@ -71,7 +72,7 @@ TEST(DoubleArrayPartition, RangesOfLongArraysAgreeWithTheOracles) {
 TEST(DoubleArrayPartition, OneElementAndInvertedRangesReadNothingElse) {
   CZEPHDoubleArray a = ArrayOf({5, 6, 7});
   Values want = {5, 6, 7};
-  for (double pivot : {5.0, 6.0, 7.0, kNan}) {
+  for (double pivot : {5.0, 6.0, 7.0, kNaN}) {
     EXPECT_EQ(a.Partition(1, 1, pivot), oracle::Partition(want, 1, 1, pivot));
     EXPECT_EQ(a.Partition(2, 0, pivot), oracle::Partition(want, 2, 0, pivot));
     EXPECT_EQ(a.Partition(2, 1, pivot), 1);  // the steps would exchange these two for ever
@@ -80,10 +81,10 @@ TEST(DoubleArrayPartition, OneElementAndInvertedRangesReadNothingElse) {
 }
 
 TEST(DoubleArraySwap, ExchangesTwoElements) {
-  CZEPHDoubleArray a = ArrayOf({1, -0.0, kNan});
+  CZEPHDoubleArray a = ArrayOf({1, -0.0, kNaN});
   a.sorted = 1;
   a.Swap(0, 2);
   a.Swap(1, 1);
-  EXPECT_TRUE(SameBits(ElementsOf(a), {kNan, -0.0, 1}));
+  EXPECT_TRUE(SameBits(ElementsOf(a), {kNaN, -0.0, 1}));
   EXPECT_EQ(a.sorted, 1);
 }

@@ -1,5 +1,6 @@
 #include "double_array/arrays.h"
 #include "oracle/searches.h"
+#include "support/not_finite.h"
 #include "support/scale.h"
 
 using namespace zeph;
@@ -36,7 +37,7 @@ TEST(DoubleArrayFind, GivesTheFirstEqualElement) {
   EXPECT_EQ(CZEPHDoubleArray().Find(1), -1);
   EXPECT_EQ(ArrayOf({1, 5, 5}).Find(5), 1);
   EXPECT_EQ(ArrayOf({1, 0.0}).Find(-0.0), 1);
-  EXPECT_EQ(ArrayOf({kNan}).Find(kNan), -1);
+  EXPECT_EQ(ArrayOf({kNaN}).Find(kNaN), -1);
   EXPECT_EQ(WithoutStorage(3).Find(0), -1);
 }
 
@@ -77,7 +78,7 @@ TEST(DoubleArrayBinarySearch, OfASortedEmptyArrayMisses) {
 TEST(DoubleArrayBinarySearch, AgreesWithTheOracleOnEveryShortArraySortedOrNot) {
   for (std::size_t n = 0; n <= Scaled<std::size_t>(5, 4); ++n)
     ForEachArray(Alphabet(), n, [](const Values& v) {
-      for (double x : {-kInf, -2.0, -1.0, 0.0, 0.5, 1.0, kInf, kNan})
+      for (double x : {-kInfinity, -2.0, -1.0, 0.0, 0.5, 1.0, kInfinity, kNaN})
         for (int sorted : {0, 1})
           if (!testing::Test::HasFatalFailure()) CompareBinarySearch(v, sorted, x);
     });

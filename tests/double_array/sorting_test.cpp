@@ -3,6 +3,7 @@
 
 #include "double_array/arrays.h"
 #include "oracle/sorts.h"
+#include "support/not_finite.h"
 #include "support/scale.h"
 #include "support/small_stack.h"
 
@@ -77,7 +78,7 @@ TEST(DoubleArraySorting, AgreesWithTheOraclesOnEveryShortArray) {
 }
 
 TEST(DoubleArraySorting, AgreesWithTheOraclesOnEveryArrayOfSevenWithTheMainCutOffs) {
-  const std::vector<double> alphabet = kFullScale ? Alphabet() : Values{-0.0, 0.0, kNan};
+  const std::vector<double> alphabet = kFullScale ? Alphabet() : Values{-0.0, 0.0, kNaN};
   ForEachArray(alphabet, 7, [](const Values& v) {
     for (const Method& method : Methods())
       if (method.name.find("Quick") != 0 || method.name == "QuickSort(2)" ||
@@ -181,14 +182,14 @@ TEST(DoubleArrayBubbleSort, LeavesTheLeastAtIndexOneWhenItWasLastInALongArrayToo
 }
 
 TEST(DoubleArraySorting, ANaNPartsTheArrayForBubbleAndInsertionAndLeadsTheList) {
-  const Values v = {3, 1, kNan, 2, 1};
+  const Values v = {3, 1, kNaN, 2, 1};
   CZEPHDoubleArray bubble = ArrayOf(v), insertion = ArrayOf(v), list = ArrayOf(v);
   bubble.BubbleSort();
   insertion.InsertionSort();
   list.ListInsertSort();
-  EXPECT_TRUE(SameBits(ElementsOf(bubble), {1, 3, kNan, 1, 2}));
-  EXPECT_TRUE(SameBits(ElementsOf(insertion), {1, 3, kNan, 1, 2}));
-  EXPECT_TRUE(SameBits(ElementsOf(list), {1, 2, kNan, 1, 3}));
+  EXPECT_TRUE(SameBits(ElementsOf(bubble), {1, 3, kNaN, 1, 2}));
+  EXPECT_TRUE(SameBits(ElementsOf(insertion), {1, 3, kNaN, 1, 2}));
+  EXPECT_TRUE(SameBits(ElementsOf(list), {1, 2, kNaN, 1, 3}));
 }
 
 TEST(DoubleArraySorting, ZerosOfBothSignsShowWhichSortsKeepTheOrderOfEquals) {

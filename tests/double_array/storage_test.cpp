@@ -4,6 +4,7 @@
 
 #include "double_array/arrays.h"
 #include "support/allocation.h"
+#include "support/not_finite.h"
 
 using namespace zeph::test;
 
@@ -56,11 +57,11 @@ TEST(DoubleArrayStorage, ConstructorsFillTheElements) {
   EXPECT_EQ(none.size, 0);
   EXPECT_EQ(none.data, nullptr);
   EXPECT_TRUE(SameBits(ElementsOf(CZEPHDoubleArray(3, -0.0)), {-0.0, -0.0, -0.0}));
-  double values[] = {1, kNan, -0.0};
+  double values[] = {1, kNaN, -0.0};
   CZEPHDoubleArray a(3, values);
   a.sorted = 1;
   const CZEPHDoubleArray copy(a);
-  EXPECT_TRUE(SameBits(ElementsOf(copy), {1, kNan, -0.0}));
+  EXPECT_TRUE(SameBits(ElementsOf(copy), {1, kNaN, -0.0}));
   EXPECT_NE(copy.data, a.data);
   EXPECT_EQ(copy.sorted, 0);
 }
@@ -222,16 +223,16 @@ TEST(DoubleArrayStorage, ResizeLetsExhaustionPassAndChangesNothing) {
 
 TEST(DoubleArrayStorage, AssignmentCopiesIntoTheStorageThatIsThere) {
   CZEPHDoubleArray a = ArrayOf({1, 2});
-  const CZEPHDoubleArray b = ArrayOf({-0.0, kNan});
+  const CZEPHDoubleArray b = ArrayOf({-0.0, kNaN});
   a.sorted = 1;
   double* const block = a.data;
   EXPECT_EQ(&(a = b), &a);
   EXPECT_EQ(a.data, block);
   EXPECT_EQ(a.sorted, 1);  // although the elements are new
-  EXPECT_TRUE(SameBits(ElementsOf(a), {-0.0, kNan}));
+  EXPECT_TRUE(SameBits(ElementsOf(a), {-0.0, kNaN}));
   const CZEPHDoubleArray& same = a;
   EXPECT_EQ(&(a = same), &a);
-  EXPECT_TRUE(SameBits(ElementsOf(a), {-0.0, kNan}));
+  EXPECT_TRUE(SameBits(ElementsOf(a), {-0.0, kNaN}));
 }
 
 TEST(DoubleArrayStorage, AssignmentToAnEmptyArrayAllocates) {
@@ -306,8 +307,8 @@ TEST(DoubleArrayAccess, SetEntryAndResetFillEveryElement) {
   a.sorted = 1;
   a.SetEntry(-0.0);
   EXPECT_TRUE(SameBits(ElementsOf(a), {-0.0, -0.0, -0.0}));
-  a.Reset(kNan);
-  EXPECT_TRUE(SameBits(ElementsOf(a), {kNan, kNan, kNan}));
+  a.Reset(kNaN);
+  EXPECT_TRUE(SameBits(ElementsOf(a), {kNaN, kNaN, kNaN}));
   EXPECT_EQ(a.sorted, 1);
   for (int size : {-1, 0, 5}) {
     CZEPHDoubleArray none = WithoutStorage(size);

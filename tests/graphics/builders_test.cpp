@@ -1,13 +1,14 @@
 #include <gtest/gtest.h>
 
 #include "graphics/values.h"
+#include "support/not_finite.h"
 
 using namespace zeph::test;
 
 // Every builder starts from what it documents, whatever the matrix held.
 static CZEPHMatrix4x4 Dirty() {
   CZEPHMatrix4x4 m;
-  for (float& entry : m.entries) entry = kNaN;
+  for (float& entry : m.entries) entry = kNaNF;
   return m;
 }
 
@@ -143,7 +144,7 @@ TEST(MatrixBuilders, AnOrthographicProjectionHasNoGuard) {
                      oracle::Ortho(p[0], p[1], p[2], p[3], p[4], p[5])));
   });
   const CZEPHMatrix4x4 flat = Built([](auto& m) { m.SetOrtho(1, 1, 0, 2, 0, 1); });
-  EXPECT_EQ(flat.entries[0], kInfinity);
+  EXPECT_EQ(flat.entries[0], kInfinityF);
 }
 
 TEST(MatrixBuilders, ADegenerateFrustumIsAllZeros) {

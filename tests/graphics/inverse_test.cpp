@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "graphics/values.h"
+#include "support/not_finite.h"
 
 using namespace zeph::test;
 
@@ -88,7 +89,7 @@ TEST(MatrixInverse, OfATranslationMovesBack) {
 
 TEST(MatrixInverse, ANaNDeterminantScalesEverythingToNaN) {
   CZEPHMatrix4x4 m;
-  m.entries[0] = kNaN;
+  m.entries[0] = kNaNF;
   const CZEPHMatrix4x4 inverse = m.GetInverse();
   for (const float entry : inverse.entries) EXPECT_TRUE(std::isnan(entry));
 }

@@ -3,6 +3,7 @@
 #include <type_traits>
 
 #include "graphics/values.h"
+#include "support/not_finite.h"
 
 using namespace zeph::test;
 
@@ -135,7 +136,7 @@ TEST(FloatMatrix, ComparesExactly) {
     other.entries[i] = std::nextafter(other.entries[i], 0.0f);
     EXPECT_EQ(m == other, 0);
     EXPECT_EQ(m != other, 1);
-    other.entries[i] = kNaN;
+    other.entries[i] = kNaNF;
     EXPECT_EQ(other == other, 0);
     EXPECT_EQ(other != other, 1);
   }

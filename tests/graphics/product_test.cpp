@@ -2,6 +2,7 @@
 
 #include "graphics/product.h"
 #include "graphics/values.h"
+#include "support/not_finite.h"
 
 using namespace zeph::test;
 
@@ -39,7 +40,7 @@ TEST(MatrixProduct, AMatrixMayMultiplyItself) {
 TEST(MatrixProduct, OfTwoAffineFactorsIsAffineEvenAroundNaN) {
   CZEPHMatrix4x4 a, b;
   for (int i = 0; i < 15; ++i)
-    if (i % 4 != 3) a.entries[i] = kNaN;
+    if (i % 4 != 3) a.entries[i] = kNaNF;
   b.entries[3] = -0.0f;
   const CZEPHMatrix4x4 r = a * b;
   EXPECT_SAME_BITS(r.entries[3], 0.0f);
@@ -50,11 +51,11 @@ TEST(MatrixProduct, OfTwoAffineFactorsIsAffineEvenAroundNaN) {
 
 TEST(MatrixProduct, DroppedTermsKeepInfinityFromMeetingZero) {
   CZEPHMatrix4x4 infinite, affine;
-  infinite.entries[12] = kInfinity;
+  infinite.entries[12] = kInfinityF;
   affine.entries[13] = 2;
   // The full sum would hold infinity * 0 in every column.
   EXPECT_SAME_BITS((infinite * affine).entries[0], 1.0f);
-  EXPECT_SAME_BITS((infinite * affine).entries[12], kInfinity);
+  EXPECT_SAME_BITS((infinite * affine).entries[12], kInfinityF);
   CZEPHMatrix4x4 projective;
   projective.entries[3] = 1;
   EXPECT_TRUE(std::isnan((infinite * projective).entries[4]));
@@ -63,7 +64,7 @@ TEST(MatrixProduct, DroppedTermsKeepInfinityFromMeetingZero) {
 TEST(MatrixProduct, AnAffineFirstFactorCopiesTheBottomRowOfTheSecond) {
   CZEPHMatrix4x4 affine, other;
   affine.SetTranslation(CZEPHVector3D(1, 2, 3));
-  const float row[] = {FromBits<float>(0x7FC01234u), -0.0f, kInfinity, 7};
+  const float row[] = {FromBits<float>(0x7FC01234u), -0.0f, kInfinityF, 7};
   for (int j = 0; j < 4; ++j) other.entries[4 * j + 3] = row[j];
   const CZEPHMatrix4x4 r = affine * other;
   for (int j = 0; j < 4; ++j) EXPECT_SAME_BITS(r.entries[4 * j + 3], row[j]);
@@ -74,7 +75,7 @@ TEST(MatrixProduct, ABottomRowIsAffineToTheBitOnly) {
   CZEPHMatrix4x4 m;
   EXPECT_TRUE(zeph::graphics::IsAffine(m.entries));
   for (const int at : {3, 7, 11})
-    for (const float x : {denormal, -denormal, kNaN, kInfinity, 1.0f}) {
+    for (const float x : {denormal, -denormal, kNaNF, kInfinityF, 1.0f}) {
       m.LoadIdentity();
       m.entries[at] = -0.0f;
       EXPECT_TRUE(zeph::graphics::IsAffine(m.entries));
@@ -83,7 +84,7 @@ TEST(MatrixProduct, ABottomRowIsAffineToTheBitOnly) {
     }
   m.LoadIdentity();
   for (const float x :
-       {0.0f, -1.0f, std::nextafter(1.0f, 0.0f), std::nextafter(1.0f, 2.0f), kNaN}) {
+       {0.0f, -1.0f, std::nextafter(1.0f, 0.0f), std::nextafter(1.0f, 2.0f), kNaNF}) {
     m.entries[15] = x;
     EXPECT_FALSE(zeph::graphics::IsAffine(m.entries));
   }

@@ -13,13 +13,11 @@
 #include "graphics.h"
 #include "oracle/graphics.h"
 #include "support/bits.h"
+#include "support/not_finite.h"
 #include "support/numbers.h"
 #include "support/scale.h"
 
 namespace zeph::test {
-
-constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
-constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
 inline oracle::Vector Array(const CZEPHVector2D& v) {
   return {v.x, v.y};
@@ -127,10 +125,10 @@ inline CZEPHMatrix4x4 AnyMatrixUnnoted(Random& random) {
   for (int i = 3; i < 15; i += 4) m.entries[i] = kZeros[random.Below(2)];
   m.entries[15] = 1.0f;
   if (kind < 4) {  // one step off
-    static const float kNearZero[] = {std::numeric_limits<float>::denorm_min(), 1e-38f, kNaN,
-                                      -std::numeric_limits<float>::denorm_min(), kInfinity};
+    static const float kNearZero[] = {std::numeric_limits<float>::denorm_min(), 1e-38f, kNaNF,
+                                      -std::numeric_limits<float>::denorm_min(), kInfinityF};
     static const float kNearOne[] = {1.0f + std::numeric_limits<float>::epsilon(), 0.99999994f,
-                                     -1.0f, kNaN, 0.0f};
+                                     -1.0f, kNaNF, 0.0f};
     if (kind == 3) {
       const std::size_t at = random.Below(4);
       m.entries[4 * at + 3] = at == 3 ? kNearOne[random.Below(5)] : kNearZero[random.Below(5)];

@@ -1,6 +1,7 @@
 #include <type_traits>
 
 #include "graphics/values.h"
+#include "support/not_finite.h"
 
 using namespace zeph::test;
 
@@ -88,7 +89,7 @@ TYPED_TEST(FloatVector, DividedByEitherZeroIsTheZeroVectorButStaysInPlace) {
   using V = TypeParam;
   for (const float zero : {0.0f, -0.0f}) {
     V v;
-    v.x = -1, v.y = kNaN;
+    v.x = -1, v.y = kNaNF;
     EXPECT_TRUE(Moved(v / zero, V()));
     V kept = v;
     kept /= zero;
@@ -96,7 +97,7 @@ TYPED_TEST(FloatVector, DividedByEitherZeroIsTheZeroVectorButStaysInPlace) {
   }
   V v;
   v.x = 1;
-  EXPECT_TRUE(std::isnan((v / kNaN).x));
+  EXPECT_TRUE(std::isnan((v / kNaNF).x));
 }
 
 TYPED_TEST(FloatVector, NegationFlipsEverySignBit) {
@@ -122,7 +123,7 @@ TYPED_TEST(FloatVector, ComparesExactly) {
   minusZero.x = -0.0f;
   EXPECT_EQ(zero == minusZero, 1);
   V nan;
-  nan.y = kNaN;
+  nan.y = kNaNF;
   EXPECT_EQ(nan == nan, 0);
   EXPECT_EQ(nan != nan, 1);
 }

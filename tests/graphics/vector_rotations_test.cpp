@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "graphics/values.h"
+#include "support/not_finite.h"
 
 using namespace zeph::test;
 
@@ -75,11 +76,11 @@ TEST(VectorRotations, FourComponentsTurnTheFirstThreeAndKeepW) {
 TEST(VectorRotations, AnAngleOfZeroGivesAnExactCopy) {
   const float signalling = FromBits<float>(0x7FC01234u);
   for (const double zero : {0.0, -0.0}) {
-    const CZEPHVector3D v(signalling, -0.0f, kInfinity);
+    const CZEPHVector3D v(signalling, -0.0f, kInfinityF);
     EXPECT_TRUE(Moved(v.GetRotatedX(zero), v));
     EXPECT_TRUE(Moved(v.GetRotatedY(zero), v));
     EXPECT_TRUE(Moved(v.GetRotatedZ(zero), v));
-    EXPECT_TRUE(Moved(v.GetRotatedAxis(zero, CZEPHVector3D(kNaN, 0, 0)), v));
+    EXPECT_TRUE(Moved(v.GetRotatedAxis(zero, CZEPHVector3D(kNaNF, 0, 0)), v));
   }
 }
 

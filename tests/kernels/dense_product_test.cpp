@@ -12,12 +12,14 @@
 #include "kernels/memory.h"
 #include "oracle/dense_product.h"
 #include "support/bits.h"
+#include "support/not_finite.h"
 #include "support/numbers.h"
 
 namespace zeph::kernels {
 namespace {
 
 using oracle::Rows;
+using test::kInfinity;
 using test::Random;
 
 constexpr double kGuard = -7.25;
@@ -166,7 +168,7 @@ TEST(DenseProduct, RaisesNothingForColumnsThatACopiedPanelLacks) {
   constexpr std::size_t kRows = 50, kInner = 600;
   for (const std::size_t cols : {173u, 181u}) {
     Rows a(kRows, std::vector<double>(kInner, 1.0)), b(kInner, std::vector<double>(cols, 1.0));
-    a[3][5] = std::numeric_limits<double>::infinity();
+    a[3][5] = kInfinity;
     const Matrix left(a, kRows, kInner, 0), right(b, kInner, cols, 0), out({}, kRows, cols, 0);
     for (const Table* form : RunnableTables()) {
       std::feclearexcept(FE_ALL_EXCEPT);

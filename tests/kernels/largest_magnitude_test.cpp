@@ -6,17 +6,18 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <limits>
 #include <string>
 #include <vector>
 
 #include "support/bits.h"
+#include "support/not_finite.h"
 #include "support/numbers.h"
 
 namespace zeph::kernels {
 namespace {
 
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+using test::kInfinity;
+using test::kNaN;
 
 double OrderedWalk(const double* x, std::size_t n) {
   double m = std::fabs(x[0]);
@@ -49,7 +50,7 @@ TEST(LargestMagnitude, MatchesTheOrderedWalkAtEveryLengthAndMisalignment) {
 TEST(LargestMagnitude, FindsTheLargestInEveryPlace) {
   for (std::size_t n : {1u, 7u, 32u, 33u, 67u, 100u})
     for (std::size_t at = 0; at < n; ++at)
-      for (double peak : {9.0, -9.0, -std::numeric_limits<double>::infinity(), kNaN}) {
+      for (double peak : {9.0, -9.0, -kInfinity, kNaN}) {
         std::vector<double> x(n, -0.5);
         x[at] = peak;
         Check(x.data(), n);

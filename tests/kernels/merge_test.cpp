@@ -7,6 +7,7 @@
 #include <cstring>
 #include <limits>
 
+#include "support/not_finite.h"
 #include "support/numbers.h"
 #include "support/scale.h"
 
@@ -17,6 +18,8 @@
 namespace zeph::kernels {
 namespace {
 
+using test::kInfinity;
+using test::kNaN;
 using test::Random;
 
 /// The documented steps.
@@ -109,14 +112,13 @@ TEST_P(MergeKernel, FollowsTheStepsWhereOneBlockHasTheEnd) {
 }
 
 TEST_P(MergeKernel, KeepsTheBitsAndTheOrderOfZerosAndSpecialValues) {
-  constexpr double kInf = std::numeric_limits<double>::infinity();
   constexpr double kTiny = std::numeric_limits<double>::denorm_min();
   Random random(2);
   for (int round = 0; round < test::Scaled(3000, 300); ++round) {
     std::vector<double> blocks[2];
     for (auto& v : blocks) {
       v.resize(random.Below(300));
-      const double values[] = {-kInf, -1, -kTiny, -0.0, 0.0, kTiny, 2 * kTiny, 1, kInf};
+      const double values[] = {-kInfinity, -1, -kTiny, -0.0, 0.0, kTiny, 2 * kTiny, 1, kInfinity};
       for (double& x : v) x = values[random.Below(9)];
       std::stable_sort(v.begin(), v.end());
     }
@@ -132,8 +134,7 @@ TEST_P(MergeKernel, FollowsTheStepsThroughWhatDoesNotAscend) {
     ASSERT_NO_FATAL_FAILURE(Check(a, b, "awkward"));
     auto sorted = Ascending<double>(random, 1 + random.Below(300), 1000);
     const auto other = Ascending<double>(random, 200, 1000);
-    sorted[random.Below(sorted.size())] =
-        round % 2 ? std::numeric_limits<double>::quiet_NaN() : -1001;
+    sorted[random.Below(sorted.size())] = round % 2 ? kNaN : -1001;
     ASSERT_NO_FATAL_FAILURE(Check(sorted, other, "one out of place"));
   }
   for (std::size_t at = 0; at < 100; ++at) {
@@ -141,7 +142,7 @@ TEST_P(MergeKernel, FollowsTheStepsThroughWhatDoesNotAscend) {
     for (std::size_t i = 0; i < v.size(); ++i) v[i] = static_cast<double>(i);
     v[at] = 2e9;
     ASSERT_NO_FATAL_FAILURE(Check(v, high, "one above"));
-    const std::vector<double> one = {v[at]}, nan = {std::numeric_limits<double>::quiet_NaN()};
+    const std::vector<double> one = {v[at]}, nan = {kNaN};
     ASSERT_NO_FATAL_FAILURE(Check(v, one, "one"));
     ASSERT_NO_FATAL_FAILURE(Check(v, nan, "NaN"));
   }

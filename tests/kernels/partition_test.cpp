@@ -4,16 +4,18 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "oracle/sorts.h"
 #include "support/bits.h"
 #include "support/hostile.h"
+#include "support/not_finite.h"
 #include "support/numbers.h"
 
 namespace zeph::kernels {
 namespace {
 
+using test::kInfinity;
+using test::kNaN;
 using test::Random;
 using Values = std::vector<double>;
 
@@ -64,7 +66,7 @@ TEST_P(PartitionKernel, MakesTheDocumentedExchangesAmongEquals) {
     const int letters = static_cast<int>(n % 4);
     for (double& x : v) x = random.Below(2) ? 0.0 : -0.0;
     for (int k = 0; k < letters; ++k) v[random.Below(n)] = random.Int(-1, 1);
-    if (n % 5 == 0) v[random.Below(n)] = std::numeric_limits<double>::quiet_NaN();
+    if (n % 5 == 0) v[random.Below(n)] = kNaN;
     ASSERT_NO_FATAL_FAILURE(Check(v, 0)) << n;
   }
 }
@@ -107,16 +109,15 @@ TEST_P(PartitionKernel, CountsWhatKeepsTheOrderFromBeingUnique) {
 }
 
 TEST_P(PartitionKernel, BoundsHoldEveryElementAndNoMore) {
-  constexpr double kInf = std::numeric_limits<double>::infinity();
   for (std::size_t n = 1; n <= 130; ++n) {
     Values v = test::Moderate(n, n);
     Bounds bounds = form().bounds(v.data(), n);
     EXPECT_EQ(bounds.least, *std::min_element(v.begin(), v.end())) << n;
     EXPECT_EQ(bounds.greatest, *std::max_element(v.begin(), v.end())) << n;
-    v[n * 7 % n] = v[n / 2] = std::numeric_limits<double>::quiet_NaN();
+    v[n * 7 % n] = v[n / 2] = kNaN;
     bounds = form().bounds(v.data(), n);
-    EXPECT_EQ(bounds.least, -kInf) << n;
-    EXPECT_EQ(bounds.greatest, kInf) << n;
+    EXPECT_EQ(bounds.least, -kInfinity) << n;
+    EXPECT_EQ(bounds.greatest, kInfinity) << n;
   }
 }
 

@@ -3,16 +3,16 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <utility>
 
+#include "support/not_finite.h"
 #include "support/numbers.h"
 
 namespace zeph::kernels {
 namespace {
 
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInf = std::numeric_limits<double>::infinity();
+using test::kInfinity;
+using test::kNaN;
 
 class SearchKernel : public testing::TestWithParam<const Table*> {
  protected:
@@ -97,7 +97,7 @@ TEST_P(SearchKernel, LeastIsTheFirstOfEqualsAndPassesOverNaNs) {
     for (std::uint64_t seed = 0; seed < 6; ++seed) {
       auto v = test::Awkward(n, seed * 1000 + n);
       ASSERT_EQ(form().first_least(v.data(), n), PlainLeast(v)) << n;
-      v[0] = kInf;
+      v[0] = kInfinity;
       ASSERT_EQ(form().first_least(v.data(), n), PlainLeast(v)) << n;
       for (double& x : v)
         if (x < -1) x = seed % 2 ? 0.0 : -0.0;
@@ -105,14 +105,14 @@ TEST_P(SearchKernel, LeastIsTheFirstOfEqualsAndPassesOverNaNs) {
     }
     std::vector<double> v(n, kNaN);
     ASSERT_EQ(form().first_least(v.data(), n), 0u);
-    v[0] = kInf;
+    v[0] = kInfinity;
     ASSERT_EQ(form().first_least(v.data(), n), 0u);
     for (std::size_t at = 0; at < n; at += 1 + n / 60) {
       v[at] = 3;
       v[at + (n - at) / 2] = 3;
       ASSERT_EQ(form().first_least(v.data(), n), at) << n;
-      v[at] = v[at + (n - at) / 2] = at % 2 ? kNaN : kInf;
-      v[0] = kInf;
+      v[at] = v[at + (n - at) / 2] = at % 2 ? kNaN : kInfinity;
+      v[0] = kInfinity;
     }
   }
 }

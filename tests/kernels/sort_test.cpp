@@ -8,15 +8,15 @@
 #include <limits>
 
 #include "kernels/sort_limits.h"
+#include "support/not_finite.h"
 #include "support/numbers.h"
 
 namespace zeph::kernels {
 namespace {
 
+using test::kInfinity;
+using test::kNaN;
 using test::Random;
-
-constexpr double kInf = std::numeric_limits<double>::infinity();
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 /// Every form this machine can run, each named for the failure message.
 class SortKernel : public testing::TestWithParam<const Table*> {
@@ -71,7 +71,7 @@ double OrderedValue(Random& random) {
 
 TEST_P(SortKernel, SortsEveryShortArrayOfFewValues) {
   for (std::size_t n = 0; n <= 7; ++n)
-    test::ForEachArray<double>({-kInf, 1, 2, kInf}, n, [&](const std::vector<double>& v) {
+    test::ForEachArray<double>({-kInfinity, 1, 2, kInfinity}, n, [&](const std::vector<double>& v) {
       if (!HasFatalFailure()) Check(v, 0, "exhaustive");
     });
 }
@@ -140,7 +140,8 @@ TEST_P(SortKernel, CountsFewValuesAndSortsWhereThereTurnOutToBeMore) {
       ASSERT_NO_FATAL_FAILURE(Check(whole, 1, "few"));
       for (std::size_t i = n - n / 10; i < n; ++i) v[i] = random.Real();  // the tail has many
       ASSERT_NO_FATAL_FAILURE(Check(v, 1, "few, then many"));
-      v[n / 2 + 1] = kInf, v[n / 3] = -kInf, v[n - 1] = std::numeric_limits<double>::denorm_min();
+      v[n / 2 + 1] = kInfinity, v[n / 3] = -kInfinity,
+                v[n - 1] = std::numeric_limits<double>::denorm_min();
       whole[n / 2 + 1] = std::numeric_limits<int>::min(), whole[n - 2] = 12'345'678;
       ASSERT_NO_FATAL_FAILURE(Check(v, 1, "and some that no sample has"));
       ASSERT_NO_FATAL_FAILURE(Check(whole, 1, "and some that no sample has"));
@@ -186,7 +187,8 @@ TEST_P(SortKernel, OrderIsUniqueWithoutNaNAndWithZerosOfOneSign) {
           v[k] = 1.0;
         }
       }
-      for (double x : {kInf, -kInf, std::numeric_limits<double>::denorm_min(), -1.0}) v[i] = x;
+      for (double x : {kInfinity, -kInfinity, std::numeric_limits<double>::denorm_min(), -1.0})
+        v[i] = x;
       v[i] = 1.0;
     }
   }

@@ -38,7 +38,7 @@ TEST(DoubleMatrixProduct, AgreesWithTheTextbookLoopInBothForms) {
       const auto make = seed % 2 ? AwkwardRows : ModerateRows;
       const Rows x = make(rows, cols, static_cast<std::uint64_t>(seed));
       const Rows y = make(cols, cols, static_cast<std::uint64_t>(seed) + 500);
-      const Rows want = zeph::oracle::DenseProduct(x, y, Count(rows), Count(cols), Count(cols));
+      const Rows want = oracle::DenseProduct(x, y, Count(rows), Count(cols), Count(cols));
       CZEPHDoubleMatrix a = ToDoubleMatrix(x, rows, cols), c(a);
       const CZEPHDoubleMatrix b = ToDoubleMatrix(y, cols, cols);
       a.operator*=(b);
@@ -53,7 +53,7 @@ TEST(DoubleMatrixProduct, SquaresItself) {
   CZEPHDoubleMatrix a = ToDoubleMatrix(x, 6, 6);
   double* const row = a[3];
   a *= a;
-  EXPECT_TRUE(SameBits(Elements(a), zeph::oracle::DenseProduct(x, x, 6, 6, 6)));
+  EXPECT_TRUE(SameBits(Elements(a), oracle::DenseProduct(x, x, 6, 6, 6)));
   EXPECT_EQ(a[3], row);  // assigned back into the rows that were there
 }
 

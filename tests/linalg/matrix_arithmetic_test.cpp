@@ -22,7 +22,7 @@ TEST(MatrixProduct, AgreesWithTheTextbookLoop) {
   const auto check = [&](int rows, int inner, int cols, bool awkward) {
     const auto make = awkward ? AwkwardRows : ModerateRows;
     const Rows x = make(rows, inner, random.Next()), y = make(inner, cols, random.Next());
-    const Rows want = zeph::oracle::DenseProduct(x, y, Count(rows), Count(inner), Count(cols));
+    const Rows want = oracle::DenseProduct(x, y, Count(rows), Count(inner), Count(cols));
     EXPECT_TRUE(SameValues(Elements(ToMatrix(x) * ToMatrix(y)), want))
         << rows << " x " << inner << " x " << cols;
   };

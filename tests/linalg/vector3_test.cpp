@@ -2,12 +2,12 @@
 
 #include <cmath>
 #include <iomanip>
-#include <limits>
 #include <sstream>
 
 #include "linalg.h"
 #include "oracle/matrix4.h"
 #include "support/bits.h"
+#include "support/not_finite.h"
 #include "support/numbers.h"
 
 using namespace zeph::test;
@@ -15,7 +15,6 @@ using namespace zeph::test;
 namespace {
 
 using V = CZEPHVector3;
-const double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 void ExpectIs(const V& got, double x, double y, double z) {
   EXPECT_SAME_VALUE(got.m_x, x);

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <numeric>
 #include <type_traits>
 #include <utility>
 
 #include "linalg/matrices.h"
 #include "support/allocation.h"
+#include "support/not_finite.h"
 
 using namespace zeph::test;
 
@@ -27,9 +27,6 @@ void ExpectEmpty(const CZEPHVector& v) {
   EXPECT_EQ(v.GetSize(), 0);
   EXPECT_EQ(v.m_pData, nullptr);
 }
-
-constexpr double kInf = std::numeric_limits<double>::infinity();
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 }  // namespace
 
@@ -166,7 +163,7 @@ TEST(VectorArithmetic, AddsSubtractsAndScalesElementByElement) {
 TEST(VectorArithmetic, DividesByTheReciprocalAndNotAtAllNearZero) {
   const std::vector<double> x = Moderate(40, 3);
   CZEPHVector v = ToVector(x);
-  for (double d : {3.0, -7.0, 2.0, 1.0000001e-8, -1e-7, 1e300, kInf}) {
+  for (double d : {3.0, -7.0, 2.0, 1.0000001e-8, -1e-7, 1e300, kInfinity}) {
     volatile double reciprocal = 1.0 / d;
     std::vector<double> want(x);
     for (double& e : want) e = e * reciprocal;
@@ -214,7 +211,7 @@ TEST(VectorMeasures, FindTheFirstExtremeAndPassOverNaN) {
 
 TEST(VectorMeasures, AgreeWithTheirRulesOnEveryShortVector) {
   for (std::size_t n = 0; n <= 5; ++n)
-    ForEachArray<double>({-kInf, -1.0, 0.0, 1.0, kNaN}, n, [](std::vector<double> v) {
+    ForEachArray<double>({-kInfinity, -1.0, 0.0, 1.0, kNaN}, n, [](std::vector<double> v) {
       int most = 0, least = 0;
       double largest = v.empty() ? 0.0 : std::fabs(v[0]);
       for (std::size_t i = 1; i < v.size(); ++i) {

@@ -4,12 +4,12 @@
 #include <algorithm>
 #include <clocale>
 #include <cstring>
-#include <limits>
 #include <sstream>
 #include <string>
 
 #include "ZEPHDataStructureEngine.h"
 #include "support/locales.h"
+#include "support/not_finite.h"
 #include "support/stream.h"
 
 using namespace zeph::test;
@@ -66,7 +66,7 @@ TEST_F(CommaLocale, IsInThePrintsOfMatricesAndVectors) {
 TEST(WidePointLocale, CountsItsPointAsOneCharacterOfAField) {
   const ProcessLocale locale(kWidePointLocales);
   if (!locale.Found() || !PointIsWide()) GTEST_SKIP() << "no point of two bytes here";
-  double values[] = {1.5, -0.25, std::numeric_limits<double>::infinity()};
+  double values[] = {1.5, -0.25, kInfinity};
   const std::string want = Written([&](std::FILE* f) {
     for (const double x : values) std::fprintf(f, "%12.4lf; ", x);
     std::fprintf(f, "\n");

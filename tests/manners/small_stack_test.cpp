@@ -1,11 +1,11 @@
 // Threads of hosts may have small stacks: what runs on 64 KiB, and the one operation that says it takes more.
 #if defined(__unix__) && !defined(__EMSCRIPTEN__)
 #include "support/small_stack.h"
+#include "support/not_finite.h"
 
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <limits>
 #include <numeric>
 #include <vector>
 
@@ -15,6 +15,7 @@
 
 namespace {
 
+using zeph::test::kNaN;
 using zeph::test::RunOnSmallStack;
 
 /// As the optimising g++ lays out frames; sanitizers have frames of their own, and a build without optimisation
@@ -44,8 +45,7 @@ std::vector<double> Mixed(int n, unsigned distinct) {
   std::vector<double> v(static_cast<std::size_t>(n));
   unsigned state = 1;
   for (double& x : v) x = static_cast<double>((state = state * 1664525u + 1013904223u) % distinct);
-  if (distinct > 1000)
-    v[v.size() / 3] = -0.0, v[v.size() / 2] = 0.0, v[0] = -std::numeric_limits<double>::quiet_NaN();
+  if (distinct > 1000) v[v.size() / 3] = -0.0, v[v.size() / 2] = 0.0, v[0] = -kNaN;
   return v;
 }
 

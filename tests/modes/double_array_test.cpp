@@ -9,9 +9,9 @@
 #include "oracle/searches.h"
 #include "oracle/sorts.h"
 #include "support/modes.h"
+#include "support/not_finite.h"
 
 using namespace zeph::test;
-namespace oracle = zeph::oracle;
 
 namespace {
 
@@ -244,7 +244,7 @@ TEST(DoubleArrayModes, Arithmetic) {
         "product", [&] { return a * b; }, [](double x, double y) { return x * y; });
     check(
         "minus", [&] { return -a; }, [](double x, double) { return 0.0 - x; });
-    for (const double s : {0.0, 3.0, 1e300, kInf, Denormal<double>(3)}) {
+    for (const double s : {0.0, 3.0, 1e300, kInfinity, Denormal<double>(3)}) {
       check(
           "multiple", [&] { return s * a; }, [s](double x, double) { return s * x; });
       check(

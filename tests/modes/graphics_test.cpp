@@ -2,6 +2,7 @@
 #include "graphics/values.h"
 #include "modes/inputs.h"
 #include "support/modes.h"
+#include "support/not_finite.h"
 
 using namespace zeph::test;
 
@@ -59,8 +60,8 @@ TEST(GraphicsModes, ProductsOfAffineMatricesWithInfinity) {
   CZEPHMatrix4x4 affine, infinite;
   for (int i = 0; i < 15; ++i)
     if (i % 4 != 3) affine.entries[i] = static_cast<float>(i + 1);
-  infinite.entries[1] = infinite.entries[15] = kInfinity;
-  const CZEPHVector4D v(kInfinity, 1, 2, 3);
+  infinite.entries[1] = infinite.entries[15] = kInfinityF;
+  const CZEPHVector4D v(kInfinityF, 1, 2, 3);
   Check(
       "matrices", [&] { return affine * infinite; },
       [&] { return oracle::Product(Array(affine), Array(infinite)); });
@@ -89,7 +90,7 @@ TEST(GraphicsModes, Inverses) {
 
 TEST(GraphicsModes, InversesRaiseNothingOfTheirOwn) {
   CZEPHMatrix4x4 rigid;
-  rigid.entries[12] = kInfinity;
+  rigid.entries[12] = kInfinityF;
   Check(
       "rigid", [&] { return rigid.GetAffineInverse(); },
       [&] { return oracle::AffineInverse(Array(rigid)); });

@@ -5,6 +5,7 @@
 #include "modes/inputs.h"
 #include "oracle/matrix4.h"
 #include "support/modes.h"
+#include "support/not_finite.h"
 
 using namespace zeph::test;
 
@@ -53,7 +54,7 @@ TEST(LinalgModes, Products) {
                          input.values.end());
       const Rows b = Cut(rest, shape.inner, shape.cols);
       const auto steps = [&] {
-        return Joined(zeph::oracle::DenseProduct(a, b, shape.rows, shape.inner, shape.cols));
+        return Joined(oracle::DenseProduct(a, b, shape.rows, shape.inner, shape.cols));
       };
       EXPECT_TRUE(ComputesInEveryMode(
           [&] {
@@ -68,23 +69,20 @@ TEST(LinalgModes, Products) {
             return Elements(ToDoubleMatrix(a) *
                             CZEPHDoubleArray(static_cast<int>(v.size()), v.data()));
           },
-          [&] {
-            return Joined(zeph::oracle::DenseProduct(a, column, shape.rows, shape.inner, 1));
-          }));
+          [&] { return Joined(oracle::DenseProduct(a, column, shape.rows, shape.inner, 1)); }));
       if (HasFailure()) return;
     }
   }
 }
 
 TEST(LinalgModes, ProductWithAnInfinityBesideMissingColumns) {
-  constexpr double kInf = std::numeric_limits<double>::infinity();
-  const Rows a = {{1, kInf}, {2, 3}}, b = {{1, 2}, {3, 4}};
+  const Rows a = {{1, kInfinity}, {2, 3}}, b = {{1, 2}, {3, 4}};
   EXPECT_TRUE(ComputesInEveryMode(
       [&] {
         CZEPHMatrix left = ToMatrix(a);
         return Joined(Elements(left * ToMatrix(b)));
       },
-      [&] { return Joined(zeph::oracle::DenseProduct(a, b, 2, 2, 2)); }));
+      [&] { return Joined(oracle::DenseProduct(a, b, 2, 2, 2)); }));
 }
 
 TEST(LinalgModes, SumsDifferencesAndNegation) {

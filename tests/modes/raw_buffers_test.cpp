@@ -6,9 +6,9 @@
 #include "oracle/raw_norms.h"
 #include "oracle/searches.h"
 #include "support/modes.h"
+#include "support/not_finite.h"
 
 using namespace zeph::test;
-namespace oracle = zeph::oracle;
 
 namespace {
 
@@ -143,7 +143,7 @@ TEST(RawBufferModes, MergeOfSortedArrays) {
 TEST(RawBufferModes, MergeLooksAtNoElementThatItsStepsDoNotCompare) {
   Doubles a(100), b(100);
   for (std::size_t i = 0; i < 100; ++i) a[i] = static_cast<double>(i), b[i] = a[i] + 200;
-  b.back() = std::numeric_limits<double>::quiet_NaN();
+  b.back() = kNaN;
   EXPECT_TRUE(MovesInEveryMode(
       [&] {
         Doubles out(200);

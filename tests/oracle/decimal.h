@@ -8,7 +8,7 @@
 #include <cstdio>
 #include <string>
 
-#include "functions.h"
+#include "oracle/functions.h"
 
 namespace oracle {
 
@@ -56,7 +56,7 @@ inline int RoundOffToInt(double x) {
 }
 
 inline int Exponent(double value, signed char digits) {
-  const double x = zeph::functions::Log10(std::fabs(value));
+  const double x = Log10(std::fabs(value));
   const int e = x < 0 ? ToInt(std::floor(x)) : ToInt(std::ceil(x));
   const int d = digits + 1;
   if (e >= d) return e - digits;

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <vector>
 
-namespace zeph::oracle {
+namespace oracle {
 
 using Rows = std::vector<std::vector<double>>;
 
@@ -25,6 +25,6 @@ inline Rows DenseProduct(const Rows& a, const Rows& b, std::size_t rows, std::si
   return out;
 }
 
-}  // namespace zeph::oracle
+}  // namespace oracle
 
 #endif  // ZEPH_TESTS_ORACLE_DENSE_PRODUCT_H

@@ -5,7 +5,7 @@
 #include <istream>
 #include <vector>
 
-namespace zeph::oracle {
+namespace oracle {
 
 /// Reads a count and that many numbers into `data`; `size` is the count then, 0 after a failure.
 inline void ReadArray(std::istream& is, int& size, std::vector<double>& data) {
@@ -30,6 +30,6 @@ inline void ReadMatrix(std::istream& is, int& rows, int& columns, std::vector<do
   if (is.fail()) rows = columns = 0;
 }
 
-}  // namespace zeph::oracle
+}  // namespace oracle
 
 #endif  // ZEPH_TESTS_ORACLE_EXTRACTION_H

@@ -4,9 +4,9 @@
 
 #include <cmath>
 
-#include "functions.h"
+#include "oracle/functions.h"
 
-namespace zeph::oracle {
+namespace oracle {
 
 inline void Snap(double& s) {
   if (s >= -1.0e-8 && s <= 1.0e-8) s = 0.0;
@@ -30,7 +30,7 @@ inline void Multiply3(const double a[3][3], const double b[3][3], double out[3][
 /// axis 0, 1, 2 for X, Y, Z.
 inline void Rotate3(double m[3][3], int axis, double angle) {
   const double radians = angle * 3.141592653589793 / 180.0;
-  const double co = ::zeph::functions::Cos(radians), si = ::zeph::functions::Sin(radians);
+  const double co = Cos(radians), si = Sin(radians);
   const double x[3][3] = {{1, 0, 0}, {0, co, -si}, {0, si, co}};
   const double y[3][3] = {{co, 0, si}, {0, 1, 0}, {-si, 0, co}};
   const double z[3][3] = {{co, -si, 0}, {si, co, 0}, {0, 0, 1}};
@@ -79,6 +79,6 @@ inline void Normalize3(double* v) {
     for (int k = 0; k < 3; ++k) v[k] = v[k] / length;
 }
 
-}  // namespace zeph::oracle
+}  // namespace oracle
 
 #endif  // ZEPH_TESTS_ORACLE_FIXED_GEOMETRY_H

@@ -11,7 +11,7 @@
 #include "portable_math/tangent.h"
 #endif
 
-namespace zeph::functions {
+namespace oracle {
 
 #ifdef ZEPH_PORTABLE_MATH
 
@@ -45,6 +45,6 @@ inline double Log10(double x) {
 
 #endif
 
-}  // namespace zeph::functions
+}  // namespace oracle
 
 #endif  // ZEPH_TESTS_ORACLE_FUNCTIONS_H

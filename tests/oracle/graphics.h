@@ -7,7 +7,7 @@
 #include <cmath>
 #include <vector>
 
-#include "functions.h"
+#include "oracle/functions.h"
 
 namespace oracle {
 
@@ -110,12 +110,12 @@ inline double Radians(double degrees) {
 }
 inline double SineInDouble(double degrees) {
   volatile double radians = Radians(degrees);
-  volatile double r = ::zeph::functions::Sin(radians);
+  volatile double r = Sin(radians);
   return r;
 }
 inline double CosineInDouble(double degrees) {
   volatile double radians = Radians(degrees);
-  volatile double r = ::zeph::functions::Cos(radians);
+  volatile double r = Cos(radians);
   return r;
 }
 inline float Sine(double degrees) {
@@ -326,7 +326,7 @@ inline Matrix Frustum(float l, float r, float b, float t, float n, float f) {
 
 inline Matrix Perspective(float fovy, float aspect, float n, float f) {
   volatile float half = Mul(Mul(fovy, 0.017453292f), 0.5f);
-  volatile float tangent = ::zeph::functions::Tan(half);
+  volatile float tangent = Tan(half);
   const float t = Mul(tangent, n);
   return Frustum(Mul(-t, aspect), Mul(t, aspect), -t, t, n, f);
 }

@@ -2,7 +2,7 @@
 #ifndef ZEPH_TESTS_ORACLE_LIST_INSERTION_H
 #define ZEPH_TESTS_ORACLE_LIST_INSERTION_H
 
-namespace zeph::oracle {
+namespace oracle {
 
 /// `greater` tells whether the new node goes behind the current one.
 template <class Node, class Greater>
@@ -27,6 +27,6 @@ void InsertOrdered(Node*& head, Node* node, Greater greater) {
   node->m_pNext = current;
 }
 
-}  // namespace zeph::oracle
+}  // namespace oracle
 
 #endif  // ZEPH_TESTS_ORACLE_LIST_INSERTION_H

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <string>
 
-namespace zeph::oracle {
+namespace oracle {
 
 template <class... Args>
 std::string Printed(const char* format, Args... args) {
@@ -44,6 +44,6 @@ inline std::string VectorLine(const double* v, const char* label) {
   return Printed("%s = (%3.5f %3.5f %3.5f)\n", label, v[0], v[1], v[2]);
 }
 
-}  // namespace zeph::oracle
+}  // namespace oracle
 
 #endif  // ZEPH_TESTS_ORACLE_LISTING_H

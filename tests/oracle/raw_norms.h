@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-namespace zeph::oracle {
+namespace oracle {
 
 inline double Grow(double r, double x) {
   if (r < 100.0 && x < 100.0) return std::sqrt(r * r + x * x);
@@ -67,6 +67,6 @@ inline double MatrixFrobNorm3(double* const* m, int n, int start) {
   return std::sqrt(sum);
 }
 
-}  // namespace zeph::oracle
+}  // namespace oracle
 
 #endif  // ZEPH_TESTS_ORACLE_RAW_NORMS_H

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <vector>
 
-namespace zeph::oracle {
+namespace oracle {
 
 inline int Find(const std::vector<double>& v, double x) {
   for (std::size_t i = 0; i < v.size(); ++i)
@@ -69,6 +69,6 @@ inline void Merge(const double* a, int na, const double* b, int nb, double* out)
   for (; j < nb; ++j, ++k) out[k] = b[j];
 }
 
-}  // namespace zeph::oracle
+}  // namespace oracle
 
 #endif  // ZEPH_TESTS_ORACLE_SEARCHES_H

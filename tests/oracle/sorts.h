@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-namespace zeph::oracle {
+namespace oracle {
 
 using Doubles = std::vector<double>;
 
@@ -137,6 +137,6 @@ inline int CheckSorted(Doubles v) {
   return i >= size - 2 ? 1 : 0;
 }
 
-}  // namespace zeph::oracle
+}  // namespace oracle
 
 #endif  // ZEPH_TESTS_ORACLE_SORTS_H

@@ -5,9 +5,9 @@
 #include <cfenv>
 #include <cmath>
 #include <cstdio>
-#include <limits>
 #include <string>
 
+#include "support/not_finite.h"
 #include "support/numbers.h"
 
 using zeph::platform::NumberConventions;
@@ -15,6 +15,9 @@ using zeph::platform::RealFormat;
 using zeph::platform::WriteInt;
 
 namespace {
+
+using zeph::test::kInfinity;
+using zeph::test::kNaN;
 
 std::string Scientific(double x, const NumberConventions& conventions) {
   char text[RealFormat::kRoom];
@@ -60,8 +63,6 @@ TEST(RealFormat, LeavesEverythingToPrintfWhereTheRuntimeRoundsInItsOwnWay) {
 }
 
 TEST(RealFormat, WritesInfinitiesAndNaNWithinTheConversionsWidthWhereTheNamesAreItsOwn) {
-  constexpr double kInfinity = std::numeric_limits<double>::infinity();
-  constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
   const NumberConventions own{true, 2, ".", true};
   EXPECT_EQ(Scientific(kInfinity, own), "inf  ");
   EXPECT_EQ(Scientific(-kInfinity, own), "-inf ");
@@ -123,7 +124,7 @@ TEST(RealFormat, FollowsTheRuntimeInAnotherRoundingDirection) {
 TEST(RealFormat, CountsAPointOfAnyLengthAsOneColumn) {
   const RealFormat format("%lf", RealFormat::Notation::kFixed, 6, {true, 2, "\xD9\xAB"});
   EXPECT_EQ(8u, format.Columns(0.25, 9));
-  EXPECT_EQ(3u, format.Columns(std::numeric_limits<double>::infinity(), 3));
+  EXPECT_EQ(3u, format.Columns(kInfinity, 3));
   const RealFormat plain("%lf", RealFormat::Notation::kFixed, 6, {true, 2, "."});
   EXPECT_EQ(8u, plain.Columns(0.25, 8));
 }

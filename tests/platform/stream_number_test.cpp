@@ -5,18 +5,21 @@
 #include <algorithm>
 #include <cfenv>
 #include <iomanip>
-#include <limits>
 #include <locale>
 #include <sstream>
 #include <streambuf>
 #include <string>
 #include <vector>
 
+#include "support/not_finite.h"
 #include "support/numbers.h"
 
 using zeph::platform::WritePortably;
 
 namespace {
+
+using zeph::test::kInfinity;
+using zeph::test::kNaN;
 
 struct Settings {
   std::ios_base::fmtflags flags;
@@ -55,8 +58,6 @@ void ForEachSettings(Visit visit) {
                 Settings{notation | adjustment | signs, precision, width, width == 3 ? ' ' : '*'});
 }
 
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-
 }  // namespace
 
 TEST(StreamNumber, WritesKnownNumbersByTheStreamsSettings) {
@@ -75,8 +76,7 @@ TEST(StreamNumber, WritesKnownNumbersByTheStreamsSettings) {
   EXPECT_EQ(Written(-6.5, {kHexadecimal, 6, 0, ' '}), "-0x1.ap+2");
   EXPECT_EQ(Written(5e-324, {kHexadecimal, 6, 0, ' '}), "0x0.0000000000001p-1022");
   EXPECT_EQ(Written(1.0, {kHexadecimal | Flags::internal, 6, 8, '*'}), "0x**1p+0");
-  EXPECT_EQ(Written(std::numeric_limits<double>::quiet_NaN(), {Flags::uppercase, 6, 5, ' '}),
-            "  NAN");
+  EXPECT_EQ(Written(kNaN, {Flags::uppercase, 6, 5, ' '}), "  NAN");
 }
 
 #if defined(__GLIBC__) && defined(__GLIBCXX__)

@@ -4,7 +4,6 @@
 #include <cfenv>
 #include <cmath>
 #include <cstdlib>
-#include <limits>
 #include <string>
 #include <vector>
 
@@ -14,6 +13,7 @@
 #include "portable_math/tangent.h"
 #include "support/bits.h"
 #include "support/modes.h"
+#include "support/not_finite.h"
 #include "support/numbers.h"
 #include "support/scale.h"
 
@@ -26,9 +26,6 @@ using portable_math::SineCosine;
 using portable_math::SineCosineInWholeNumbers;
 using portable_math::Tangent;
 using portable_math::TangentInWholeNumbers;
-
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 template <std::size_t n, class Function>
 void ExpectCases(const HardCase (&cases)[n], Function function) {

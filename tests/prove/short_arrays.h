@@ -3,8 +3,9 @@
 #define ZEPH_TESTS_PROVE_SHORT_ARRAYS_H
 
 #include <cstdint>
-#include <limits>
 #include <vector>
+
+#include "support/not_finite.h"
 
 namespace zeph::prove {
 
@@ -39,12 +40,11 @@ struct ShortArrays {
 
 /// All values that differ in how they compare, at lengths that the sorts walk.
 inline ShortArrays WalkedArrays() {
-  constexpr double kInf = std::numeric_limits<double>::infinity();
-  return {{-kInf, -1, -0.0, 0.0, 1, kInf, std::numeric_limits<double>::quiet_NaN()}, 1, 8};
+  return {{-test::kInfinity, -1, -0.0, 0.0, 1, test::kInfinity, test::kNaN}, 1, 8};
 }
 /// Fewer values, at lengths from which on the sorts take their shortcuts.
 inline ShortArrays LongerArrays() {
-  return {{-0.0, 0.0, 1, std::numeric_limits<double>::quiet_NaN()}, 9, 10};
+  return {{-0.0, 0.0, 1, test::kNaN}, 9, 10};
 }
 inline ShortArrays LongestArrays() {
   return {{-1, 0.0, -0.0}, 11, 12};

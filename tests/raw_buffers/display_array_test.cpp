@@ -17,7 +17,7 @@
 #include "support/stream.h"
 
 using namespace zeph::test;
-using zeph::oracle::Listing;
+using oracle::Listing;
 
 namespace {
 

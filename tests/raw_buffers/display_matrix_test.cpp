@@ -11,8 +11,8 @@
 #include "support/stream.h"
 
 using namespace zeph::test;
-using zeph::oracle::MatrixListing;
-using zeph::oracle::VectorLine;
+using oracle::MatrixListing;
+using oracle::VectorLine;
 
 namespace {
 

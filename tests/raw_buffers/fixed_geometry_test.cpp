@@ -1,16 +1,15 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 #include <vector>
 
 #include "oracle/fixed_geometry.h"
 #include "raw_buffers.h"
 #include "support/bits.h"
+#include "support/not_finite.h"
 #include "support/numbers.h"
 
 using namespace zeph::test;
-namespace oracle = zeph::oracle;
 
 namespace {
 
@@ -98,7 +97,7 @@ TEST(RawMatrixMultiply3, AgreesWithTheOracleWhereverOutLies) {
 TEST(RawMatrixMultiply3, KeepsANaN) {
   double a[3][3] = {}, i[3][3];
   SetIdentity3(i);
-  a[1][1] = std::numeric_limits<double>::quiet_NaN();
+  a[1][1] = kNaN;
   ZEPH_MatrixMultiply3(a, i, a);
   EXPECT_TRUE(std::isnan(a[1][1]));
   EXPECT_SAME_BITS(a[0][0], 0.0);

@@ -7,6 +7,7 @@
 
 #include "raw_buffers.h"
 #include "support/bits.h"
+#include "support/not_finite.h"
 #include "support/numbers.h"
 
 using namespace zeph::test;
@@ -55,7 +56,7 @@ TEST(RawArrayMergeSorted, PutsTheElementOfTheSecondArrayFirstAmongEquals) {
 }
 
 TEST(RawArrayMergeSorted, TakesFromTheSecondArrayWhereANaNIsInvolved) {
-  const double nan = std::numeric_limits<double>::quiet_NaN();
+  const double nan = kNaN;
   EXPECT_TRUE(SameBits(MergedByLibrary<double>({nan, 1}, {2, 3}), {2, 3, nan, 1}));
   EXPECT_TRUE(SameBits(MergedByLibrary<double>({1, 5}, {nan, 3}), {nan, 1, 3, 5}));
 }

@@ -8,13 +8,12 @@
 #include "oracle/raw_norms.h"
 #include "raw_buffers.h"
 #include "support/bits.h"
+#include "support/not_finite.h"
 #include "support/numbers.h"
 
 using namespace zeph::test;
 
 namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 using ArrayNorm = double (*)(double*, int, int);
 using ArrayOracle = double (*)(const double*, int, int);
@@ -23,10 +22,10 @@ struct NamedArrayNorm {
   ArrayNorm norm;
   ArrayOracle oracle;
 };
-const NamedArrayNorm kArrayNorms[] = {{"one", ZEPH_ArrayOneNorm, zeph::oracle::ArrayOneNorm},
-                                      {"two", ZEPH_ArrayTwoNorm, zeph::oracle::ArrayTwoNorm},
-                                      {"two2", ZEPH_ArrayTwoNorm2, zeph::oracle::ArrayTwoNorm2},
-                                      {"max", ZEPH_ArrayMaxNorm, zeph::oracle::ArrayMaxNorm}};
+const NamedArrayNorm kArrayNorms[] = {{"one", ZEPH_ArrayOneNorm, oracle::ArrayOneNorm},
+                                      {"two", ZEPH_ArrayTwoNorm, oracle::ArrayTwoNorm},
+                                      {"two2", ZEPH_ArrayTwoNorm2, oracle::ArrayTwoNorm2},
+                                      {"max", ZEPH_ArrayMaxNorm, oracle::ArrayMaxNorm}};
 
 using MatrixNorm = double (*)(double**, int, int);
 using MatrixOracle = double (*)(double* const*, int, int);
@@ -35,12 +34,11 @@ struct NamedMatrixNorm {
   MatrixNorm norm;
   MatrixOracle oracle;
 };
-const NamedMatrixNorm kMatrixNorms[] = {
-    {"one", ZEPH_MatrixOneNorm, zeph::oracle::MatrixOneNorm},
-    {"max", ZEPH_MatrixMaxNorm, zeph::oracle::MatrixMaxNorm},
-    {"frob", ZEPH_MatrixFrobNorm, zeph::oracle::MatrixFrobNorm},
-    {"frob2", ZEPH_MatrixFrobNorm2, zeph::oracle::MatrixFrobNorm2},
-    {"frob3", ZEPH_MatrixFrobNorm3, zeph::oracle::MatrixFrobNorm3}};
+const NamedMatrixNorm kMatrixNorms[] = {{"one", ZEPH_MatrixOneNorm, oracle::MatrixOneNorm},
+                                        {"max", ZEPH_MatrixMaxNorm, oracle::MatrixMaxNorm},
+                                        {"frob", ZEPH_MatrixFrobNorm, oracle::MatrixFrobNorm},
+                                        {"frob2", ZEPH_MatrixFrobNorm2, oracle::MatrixFrobNorm2},
+                                        {"frob3", ZEPH_MatrixFrobNorm3, oracle::MatrixFrobNorm3}};
 
 /// Mixtures that meet each branch of the scaled step, and every special value.
 std::vector<double> Mixture(int kind, std::size_t n, std::uint64_t seed) {
@@ -122,7 +120,7 @@ TEST(RawArrayTwoNorm2, TakesTheDirectStepBelowAHundredAndTheScaledOneFromThere) 
   EXPECT_EQ(ZEPH_ArrayTwoNorm2(small, 2, 0), 5.0);
   EXPECT_EQ(ZEPH_ArrayTwoNorm2(large, 2, 0), 500.0);
   EXPECT_EQ(ZEPH_ArrayTwoNorm2(huge, 2, 0), 4e200 * std::sqrt(1.0 + 0.75 * 0.75));
-  EXPECT_EQ(ZEPH_ArrayTwoNorm(huge, 2, 0), std::numeric_limits<double>::infinity());
+  EXPECT_EQ(ZEPH_ArrayTwoNorm(huge, 2, 0), kInfinity);
 }
 
 TEST(RawArrayMaxNorm, LeavesWhatStandsBehindTheCountAlone) {
@@ -187,7 +185,7 @@ TEST(RawMatrixNorms, TakeRowsFromStartButColumnsFromZeroWhereTheyWorkByRow) {
   double* m[] = {r0, r1, r2};
   EXPECT_EQ(ZEPH_MatrixOneNorm(m, 2, 1), 300.0);  // columns 1 and 2 of rows 1 and 2
   EXPECT_EQ(ZEPH_MatrixMaxNorm(m, 2, 1), 7.0);    // columns 0 and 1
-  EXPECT_EQ(ZEPH_MatrixFrobNorm(m, 2, 1), zeph::oracle::Grow(std::sqrt(5.0), 5.0));
+  EXPECT_EQ(ZEPH_MatrixFrobNorm(m, 2, 1), oracle::Grow(std::sqrt(5.0), 5.0));
   EXPECT_EQ(ZEPH_MatrixFrobNorm3(m, 2, 1), std::sqrt(4.0 + 10000 + 16 + 40000));
 }
 

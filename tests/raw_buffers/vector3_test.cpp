@@ -1,16 +1,15 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 #include <vector>
 
 #include "oracle/fixed_geometry.h"
 #include "raw_buffers.h"
 #include "support/bits.h"
+#include "support/not_finite.h"
 #include "support/numbers.h"
 
 using namespace zeph::test;
-namespace oracle = zeph::oracle;
 
 namespace {
 
@@ -104,7 +103,7 @@ TEST(RawVectorGetLength3, AndNormalizeAgreeWithTheOracleToTheBit) {
 }
 
 TEST(RawVectorNormalize3, LeavesAVectorWithoutALengthAsItWas) {
-  const double nan = std::numeric_limits<double>::quiet_NaN();
+  const double nan = kNaN;
   for (const std::vector<double>& start : std::vector<std::vector<double>>{
            {0, 0, 0}, {-0.0, 0.0, -0.0}, {nan, 1, 2}, {1e-200, -1e-200, 0}}) {
     auto v = start;

@@ -7,11 +7,11 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <numeric>
 #include <string>
 #include <vector>
 
+#include "support/not_finite.h"
 #include "support/random.h"
 
 namespace zeph::test {
@@ -48,8 +48,7 @@ class QuickSortAdversary {
   const std::vector<double>& Values() const { return value_; }
 
  private:
-  static constexpr double kOpen = std::numeric_limits<double>::infinity();
-  static constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+  static constexpr double kOpen = kInfinity;
 
   double& Value(std::ptrdiff_t i) { return value_[at_[static_cast<std::size_t>(i)]]; }
   void Swap(std::ptrdiff_t i, std::ptrdiff_t j) {
@@ -180,7 +179,7 @@ inline std::vector<double> Killer(Content content, std::size_t n,
                 : MedianOfThreeKiller(n);
   for (double& x : v) x = x / 128;
   if (nan)
-    for (std::size_t i : places) v[i] = std::numeric_limits<double>::quiet_NaN();
+    for (std::size_t i : places) v[i] = kNaN;
   else if (!places.empty())
     PutZeros(v, places.size(), random);
   return v;
@@ -202,7 +201,7 @@ inline std::vector<double> Hostile(Content content, Arrangement arrangement, std
     v = hostile::Killer(content, n, places, random);
   } else {
     for (std::size_t k = 0; k < places.size(); ++k)
-      v[places[k]] = hostile::IsNan(content)          ? std::numeric_limits<double>::quiet_NaN()
+      v[places[k]] = hostile::IsNan(content)          ? kNaN
                      : content == Content::kBothZeros ? (k % 2 ? -0.0 : 0.0)
                      : random.Below(2)                ? -0.0
                                                       : 0.0;

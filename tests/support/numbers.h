@@ -12,6 +12,7 @@
 
 #include "support/bits.h"
 #include "support/hostile.h"
+#include "support/not_finite.h"
 #include "support/random.h"
 
 namespace zeph::test {
@@ -120,7 +121,7 @@ inline const std::vector<Order>& Orders() {
       {"one NaN",
        [](std::size_t n, std::uint64_t seed) {
          auto v = Moderate(n, seed);
-         if (n) v[static_cast<std::size_t>(seed % n)] = std::numeric_limits<double>::quiet_NaN();
+         if (n) v[static_cast<std::size_t>(seed % n)] = kNaN;
          return v;
        }},
       {"sorted", [](std::size_t n, std::uint64_t) { return ramp(n); }},

@@ -1,0 +1,16 @@
+// The values that are no finite number.
+#ifndef ZEPH_TESTS_SUPPORT_NOT_FINITE_H
+#define ZEPH_TESTS_SUPPORT_NOT_FINITE_H
+
+#include <limits>
+
+namespace zeph::test {
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr float kNaNF = std::numeric_limits<float>::quiet_NaN();
+constexpr float kInfinityF = std::numeric_limits<float>::infinity();
+
+}  // namespace zeph::test
+
+#endif  // ZEPH_TESTS_SUPPORT_NOT_FINITE_H

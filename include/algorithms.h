@@ -128,8 +128,8 @@ ZEPH_API int ZEPH_RoundOffToInt(double x);
 ///
 /// 0 for magnitudes from 1 up to 10^digits; above, the exponent that leaves `digits` whole digits
 /// in the mantissa, but one digit more for an exact power of ten; below 1, the floor of log10, so
-/// -1 from 0.1 on. For 0, infinities and NaN, log10 has no int, and the result is the most negative
-/// int.
+/// -1 from 0.1 on. For 0, infinities and NaN no int holds log10, and the result is the most
+/// negative int.
 ///
 ///     ZEPH_MathGetScientificNotationBase(12345.0, 2);  // 3
 ///     ZEPH_MathGetScientificNotationBase(0.05, 2);     // -2
@@ -200,11 +200,11 @@ ZEPH_API void ZEPH_MathGetExponent(double& value, double ignored, int exponent);
 /// when the call ends, by an exception too. Nothing else is checked: there must be `n` items.
 /// `k = n - 1` lists the sequence as it stands; `k >= n` lists nothing.
 ///
-/// All forms return 1, or 0 (and do nothing) when `s` or the stream is null. Whatever could not be
-/// written to a stream is lost silently; its error flag tells. All forms put lines
-/// together in about 68 KiB of the stack, whatever `n` is below a few hundred, and one more frame for
-/// each item; the stream forms ask for no heap; the string forms may throw what memory exhaustion
-/// throws, with complete blocks of the text appended. (n - k)! lines are written; 10! characters take about 80 MB.
+/// All forms return 1, or 0 (and do nothing) when `s` or the stream is null. Output errors are not
+/// reported: the stream's error flag shows them. All forms compose their lines in about 68 KiB of
+/// stack, for any `n` up to a few hundred, plus one frame for each item. The stream forms allocate
+/// nothing; the string forms may throw when memory runs out, and whole blocks of the text are then
+/// appended already. (n - k)! lines are written; 10! characters take about 80 MB.
 ///
 ///     char word[] = {'a', 'b', 'c'};
 ///     CZEPHPermutation::Run(word, 0, 3, stdout);  // prints "a b c \na c b \nb a c \n..."
@@ -235,9 +235,10 @@ class ZEPH_API CZEPHPermutation {
   /// Appends each ordering as its numbers, a blank after every one, and a line feed.
   static int Run(int* s, int k, int n, CString& out);
 
-  /// Writes a demonstration of all four forms to `f`; 1, or 0 and nothing when `f` is null.
+  /// Writes a demonstration of all four forms to `f` and returns 1; writes nothing and returns 0
+  /// when `f` is null.
   ///
-  /// The closing banner stands before the integer part, on purpose.
+  /// The closing banner comes before the integer part, on purpose.
   ///
   ///     CZEPHPermutation::Test1(stdout);  // prints "\n@@@( CZEPHPermutation::Test1()..."
   static int Test1(FILE* f);
@@ -274,28 +275,31 @@ class ZEPH_API CZEPHIntegralSearch {
 
   /// An index of `key` in the ascending `a[0]`..`a[n-1]`, by halving; logarithmic time.
   ///
-  /// Of equal elements the first that a middle meets, not the lowest. In an array that does not
-  /// ascend the result is an index of `key` or -1.
+  /// Of several equal elements the first one probed, not the lowest index. In an array that does
+  /// not ascend the result is an index of `key` or -1.
   static int BinarySearch(int* a, int n, int key);
 
-  /// The recursive form over `a[low]`..`a[high]`, whose result is only right at the first middle.
+  /// The recursive form over `a[low]`..`a[high]`, which finds `key` reliably only in the first
+  /// middle.
   ///
-  /// Its steps pass themselves (key, low, middle - 1) or (key, middle + 1, high) as the next (low,
-  /// high, key), in this order, and programs print what comes of it: the index of `key` where it
-  /// stands in the first middle, (low + high) / 2 cut off toward zero; otherwise -1, or an index
-  /// that the exchanged arguments lead to. For a search that finds, call the form with a count.
+  /// Each step passes (key, low, middle - 1) or (key, middle + 1, high) on as the next (low, high,
+  /// key): the arguments are in the wrong order, and programs print what comes of it. The result is
+  /// the index of `key` where it is in the first middle, (low + high) / 2 truncated toward zero;
+  /// otherwise -1, or an index that the exchanged arguments lead to. For a search that works, call
+  /// the form with a count.
   ///
-  /// Returns -1 where `low > high` and where the same (low, high, key) comes again, which would go
-  /// round for ever; -1000 for a null array only. Indices are not checked, and the exchanged
-  /// arguments can lead away from `low`, `high` and `key` by any distance: elements must stand
-  /// wherever they lead. Offset arrays are legal, so indices may be negative. Constant stack.
+  /// Returns -1 where `low > high` and where the same (low, high, key) recurs, which would never
+  /// end; -1000 for a null array only. Indices are not checked, and the exchanged arguments can
+  /// lead any distance from `low`, `high` and `key`: there must be elements wherever they lead.
+  /// Offset arrays are legal, so indices may be negative. Uses constant stack.
   ///
   ///     int a[] = {2, 4, 5, 7, 10, 12, 14, 15, 17, 25};
   ///     CZEPHIntegralSearch::BinarySearch(a, 0, 9, 10);  // 4
   ///     CZEPHIntegralSearch::BinarySearch(a, 0, 9, 12);  // -1
   static int BinarySearch(int* a, int low, int high, int key);
 
-  /// Writes a demonstration to `f`, with timings by CZEPHDSTimer; 1, or 0 when `f` is null.
+  /// Writes a demonstration to `f`, with timings by CZEPHDSTimer, and returns 1; returns 0 when `f`
+  /// is null.
   ///
   /// The times (columns RunTime and Total, in milliseconds) are the machine's, the rest is fixed.
   ///
@@ -314,10 +318,10 @@ class ZEPH_API CZEPHIntegralSearch {
 
 // ---- Selection sort -----------------------------------------------------------------------------
 
-/// Ascending sort of plain blocks with the outcome of selection: pass i exchanges the first of the
-/// least values from position i on into position i, also where it stands there already. Ints take
-/// n log n time. Doubles, whose exchange changes values, look at 128 elements a pass, or at n / 256
-/// where that is more. Neither asks for memory.
+/// Sorts plain blocks into ascending order, with the result of a selection sort: pass i exchanges
+/// the first of the smallest values from position i on with the value at position i, even where it
+/// is there already. Ints take O(n log n) time. A pass over doubles, whose exchange changes values,
+/// looks at 128 elements, or at n / 256 where that is more. Neither allocates memory.
 ///
 ///     int a[] = {3, 1, 2};
 ///     CZEPHSelectionSort::Run(a, 3);  // a is (1, 2, 3)
@@ -333,7 +337,7 @@ class ZEPH_API CZEPHSelectionSort {
   /// Copies nothing.
   CZEPHSelectionSort& operator=(const CZEPHSelectionSort& other);
 
-  /// Sorts `a[0]`..`a[n-1]`; 1, or 0 (and nothing done) when `a` is null or `n < 1`.
+  /// Sorts `a[0]`..`a[n-1]` and returns 1; does nothing and returns 0 when `a` is null or `n < 1`.
   static int Run(int* a, int n);
 
   /// The same for doubles, but every exchange passes the displaced value through an int.
@@ -348,9 +352,9 @@ class ZEPH_API CZEPHSelectionSort {
 
   /// Fills `n` ints and `n` doubles at random, writes, sorts and writes them again, to `f`.
   ///
-  /// 1, or 0 (and nothing written) when `f` is null. Allocates one block at a time; exhaustion, and
-  /// a negative `n`, pass to the caller as what the allocation operator throws, behind the text
-  /// written so far.
+  /// Returns 1, or 0 (and writes nothing) when `f` is null. Allocates one block at a time; when
+  /// memory runs out or `n` is negative, the allocation operator's exception passes to the caller,
+  /// after the text written so far.
   ///
   ///     CZEPHSelectionSort::Test1(10, stdout);  // prints "\n@@@( CZEPHSelectionSort::Test1()..."
   static int Test1(int n, FILE* f);
@@ -366,7 +370,7 @@ class ZEPH_API CZEPHSelectionSort {
 ///     tester.Run(CZEPHSortTester::SORT_METHOD_TYPE(1), 5, stdout);  // 1, and says "undefined"
 class ZEPH_API CZEPHSortTester {
  public:
-  /// The methods there are. Any other number is reported as undefined.
+  /// The available methods. Any other number is reported as undefined.
   enum SORT_METHOD_TYPE : int {
     SELECTION_SORT = 0  ///< CZEPHSelectionSort
   };
@@ -378,15 +382,16 @@ class ZEPH_API CZEPHSortTester {
 
   /// Fills `a[0]`..`a[n-1]` with 0..32767; with a `sign` other than 0, about half of them negative.
   ///
-  /// 1, or 0 (and nothing done) when `a` is null or `n <= 0`. Each call seeds the generator, which the
-  /// application shares (see ZEPH_MathRandomSeed), with the time in seconds plus one draw from it.
+  /// Returns 1, or 0 (and does nothing) when `a` is null or `n <= 0`. Each call seeds the
+  /// generator, which the application shares (see ZEPH_MathRandomSeed), with the time in seconds
+  /// plus one draw from it.
   static int Randomize(int* a, int n, int sign);
 
   /// The same for doubles: 0.0 to 999.9 in steps of 0.1.
   static int Randomize(double* a, int n, int sign);
 
-  /// Announces a test on `f` and runs the demonstration of `method` with `n` values; 1, for an
-  /// unknown method too (reported on `f`), or 0 when `f` is null.
+  /// Announces a test on `f` and runs the demonstration of `method` with `n` values. Returns 1, for
+  /// an unknown method too (reported on `f`), or 0 when `f` is null.
   ///
   /// The demonstration itself goes to the standard output, whatever stream is given.
   static int Run(SORT_METHOD_TYPE method, int n, FILE* f);
@@ -401,7 +406,7 @@ class ZEPH_API CZEPHSortTester {
 ///
 /// Follows the wall clock where it is set or stepped, so a reading can be too long, or negative. A
 /// negative reading counts as "never started" until the next Start: Stop then returns it again
-/// without looking at the clock. Seconds are taken modulo 2^32 and times reckoned in 32 bits, so
+/// without looking at the clock. Seconds are taken modulo 2^32 and times computed in 32 bits, so
 /// readings wrap after 24 days. For intervals that must not step use std::chrono::steady_clock.
 ///
 ///     CZEPHDSTimer watch;
@@ -415,7 +420,7 @@ class ZEPH_API CZEPHSortTester {
 ///     third.End();               // and Stop
 class ZEPH_API CZEPHDSTimer {
  public:
-  /// A watch never started: `elapsed` is -1000, the records are not set.
+  /// A watch that was never started: `elapsed` is -1000, the records are not set.
   CZEPHDSTimer();
   CZEPHDSTimer(const CZEPHDSTimer& other);
   virtual ~CZEPHDSTimer();
@@ -429,7 +434,8 @@ class ZEPH_API CZEPHDSTimer {
   /// measures from the same start. -1000 from a watch never started.
   long Stop();
 
-  /// A reading of 1 ms or more that is held, without looking at the clock; otherwise Stop().
+  /// The last reading if it is 1 ms or more, without looking at the clock; otherwise the same as
+  /// Stop().
   long GetProcessTime();
 
   /// The same as Start.
@@ -438,8 +444,9 @@ class ZEPH_API CZEPHDSTimer {
   /// The same as Stop.
   long End();
 
-  /// Writes a report to `f`: the reading around a sleep of `ms` milliseconds; 1, or 0 (and no
-  /// sleep) when `f` is null. A negative `ms` sleeps as long as its low 32 bits without sign say.
+  /// Writes a report of the reading around a sleep of `ms` milliseconds to `f` and returns 1;
+  /// returns 0 without sleeping when `f` is null. A negative `ms` is read as an unsigned 32-bit
+  /// number.
   ///
   ///     CZEPHDSTimer::Test1(5, stdout);  // prints "@@@( CZEPHDSTimer::Test1()...BEGIN\n..."
   static int Test1(long ms, FILE* f);
@@ -455,8 +462,8 @@ class ZEPH_API CZEPHDSTimer {
 ///
 /// That is the C runtime's, seeded as by its `srand`; with ZEPH_PORTABLE_MATH it is one of the
 /// library's own, which only the library's functions draw from and seed, and a seed gives the same
-/// numbers on every system: the linear congruence that the C standard shows as an example, 15 bits of
-/// 32, from seed 1.
+/// numbers on every system: the linear congruential generator that the C standard shows as an
+/// example, with 32 bits of state and 15 bits a draw, seeded with 1.
 ///
 ///     ZEPH_MathRandomSeed(7);
 ///     const int first = ZEPH_MathRandom(1000);
@@ -472,7 +479,7 @@ ZEPH_API void ZEPH_MathRandomSeed(unsigned seed);
 ///     ZEPH_MathIsPortable() == int(ZEPH_PortableMath);  // 1: the library is the one compiled for
 ZEPH_API int ZEPH_MathIsPortable();
 
-/// The same as the package says that this program was compiled with.
+/// The same, as known when this program was compiled: what the package it was built with says.
 #ifdef ZEPH_PORTABLE_MATH
 ZEPH_ADDED inline constexpr bool ZEPH_PortableMath = true;
 #else

@@ -8,10 +8,10 @@
 //   about an axis     ZEPH_BatchRotateAxis
 //   of vectors        ZEPH_BatchNormalize, ZEPH_BatchDot, ZEPH_BatchCross, ZEPH_BatchBounds
 //
-// A program that loops over an array of vectors pays a call for each. These functions pay one for
-// all, and work on eight or sixteen objects at a time where the processor can. Every result has the
-// bits that the named call on the single object gives; where two NaN meet, which of them comes out
-// is left open there and here.
+// A program that loops over an array of vectors pays for a call on each. These functions take one
+// call for all of them, and work on eight or sixteen objects at a time where the processor can.
+// Every result has the bits that the named call on the single object gives; where two NaN meet, it
+// is unspecified, there and here, which of them is the result.
 //
 //     std::vector<CZEPHVector3D> points = ...;
 //     CZEPHMatrix4x4 m;
@@ -24,15 +24,15 @@
 //     may be null.
 //   - Arrays need no alignment beyond their elements'. `out` may be the very array that is read
 //     (its first object the first one read). Any other overlap of `out` with an array that is read
-//     is an error, which hardened builds stop at; other builds do not look and give unspecified
+//     is an error: hardened builds stop there, other builds do not check and leave unspecified
 //     elements. A matrix or axis is read before anything is written and may lie anywhere.
 //   - The objects of `out` exist already; their components are overwritten. Nothing is constructed,
 //     so that the counts of live CZEPHMatrix4 and CZEPHVector3 objects stay.
 //   - Nothing is allocated, thrown or reported. Floating-point exceptions are raised as the single
-//     calls raise them, the host's rounding and denormal modes hold.
+//     calls raise them, and the host's rounding and denormal modes apply.
 //   - Any number of threads may work on arrays of their own at once.
-//   - The cost is linear: a fraction of a nanosecond to a few an object, by the class and the
-//     processor; above a few thousand objects the memory sets the pace.
+//   - The cost is linear: from a fraction of a nanosecond to a few nanoseconds an object, depending
+//     on the class and the processor; above a few thousand objects memory bandwidth sets the pace.
 #ifndef ZEPH_BATCH_H
 #define ZEPH_BATCH_H
 
@@ -44,7 +44,7 @@
 
 /// Points: out[i] = CZEPHVector3D(m * CZEPHVector4D(points[i])).
 ///
-/// That is the product with (x, y, z, 1), divided by its w unless this is exactly 0 or 1; an affine
+/// That is the product with (x, y, z, 1), divided by its w unless w is exactly 0 or 1; an affine
 /// matrix leaves w at 1 and never divides.
 ///
 ///     CZEPHMatrix4x4 m;
@@ -55,7 +55,7 @@
 ZEPH_API void ZEPH_BatchTransformPoints(const CZEPHMatrix4x4& m, const CZEPHVector3D* points,
                                         CZEPHVector3D* out, int n);
 
-/// Directions: out[i] = m.GetRotatedVector3D(directions[i]). The translation has no part in it.
+/// Directions: out[i] = m.GetRotatedVector3D(directions[i]). The translation is ignored.
 ///
 ///     CZEPHMatrix4x4 m;
 ///     m.SetUniformScale(2);
@@ -134,12 +134,12 @@ ZEPH_API void ZEPH_BatchCross(const CZEPHVector3D* a, const CZEPHVector3D* b, CZ
 ZEPH_API void ZEPH_BatchCross(const CZEPHVector3* a, const CZEPHVector3* b, CZEPHVector3* out,
                               int n);
 
-/// The corners of the box around n points, and 1; for `n` < 1 only 0.
+/// Stores the corners of the bounding box of n points and returns 1; for `n` < 1 only returns 0.
 ///
-/// In each component `low` starts with the first point's and becomes every later one that is
-/// strictly below it, `high` likewise above it. So a NaN in the first point stays, any other is
-/// passed over, and of zeros of both signs the first one stands. `low` and `high` may be among the
-/// points: they are written last, `high` behind `low`.
+/// Each component of `low` starts as the first point's and is replaced by every later one that is
+/// strictly below it; `high` likewise, strictly above it. So a NaN in the first point stays, any
+/// other is skipped, and of zeros of both signs the first is kept. `low` and `high` may be among
+/// the points: they are written last, `high` after `low`.
 ///
 ///     CZEPHVector3D low, high;
 ///     ZEPH_BatchBounds(points.data(), int(points.size()), low, high);

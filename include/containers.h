@@ -29,7 +29,7 @@
 template <class T>
 class ZEPH_API CZEPHLink {
  public:
-  /// A node of its own: `m_pNext` is null.
+  /// A node with `value` that is in no list: `m_pNext` is null.
   ZEPH_EMIT CZEPHLink(T value) : m_value(value), m_pNext(nullptr) {}  // NOLINT: implicit on purpose
   /// Copies both fields as they stand.
   CZEPHLink(const CZEPHLink& other) = default;
@@ -77,7 +77,7 @@ class ZEPH_API CZEPHLinkList {
 
   /// Links one node in front of the first node whose value it is not greater than, or at the end.
   ///
-  /// Takes ownership. `link` must not be in a list already; null is ignored. Costs a walk to the
+  /// Takes ownership. `link` must not be in a list already; null is ignored. Costs a walk to that
   /// place. Method: ordered insertion with a trailing pointer.
   void InsertOrdered(CZEPHLink<T>* link);
 
@@ -85,7 +85,7 @@ class ZEPH_API CZEPHLinkList {
   /// into the list as it stands.
   ///
   /// Takes ownership of the nodes, not of the table. A count below 1 or a null table does nothing;
-  /// null entries are passed over. Costs O(count log count) and one walk through the list (one for
+  /// null entries are skipped. Costs O(count log count) and one walk through the list (one for
   /// every NaN among the values, if there are any), against O(count^2) for single insertions.
   /// Method: insertion sort through a list, computed by merging.
   ///
@@ -137,7 +137,7 @@ class ZEPH_API CZEPHLinkData {
 
 /// A singly linked list of caller-owned nodes in ascending order of their keys.
 ///
-/// Among equal keys the node inserted last comes first. The list never releases a node, also not in
+/// Among equal keys the node inserted last comes first. The list never releases a node, not even in
 /// Remove. Copies are shallow: two lists then share one chain. It allocates nothing.
 ///
 ///     CZEPHLinkData one(1), three(3);
@@ -157,7 +157,7 @@ class ZEPH_API CZEPHSortedLinkList {
   /// Links one node in front of the first node whose key is not smaller, or at the end.
   ///
   /// `node` must not be in a list already and must outlive its time in this one; null is ignored.
-  /// Costs a walk to the place.
+  /// Costs a walk to that place.
   void Insert(CZEPHLinkData* node);
 
   /// The first node with this key, or null; the walk ends at the first greater key.
@@ -194,9 +194,10 @@ struct ZEPH_StackNode {
 
 /// A last-in, first-out stack of untyped pointers, which it never follows or releases.
 ///
-/// Pop everything before the stack dies: its destructor releases no node. Copying and assignment
-/// copy the address of the top node, so two stacks then share one chain; a Pop on one leaves the
-/// other at a released node. Push allocates one node, Pop releases one, each in constant time.
+/// Pop everything before the stack is destroyed: its destructor releases no node. Copying and
+/// assignment copy the address of the top node, so two stacks then share one chain; a Pop on one
+/// leaves the other at a released node. Push allocates one node, Pop releases one, each in constant
+/// time.
 ///
 ///     CZEPHStack stack;
 ///     stack.Push(&a);
@@ -221,8 +222,8 @@ class ZEPH_API CZEPHStack {
 
   /// Puts `p` on top. A null can be pushed, but Pop and Peek return null for an empty stack too.
   ///
-  /// When memory runs out, what the allocation operator throws passes to the caller and the stack
-  /// is as before. Where an application's operator returns null instead, the stack becomes empty
+  /// When memory runs out, the allocation operator's exception passes to the caller and the stack
+  /// is unchanged. Where an application's operator returns null instead, the stack becomes empty
   /// and its nodes stay allocated.
   void Push(void* p);
 
@@ -238,7 +239,7 @@ class ZEPH_API CZEPHStack {
 /// As CZEPHStack, but for the destructor, which releases the top node, and a demonstration.
 ///
 /// Two of them that share a chain (by copying or assignment) would both release its top node: empty
-/// one, or set its `m_pTop` to null, before it dies.
+/// one, or set its `m_pTop` to null, before it is destroyed.
 ///
 ///     int x = 1;
 ///     CZEPHPointerStack stack, shared;
@@ -288,8 +289,8 @@ class ZEPH_API CZEPHPointerStack {
 //
 // A compare function is given two elements and returns a number below 0 when the first sorts before
 // the second, 0 when they are equal, above 0 when the first sorts after. It should order elements
-// consistently and leave the collection alone; a function that contradicts itself leaves some order
-// of the same elements, and never leads outside the range. It may throw: the collection then holds
+// consistently and leave the collection alone; an inconsistent function leaves the same elements in
+// some order, and never causes an access outside the range. It may throw: the collection then holds
 // the same elements in some order. A null function must not be passed (hardened builds check).
 
 /// An array of object pointers that sorts itself. Owns none of the objects.
@@ -319,17 +320,17 @@ class ZEPH_API CZEPHSortableObArray : public CObArray {
   /// nothing.
   ///
   /// The range is not checked against the array's size: what it covers of the storage (up to
-  /// `m_nMaxSize`) is sorted, elements dropped by a smaller SetSize included. The storage is looked
-  /// up once; if `compare` makes the array move it, sorting stops there. Hardened builds insist on
-  /// a range inside the array.
+  /// `m_nMaxSize`) is sorted, including elements dropped by a smaller SetSize. The storage is
+  /// looked up once; if `compare` makes the array move it, sorting stops there. Hardened builds
+  /// require a range inside the array.
   void Sort(int first, int count, int (*compare)(CObject*, CObject*));
 
   /// Our addition: sorts the whole array stably, by a merge sort with n log2 n calls of `compare`.
   ///
-  /// Sort keeps to its documented sequence of calls, which `compare` can see; this one does not,
-  /// and takes memory for two copies of the pointers. Elements that compare equal keep their order.
-  /// The array is written when all is compared: where `compare` or the allocation throws, it is as
-  /// before. `compare` must leave the array alone.
+  /// Sort keeps to its documented sequence of calls, which `compare` can observe; this one does
+  /// not, and allocates memory for two copies of the pointers. Elements that compare equal keep
+  /// their order. The array is written only after the last comparison: where `compare` or the
+  /// allocation throws, it is unchanged. `compare` must leave the array alone.
   ZEPH_ADDED void SortStable(int (*compare)(CObject*, CObject*)) {
     ZEPH_REQUIRE_POINTER("CZEPHSortableObArray::SortStable", compare);
     OrderStably(0, m_nSize, compare);
@@ -355,8 +356,8 @@ class ZEPH_API CZEPHSortableObArray : public CObArray {
 
 /// A doubly linked list of object pointers that sorts itself. Owns none of the objects.
 ///
-/// Sorting moves the pointers between the nodes; the nodes, their links and every POSITION stay
-/// where they are, so that a POSITION may afterwards refer to another object.
+/// Sorting moves the pointers between the nodes; the nodes, their links and every POSITION stay the
+/// same, so a POSITION may refer to another object afterwards.
 ///
 ///     CZEPHSortableObList names;
 ///     names.AddTail(&zoe);
@@ -385,10 +386,10 @@ class ZEPH_API CZEPHSortableObList : public CObList {
   /// Our addition: sorts the whole list by a merge sort with n log2 n calls of `compare`, where Sort
   /// makes up to n(n-1)/2.
   ///
-  /// The outcome is that of Sort, which is stable as well; Sort keeps to its documented sequence of
-  /// calls, which `compare` can see, while this one takes memory for three copies of the pointers.
-  /// The list is written when all is compared: where `compare` or the allocation throws, it is as
-  /// before. `compare` must leave the list alone.
+  /// The result is that of Sort, which is stable as well; Sort keeps to its documented sequence of
+  /// calls, which `compare` can observe, while this one allocates memory for three copies of the
+  /// pointers. The list is written only after the last comparison: where `compare` or the
+  /// allocation throws, it is unchanged. `compare` must leave the list alone.
   ZEPH_ADDED void SortStable(int (*compare)(CObject*, CObject*)) {
     ZEPH_REQUIRE_POINTER("CZEPHSortableObList::SortStable", compare);
     OrderStably(m_pNodeHead, static_cast<unsigned>(-1), compare);

@@ -14,7 +14,7 @@
 //   additions    move construction, begin and end, more argument types (at the foot)
 //
 // Misuse that the interface calls fatal prints "@@@@( Error: ", a message and a line feed on
-// std::cout and ends the process with status 1. Everything else that is said to be unchecked is.
+// std::cout and ends the process with status 1. What is called unchecked is not checked at all.
 #ifndef ZEPH_DOUBLE_ARRAY_H
 #define ZEPH_DOUBLE_ARRAY_H
 
@@ -47,7 +47,7 @@ class ZEPH_API CZEPHDoubleArray {
   /// `n` elements of value `v`.
   ///
   /// When memory runs out, or `n` is negative, the array has `size` == `n` and no storage; nothing
-  /// is thrown or printed. So do the other constructors.
+  /// is thrown or printed. The same holds for the other constructors.
   CZEPHDoubleArray(int n, double v);
 
   /// A copy of the `n` values at `src`, which is read only; null leaves the elements unspecified.
@@ -105,14 +105,14 @@ class ZEPH_API CZEPHDoubleArray {
     return data[i];
   }
 
-  /// Element `i`, after CheckBound(i). GetEntry(size) passes the check and reads the slot behind
+  /// Element `i`, after CheckBound(i). GetEntry(size) passes the check and reads the place after
   /// the last element, which the array need not own.
   ZEPH_EMIT double GetEntry(int i) {
     if (!data || i < 0 || i > size) CheckBound(i);
     return data[i];
   }
 
-  /// 1 when there is storage and 0 <= i <= size (one past the end passes); otherwise fatal,
+  /// Returns 1 when there is storage and 0 <= i <= size (one past the end passes); otherwise fatal,
   /// "Vector check bound error!\n".
   ///
   ///     CZEPHDoubleArray a(3, 2.5);
@@ -161,15 +161,14 @@ class ZEPH_API CZEPHDoubleArray {
 
   // --- text ---
 
-  /// Writes each element and one blank; behind elements 10, 20, 30, ... (counted from 0) a line end
+  /// Writes each element and one blank; after elements 10, 20, 30, ... (counted from 0) a line end
   /// with flush, so the first line holds eleven elements and each later one ten. No final line end.
   ///
   ///     CZEPHDoubleArray a(3, 0.5);
   ///     a.Display(std::cout);  // prints "0.5 0.5 0.5 "
   void Display(std::ostream& os);
 
-  /// Appends "{ ", each element by "%lf  " with "\r\n" behind elements 10, 20, 30, ..., and
-  /// "}\r\n".
+  /// Appends "{ ", each element by "%lf  " with "\r\n" after elements 10, 20, 30, ..., and "}\r\n".
   ///
   /// Only appends. The decimal point is that of the C locale in force.
   ///
@@ -191,16 +190,16 @@ class ZEPH_API CZEPHDoubleArray {
   // --- sorts ---
   //
   // All sort in place into ascending order by plain comparison of doubles, so 0.0 and -0.0 are
-  // equal and a NaN is neither above nor below anything. What equal values differ in, the sign of
-  // zero, makes stability visible. Unless said otherwise no memory is allocated.
+  // equal and a NaN is neither above nor below anything. Equal values can differ in the sign of
+  // zero, which makes stability visible. Unless said otherwise no memory is allocated.
 
   /// Bubble sort with n - 2 passes; sets `sorted` to 1.
   ///
-  /// One pass short: elements 0 and 1 end exchanged when the last element was strictly below all
-  /// others (3 2 1 gives 2 1 3), and up to two elements stay as they are. The flag is 1 all the
-  /// same. Stable: zeros of both signs keep their order. A NaN stays in its place and parts the
-  /// array: the elements between two NaNs are sorted among themselves. Costs O(n log n), the result
-  /// that of the O(n^2) exchanges.
+  /// One pass short: elements 0 and 1 end up exchanged when the last element was strictly below all
+  /// others (3 2 1 gives 2 1 3), and up to two elements are not sorted at all. The flag is 1 all
+  /// the same. Stable: zeros of both signs keep their order. A NaN stays in its place and divides
+  /// the array: the elements between two NaNs are sorted among themselves. Costs O(n log n) for the
+  /// result of the O(n^2) exchanges.
   ///
   ///     double v[] = {3, 2, 1};
   ///     CZEPHDoubleArray a(3, v);
@@ -209,9 +208,9 @@ class ZEPH_API CZEPHDoubleArray {
 
   /// Insertion sort of the whole array; sets `sorted` to 1.
   ///
-  /// A key moves in front of equal keys before it: zeros of both signs end in reverse order. A NaN
-  /// stays in its place and parts the array: the elements between two NaNs are sorted among
-  /// themselves. Costs O(n log n), the result that of insertion one by one.
+  /// A key moves in front of the equal keys before it, so zeros of both signs end up in reverse
+  /// order. A NaN stays in its place and divides the array: the elements between two NaNs are
+  /// sorted among themselves. Costs O(n log n) for the result of inserting one by one.
   ///
   ///     double v[] = {3, 2, 1};
   ///     CZEPHDoubleArray a(3, v);
@@ -228,9 +227,9 @@ class ZEPH_API CZEPHDoubleArray {
 
   /// Insertion sort through a linked list (CZEPHLinkList); sets `sorted` to 1.
   ///
-  /// Each value goes in front of the first one that it is not above: zeros of both signs end in
-  /// reverse order, and a NaN goes to the front, where it keeps all later values before it. Costs
-  /// O(n log n), the result that of insertion one by one; needs no nodes and leaves none behind.
+  /// Each value goes in front of the first one that it is not above: zeros of both signs end up in
+  /// reverse order, and a NaN goes to the front, where all later values are put before it. Costs
+  /// O(n log n) for the result of inserting one by one; no nodes are allocated.
   ///
   ///     double v[] = {3, 2, 1};
   ///     CZEPHDoubleArray a(3, v);
@@ -239,18 +238,18 @@ class ZEPH_API CZEPHDoubleArray {
 
   /// Shell sort with the gaps n/2, n/4, ..., 1; sets `sorted` to 1.
   ///
-  /// Not stable. Costs O(n log n); with NaN, which never move and part the chains, O(n log^2 n), up
-  /// to nine times as long as random data without (see docs/sorts.md). With zeros of both signs it
-  /// borrows up to 6 n bytes, with NaN 8 n, from std::malloc, and releases them; if there are none it
-  /// walks, at worst O(n^2), to the same result.
+  /// Not stable. Costs O(n log n); with NaN, which never move and divide the chains, O(n log^2 n),
+  /// up to nine times as long as random data without (see docs/sorts.md). With zeros of both signs
+  /// it allocates up to 6 n bytes by std::malloc, with NaN 8 n, and releases them; where it gets
+  /// none it takes the plain steps, at worst O(n^2), to the same result.
   ///
   ///     double v[] = {3, 2, 1};
   ///     CZEPHDoubleArray a(3, v);
   ///     a.ShellSort();  // a is (1, 2, 3)
   void ShellSort();
 
-  /// Quicksort by median of three, pieces of up to `cutoff` elements finished by another sort; sets
-  /// `sorted` to 1.
+  /// Quicksort by median of three, with pieces of up to `cutoff` elements finished by another sort;
+  /// sets `sorted` to 1.
   ///
   /// The same as recQuickSort(0, size - 1, cutoff). A cut-off around 10 is the classic choice.
   void QuickSort(int cutoff);
@@ -258,20 +257,21 @@ class ZEPH_API CZEPHDoubleArray {
   /// Quicksort of the elements `left` to `right`, both included and unchecked; leaves `sorted`
   /// alone.
   ///
-  /// While a piece has more than `cutoff` elements it is parted by MedianOf3 and QuickPartition;
-  /// the rest is finished by InsertionSort for `cutoff` > 3, else by ManualSort. A cut-off below 2
-  /// counts as 2. Not stable. Costs O(n log n) on any data; the depth of recursion is at most
-  /// log2(n). The result is that of the exchanges, which shows with NaN and with zeros of both signs.
-  /// Such data in an order made to be slow, of more than 16,384 elements, borrow 1/28 of their bytes
-  /// from std::malloc; without them partitions look at up to n / 256 elements for each one moved.
+  /// While a piece has more than `cutoff` elements it is partitioned by MedianOf3 and
+  /// QuickPartition; the rest is finished by InsertionSort for `cutoff` > 3, else by ManualSort. A
+  /// cut-off below 2 counts as 2. Not stable. Costs O(n log n) on any data; the depth of recursion
+  /// is at most log2(n). The result is that of the documented exchanges, which is visible with NaN
+  /// and with zeros of both signs. For more than 16,384 such elements in an adversarial order it
+  /// allocates 1/28 of their bytes by std::malloc; where it gets none, partitions look at up to n /
+  /// 256 elements for each one moved.
   ///
   ///     double v[] = {9, 3, 7, 1, 0};
   ///     CZEPHDoubleArray a(5, v);
   ///     a.recQuickSort(1, 3, 10);  // a is (9, 1, 3, 7, 0)
   void recQuickSort(int left, int right, int cutoff);
 
-  /// Puts elements `left`, (left + right) / 2 and `right` in ascending order, exchanges the middle
-  /// one with element `right` - 1 and returns it.
+  /// Sorts elements `left`, (left + right) / 2 and `right`, exchanges the middle one with element
+  /// `right` - 1 and returns it.
   ///
   ///     double v[] = {9, 3, 5, 7, 1};
   ///     CZEPHDoubleArray a(5, v);
@@ -279,18 +279,19 @@ class ZEPH_API CZEPHDoubleArray {
   ///     a;                  // (1, 3, 7, 5, 9)
   double MedianOf3(int left, int right);
 
-  /// Parts the elements `left` to `right` around `pivot` (any value; at most the range is read) and
-  /// returns the first index of the part that is not below it. Hoare's partition with limits.
+  /// Partitions the elements `left` to `right` around `pivot` (any value; nothing outside the range
+  /// is read) and returns the first index of the part that is not below it. Hoare's partition with
+  /// bounds checks.
   ///
   ///     double v[] = {9, 3, 5, 7, 1};
   ///     CZEPHDoubleArray a(5, v);
   ///     a.Partition(0, 4, 4.0);  // 2: 1 and 3 are below 4
   int Partition(int left, int right, double pivot);
 
-  /// Parts a piece laid out by MedianOf3, with `pivot` at `right` - 1, puts the pivot in its final
-  /// place and returns that index.
+  /// Partitions a piece prepared by MedianOf3, with `pivot` at `right` - 1, puts the pivot in its
+  /// final place and returns that index.
   ///
-  /// Its scans have no limits: they rely on element `left` <= pivot and element `right` - 1.
+  /// Its scans check no bounds: they rely on element `left` <= pivot and on element `right` - 1.
   ///
   ///     double v[] = {9, 3, 5, 7, 1};
   ///     CZEPHDoubleArray a(5, v);
@@ -299,7 +300,7 @@ class ZEPH_API CZEPHDoubleArray {
   ///     a;                              // (1, 3, 5, 7, 9)
   int QuickPartition(int left, int right, double pivot);
 
-  /// Sorts a piece of up to three elements by compare and exchange; of a longer one only elements
+  /// Sorts a piece of up to three elements by compare and exchange; of a longer piece only elements
   /// `left`, `right` - 1 and `right` are looked at.
   ///
   ///     double v[] = {9, 3, 5};
@@ -316,7 +317,8 @@ class ZEPH_API CZEPHDoubleArray {
 
   /// Sets `sorted` to whether the array is in ascending order, and returns it.
   ///
-  /// A descent at the very last pair still counts as sorted: 1 2 4 3 gives 1. A NaN is no descent.
+  /// A descent at the very last pair still counts as sorted: 1 2 4 3 gives 1. A pair with a NaN is
+  /// no descent.
   ///
   ///     double v[] = {1, 2, 4, 3};
   ///     CZEPHDoubleArray a(4, v);
@@ -337,14 +339,14 @@ class ZEPH_API CZEPHDoubleArray {
   ///     a.Find(4);  // -1
   int Find(double x);
 
-  /// 1 and the index of an element equal to `x`; 0 when none is.
+  /// Returns 1 and sets `index` to that of an element equal to `x`; returns 0 when there is none.
   ///
-  /// With `sorted` 0 it is Find, and a miss sets `index` to -1. Otherwise it halves: of several
-  /// equal elements it finds the one that halving meets first, and a miss leaves `index` as it was.
+  /// With `sorted` 0 it is Find, and a miss sets `index` to -1. Otherwise it is a binary search: of
+  /// several equal elements it finds the one it probes first, and a miss leaves `index` unchanged.
   /// It trusts the flag: elements changed since the sort may not be found.
   int BinarySearch(double x, int& index);
 
-  /// Removes the first element equal to `x`: 1, or 0 when none is.
+  /// Removes the first element equal to `x`; returns 1, or 0 when there is none.
   ///
   /// Later elements move down by one, `size` drops by 1, the block stays; `sorted` stays as it is.
   ///
@@ -355,10 +357,10 @@ class ZEPH_API CZEPHDoubleArray {
   int Remove(double x);
 
   /// Merges the ascending blocks `a` (`na` values) and `b` (`nb` values) into `out`, which holds
-  /// `na` + `nb`; of equal values that of `b` comes first. Uses nothing of this array.
+  /// `na` + `nb`; of equal values that of `b` comes first. This array itself is not used.
   ///
-  /// Where `out` overlaps a block, it holds what taking and writing one value at a time, front to
-  /// back, leaves; otherwise the order of the writes is not defined. Nothing is checked.
+  /// Where `out` overlaps a block, the result is that of reading and writing one value at a time,
+  /// front to back; otherwise the order of the writes is unspecified. Nothing is checked.
   ///
   ///     double a[] = {1, 5}, b[] = {2, 3, 9}, out[5];
   ///     CZEPHDoubleArray().MergeSortedArray(a, 2, b, 3, out);
@@ -381,7 +383,7 @@ class ZEPH_API CZEPHDoubleArray {
 
   /// The largest absolute value; 0.0 when empty.
   ///
-  /// A NaN in element 0 is the result; NaNs elsewhere are passed over.
+  /// A NaN in element 0 is the result; NaNs elsewhere are skipped.
   ///
   ///     double v[] = {3, -4};
   ///     CZEPHDoubleArray(2, v).MaxNorm();  // 4
@@ -448,7 +450,7 @@ class ZEPH_API CZEPHDoubleArray {
 
 // --- arithmetic: results are new arrays with `sorted` 0 ------------------------------------------
 //
-// When memory for the result runs out, it has its size and no storage.
+// Where memory runs out, the result has its size and no storage.
 
 /// The sums `a[i] + b[i]`. Different sizes are fatal: "bad vector sizes".
 ///
@@ -497,7 +499,7 @@ ZEPH_API double ZEPH_ArrayDotProduct(const CZEPHDoubleArray& a, const CZEPHDoubl
 // --- text ----------------------------------------------------------------------------------------
 
 /// Writes "Elements of the vector are: \n" and the elements: up to four on one line, two blanks
-/// behind each; five or more on a line each.
+/// after each; five or more on a line each.
 ///
 ///     std::cout << CZEPHDoubleArray(2, 0.5); // prints "Elements of the vector are: \n0.5  0.5  \n"
 ZEPH_API std::ostream& operator<<(std::ostream& os, const CZEPHDoubleArray& a);
@@ -515,8 +517,8 @@ ZEPH_API std::istream& operator>>(std::istream& is, CZEPHDoubleArray& a);
 
 // --- additions -----------------------------------------------------------------------------------
 
-/// As the forms for constants; the result takes over the storage of an operand that is about to
-/// die, so that `a + b + c + d` allocates once.
+/// As the forms for constants; the result takes over the storage of a temporary operand, so that `a
+/// + b + c + d` allocates once.
 inline ZEPH_ADDED CZEPHDoubleArray operator+(CZEPHDoubleArray&& a, const CZEPHDoubleArray& b) {
   if (!a.data || !b.data) return static_cast<const CZEPHDoubleArray&>(a) + b;
   return std::move(a += b);

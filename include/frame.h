@@ -11,9 +11,9 @@
 
 /// The library as an object of the framework.
 ///
-/// One instance exists for each time the shared library is loaded: made while it loads, without a
-/// name, and destroyed while it unloads. It starts nothing, and no operation of the library reads
-/// it. (A program linked with the static library holds that instance only if it uses this class.)
+/// One instance exists while the shared library is loaded: constructed, without a name, when it
+/// loads and destroyed when it unloads. It starts nothing, and no operation of the library reads
+/// it. (A program linked with the static library has that instance only if it uses this class.)
 ///
 ///     CZEPHDataStructureEngineApp module;
 ///     module.m_pszAppName == nullptr;  // 1

@@ -24,8 +24,8 @@
 //     the last bit with every compiler and processor; those that take a sine, cosine or tangent
 //     depend on the C runtime's, or with ZEPH_PORTABLE_MATH are the same everywhere too.
 //   - Comparisons are exact. Nothing here allocates, prints, throws or reports an error, and
-//     nothing is checked but what an entry says: NaN and infinities pass through by the ordinary
-//     rules, and null pointers must not be handed in.
+//     nothing is checked unless an entry says so: NaN and infinities follow the ordinary rules, and
+//     null pointers must not be passed.
 //   - Objects are plain values with a virtual destructor; distinct objects may be used by distinct
 //     threads at once.
 #ifndef ZEPH_GRAPHICS_H
@@ -614,8 +614,7 @@ class ZEPH_API CZEPHVector3S {
 };
 
 // Functions on records. Pointers may be equal; components are written in x, y, z order, each before
-// the next is computed, so that an output that is also an input is seen changing. Null is not
-// checked.
+// the next is computed, so an output that is also an input changes on the way. Null is not checked.
 
 /// `out` = `a` + `b`.
 ///
@@ -767,8 +766,9 @@ class ZEPH_API CZEPHMatrix4x4 {
   /// The product: applying it applies `other` first.
   ///
   /// Entry (i, j) is the sum over k = 0..3 of this(i, k) * other(k, j), in that order. Where a
-  /// factor is affine the terms that its bottom row makes vanish are dropped, so an infinity or NaN
-  /// elsewhere does not meet that 0; two affine factors give an exactly affine product.
+  /// factor is affine, the terms that the zeros of its bottom row cancel are left out, so an
+  /// infinity or NaN elsewhere is not multiplied by those zeros; two affine factors give an exactly
+  /// affine product.
   CZEPHMatrix4x4 operator*(const CZEPHMatrix4x4& other) const;
   /// The transformed vector: e[i] * x + e[4 + i] * y + e[8 + i] * z + e[12 + i] * w for each row i.
   /// An affine matrix copies w.
@@ -811,7 +811,7 @@ class ZEPH_API CZEPHMatrix4x4 {
   ///     m.SetRotationX(30), m.GetInverseRotatedVector3D(m.GetRotatedVector3D(v));  // about v
   CZEPHVector3D GetInverseRotatedVector3D(const CZEPHVector3D& v) const;
   void InverseRotateVector3D(CZEPHVector3D& v) const;
-  /// The vector plus, or minus, the translation; the 3x3 part plays no role.
+  /// The vector plus, or minus, the translation; the 3x3 part is not used.
   ///
   ///     CZEPHMatrix4x4 m;
   ///     m.SetTranslation(CZEPHVector3D(5, 6, 7));
@@ -850,7 +850,8 @@ class ZEPH_API CZEPHMatrix4x4 {
   ///     m.GetRow(1);  // (0, 3, 0, 0)
   void SetScale(const CZEPHVector3D& v);
   void SetUniformScale(float s);
-  /// The rotation about a coordinate axis by `angle` degrees. Takes sine and cosine of 0 too.
+  /// The rotation about a coordinate axis by `angle` degrees. The sine and cosine of 0 are computed
+  /// too.
   ///
   ///     CZEPHMatrix4x4 m;
   ///     m.SetRotationZ(90);  // takes (1, 0, 0) to (6.1e-17, 1, 0)
@@ -909,7 +910,8 @@ class ZEPH_API CZEPHMatrix4x4 {
   ///
   /// Cramer's rule with shared 2x2 products; the cofactors are multiplied by the rounded reciprocal
   /// of the determinant (not scaled where it is exactly 1). Singular means a determinant of exactly
-  /// 0, so a nearly singular matrix gives what single precision leaves of its inverse.
+  /// 0, so a nearly singular matrix gives an inverse with whatever accuracy single precision
+  /// leaves.
   ///
   ///     CZEPHMatrix4x4 m;
   ///     m.SetTranslation(CZEPHVector3D(5, 6, 7));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 /// @file
-/// What the interface needs of its platform, where the framework is absent.
+/// The framework classes and macros that the interface uses, where the framework itself is absent.
 //
 //   platform/macros.h         export macros: ZEPH_API, ZEPH_EMIT, ZEPH_ADDED
 //   platform/preconditions.h  ZEPH_REQUIRE, ..._POINTER, ..._INSIDE, ZEPH_CHECKED
@@ -16,9 +16,9 @@
 //
 // Our stand-ins follow the framework's conventions. Where the framework refuses an argument (an
 // index outside the array, a negative size, the head of an empty list) they throw std::out_of_range
-// with a text that names the operation and the bounds, and change nothing. Memory exhaustion passes
-// to the caller as what the allocation operator throws, and changes nothing either. No object
-// locks: callers serialise access to any one of them.
+// with a text that names the operation and the bounds, and change nothing. When memory runs out,
+// the allocation operator's exception passes to the caller, and nothing changes either. Nothing is
+// locked: callers serialise access to any one object.
 #ifndef ZEPH_PLATFORM_H
 #define ZEPH_PLATFORM_H
 

@@ -152,9 +152,9 @@ ZEPH_API double* ZEPH_ArrayResize(double* old, int oldCount, int newCount);
 ///
 /// Null without a request when rows < 1 or cols < 1. Null, quietly, when memory runs out (the
 /// allocation operator's `CMemoryException*` and `std::bad_alloc`; any other exception passes);
-/// what had been obtained by then, the pointer block and the rows before the failing one, is not
-/// released but lost. Requests: the pointer block, then the rows in ascending order. Release with
-/// ZEPH_MatrixFree(m, rows, cols).
+/// what was allocated by then, the pointer block and the rows before the failing one, is leaked.
+/// Requests: the pointer block, then the rows in ascending order. Release with ZEPH_MatrixFree(m,
+/// rows, cols).
 ZEPH_API double** ZEPH_MatrixAllocDouble(char* name, int rows, int cols);
 /// As above; `bytes` receives rows * cols * 8, the row pointers not counted.
 ///
@@ -234,7 +234,7 @@ ZEPH_API void ZEPH_MatrixFree(double** m, int nrl, int nrh, int ncl, int nch);
 ///
 /// All bounds are highest indices; both matrices start at 0 on both axes. Null, with `old`
 /// untouched and still the caller's, when either bound would shrink, the new range is empty or
-/// memory runs out (then what had been obtained of the new matrix is lost, as in the allocation).
+/// memory runs out (then what was allocated of the new matrix is leaked, as in the allocation).
 /// Nothing is copied for a negative old bound, and nothing from a null `old` or a null row of it.
 ///
 ///     double** m = ZEPH_MatrixAllocDouble("m", 3, 3);
@@ -250,11 +250,11 @@ ZEPH_API double** ZEPH_MatrixResize(double** old, int oldRowHi, int oldColHi, in
 
 // ---- 4  Listings --------------------------------------------------------------------------------
 //
-// Text for reports and debugging. A label is data: percent signs in it are printed as they stand, a
-// null one as "(null)". The decimal point of the caller's locale, the digits of an exponent and the
-// spelling of infinities and NaN are the C runtime's; with ZEPH_PORTABLE_MATH they are glibc's in the
-// C locale everywhere. Output errors are ignored. The text is composed in blocks and written with few
-// calls; nothing is allocated on the way to a stream.
+// Text for reports and debugging. A label is data: percent signs in it are printed as they are, a
+// null label as "(null)". The decimal point of the caller's locale, the digits of an exponent and
+// the spelling of infinities and NaN are the C runtime's; with ZEPH_PORTABLE_MATH they are glibc's
+// in the C locale everywhere. Output errors are ignored. The text is composed in blocks and written
+// with few calls; writing to a stream allocates nothing.
 
 /// Appends a listing of a[lo] .. a[hi] to `out`; lines end in "\r\n".
 ///
@@ -262,9 +262,9 @@ ZEPH_API double** ZEPH_MatrixResize(double** old, int oldRowHi, int oldColHi, in
 /// four. A line ends after every index that is a multiple of 5 other than 0 (negative multiples
 /// too), and once more after the last item, always; so indices 0..5 share the first line, a range
 /// that ends at a multiple of 5 ends in two line ends, and an empty range (hi < lo) gives one. `a`
-/// is addressed with the caller's indices, as an offset array. `out` keeps what it holds; it is
-/// appended to once, so a label inside `out` is safe. An exception of its growth passes, with `out`
-/// unchanged.
+/// is addressed with the caller's indices, as an offset array. `out` keeps its text; it is appended
+/// to once, so a label inside `out` is safe. An exception from its growth passes to the caller,
+/// with `out` unchanged.
 ZEPH_API void ZEPH_ArrayDisplay(CString& out, int* a, int lo, int hi, char* name);
 ZEPH_API void ZEPH_ArrayDisplay(CString& out, double* a, int lo, int hi, char* name);
 /// As above for a[0] .. a[n - 1]; no item when n <= 0.
@@ -294,8 +294,8 @@ ZEPH_API void ZEPH_ArrayDisplay(FILE* stream, double* a, int n, char* name);
 /// Prints `name = ` and a line feed, then a line per row: each value of m[0..rows-1][0..cols-1] as
 /// a tab and "%3.5f".
 ///
-/// The first line keeps a blank before its line feed. With rows <= 0 it is all there is, and `m` is
-/// not read; with cols <= 0 the rows are empty lines.
+/// The first line keeps a blank before its line feed. With rows <= 0 it is the only output, and `m`
+/// is not read; with cols <= 0 the rows are empty lines.
 ///
 ///     ZEPH_MatrixPrint(stdout, 2, 2, m, "m"); // prints "m = \n\t1.00000\t2.00000\n\t3.00000\t4.00000\n"
 ZEPH_API void ZEPH_MatrixPrint(FILE* stream, int rows, int cols, double** m, char* name);
@@ -327,12 +327,12 @@ ZEPH_API void ZEPH_VectorPrint3(FILE* stream, double* const v, char* name);
 // ---- 5  Norms -----------------------------------------------------------------------------------
 //
 // `n` counts elements and `start` is the first index: start .. start + n - 1. Sums run in ascending
-// index order, to the last bit. The array norms read a[start] whatever `n` is, and for n <= 1
-// return its own norm, never 0.0 for an empty count.
+// index order, to the last bit. The array norms read a[start] for every `n`, and for n <= 1 return
+// the norm of that element, never 0.0 for an empty count.
 //
-// The scaled step behind three of the norms grows a length r by x >= 0: sqrt(r*r + x*x) where both
-// are below 100.0; otherwise the larger of them times sqrt(1 + q*q), q the smaller over the larger.
-// Large entries cannot overflow; a division and a square root are paid per element.
+// The scaled step behind three of the norms extends a length r by x >= 0: sqrt(r*r + x*x) where
+// both are below 100.0; otherwise the larger of them times sqrt(1 + q*q), q the smaller over the
+// larger. Large entries cannot overflow; the cost is a division and a square root per element.
 
 /// Sum of absolute values, |a[start]| first.
 ///
@@ -351,8 +351,8 @@ ZEPH_API double ZEPH_ArrayTwoNorm(double* a, int n, int start);
 ZEPH_API double ZEPH_ArrayTwoNorm2(double* a, int n, int start);
 /// Largest absolute value.
 ///
-/// The running value gives way unless it is strictly greater, so a NaN counts only if it is the
-/// last element; the elements before a NaN are forgotten.
+/// The running maximum is replaced unless it is strictly greater, so a NaN counts only if it is the
+/// last element; the elements before a NaN are lost.
 ///
 ///     double a[] = {9, 3, -4};
 ///     ZEPH_ArrayMaxNorm(a, 2, 1);  // 4
@@ -360,15 +360,15 @@ ZEPH_API double ZEPH_ArrayMaxNorm(double* a, int n, int start);
 
 /// Largest column sum of absolute values over rows and columns start .. start + n - 1.
 ///
-/// 0.0 for n <= 0, reading nothing. Columns in ascending order; the running value gives way unless
-/// strictly greater.
+/// 0.0 for n <= 0, reading nothing. Columns in ascending order; the running maximum is replaced
+/// unless it is strictly greater.
 ///
 ///     ZEPH_MatrixOneNorm(m, 2, 0);  // 6, of the rows (1, 2), (3, 4)
 ZEPH_API double ZEPH_MatrixOneNorm(double** m, int n, int start);
 /// Largest row sum of absolute values over rows start .. start + n - 1 but columns 0 .. n - 1.
 ///
-/// The row sums are ZEPH_ArrayOneNorm(m[i], n, 0); row `start` is read whatever `n` is, and for
-/// n <= 0 the result is |m[start][0]|. The running value gives way unless strictly greater.
+/// The row sums are ZEPH_ArrayOneNorm(m[i], n, 0); row `start` is read for every `n`, and for n <=
+/// 0 the result is |m[start][0]|. The running maximum is replaced unless it is strictly greater.
 ///
 ///     ZEPH_MatrixMaxNorm(m, 2, 0);  // 7, of the rows (1, 2), (3, 4)
 ZEPH_API double ZEPH_MatrixMaxNorm(double** m, int n, int start);
@@ -399,8 +399,8 @@ ZEPH_API double ZEPH_MatrixFrobNorm3(double** m, int n, int start);
 
 /// Merges a[0..na-1] and b[0..nb-1], both ascending, into out[0..na+nb-1].
 ///
-/// Of equal elements the one of `b` goes first (a NaN in the pair takes from `b` as well). A
-/// count <= 0 is an empty input. `out` must not overlap `a` or `b`. Cost: na + nb moves.
+/// Of equal elements the one of `b` goes first (so does `b`'s where either is a NaN). A count <= 0
+/// is an empty input. `out` must not overlap `a` or `b`. Cost: na + nb moves.
 ///
 ///     int a[] = {1, 5}, b[] = {2, 3, 9}, out[5];
 ///     ZEPH_ArrayMergeSorted(a, 2, b, 3, out);
@@ -413,10 +413,10 @@ ZEPH_API void ZEPH_ArrayMergeSorted(double* const a, int na, double* const b, in
 /// k < colsA, in this nesting.
 ///
 /// Despite its name this is no matrix product: nothing is multiplied or accumulated, and the last k
-/// stays. For an `out` apart from `a` and `b` it is out[i][j] = a[i][colsA-1] + b[colsA-1][j]. Each
-/// assignment is seen by the reads after it, so `out` may share rows or parts of rows with `a`, `b`
-/// or itself, and gets exactly these cells. Does nothing unless colsA == rowsB, rowsA >= 1 and no
-/// pointer is null; writes nothing with colsA <= 0 or colsB <= 0.
+/// determines the result. For an `out` separate from `a` and `b` it is out[i][j] = a[i][colsA-1] +
+/// b[colsA-1][j]. Later reads see each assignment, so `out` may share rows or parts of rows with
+/// `a`, `b` or itself, and gets exactly these cells. Does nothing unless colsA == rowsB, rowsA >= 1
+/// and no pointer is null; writes nothing with colsA <= 0 or colsB <= 0.
 ///
 /// Cost: one step per cell; a cell that is its own last operand takes the steps it depends on.
 /// CZEPHDoubleMatrix and CZEPHMatrix multiply.
@@ -476,9 +476,9 @@ ZEPH_API void ZEPH_MatrixSetIdentity(double* const m);
 ZEPH_API void ZEPH_MatrixMultiply3(double a[3][3], double b[3][3], double out[3][3]);
 /// The additive routine on 3x3: assigns out[i][j] = b[k][j] + a[i][k] for i, then k, then j.
 ///
-/// No matrix product. For an `out` apart from `a` and `b` it is out[i][j] = a[i][2] + b[2][j]. Each
-/// assignment is seen by the reads after it, so any overlap gets exactly these cells. Note the
-/// nesting: k before j, other than in ZEPH_MatrixMult. ZEPH_MatrixMultiply3 multiplies.
+/// Not a matrix product. For an `out` separate from `a` and `b` it is out[i][j] = a[i][2] +
+/// b[2][j]. Later reads see each assignment, so any overlap gets exactly these cells. Note the
+/// nesting: k before j, unlike in ZEPH_MatrixMult. ZEPH_MatrixMultiply3 multiplies.
 ///
 ///     double a[3][3] = {{1, 2, 3}, {4, 5, 6}, {7, 8, 9}}, out[3][3];
 ///     ZEPH_MatrixMult3(a, a, out);
@@ -525,8 +525,8 @@ ZEPH_API void ZEPH_MatrixRotate3(double m[3][3], double ax, double ay, double az
 
 /// (*x, *y, *z) = m * (*x, *y, *z), a column vector.
 ///
-/// All three are computed from the values read first, then stored as x, y, z: of aliased outputs
-/// the later one stays.
+/// All three are computed from the values read first, then stored as x, y, z: where outputs alias,
+/// the last one stored stays.
 ///
 ///     double m[3][3] = {{0, -1, 0}, {1, 0, 0}, {0, 0, 1}}, x = 1, y = 2, z = 3;
 ///     ZEPH_MatrixTransform3(m, &x, &y, &z);
@@ -603,7 +603,7 @@ ZEPH_API void ZEPH_VectorNormalize3(double* const v);
 //
 // A string literal does not convert to `char*` without a warning (or at all). Each template below
 // takes one in the label's place, converts the rest as the documented function does, and calls it.
-// `char*` labels and null choose the documented functions themselves.
+// `char*` labels and null select the documented functions directly.
 
 /// The allocators with a literal label; defined here only.
 #define ZEPH_LABELLED(T, arrayAlloc, matrixAlloc)                                                \
@@ -644,7 +644,7 @@ ZEPH_ADDED inline T* ZEPH_ArrayRealloc(T* old, int oldN, int newN, const char (&
   return ZEPH_ArrayRealloc(old, oldN, newN, const_cast<char*>(name));
 }
 
-/// The same with a literal label, behind two to four arguments: where to, what, one or two indices.
+/// The same with a literal label, after two to four arguments: where to, what, one or two indices.
 template <class T, std::size_t N>
 ZEPH_ADDED inline auto ZEPH_ArrayDisplay(T* a, int n, const char (&name)[N])
     -> decltype(ZEPH_ArrayDisplay(a, n, const_cast<char*>(name))) {
@@ -689,7 +689,7 @@ ZEPH_ADDED inline auto ZEPH_MatrixPrint4(FILE* stream, M m, const char (&name)[N
 
 // ---- 10  Whole numbers --------------------------------------------------------------------------
 
-/// The form with one number, from a whole one: `ZEPH_VectorAssign3(v, 0)` means 0.0, not a null
+/// The form with one number, given as an int: `ZEPH_VectorAssign3(v, 0)` means 0.0, not a null
 /// destination.
 template <class Whole, std::enable_if_t<std::is_integral_v<Whole>, int> = 0>
 ZEPH_ADDED inline void ZEPH_VectorAssign3(double* const v, Whole s) {

@@ -11,12 +11,12 @@
 #include "../platform/macros.h"
 #include "../platform/object.h"
 
-/// Orders the `n` `objects` by `compare`, equal ones as they stood. A function that contradicts itself
-/// leaves some order of the same objects. They are written when all is compared: where `compare` or the
-/// allocation of two copies throws, they stand as before.
+/// Sorts the `n` `objects` stably by `compare`. An inconsistent function leaves the same objects in
+/// some order. They are written only after the last comparison: where `compare` or the allocation
+/// of two copies throws, they are unchanged.
 ///
-/// Method: bottom-up merge sort; runs that are in order already are not merged. n - 1 calls on
-/// objects in order, at most n log2 n + n.
+/// Method: bottom-up merge sort; runs that are already in order are not merged. Makes n - 1 calls
+/// on objects in order, at most n log2 n + n.
 ZEPH_ADDED inline void ZEPH_OrderStably(CObject** objects, std::size_t n,
                                         int (*compare)(CObject*, CObject*)) {
   if (n < 2) return;

@@ -62,7 +62,7 @@ class ZEPH_API CZEPHDoubleMatrix {
   /// Makes this a `rows` x `cols` matrix, each element `value`; 1, or 0 if there is no memory.
   ///
   /// The counts are stored first and stay even where the result is 0. A negative number of rows
-  /// gives 0, as does a negative number of columns where there is a row. Where the matrix shrinks to
+  /// gives 0, as does a negative number of columns where there is a row. When the matrix shrinks to
   /// fewer rows, the rows past the new count are not released.
   ///
   ///     CZEPHDoubleMatrix m;
@@ -70,17 +70,17 @@ class ZEPH_API CZEPHDoubleMatrix {
   ///     m;                     // (0.5, 0.5)
   int SetData(int rows, int cols, double value);
   /// Makes this a `rows` x `cols` matrix with element (i, j) copied from `source[i][j]`; 1 or 0 as
-  /// above. `source` may be this matrix's own table or hold rows of it, and only then its old storage
-  /// lives until the elements are copied; the rest of `source` is the caller's.
+  /// above. `source` may be this matrix's own table or contain rows of it; only then is the old
+  /// storage kept until the elements are copied. The rest of `source` is the caller's.
   int SetData(int rows, int cols, double** source);
-  /// Sets every element to `value`. (It takes no index, whatever its name suggests.)
+  /// Sets every element to `value`. (Despite its name it takes no index.)
   ///
   ///     CZEPHDoubleMatrix m(1, 2, 0.0);
   ///     m.SetEntry(0.5);  // m is (0.5, 0.5)
   void SetEntry(double value);
 
-  /// Element (i, j) after CheckBound(i, j). Reading at an index equal to its count reads whatever
-  /// lies there, which the check lets pass.
+  /// Element (i, j) after CheckBound(i, j). An index equal to its count passes the check and reads
+  /// whatever is there.
   ///
   ///     CZEPHDoubleMatrix m(2, 3, 0.5);
   ///     m.GetEntry(1, 2);    // 0.5
@@ -119,8 +119,8 @@ class ZEPH_API CZEPHDoubleMatrix {
   ///
   /// A matrix with storage and two non-zero counts must have the size of `other`: else fatal
   /// "Bad matrix sizes in CZEPHDoubleMatrix::operator=()". Any other takes the size of `other`
-  /// (and has no storage if memory runs out). Row pointers held by the caller stay valid where the
-  /// size does.
+  /// (and has no storage if memory runs out). Row pointers that the caller holds stay valid if the
+  /// size stays the same.
   ///
   ///     CZEPHDoubleMatrix a(1, 2, 0.5), b;
   ///     b = a;
@@ -180,7 +180,7 @@ class ZEPH_API CZEPHDoubleMatrix {
   void Display(std::ostream& os);
 
   /// The fatal report itself: "@@@@( Error: ", `message` and a line feed to `os`, then `exit(1)`.
-  /// One operation with CZEPHDoubleArray::ErrorMessage.
+  /// The same operation as CZEPHDoubleArray::ErrorMessage.
   ///
   ///     char message[] = "no square matrix";
   ///     CZEPHDoubleMatrix m(2, 2, 0.0);
@@ -191,8 +191,8 @@ class ZEPH_API CZEPHDoubleMatrix {
   /// Storage for `rows` x `cols` elements, their values undefined; 1, or 0 where memory runs out.
   ///
   /// The counts are stored first. Storage that was held is released: of its rows the first `rows`
-  /// only. A negative number of rows fails, of columns where there is a row to have. After a 0 the
-  /// rows acquired so far stay, the others are null.
+  /// only. A negative number of rows fails, as does a negative number of columns where there is a
+  /// row. After a result of 0 the rows allocated so far stay; the others are null.
   int AllocMemory(int rows, int cols);
   /// Releases the first `m_nRows` rows and the table, if there is one. Counts are left alone.
   ///

@@ -43,8 +43,8 @@ class ZEPH_API CZEPHVector {
   /// Releases the storage.
   ~CZEPHVector();
 
-  /// Makes this a vector of `n` elements with undefined values, or an empty one if `n` < 1. What
-  /// was held is lost, even where the size stays.
+  /// Makes this a vector of `n` elements with undefined values, or an empty one if `n` < 1. The old
+  /// elements are lost, even if the size stays the same.
   ///
   ///     CZEPHVector v;
   ///     v.ReSize(3);
@@ -98,7 +98,7 @@ class ZEPH_API CZEPHVector {
   CZEPHVector operator/(const double& d);
 
   /// If `failed`, writes `message` and a flushed line end to `std::cerr` and calls `exit(1)`.
-  /// One operation with CZEPHMatrix::Check.
+  /// The same operation as CZEPHMatrix::Check.
   ///
   ///     char message[] = "not of this size";
   ///     CZEPHVector v(2);
@@ -201,7 +201,7 @@ class ZEPH_API CZEPHMatrix {
   ~CZEPHMatrix();
 
   /// Makes this a `rows` x `cols` matrix with undefined values, or an empty one if a count is below
-  /// 1. What was held is lost, even where the size stays.
+  /// 1. The old elements are lost, even if the size stays the same.
   ///
   ///     CZEPHMatrix m;
   ///     m.ReSize(2, 3);
@@ -228,8 +228,8 @@ class ZEPH_API CZEPHMatrix {
 
   /// Takes size and elements of `other`; the result is a second copy, which costs its allocations.
   ///
-  /// Storage is replaced only where a count differs, so row pointers stay valid where the size
-  /// does.
+  /// Storage is replaced only where a count differs, so row pointers stay valid if the size stays
+  /// the same.
   ///
   ///     const double values[] = {1, 2, 3, 4};
   ///     CZEPHMatrix a(2, 2, values), b;
@@ -267,7 +267,7 @@ class ZEPH_API CZEPHMatrix {
   void SetCol(int j, CZEPHVector& v);
 
   /// If `failed`, writes `message` and a flushed line end to `std::cerr` and calls `exit(1)`.
-  /// One operation with CZEPHVector::Check.
+  /// The same operation as CZEPHVector::Check.
   ///
   ///     char message[] = "no square matrix";
   ///     CZEPHMatrix m(2, 2);
@@ -335,8 +335,8 @@ ZEPH_API void ZEPH_RandomizeMatrix(CZEPHMatrix& m, double scale);
 
 /// Index of the first largest element; 0 where there are fewer than two.
 ///
-/// A NaN never wins a comparison, so it is passed over, except that a NaN at index 0 stays the
-/// answer. Method: linear scan.
+/// Every comparison with a NaN is false, so it is skipped, except that a NaN at index 0 stays the
+/// result. Method: linear scan.
 ///
 ///     const double values[] = {3, -7, 5};
 ///     CZEPHVector v(3, values);
@@ -347,8 +347,8 @@ ZEPH_API int ZEPH_GetVectorMaxSite(CZEPHVector& v);
 ZEPH_API int ZEPH_GetVectorMinSite(CZEPHVector& v);
 /// The sum of the squares, added in index order from 0.0. No square root is taken.
 ZEPH_API double ZEPH_GetVectorSquareNorm(CZEPHVector& v);
-/// The largest absolute value; 0.0 for an empty vector. A NaN at index 0 is the answer, any other
-/// is passed over. (The name is spelled so.)
+/// The largest absolute value; 0.0 for an empty vector. A NaN at index 0 is the result, any other
+/// is skipped. (The spelling of the name is the documented one.)
 ///
 ///     const double values[] = {3, -7, 5};
 ///     CZEPHVector v(3, values);

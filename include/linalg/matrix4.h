@@ -63,7 +63,7 @@ class ZEPH_API CZEPHMatrix4 {
 
   /// The address of the first stored element, typed as a pointer to float.
   ///
-  /// The storage holds doubles all the same: a reader sees their bytes, not their values.
+  /// The storage still holds doubles: a reader sees their bytes, not their values.
   ///
   ///     CZEPHMatrix4 m(1.5);
   ///     double first;
@@ -96,7 +96,7 @@ class ZEPH_API CZEPHMatrix4 {
   ///     m(1, 2);  // 4
   CZEPHMatrix4& operator*=(const CZEPHMatrix4& b);
 
-  /// Flips the sign of every element of this very matrix and refers to it.
+  /// Flips the sign of every element of this matrix itself and returns a reference to it.
   ///
   /// So `-m` changes `m`. For a negated copy write `m * -1.0`.
   ///
@@ -147,9 +147,9 @@ ZEPH_API std::ostream& operator<<(std::ostream& os, const CZEPHMatrix4& a);
 
 // --- added --------------------------------------------------------------------------------------
 
-/// Reads what operator<< wrote, four rows "[ a b c d ]". White space between the signs and numbers
-/// is free; anything else sets failbit and leaves the matrix as it was. Infinities and NaN are not
-/// read by standard streams. A program's own `operator>>` for the class is always preferred.
+/// Reads what operator<< wrote, four rows "[ a b c d ]". Any white space may separate brackets and
+/// numbers; anything else sets failbit and leaves the matrix unchanged. Standard streams do not
+/// read infinities and NaN. A program's own `operator>>` for the class is always preferred.
 ZEPH_ADDED inline std::istream& operator>>(std::istream& is, ZEPH_ReadInto<CZEPHMatrix4> a) {
   double read[16];
   char sign = 0;

@@ -29,7 +29,7 @@ class ZEPH_API CZEPHVector3 {
   /// (0, 0, 0).
   CZEPHVector3();
   CZEPHVector3(const double& x, const double& y, const double& z);
-  /// The way from one point to another: to - from.
+  /// The vector from one point to another: to - from.
   CZEPHVector3(CZEPHVector3& from, CZEPHVector3& to);
   CZEPHVector3(const CZEPHVector3& other);
   ~CZEPHVector3();
@@ -96,7 +96,7 @@ class ZEPH_API CZEPHVector3 {
     m_y = v.m_z;
   }
 
-  /// The address of x, typed as a pointer to float; the storage holds doubles all the same.
+  /// The address of x, typed as a pointer to float; the storage still holds doubles.
   ///
   ///     CZEPHVector3 v(1.5, 0, 0);
   ///     double first;
@@ -163,7 +163,7 @@ class ZEPH_API CZEPHVector3 {
 
   // Our addition, listed in docs/additions.md.
  public:
-  /// The way from one point to another, for constants and temporaries.
+  /// The vector from one point to another, for constants and temporaries.
   ZEPH_ADDED CZEPHVector3(const CZEPHVector3& from, const CZEPHVector3& to)
       : CZEPHVector3(const_cast<CZEPHVector3&>(from), const_cast<CZEPHVector3&>(to)) {}
 };
@@ -224,9 +224,9 @@ ZEPH_API void ZEPH_MathClamp(CZEPHVector3& v, const double& lo, const double& hi
 
 // --- added --------------------------------------------------------------------------------------
 
-/// Reads what operator<< wrote, "[ x ; y ; z ]". White space between the signs and numbers is free;
-/// anything else sets failbit and leaves the vector as it was. Infinities and NaN are not read by
-/// standard streams. A program's own `operator>>` for the class is always preferred.
+/// Reads what operator<< wrote, "[ x ; y ; z ]". Any white space may separate brackets, semicolons
+/// and numbers; anything else sets failbit and leaves the vector unchanged. Standard streams do not
+/// read infinities and NaN. A program's own `operator>>` for the class is always preferred.
 ZEPH_ADDED inline std::istream& operator>>(std::istream& is, ZEPH_ReadInto<CZEPHVector3> v) {
   double read[3];
   char sign = 0;

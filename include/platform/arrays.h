@@ -36,10 +36,10 @@ class ZEPH_API CObArray : public CObject {
   /// The last index; -1 when empty.
   std::ptrdiff_t GetUpperBound() const;
 
-  /// Sets the number of elements to `size`; new ones are null, dropped ones forgotten.
+  /// Sets the number of elements to `size`; new ones are null, surplus ones are dropped.
   ///
   /// `growBy` >= 0 becomes the growth setting: the least number of elements by which storage grows;
-  /// 0 doubles it (by 3 at least). Below 0 the setting stays. Size 0 releases the
+  /// 0 doubles it (by 3 at least). A negative `growBy` keeps the setting. Size 0 releases the
   /// storage; a smaller size keeps it. Throws std::out_of_range when `size` is negative.
   ///
   ///     CObArray a;
@@ -75,7 +75,7 @@ class ZEPH_API CObArray : public CObject {
 
   /// Sets one element, growing the array to hold it; throws when `index` is negative.
   void SetAtGrow(std::ptrdiff_t index, CObject* element);
-  /// Appends one element and returns its index. Constant time but where storage grows.
+  /// Appends one element and returns its index. Takes constant time unless the storage grows.
   ZEPH_EMIT std::ptrdiff_t Add(CObject* element) {
     if (m_nSize < m_nMaxSize)
       m_pData[m_nSize++] = element;
@@ -83,7 +83,7 @@ class ZEPH_API CObArray : public CObject {
       SetAtGrow(m_nSize, element);
     return m_nSize - 1;
   }
-  /// Puts `count` copies in front of `index`; behind the end, the gap is filled with nulls.
+  /// Inserts `count` copies before `index`; beyond the end, the gap is filled with nulls.
   ///
   /// Throws std::out_of_range when `index` is negative or `count` below 1.
   ///

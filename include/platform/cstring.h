@@ -27,10 +27,10 @@
 
 /// A narrow text string, with the members that Windows programmers expect.
 ///
-/// Holds any bytes, zeros included, behind which a closing zero always stands. A null `const char*`
-/// counts as the empty text everywhere. Copies are deep; appending costs amortised constant time a
-/// character and may be given a piece of the string itself. Texts of up to 15 characters
-/// live in the object itself.
+/// Holds any bytes, zeros included, and always adds a terminating zero. A null `const char*` counts
+/// as the empty text everywhere. Copies are deep; appending costs amortised constant time a
+/// character and accepts a piece of the string itself. Texts of up to 15 characters are stored in
+/// the object itself.
 ///
 /// A text has at most 2^31 - 2 characters. An operation that would make a longer one throws
 /// std::length_error and changes nothing.
@@ -56,21 +56,21 @@ class ZEPH_API CString {
   CString& operator=(CString&& other) noexcept;
   CString& operator=(const char* text);
 
-  /// The number of characters, without the closing zero.
+  /// The number of characters, without the terminating zero.
   ///
   ///     CString s("abc");
   ///     s.GetLength();  // 3
   int GetLength() const;
   /// Whether there is no character.
   bool IsEmpty() const;
-  /// Takes the text away; the storage is kept for what comes next.
+  /// Makes the text empty; the storage is kept for later use.
   ///
   ///     CString s("abc");
   ///     s.Empty();
   ///     s.IsEmpty();  // 1
   void Empty();
 
-  /// The text, closed by a zero. Valid until the string is next changed.
+  /// The text with its terminating zero. Valid until the string is next changed.
   const char* GetString() const;
   operator const char*() const;  // NOLINT: implicit on purpose
 
@@ -116,13 +116,13 @@ class ZEPH_API CString {
   CString Left(int count) const;
   /// The last `count` characters; `count` is clamped to 0..GetLength().
   CString Right(int count) const;
-  /// What follows from index `first`, which is clamped to 0..GetLength().
+  /// The characters from index `first` on, which is clamped to 0..GetLength().
   CString Mid(int first) const;
   /// At most `count` characters from index `first`; both are clamped.
   CString Mid(int first, int count) const;
 
-  /// Index of the first `text` (or `c`) at or behind `start`, or -1: when there is none, `text` is
-  /// null, or `start` lies outside 0..GetLength().
+  /// Index of the first `text` (or `c`) at or after `start`; -1 when there is none, `text` is null,
+  /// or `start` is outside 0..GetLength().
   int Find(const char* text, int start = 0) const;
   int Find(char c, int start = 0) const;
 
@@ -133,7 +133,8 @@ class ZEPH_API CString {
   ZEPH_ADDED CString(  // NOLINT: implicit on purpose
       const std::basic_string<char, std::char_traits<char>, Allocator>& text)
       : CString(std::string_view(text)) {}
-  /// An index of another integer type, which would otherwise be as good for `const char*`.
+  /// An index of another integer type, which would otherwise be ambiguous with the conversion to
+  /// `const char*`.
   template <class T, std::enable_if_t<std::is_integral_v<T> && !std::is_same_v<T, int>, int> = 0>
   ZEPH_ADDED char operator[](T index) const {
     return GetAt(CheckedIndex(index));
@@ -159,7 +160,7 @@ class ZEPH_API CString {
   char m_here[16];
 };
 
-/// The two texts one after the other. A chain of `+` grows one string.
+/// The concatenation of both texts. A chain of `+` appends to one string.
 ///
 ///     const CString a("bubble"), b("sort");
 ///     a + b;           // "bubblesort"
@@ -173,7 +174,7 @@ ZEPH_API CString operator+(const char* left, const CString& right);
 ZEPH_API CString operator+(CString left, char right);
 ZEPH_API CString operator+(char left, const CString& right);
 
-/// Comparison by unsigned byte value, the shorter of two equal beginnings first.
+/// Comparison by unsigned byte value; a text that is a prefix of the other comes first.
 ///
 ///     const CString a("ab"), b("b");
 ///     a == a && a == "ab" && "ab" == a;  // 1

@@ -13,7 +13,7 @@
 #ifndef ZEPH_USE_MFC
 
 struct __POSITION;
-/// The handle of one element of a list. Stays good until that element is removed.
+/// The handle of one element of a list. Stays valid until that element is removed.
 using POSITION = __POSITION*;
 
 /// A doubly linked list of pointers to objects, which it never owns, copies or follows.
@@ -102,10 +102,11 @@ class ZEPH_API CObList : public CObject {
   void RemoveAt(POSITION position);
   /// Adds an element before `position`; at the head when it is null. Returns the new position.
   POSITION InsertBefore(POSITION position, CObject* object);
-  /// Adds an element behind `position`; at the tail when it is null. Returns the new position.
+  /// Adds an element after `position`; at the tail when it is null. Returns the new position.
   POSITION InsertAfter(POSITION position, CObject* object);
 
-  /// The first element behind `startAfter` (from the head when null) that is `object`, or null.
+  /// The position of the first element after `startAfter` (from the head when null) that is
+  /// `object`, or null.
   ///
   ///     CObList list;
   ///     Shape a, b;

@@ -17,7 +17,7 @@ using ZEPH_Long = long;
 #else
 /// The 32-bit signed integer of the `long` overloads, where the system's own `long` is wider.
 ///
-/// Converts from and to `int` by itself, yet `int*` and `ZEPH_Long*` remain different types, so
+/// Converts from and to `int` implicitly, yet `int*` and `ZEPH_Long*` remain different types, so
 /// both overloads of a function can exist. Trivially copyable, 4 bytes, uninitialised by default
 /// like any integer. Mixed arithmetic and comparison are the built-in ones on its `int` value:
 ///
@@ -28,12 +28,13 @@ using ZEPH_Long = long;
 ///
 /// Compound assignment takes any integer, computes as a 32-bit `long` would and wraps on overflow;
 /// only division by zero is undefined. With a floating-point right side write the conversion out:
-/// `x = static_cast<int>(x * 1.5)`. So it is for `condition ? x : 0`, where either side could
-/// become the other, and for `printf`, which takes `%d` with `int{x}`.
+/// `x = static_cast<int>(x * 1.5)`. Do so too in `condition ? x : 0`, where either side could be
+/// converted to the other, and for `printf`, which takes `%d` with `int{x}`.
 class ZEPH_Long {
   template <class T>
   using IfInteger = std::enable_if_t<std::is_integral_v<T>, int>;
-  // What the quotient is computed in: 64 bits where both sides are at most int, for INT_MIN / -1.
+  // The type that quotients are computed in: 64 bits where both sides are at most int, because of
+  // INT_MIN / -1.
   template <class T>
   using Quotient = std::conditional_t<std::is_same_v<std::common_type_t<int, T>, int>, long long,
                                       std::common_type_t<int, T> >;

@@ -5,7 +5,7 @@
 //
 // ZEPH_API    what the library exports
 // ZEPH_EMIT   documented inline members, exported too
-// ZEPH_ADDED  our own inline comforts, never exported
+// ZEPH_ADDED  our own inline additions, never exported
 #ifndef ZEPH_PLATFORM_MACROS_H
 #define ZEPH_PLATFORM_MACROS_H
 
@@ -22,8 +22,8 @@
 #define ZEPH_API __attribute__((visibility("default")))
 #endif
 
-/// ZEPH_EMIT stands on documented inline members: while the shared library itself is built they are
-/// emitted as if used, so that every documented name is exported. (Visual C++ does so of itself.)
+/// ZEPH_EMIT marks documented inline members: while the shared library itself is built they are
+/// emitted as if used, so that every documented name is exported. (Visual C++ does so anyway.)
 #if !defined(ZEPH_BUILDING) || defined(ZEPH_STATIC) || defined(_MSC_VER) || !defined(__GNUC__)
 #define ZEPH_EMIT
 #elif defined(_WIN32)
@@ -32,7 +32,7 @@
 #define ZEPH_EMIT __attribute__((used, visibility("default")))
 #endif
 
-/// ZEPH_ADDED stands on inline members that we add for comfort: they belong to the caller's program
+/// ZEPH_ADDED marks inline members that we add for convenience: they belong to the caller's program
 /// and are never exported. (A tool that tells them apart defines it first.)
 #if defined(ZEPH_ADDED)
 #elif !defined(_WIN32) && (defined(__GNUC__) || defined(__clang__))
@@ -41,7 +41,7 @@
 #define ZEPH_ADDED
 #endif
 
-// A file that is not there stops every compiler at one line that says why.
+// Including a file that does not exist stops every compiler at one line that says why.
 #if __cplusplus < 201703L && !(defined(_MSVC_LANG) && _MSVC_LANG >= 201703L)
 #include "ZEPHDataStructureEngine needs C++17 (-std=c++17 or /std:c++17)"
 #endif

@@ -19,7 +19,8 @@
 #include <afxwin.h>
 #else
 
-/// The polymorphic base of the objects that collections point to. Has an identity: not copied.
+/// The polymorphic base of the objects that collections point to. Objects have an identity, so they
+/// cannot be copied.
 class ZEPH_API CObject {
  public:
   CObject(const CObject&) = delete;
@@ -54,7 +55,7 @@ class ZEPH_API CMemoryException : public CObject {
   ///     CString(text);                         // "Out of "
   virtual int GetErrorMessage(char* text, unsigned size, unsigned* helpContext = nullptr) const;
 
-  /// Releases the exception object, which stands on the heap; the handler calls it once.
+  /// Releases the exception object, which is on the heap; the handler calls it once.
   void Delete();
 };
 

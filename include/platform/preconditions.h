@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
 /// @file
-/// What operations trust, checked where ZEPH_HARDENED is defined.
+/// Preconditions of operations, checked where ZEPH_HARDENED is defined.
 //
 // ZEPH_REQUIRE, ZEPH_REQUIRE_POINTER, ZEPH_REQUIRE_INSIDE  the checks
-// ZEPH_CHECKED                                             stands on inline members that check
+// ZEPH_CHECKED                                             marks inline members that check
 #ifndef ZEPH_PLATFORM_PRECONDITIONS_H
 #define ZEPH_PLATFORM_PRECONDITIONS_H
 
@@ -12,13 +12,13 @@
 
 #include "macros.h"
 
-// ZEPH_REQUIRE_... state what an operation trusts. Normal builds do not look, and hold no code for
-// it; with ZEPH_HARDENED a breach stops the program with one line on standard error, which names
-// the operation, the argument and its bounds: "CZEPHSortableObArray::Sort: count is 7, outside
-// 0..5". docs/hardened.md tells what is checked.
+// ZEPH_REQUIRE_... state what an operation relies on. Normal builds do not check it and contain no
+// code for it; with ZEPH_HARDENED a breach stops the program with one line on standard error that
+// names the operation, the argument and its bounds: "CZEPHSortableObArray::Sort: count is 7,
+// outside 0..5". docs/hardened.md lists what is checked.
 //
-// ZEPH_CHECKED stands on inline members that check. It has every caller take them inline, so that
-// each part of a program gets what it was compiled for, even where hardened and plain parts are
+// ZEPH_CHECKED marks inline members that check. It makes every caller inline them, so each part of
+// a program gets the checks that it was compiled with, even where hardened and plain parts are
 // linked together: there is no function of that name for the linker to choose.
 #ifdef ZEPH_HARDENED
 #include <cstdlib>
@@ -62,7 +62,7 @@
                           static_cast<long long>(low), static_cast<long long>(high)) \
        : static_cast<void>(0))
 #else
-/// Stands on inline members that check; nothing in normal builds.
+/// Marks inline members that check; nothing in normal builds.
 #define ZEPH_CHECKED
 /// In hardened builds stops at a breach: unless `condition` holds.
 #define ZEPH_REQUIRE(operation, condition, breach) static_cast<void>(0)

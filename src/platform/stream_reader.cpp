@@ -47,12 +47,15 @@ bool IsSpace(char c) {
   return '0' <= c && c <= '9';
 }
 
-/// A result that is denormal leaves ERANGE behind where the runtime converts it. Looked at as bits, since the
-/// process may take denormals for zeros.
-[[maybe_unused]] bool IsDenormal(double x) {
+/// Whether the runtime may leave ERANGE behind where it converts this number: always where it is denormal,
+/// and on some processors (ARM) also where it was rounded up to the least normal number. Looked at as bits,
+/// since the process may take denormals for zeros.
+[[maybe_unused]] bool MayUnderflow(double x) {
+  constexpr std::uint64_t kLeastNormal = std::uint64_t{1} << 52;
   std::uint64_t bits;
   std::memcpy(&bits, &x, sizeof bits);
-  return (bits >> 52 & 0x7ff) == 0 && bits << 1 != 0;
+  const std::uint64_t magnitude = bits & ~(std::uint64_t{1} << 63);
+  return magnitude != 0 && magnitude <= kLeastNormal;
 }
 
 #if defined(__cpp_lib_to_chars)
@@ -62,7 +65,7 @@ const char* Convert(const char* first, const char* last, double& x) {
   if (digits < last && (*digits == '-' || *digits == '+')) ++digits;
   if (last - digits < 2 || !(IsDigit(*digits) || *digits == '.')) return nullptr;
   const auto [end, error] = std::from_chars(*first == '+' ? digits : first, last, x);
-  return error == std::errc{} && end < last && IsSpace(*end) && !IsDenormal(x) ? end : nullptr;
+  return error == std::errc{} && end < last && IsSpace(*end) && !MayUnderflow(x) ? end : nullptr;
 }
 #else
 const char* Convert(const char*, const char*, double&) {

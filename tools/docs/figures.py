@@ -44,18 +44,22 @@ def by_hand():
         return ""
     mistakes = found["mistakes"]
     rows = []
-    for page in sorted({m["page"] for m in mistakes}) + ["all"]:
-        of = [m for m in mistakes if page in (m["page"], "all")]
+    for folder in sorted({m["folder"] for m in mistakes}) + ["all"]:
+        of = [m for m in mistakes if folder in (m["folder"], "all")]
         dead = sum(bool(m["noticed by"]) for m in of)
         same = sum(not m["noticed by"] and bool(m["equivalent"]) for m in of)
-        rows.append((page, len(of), dead, same, len(of) - dead - same))
+        rows.append((folder, len(of), dead, same, len(of) - dead - same, sum(bool(m["missed"]) for m in of)))
     left = [m for m in mistakes if not m["noticed by"]]
     why = table(["mistake", "where", "why nothing shows"], ["---", "---", "---"],
                 [(m["name"], f"`{m['file']}`", m["equivalent"] or "**unnoticed**") for m in left])
-    note = f" {found['note']}" if "note" in found else ""
-    return (f"On {found['date']}, at commit {found['commit']}.{note}\n\n" +
-            table(["mistakes in", "made", "noticed", "equivalent", "unnoticed"], ["---"] + ["---:"] * 4, rows) +
-            "\n\n" + why)
+    older = sum(m["commit"] != found["commit"] for m in mistakes)
+    note = f" {older} of the findings are of earlier runs." if older else ""
+    if found["made"] > len(mistakes):
+        note += f" {found['made'] - len(mistakes)} more have not been put to their tests yet."
+    return (f"On {found['date']}, at commit {found['commit']}.{note} \"Missed at first\" counts those that a test was\n"
+            "written for because none had noticed.\n\n" +
+            table(["mistakes in", "made", "noticed", "equivalent", "unnoticed", "missed at first"], ["---"] + ["---:"] * 5,
+                  rows) + "\n\n" + why)
 
 
 def rate(killed, made):

@@ -11,6 +11,7 @@ import shutil
 import subprocess
 import sys
 import time
+from concurrent.futures import ThreadPoolExecutor
 from dataclasses import dataclass, field
 from pathlib import Path
 
@@ -20,8 +21,9 @@ HERE = Path(__file__).parent
 WORK = Path("build/by_hand").absolute()
 TREE = WORK / "tree"
 BUILD = TREE / "build/static"  # where the compiler's cache knows the tests from
+HARDENED = TREE / "build/hardened"
 RESULTS = Path("build/results/by_hand.json")
-DATA = Path("docs/data/by_hand.json")  # of the last whole run
+DATA = Path("docs/data/by_hand.json")  # what was found last about each
 COPIED = ["CMakeLists.txt", "cmake", "include", "src", "tests", "fuzz", "tools/instructions",
           "tools/portable_math"]
 CPU, MEMORY = 120, 3 << 30
@@ -38,7 +40,18 @@ class Mistake:
     new: str = ""
     alone: bool = False  # has a build of its own
     many: bool = False   # every such place, not the one
+    hardened: bool = False
     equivalent: str = ""
+    missed: str = ""     # the test that was written because none noticed
+
+    @property
+    def build(self):
+        return HARDENED if self.hardened else BUILD
+
+    @property
+    def folder(self):
+        parts = Path(self.file).parts
+        return parts[1] if parts[0] == "src" else parts[0]
 
 
 def read():
@@ -48,11 +61,11 @@ def read():
             word, _, rest = line.partition(" ")
             if word == "=":
                 mistakes.append(Mistake(rest, Path(path).stem, len(mistakes) + 1))
-            elif word in ("file", "equivalent"):
+            elif word in ("file", "equivalent", "missed"):
                 setattr(mistakes[-1], word, rest)
             elif word == "tests":
                 mistakes[-1].tests = rest.split()
-            elif word in ("alone", "many"):
+            elif word in ("alone", "many", "hardened"):
                 setattr(mistakes[-1], word, True)
             elif word in ("-", "+"):
                 name = "old" if word == "-" else "new"
@@ -129,16 +142,31 @@ def run(command, what):
         raise SystemExit(f"{what} failed:\n" + "\n".join(errors[:20] or done.stdout.splitlines()[-20:]))
 
 
-def configure():
-    run(["cmake", "-S", str(TREE), "-B", str(BUILD), "-G", "Ninja", "-DCMAKE_CXX_COMPILER=g++",
+def configure(where):
+    run(["cmake", "-S", str(TREE), "-B", str(where), "-G", "Ninja", "-DCMAKE_CXX_COMPILER=g++",
+         f"-DZEPH_HARDENED={'ON' if where == HARDENED else 'OFF'}",
          "-DCMAKE_BUILD_TYPE=Release", "-DZEPH_SHARED=OFF", "-DZEPH_BUILD_EXAMPLES=OFF",
          "-DZEPH_WARNINGS_AS_ERRORS=ON", "-DZEPH_BUILD_SELFTEST=OFF", "-DZEPH_INSTALL=OFF",
          "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON"], "configuring")
 
 
-def build(folders, jobs):
+def build(where, folders, jobs):
     targets = [f"zeph_{folder}_tests" for folder in sorted(folders)]
-    run(["cmake", "--build", str(BUILD), f"-j{jobs}", "--target", *targets, "--", "-k0"], "the build")
+    run(["cmake", "--build", str(where), f"-j{jobs}", "--target", *targets, "--", "-k0"], "the build")
+
+
+def prepare(where, mistakes, jobs):
+    """The tests that these mistakes ask, which must pass without any."""
+    folders = sorted({t.split("/")[0] for m in mistakes for t in m.tests})
+    if not folders:
+        return
+    print(f"by hand: {len(mistakes)} mistakes; building the tests of {', '.join(folders)} in {where.name}", flush=True)
+    configure(where)
+    build(where, folders, jobs)
+    for folder in folders:
+        failed = verdict(where / "tests" / f"zeph_{folder}_tests", 0)
+        if failed:
+            raise SystemExit(f"zeph_{folder}_tests fails without a mistake: {failed}")
 
 
 def limits():
@@ -168,7 +196,7 @@ def verdict(program, number):
 
 def judge_one(mistake):
     for folder in mistake.tests:
-        killer = verdict(BUILD / "tests" / f"zeph_{folder}_tests", mistake.number)
+        killer = verdict(mistake.build / "tests" / f"zeph_{folder}_tests", mistake.number)
         if killer:
             return killer
     return ""
@@ -181,7 +209,7 @@ def judge_alone(mistake, jobs):
     wrong = change(right, mistake)
     try:
         file.write_text(wrong)
-        build(mistake.tests, jobs)
+        build(mistake.build, mistake.tests, jobs)
         return judge_one(mistake)
     finally:
         file.write_text(right)
@@ -225,6 +253,18 @@ def judge_header(mistake):
     return ""
 
 
+def judge_and_say(mistake, jobs=1):
+    if mistake.file.startswith("include/"):
+        killer = judge_header(mistake)
+    else:
+        killer = judge_alone(mistake, jobs) if mistake.alone else judge_one(mistake)
+    note = killer or ("equivalent: " + mistake.equivalent if mistake.equivalent else "UNNOTICED")
+    print(f"  {mistake.page}: {mistake.name}: {note}", flush=True)
+    if killer and mistake.equivalent:
+        print("    was held to be equivalent", flush=True)
+    return mistake, killer
+
+
 def commit():
     """With a mark where the sources are not those of it."""
     said = subprocess.run(["git", "describe", "--always", "--dirty=+", "--exclude=*"], stdout=subprocess.PIPE, text=True)
@@ -232,14 +272,30 @@ def commit():
 
 
 def report(rows):
-    pages = sorted({m.page for m, _ in rows})
+    folders = sorted({m.folder for m, _ in rows})
     print("\n| mistakes in | made | noticed | equivalent | unnoticed |\n|---|---:|---:|---:|---:|")
-    for page in [*pages, "all"]:
-        of = [(m, k) for m, k in rows if page in (m.page, "all")]
+    for folder in [*folders, "all"]:
+        of = [(m, k) for m, k in rows if folder in (m.folder, "all")]
         dead = sum(bool(k) for _, k in of)
         same = sum(not k and bool(m.equivalent) for m, k in of)
-        print(f"| {page} | {len(of)} | {dead} | {same} | {len(of) - dead - same} |")
+        print(f"| {folder} | {len(of)} | {dead} | {same} | {len(of) - dead - same} |")
     return [m for m, k in rows if not k and not m.equivalent]
+
+
+def write(rows, seconds, mistakes, whole):
+    """What this run found; beside it, with the other mistakes' last findings, what the documentation shows."""
+    now = {"date": time.strftime("%Y-%m-%d", time.gmtime()), "commit": commit(), "seconds": seconds}
+    fresh = {(m.file, m.name): {"folder": m.folder, "name": m.name, "file": m.file, "noticed by": k,
+                                "equivalent": m.equivalent, "missed": m.missed, "commit": now["commit"]} for m, k in rows}
+    RESULTS.parent.mkdir(parents=True, exist_ok=True)
+    RESULTS.write_text(json.dumps({**now, "mistakes": list(fresh.values())}, indent=1, ensure_ascii=False) + "\n")
+    if not whole:
+        return
+    known = {(m["file"], m["name"]): m for m in json.loads(DATA.read_text())["mistakes"]} if DATA.exists() else {}
+    known.update(fresh)
+    kept = [known[m.file, m.name] for m in mistakes if (m.file, m.name) in known]
+    now["made"] = len(mistakes)
+    DATA.write_text(json.dumps({**now, "mistakes": kept}, indent=1, ensure_ascii=False) + "\n")
 
 
 def main():
@@ -248,40 +304,22 @@ def main():
     parse.add_argument("--files", default="", help="only those in files that match this pattern")
     parse.add_argument("--names", default="", help="only those whose name matches this pattern")
     parse.add_argument("--tests", default="", help="ask only the tests of folders that match this pattern")
+    parse.add_argument("--check", action="store_true", help="write nothing into the documentation's data")
     given = parse.parse_args()
     mistakes = read()
-    whole = not (given.files or given.names or given.tests)
+    start = time.time()
+    write_tree(mistakes)
     for mistake in mistakes:
         mistake.tests = [t for t in mistake.tests if re.search(given.tests, t.split("/")[0])]
     chosen = [m for m in mistakes if m.tests and re.search(given.files, m.file) and re.search(given.names, m.name)]
-    start = time.time()
-    write_tree(mistakes)
-    configure()
-    folders = {t.split("/")[0] for m in chosen for t in m.tests}
-    print(f"by hand: {len(chosen)} mistakes; building the tests of {', '.join(sorted(folders))}", flush=True)
-    build(folders, given.jobs)
-    for folder in sorted(folders):
-        failed = verdict(BUILD / "tests" / f"zeph_{folder}_tests", 0)
-        if failed:
-            raise SystemExit(f"zeph_{folder}_tests fails without a mistake: {failed}")
-    rows = []
-    for mistake in sorted(chosen, key=lambda m: m.alone):  # one program for all of them, then builds of their own
-        if mistake.file.startswith("include/"):
-            killer = judge_header(mistake)
-        else:
-            killer = judge_alone(mistake, given.jobs) if mistake.alone else judge_one(mistake)
-        rows.append((mistake, killer))
-        note = killer or ("equivalent: " + mistake.equivalent if mistake.equivalent else "UNNOTICED")
-        print(f"  {mistake.page}: {mistake.name}: {note}", flush=True)
-        if killer and mistake.equivalent:
-            print("    was held to be equivalent")
+    for where in (BUILD, HARDENED):
+        prepare(where, [m for m in chosen if m.build == where], given.jobs)
+    with ThreadPoolExecutor(given.jobs) as pool:  # one program for all of them
+        rows = list(pool.map(judge_and_say, [m for m in chosen if not m.alone]))
+    for mistake in [m for m in chosen if m.alone]:  # then builds of their own, one after the other
+        rows.append(judge_and_say(mistake, given.jobs))
     left = report(rows)
-    found = {"date": time.strftime("%Y-%m-%d", time.gmtime()), "commit": commit(), "seconds": round(time.time() - start),
-             "mistakes": [{"page": m.page, "name": m.name, "file": m.file, "noticed by": k, "equivalent": m.equivalent}
-                          for m, k in rows]}
-    for path in [RESULTS] + ([DATA] if whole else []):
-        path.parent.mkdir(parents=True, exist_ok=True)
-        path.write_text(json.dumps(found, indent=1, ensure_ascii=False) + "\n")
+    write(rows, round(time.time() - start), mistakes, not (given.tests or given.check))
     print(f"\n{len(rows)} mistakes in {time.time() - start:.0f} s, {len(left)} unnoticed")
     print(f"{len(rows) - len(left)} passed, {len(left)} failed")
     sys.exit(1 if left else 0)

@@ -1,6 +1,7 @@
 // Shared work asks for no block that the same work on one thread does not ask for.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 
 #include "double_array.h"
@@ -41,6 +42,8 @@ TEST(SharedWork, TakesNoHeapOfItsOwn) {
     });
   ExpectRequests("+=", 0, [&] { a += b; });
   CZEPHMatrix from(kRows, kRows), to(kRows, kRows);
+  for (const CZEPHMatrix* matrix : {&from, &to})
+    for (int i = 0; i < kRows; ++i) std::fill_n(matrix->m_ppData[i], kRows, i + 0.5);
   ExpectRequests("ZEPH_MatrixTranspose", 0,
                  [&] { ZEPH_MatrixTranspose(kRows, from.m_ppData, to.m_ppData); });
   ExpectRequests("ZEPH_MatrixFrobNorm", 0, [&] { ZEPH_MatrixFrobNorm(from.m_ppData, kRows, 0); });

@@ -143,9 +143,10 @@ TEST(QuickFormat, TakesSeveralArgumentsInTheirOrder) {
 TEST(QuickFormat, FormatsTextsAboutTheLengthOfItsBlock) {
   for (std::size_t size = 440; size < 530; ++size) {
     const std::string text(size, 'x');
-    for (const char* format : {"%s", "%s%d", "%s%.3f", "%s%20d", "%sabcdefgh", "%s%c", "%s%%"})
-      EXPECT_EQ(Formatted(format, text.c_str(), 42, 0), Printed(format, text.c_str(), 42, 0))
-          << size;
+    for (const char* format : {"%s", "%s%d", "%s%20d", "%sabcdefgh", "%s%c", "%s%%"})
+      EXPECT_EQ(Formatted(format, text.c_str(), 42), Printed(format, text.c_str(), 42)) << size;
+    EXPECT_EQ(Formatted("%s%.3f", text.c_str(), 4.25), Printed("%s%.3f", text.c_str(), 4.25))
+        << size;
   }
 }
 

@@ -53,10 +53,10 @@ int CZEPHIntegralSearch::BinarySearch(int* a, int n, int key) {
   return index < count ? static_cast<int>(index) : kMissing;
 }
 
-// The next arguments follow from the present ones alone, so the steps either end or come round to
-// arguments that they have had. One of them is kept back and compared with all that follow, and
-// replaced after 1, 2, 4, 8, ... steps (Brent): once it lies on the round it is met again. Until
-// then only elements are read that the steps read anyhow.
+// The next arguments depend on the current ones alone, so the steps either end or reach arguments
+// that they have had before. To detect such a cycle one set of arguments is kept, compared with all
+// that follow, and replaced after 1, 2, 4, 8, ... steps (Brent): once it lies on the cycle it is
+// met again. Until then no element is read that the steps do not read anyway.
 int CZEPHIntegralSearch::BinarySearch(int* a, int low, int high, int key) {
   if (!a) return kRefused;
   Span now{low, high, key};
@@ -65,7 +65,8 @@ int CZEPHIntegralSearch::BinarySearch(int* a, int low, int high, int key) {
     const int middle = Middle(now);
     const char order = Compare(now.key, a[middle]);
     if (order == '=') return middle;
-    // The key goes into the place of low, and so on: the answers printed for years depend on it.
+    // The key is passed as low, and so on: results that programs have printed for years depend on
+    // it.
     now = order == '<' ? Span{now.key, now.low, zeph::platform::WrapSub(middle, 1)}
                        : Span{now.key, zeph::platform::WrapAdd(middle, 1), now.high};
     if (now == kept) return kMissing;

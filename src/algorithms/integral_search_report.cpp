@@ -18,7 +18,7 @@ constexpr int kRepetitions[] = {300000, 300000, 200000, 200000, 100000, 100000, 
                                 10000,  7500,   7000,   6000,   5000,   5000};
 constexpr int kWanted = 25;
 
-// The label "Find 6 " stands before the answer for the key 7; the report has always read so.
+// The label "Find 6 " precedes the result for the key 7; the report has always said so.
 constexpr struct {
   const char* line;
   int key;
@@ -31,7 +31,7 @@ constexpr struct {
 
 void ReportFewElements(FILE* f) {
   // Ten elements, searched with a count of 11: the report asks for indices up to 11, so the array
-  // has two slots more, with a value that is not looked for.
+  // has two more elements, with a value that is not searched for.
   int few[12] = {-1, 2, 4, 5, 7, 10, 12, 14, 15, 17};
   std::fprintf(f, "\n..Sequential Search TEST1\n");
   for (const int key : {14, 20})

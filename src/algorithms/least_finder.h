@@ -11,10 +11,10 @@
 namespace zeph::algorithms {
 
 /// Finds the least element from a[i] to the end, for i = 0, 1, 2 ..., while elements change in between.
-/// It keeps the least element of each of at most 256 blocks, of 128 elements or more. A search looks
-/// at these, at what is left of the block that `i` is in, and through the block with the least one
-/// as far as that; a change looks through its block. Up to 32,768 elements that is at most 512 looks
-/// for a search and 128 for a change, then 256 + n / 128 and n / 256.
+/// It keeps the least element of each of at most 256 blocks, which have 128 elements or more. A
+/// search compares these and the rest of the block that `i` is in, then scans the block with the
+/// least one up to that element; a change scans its own block. Up to 32,768 elements a search reads
+/// at most 512 elements and a change 128; beyond that, 256 + n / 128 and n / 256.
 class LeastFinder {
  public:
   LeastFinder(const double* a, std::size_t n)
@@ -22,8 +22,8 @@ class LeastFinder {
     for (std::size_t begin = 0; begin < n; begin += block_) Changed(begin);
   }
 
-  /// The index of the first of the least elements from `i` on, NaNs passed over; `i` itself where
-  /// a[i] is a NaN. This is where a scan ends that moves on to what is strictly less.
+  /// The index of the first of the least elements from `i` on, ignoring NaNs; `i` itself where a[i]
+  /// is a NaN. This is the result of a scan that moves on only to strictly smaller elements.
   std::size_t From(std::size_t i) {
     own_ = i / block_;
     const std::size_t end = End(own_);
@@ -36,13 +36,13 @@ class LeastFinder {
     return begin + kernels::FindFirst(a_ + begin, End(best) - begin, least_[best]);
   }
 
-  /// Tells that a[at] has a new value.
+  /// Must be called after a[at] has changed.
   void Changed(std::size_t at) {
     const std::size_t block = at / block_, end = End(block);
-    if (block == own_) return;  // looked at itself as long as `i` is in it, and never again
+    if (block == own_) return;  // searches scan it directly
     std::size_t begin = block * block_;
     while (begin < end && a_[begin] != a_[begin]) ++begin;
-    // A block of NaNs only is never less than anything.
+    // A block that holds only NaNs is never less than anything.
     least_[block] = begin == end ? std::numeric_limits<double>::infinity()
                                  : a_[begin + kernels::FirstLeast(a_ + begin, end - begin)];
   }

@@ -11,7 +11,8 @@
 namespace zeph::algorithms {
 namespace {
 
-// The shapes of a line: how wide an item can be, how it is put down, and what ends the line.
+// The formats of a line: the width of the widest item, how an item is written, and what ends a
+// line.
 
 struct SpacedCharacters {
   static constexpr std::size_t kWidest = 2;
@@ -42,7 +43,7 @@ struct SpacedNumbers {
   }
 };
 
-/// Exchanges two items while it lives; an exception on its way out puts them back too.
+/// Exchanges two items during its lifetime, so that an exception restores their order too.
 template <class T>
 class Exchanged {
  public:
@@ -63,9 +64,9 @@ class Lister {
       : items_(items), count_(count), last_(platform::WrapSub(count, 1)), text_(sink) {}
 
   void Run(int k) {
-    if (k != last_ && k >= count_) return;  // no line, so no item is read either
-    // Every line starts with item 0, even if only the items from k on are permuted. For a negative k
-    // there is no draft.
+    if (k != last_ && k >= count_) return;  // no lines: no item may be read
+    // Every line starts with item 0, even if only the items from k on are permuted. A negative k
+    // has no draft.
     char* at = k >= 0 && count_ <= kLongestDraft ? draft_ : nullptr;
     for (int i = 0; at && i < k && i < count_; ++i) at = Line::Put(at, items_[i]);
     List(k, at);
@@ -73,11 +74,11 @@ class Lister {
   }
 
  private:
-  // The text of items 0..k-1 is the same in all lines below depth k, so it is made once per swap:
-  // `at` is its end in the draft, or null without one.
+  // The text of items 0..k-1 is the same in all lines below depth k, so it is written to the draft
+  // once per swap: `at` is its end there, or null without a draft.
   void List(int k, char* at) {
     if (k == last_) return at ? PutDraft(at, k, k) : PutPlainly();
-    if (at && k < last_ && k + 1 == last_) {  // the last exchange, without making it
+    if (at && k < last_ && k + 1 == last_) {  // the last exchange, only written, not made
       PutDraft(at, k, last_);
       PutDraft(at, last_, k);
       return;
@@ -93,7 +94,8 @@ class Lister {
   void PutDraft(const char* draftEnd, int beforeLast, int last) {
     const std::ptrdiff_t size = draftEnd - draft_;
     char* to = text_.Room(kDraft);
-    // Whole chunks, a few bytes too many: a copy of known size is a pair of moves.
+    // Copies whole chunks, a few bytes too many: a copy of constant size compiles to a pair of
+    // moves.
     for (std::ptrdiff_t i = 0; i < size; i += kChunk) std::memcpy(to + i, draft_ + i, kChunk);
     to += size;
     if (beforeLast != last) to = Line::Put(to, items_[beforeLast]);
@@ -113,7 +115,7 @@ class Lister {
     text_.Wrote(std::copy(Line::kEnd.begin(), Line::kEnd.end(), at));
   }
 
-  static constexpr int kLongestDraft = 256;  // items; nothing longer than a dozen ever ends anyway
+  static constexpr int kLongestDraft = 256;  // items; listing more than a dozen never ends
   static constexpr int kChunk = 16;
   static constexpr std::size_t kDraft = kLongestDraft * Line::kWidest + kChunk;
   static constexpr std::size_t kBlock = 65536;
@@ -182,7 +184,7 @@ int CZEPHPermutation::Test1(FILE* f) {
   }
   std::fprintf(f, "\n@@@( CZEPHPermutation::Test1()...END\n");
 
-  // The integer part stands after the closing banner: reports of this class always read so.
+  // The integer part follows the closing banner: reports of this class have always been like that.
   int numbers[] = {1, 2, 3, 4, 5, 6, 7};
   std::fprintf(f, "\n...Integer permutation test c(0,3): Version#1\n");
   Run(numbers, 0, 3, f);

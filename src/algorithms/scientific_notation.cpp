@@ -12,7 +12,7 @@ using namespace zeph::algorithms;
 int ZEPH_MathGetScientificNotationBase(double value, char digits) {
   const double x = zeph::platform::DecimalLogarithm(std::fabs(value));
   const int e = zeph::platform::TruncateToInt(x < 0 ? std::floor(x) : std::ceil(x));
-  // Plain char has no sign on some processors; the count has one.
+  // Plain char is unsigned on some processors; the count is signed.
   const int limit = static_cast<signed char>(digits) + 1;
   if (e >= limit) return 1 - limit + e;
   return e < 0 ? e : 0;

@@ -27,7 +27,7 @@ CString RuntimesScientificText(double mantissa, int exponent, int decimals) {
   const auto conventions = platform::NumberConventions::OfRuntime();
   if (conventions.exact && std::isfinite(mantissa) && decimals >= 1 &&
       decimals <= RealFormat::kMostDecimals) {
-    // The conversion is for numbers that are not finite.
+    // Only infinities and NaN need the general conversion.
     const RealFormat format("", RealFormat::Notation::kFixed, decimals, conventions);
     char text[RealFormat::kRoom + 2 + platform::kIntRoom + 1];
     *WriteExponent(format.Write(text, mantissa), exponent) = '\0';

@@ -11,7 +11,7 @@ namespace zeph::algorithms {
 /// As the runtime's printf writes "%.{decimals}lfxE%d". `decimals` is -128 .. 127.
 CString RuntimesScientificText(double mantissa, int exponent, int decimals);
 
-/// The same on every system: what glibc writes, a negative count of decimals included.
+/// The same text on every system: what glibc writes, also for a negative number of decimals.
 CString PortableScientificText(double mantissa, int exponent, int decimals);
 
 }  // namespace zeph::algorithms

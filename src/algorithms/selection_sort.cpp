@@ -59,7 +59,7 @@ CZEPHSelectionSort& CZEPHSelectionSort::operator=(const CZEPHSelectionSort&) {
   return *this;
 }
 
-// Ints that are equal are the same: whichever way they are put in order, the outcome is one.
+// Equal ints are identical, so every sorting algorithm gives the same result.
 int CZEPHSelectionSort::Run(int* a, int n) {
   if (!a || n < 1) return 0;
   zeph::parallel::SortAscending(a, static_cast<std::size_t>(n));

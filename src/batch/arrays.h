@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the operations on arrays ask of their arguments, and how they hand arrays to the kernels.
+// The preconditions of the operations on arrays, and how they pass arrays to the kernels.
 #ifndef ZEPH_SRC_BATCH_ARRAYS_H
 #define ZEPH_SRC_BATCH_ARRAYS_H
 
@@ -15,7 +15,7 @@
 
 namespace zeph::batch {
 
-// What the wide kernels count on.
+// The wide kernels rely on this layout.
 static_assert(sizeof(void*) != 8 || (sizeof(CZEPHVector3D) == 24 && sizeof(CZEPHVector4D) == 24 &&
                                      sizeof(CZEPHVector3) == 24));
 
@@ -31,7 +31,7 @@ bool Overlap(const A* a, const B* b, int n) {
   return first < second + Count(n) * sizeof(B) && second < first + Count(n) * sizeof(A);
 }
 
-/// Hardened builds insist that `out` is there, and `in` itself or elsewhere.
+/// Hardened builds require that `out` is not null and is either `in` itself or does not overlap it.
 template <class A, class B>
 void RequireOut([[maybe_unused]] const char* operation, [[maybe_unused]] const A* in,
                 [[maybe_unused]] const B* out, [[maybe_unused]] int n) {

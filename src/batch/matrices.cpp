@@ -15,15 +15,15 @@ using zeph::kernels::Active;
 
 namespace {
 
-/// The entries of a matrix, out of the way of what is written.
+/// A copy of a matrix's entries, which the output cannot overlap.
 template <class T>
 struct Entries {
   explicit Entries(const T* from) { std::memcpy(e, from, sizeof e); }
   T e[16];
 };
 
-/// How many of the first `n` matrices are affine, or are not, as the first of them is; at most as
-/// many as stay in the nearest cache.
+/// The length of the run, within the first `n` matrices, that are affine or not as the first one
+/// is; at most as many as fit into the first-level cache.
 int AlikeFrom(const CZEPHMatrix4x4* m, int n) {
   constexpr int kAtMost = 64;
   if (n > kAtMost) n = kAtMost;
@@ -42,8 +42,8 @@ void ZEPH_BatchTransformPoints(const CZEPHMatrix4x4& m, const CZEPHVector3D* poi
   RequireOut(__func__, points, out, n);
   Entries<float> by(m.entries);
   const bool divide = !zeph::graphics::IsAffine(by.e);
-  // The fourth terms, the same for all points: a product like the others, which flushes denormals
-  // where the host wants it. No compiler may leave it out.
+  // The fourth terms, the same for all points. They are products too, so that denormals are flushed
+  // where the host asks for it; the compiler must not fold them.
   const volatile float w = 1.0f;
   for (int i = 12; i < 16; ++i) by.e[i] *= w;
   Active().batch->points(&out->x, &points->x, sizeof *out, by.e, divide, Count(n));

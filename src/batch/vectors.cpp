@@ -60,7 +60,8 @@ void Cross(const V* a, const V* b, V* out, int n) {
   Kernels(First(out)).cross(First(out), First(a), First(b), sizeof *out, Count(n));
 }
 
-/// The kernels find values, and zero is one value: of zeros the first in the array stands.
+/// The kernels return values, and do not tell zeros apart: the result is the first zero in the
+/// array.
 template <class V, class T>
 void TakeFirstZeros(T* bound, const V* points, int n) {
   for (int c = 0; c < 3; ++c)

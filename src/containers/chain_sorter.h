@@ -11,11 +11,11 @@
 
 namespace zeph::containers {
 
-/// Puts nodes without NaN into the order that inserting them one by one gives: ascending, the later
-/// ones first among equals.
+/// Sorts nodes without NaN into the order that inserting them one by one gives: ascending, with
+/// later nodes first among equals.
 ///
 /// Method: ranks within groups of 16, merges in a table of 256 entries on the stack, then a
-/// bottom-up merge sort of the chains made of them. No branch depends on the values.
+/// bottom-up merge sort of the resulting chains. No branch depends on the values.
 class ChainSorter {
  public:
   using Node = CZEPHLink<double>;
@@ -40,8 +40,8 @@ class ChainSorter {
     Node* node;
   };
 
-  /// Whether a newer value goes behind an older one. The only comparison there is, and as
-  /// documented: it also decides where the processor takes denormals for zeros.
+  /// Whether a newer value goes after an older one. This is the documented comparison and the only
+  /// one used, so results agree where the processor treats denormals as zeros.
   static bool Passes(double newer, double older) { return newer > older; }
 
   static Node* Either(bool first, Node* a, Node* b) {
@@ -82,7 +82,8 @@ class ChainSorter {
   static void MergeEntries(const Entry* older, const Entry* newer, const Entry* end, Entry* out) {
     const Entry *olderEnd = newer, *newerEnd = end;
     Entry* outEnd = out + (end - older);
-    // Two walks that do not wait for each other. Together they take no more than either has.
+    // Merges from both ends at once: two independent dependency chains, which never take more
+    // elements together than there are.
     for (std::ptrdiff_t steps = (end - newer) / 2; steps > 0; --steps) {
       TakeFirst(older, newer, out);
       TakeLast(olderEnd, newerEnd, outEnd);
@@ -92,7 +93,7 @@ class ChainSorter {
     std::copy(newer, newerEnd, out);
   }
 
-  /// Orders the entries and gives them as a chain.
+  /// Sorts the entries and returns them as a chain.
   Node* Chain() {
     Entry *from = entries_, *to = spare_;
     for (std::size_t at = 0; at < count_; at += kGroup)

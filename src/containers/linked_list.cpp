@@ -44,9 +44,9 @@ void InsertOrdered(const char* operation, Node*& head, Node* node) {
   *link = node;
 }
 
-/// Merges the ascending chain `fresh` into the list at `head` and gives the new head. Every node of
-/// `fresh` goes where its ordered walk stops. The walk of the second starts where that of the first
-/// stopped: it is not smaller, so all that the first has passed, it passes.
+/// Merges the ascending chain `fresh` into the list at `head` and returns the new head. Every node
+/// of `fresh` goes where its ordered walk stops. Each walk starts where the one before stopped: its
+/// node is not smaller, so it would pass all the nodes that were passed before.
 template <class Node>
 Node* Merge(Node* fresh, Node* head) {
   if (!head) return fresh;
@@ -70,11 +70,11 @@ void CZEPHLinkList<T>::InsertOrdered(CZEPHLink<T>* link) {
   zeph::containers::InsertOrdered("CZEPHLinkList::InsertOrdered", m_pHead, link);
 }
 
-// The result of inserting one by one, without the walks. A NaN becomes the head, and nothing
-// inserted after it gets past it; so the nodes between two NaNs settle among themselves, in front
-// of what was there. Among these no value is NaN, and insertion one by one gives ascending order
-// with the newest first among equals: the order that the merge sort makes, before one merge links
-// the whole chain into the list.
+// The result of inserting one by one, without the walks. A NaN becomes the head, and no later node
+// is inserted behind it; so the nodes between two NaNs are ordered only among themselves, in front
+// of the older ones. They contain no NaN, and inserting them one by one gives ascending order with
+// the newest first among equals: the order of the merge sort, after which one merge links the whole
+// chain into the list.
 template <class T>
 void CZEPHLinkList<T>::Sorting(CZEPHLink<T>** links, int count) {
   if (!links) return;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Only members that the framework's own CObArray has are touched: m_pData, m_nSize, m_nMaxSize.
+// Uses only members that the framework's own CObArray has: m_pData, m_nSize, m_nMaxSize.
 #include <algorithm>
 #include <cstdint>
 #include <utility>
@@ -9,9 +9,8 @@
 
 namespace {
 
-/// Shell sort of `count` elements. `at(i)` finds an element, null when it is no longer there: the
-/// compare function is the only foreign code that runs in between, and it may have shrunk the
-/// array.
+/// Shell sort of `count` elements. `at(i)` returns the address of element i, null when it no longer
+/// exists: the compare function is the caller's code and may have shrunk the array.
 template <class At>
 void ShellSort(std::int64_t count, At at, int (*compare)(CObject*, CObject*)) {
   if (count < 1) return;

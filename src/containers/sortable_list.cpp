@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Only members that the framework's own CObList has are touched: m_pNodeHead and, in the nodes,
-// pNext, pPrev and data.
+// Uses only members that the framework's own CObList has: m_pNodeHead and, in the nodes, pNext,
+// pPrev and data.
 #include "containers.h"
 
 namespace {
@@ -15,7 +15,7 @@ bool IsLinked(const Node* head, const Node* node) {
 #endif
 
 /// Moves the data of `node` back between `boundary` (null: the head) and the first element that is
-/// not greater. A compare function that throws leaves the elements complete.
+/// not greater. If the compare function throws, no element is lost.
 template <class Node>
 void InsertBack(Node* node, const Node* boundary, int (*compare)(CObject*, CObject*)) {
   struct Slot {

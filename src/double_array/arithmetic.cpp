@@ -35,15 +35,15 @@ CZEPHDoubleArray Make(const CZEPHDoubleArray& a, Fill fill) {
   return result;
 }
 
-/// The result of `op` on `a` and `b`; where one has no storage, `a` as it is copied.
+/// The result of `op` on `a` and `b`; where one has no storage, a copy of `a`.
 template <kernels::Elementwise::Binary op>
 CZEPHDoubleArray Combine(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
   if (!a.data || !b.data) return a;
   return Make(a, [&](double* out, std::size_t n) { op(out, a.data, b.data, n); });
 }
 
-/// data[i] = op(data[i], other[i]) for rising i. A public `data` may be aimed into another array's
-/// block; where the two then share elements out of step, each is done by itself.
+/// data[i] = op(data[i], other[i]) for rising i. `data` is public and may point into another
+/// array's block; where the two then overlap with an offset, elements are computed one at a time.
 template <kernels::Elementwise::Binary op>
 void UpdateInOrder(double* data, const double* other, std::size_t n) {
   if (data == other || !kernels::Overlap(data, n, other, n)) return op(data, data, other, n);

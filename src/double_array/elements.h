@@ -14,7 +14,7 @@ inline std::size_t Count(const CZEPHDoubleArray& a) {
   return a.data && a.size > 0 ? static_cast<std::size_t>(a.size) : 0;
 }
 
-/// Hardened builds insist that the elements `left` to `right` are there, at least one.
+/// Hardened builds require that the elements `left` to `right` exist, at least one of them.
 inline void RequireRange([[maybe_unused]] const CZEPHDoubleArray& array,
                          [[maybe_unused]] const char* operation, [[maybe_unused]] int left,
                          [[maybe_unused]] int right) {
@@ -23,7 +23,8 @@ inline void RequireRange([[maybe_unused]] const CZEPHDoubleArray& array,
   ZEPH_REQUIRE_INSIDE(operation, right, left, array.size - 1);
 }
 
-/// Hardened builds insist that `b`, where both have elements at all, has as many as `a`.
+/// Hardened builds require that `b` has at least as many elements as `a`, unless one of them is
+/// empty.
 inline void RequireAsManyAs([[maybe_unused]] const CZEPHDoubleArray& a,
                             [[maybe_unused]] const CZEPHDoubleArray& b,
                             [[maybe_unused]] const char* operation) {

@@ -11,7 +11,7 @@ namespace zeph::double_array {
 namespace {
 
 /// term(0) + term(1) + ..., added in that order, starting from the first; 0.0 when there is none.
-/// The terms are made a few at a time ahead, so that nothing but the additions waits.
+/// Terms are computed a few ahead, so that only the additions form a dependency chain.
 template <class Term>
 double SumInOrder(std::size_t n, Term term) {
   if (n == 0) return 0.0;
@@ -32,8 +32,8 @@ double Larger(double x, double m) {
   return x > m ? x : m;
 }
 
-/// The documented steps for a handful of elements (at least one), dealt out to two maxima: a NaN in
-/// front stays in both, any other is passed over by both, and the rest has one maximum.
+/// The documented steps for a handful of elements (at least one), split between two maxima: a NaN
+/// in front stays in both, any other is skipped by both, and all other values have one maximum.
 double LargestOfFew(const double* x, std::size_t n) {
   double even = std::fabs(x[0]), odd = even;
   std::size_t i = 1;
@@ -42,7 +42,8 @@ double LargestOfFew(const double* x, std::size_t n) {
     even = Larger(std::fabs(x[i + 1]), even);
   }
   if (i < n) odd = Larger(std::fabs(x[i]), odd);
-  // Denormals may have become zeros in the maxima: where all elements equal 0.0 the first one stands.
+  // Denormals may have become zeros in the maxima: where all elements equal 0.0, the first one is
+  // the result.
   const double largest = Larger(even, odd);
   return largest == 0.0 ? std::fabs(x[0]) : largest;
 }

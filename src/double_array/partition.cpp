@@ -5,7 +5,7 @@
 #include "double_array/elements.h"
 
 int CZEPHDoubleArray::Partition(int left, int right, double pivot) {
-  if (left > right) return left - 1;  // both cursors would stand still for ever
+  if (left > right) return left - 1;  // neither cursor would ever move
   zeph::double_array::RequireRange(*this, "CZEPHDoubleArray::Partition", left, right);
   int i = left - 1;
   int j = right + 1;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The parts of the quicksort, over a block of doubles.
+// The steps of the quicksort, on a block of doubles.
 #ifndef ZEPH_SRC_DOUBLE_ARRAY_PARTITION_H
 #define ZEPH_SRC_DOUBLE_ARRAY_PARTITION_H
 

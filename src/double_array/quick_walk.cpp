@@ -22,7 +22,7 @@ void Finish(double* v, std::size_t n, std::size_t cutoff) {
   }
 }
 
-/// The documented walk, from a state in which the outcome depends on its exchanges.
+/// The documented steps, where the result depends on their exchanges.
 class QuickWalk {
  public:
   QuickWalk(double* v, std::size_t n, std::size_t cutoff) : v_(v), n_(n), cutoff_(cutoff) {}
@@ -30,14 +30,13 @@ class QuickWalk {
   void Run() { Sort(0, n_, kernels::TakeCensus(v_, n_)); }
 
  private:
-  static constexpr std::size_t kFew = 24;         // not worth a census
+  static constexpr std::size_t kFew = 24;         // too few for a census to pay
   static constexpr std::size_t kTreeFloor = 512;  // below it scanning costs less than skipping
-  static constexpr std::size_t kPatience = 6;     // partitions that may pass without halving
+  static constexpr std::size_t kPatience = 6;     // partitions allowed before the piece has halved
 
-  /// Sorts [first, first + n). The pieces on the two sides of a pivot do not touch each other, so
-  /// their order does not matter; recursing into the smaller one keeps the depth below log2 of n.
-  /// Only the smaller one is counted, which is n log n in all; the rest of the census is the larger
-  /// one's.
+  /// Sorts [first, first + n). The pieces on the two sides of a pivot are independent, so their
+  /// order does not matter; recursing into the smaller one keeps the depth below log2(n). Only the
+  /// smaller one is counted, n log n elements in all; the larger one's census is the difference.
   void Sort(std::size_t first, std::size_t n, kernels::Census census) {
     Progress progress(n);
     while (n > cutoff_ && n > kFew) {
@@ -78,7 +77,7 @@ class QuickWalk {
     Finish(v_ + first, n, cutoff_);
   }
 
-  /// How much the partitions have looked at since the piece was last twice as long as it was.
+  /// Elements that partitions have looked at since the piece last halved.
   struct Progress {
     explicit Progress(std::size_t n) : start(n) {}
     std::size_t start, looked = 0;

@@ -19,7 +19,8 @@ int CZEPHDoubleArray::BinarySearch(double x, int& index) {
     index = Find(x);
     return index != -1;
   }
-  // The steps look at one more middle behind the last halving: an element that they have seen.
+  // The documented steps probe once more after the last halving: an element that they have probed
+  // before.
   const std::size_t n = Count(*this);
   const std::size_t i = zeph::kernels::FindByHalving(data, n, x);
   if (i == n) return 0;

@@ -9,7 +9,7 @@
 
 namespace zeph::double_array {
 void ShellSort(double* v, std::size_t n) {
-  constexpr std::size_t kPatience = 16;  // random order moves an element some five times a pass
+  constexpr std::size_t kPatience = 16;  // random order moves an element about five times a pass
   std::size_t gap = n / 2;
   if (n > kSmall) {
     // The last pass, with gap 1, is an insertion sort: without NaN the array ends in ascending order.

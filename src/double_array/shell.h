@@ -6,10 +6,10 @@
 
 namespace zeph::double_array {
 
-/// What CZEPHDoubleArray::ShellSort leaves, to the bit. Data whose order is unique to the bit goes
-/// to the shared fast sort, zeros of both signs are followed through the passes by themselves, and
-/// only with NaN the passes are made, over gathered chains. Without the memory that the last two
-/// borrow, the documented walk.
+/// The result of CZEPHDoubleArray::ShellSort, bit for bit. Data whose sorted order is unique to the
+/// bit goes to the shared fast sort; with zeros of both signs only the zeros are followed through
+/// the passes; only with NaN the passes are made, over gathered chains. Where the memory that the
+/// last two allocate is not to be had, the documented steps are taken.
 void ShellSort(double* v, std::size_t n);
 
 }  // namespace zeph::double_array

@@ -11,11 +11,11 @@
 namespace zeph::double_array {
 namespace {
 
-constexpr std::size_t kFewest = 4;   // elements that are not worth asking for
-constexpr std::size_t kFew = 16;     // elements that a walk sorts faster than their runs are found
+constexpr std::size_t kFewest = 4;   // elements; fewer are not worth an allocation
+constexpr std::size_t kFew = 16;     // elements; fewer are sorted faster by plain insertion
 constexpr std::size_t kAbreast = 8;  // chains gathered side by side: a cache line
 
-/// The elements at even places to `even`, the others to `odd`.
+/// Copies the elements at even indices to `even`, the others to `odd`.
 void Deal(const double* v, std::size_t n, double* even, double* odd) {
   for (std::size_t i = 0; i < n / 2; ++i) {
     even[i] = v[2 * i];
@@ -31,8 +31,8 @@ void Undeal(double* v, std::size_t n, const double* even, const double* odd) {
   if (n % 2 == 1) v[n - 1] = even[n / 2];
 }
 
-/// The passes with gaps `gap`, gap / 2, ..., 1, a power of two, on elements that lie together.
-/// `room` takes as many.
+/// The passes with gaps `gap`, gap / 2, ..., 1, a power of two, on contiguous elements. `room` has
+/// space for as many.
 void SortNested(double* v, std::size_t n, std::size_t gap, double* room) {
   if (n > kFewest && SortIfOrderIsUnique(v, n)) return;
   if (n <= kFew) {

@@ -6,15 +6,14 @@
 
 namespace zeph::double_array {
 
-/// The outcome of the passes of Shell's sort with gaps `gap`, gap / 2, ..., 1, for any data. The first
-/// of them may have been begun: it sorts what it has been through, and the rest with it.
+/// The result of the passes of Shell's sort with gaps `gap`, gap / 2, ..., 1, for any data. The
+/// first pass may have been begun already.
 ///
-/// A pass never moves a NaN, and sorts the runs of a chain between its NaNs, stably. Gaps that halve
-/// evenly nest their chains: as long as they do, a chain without NaN (and without zeros of both
-/// signs) is sorted once, for all passes that would have mixed it before. Every chain is gathered,
-/// sorted and put back.
+/// A pass never moves a NaN and sorts the runs of a chain between its NaNs, stably. While gaps
+/// halve evenly, chains nest: a chain without NaN (and without zeros of both signs) then needs to
+/// be sorted only once, by the last of these passes. Every chain is gathered, sorted and put back.
 ///
-/// n log^2 n. Borrows n doubles; false, and nothing done, if there are none.
+/// Takes n log^2 n time. Allocates n doubles; returns false, with nothing done, if that fails.
 bool ShellSortByRuns(double* v, std::size_t n, std::size_t gap);
 
 }  // namespace zeph::double_array

@@ -14,13 +14,13 @@ namespace {
 
 using Count = std::uint32_t;  // sizes are ints
 
-constexpr std::size_t kDense = 16;  // one zero in so many elements is too many for a list
+constexpr std::size_t kDense = 16;  // one zero in so many elements: too many for a list
 
-/// How many negatives every chain has, pass after pass. After a pass they come first in their chains,
-/// which tells how many go to each chain of the next.
+/// The number of negatives in every chain, pass after pass. After a pass they come first in their
+/// chains, which determines how many each chain of the next pass gets.
 class Negatives {
  public:
-  /// `counts` has room for gap + gap / 2. `negative(i)` tells of element i.
+  /// `counts` has room for gap + gap / 2. `negative(i)` tells whether element i is negative.
   template <class Test>
   Negatives(std::size_t n, std::size_t gap, Count* counts, Test negative)
       : gap_(gap), below_(counts), next_(counts + gap) {
@@ -31,18 +31,18 @@ class Negatives {
     }
   }
 
-  /// Those of the chains of the gap at hand; the caller may change them after Prepare.
+  /// The counts of the current gap's chains; the caller may change them after Prepare.
   Count* Here() { return below_; }
 
-  /// Counts for the next gap.
+  /// Computes the counts of the next gap.
   void Prepare() {
     const std::size_t next = gap_ / 2;
-    if (gap_ % 2 == 0) {  // two chains make one
+    if (gap_ % 2 == 0) {  // two chains become one
       for (std::size_t r = 0; r < next; ++r) next_[r] = below_[r] + below_[r + next];
       return;
     }
-    // Element k of chain r goes to chain (r + k) mod next: the negatives of a chain go to chains
-    // side by side. Where they begin and end is noted, and summed up afterwards.
+    // Element k of chain r goes to chain (r + k) mod next: the negatives of a chain go to adjacent
+    // chains. The first and the one past the last are marked, and a prefix sum follows.
     std::fill_n(next_, next, Count{0});
     Count everywhere = 0;
     for (std::size_t r = 0; r < gap_; ++r) {
@@ -56,7 +56,7 @@ class Negatives {
       ++next_[first];
       if (end < next) {
         --next_[end];
-      } else {  // round to the first chain
+      } else {  // wraps around to the first chain
         ++everywhere;
         --next_[end - next];
       }
@@ -75,7 +75,7 @@ class Negatives {
   Count* next_;
 };
 
-/// Few zeros: a list of them, each as twice its place plus its sign, in order of the places.
+/// Few zeros: a list, each entry twice the index of a zero plus its sign, in ascending order.
 void SortByList(double* v, std::size_t n, std::size_t zeros, int* list, Count* counts) {
   Negatives chains(n, n / 2, counts, [v](std::size_t i) { return v[i] < 0; });
   int* entry = list;
@@ -99,10 +99,10 @@ void SortByList(double* v, std::size_t n, std::size_t zeros, int* list, Count* c
     if (list[k] & 1) v[negatives + k] = -0.0;  // NOLINT(clang-analyzer-core.*): filled
 }
 
-// Many zeros: a byte for every element. Zeros differ in the lowest bit, which comparing leaves out.
+// Many zeros: a byte for every element. Zeros differ in the lowest bit, which comparisons ignore.
 constexpr std::uint8_t kNegative = 0, kZero = 2, kMinusZero = 3, kPositive = 4;
 
-/// Makes all zeros of `v` 0.0. No branch could be guessed.
+/// Makes all zeros of `v` 0.0. Without branches, which could not be predicted.
 void Classify(double* v, std::size_t n, std::uint8_t* cells) {
   constexpr std::uint32_t kClasses = kPositive | kNegative << 8 | kZero << 16 | kMinusZero << 24;
   for (std::size_t i = 0; i < n; ++i) {
@@ -115,7 +115,7 @@ void Classify(double* v, std::size_t n, std::uint8_t* cells) {
   }
 }
 
-/// The lesser of each two cells to `lower`, equals as they are.
+/// Moves the lesser of each two cells to `lower`; equal cells stay.
 inline void Exchange(std::uint8_t* lower, std::uint8_t* upper, std::size_t count) {
   for (std::size_t c = 0; c < count; ++c) {
     const std::uint8_t a = lower[c], b = upper[c];
@@ -125,9 +125,9 @@ inline void Exchange(std::uint8_t* lower, std::uint8_t* upper, std::size_t count
   }
 }
 
-/// One pass over short chains, many side by side: insertion as a network of neighbours, hence stable.
-/// `interleaved`: each chain is two that are sorted, so an element passes only those of the other one.
-/// Behind the last element there are positives, up to the end of its row.
+/// One pass over short chains, many side by side: insertion as a network that only exchanges
+/// neighbours, hence stable. `interleaved`: each chain consists of two sorted ones, so an element
+/// passes only elements of the other. Positives follow the last element up to the end of its row.
 void SortShortChains(std::uint8_t* cells, std::size_t n, std::size_t gap, bool interleaved) {
   constexpr std::size_t kAbreast = 64;
   for (std::size_t first = 0; first < gap; first += kAbreast)
@@ -142,18 +142,18 @@ void SortShortChains(std::uint8_t* cells, std::size_t n, std::size_t gap, bool i
     }
 }
 
-/// Where the array is out of order, if it is: from the first element that belongs behind another one
-/// to the last that belongs before one.
+/// The range that is out of order, if any: from the first element that a later one should precede
+/// to the last element that should precede an earlier one.
 struct Disorder {
   std::size_t begin = 0, end = 0;
   bool Empty() const { return end <= begin; }
 };
 
-/// The passes, followed in a byte for every element. What lies before and behind the disorder stays, so
-/// soon only the neighbourhoods of the first zero and of the last one have to be gone through.
+/// The passes, followed in a byte for every element. Elements outside the disorder stay, so soon
+/// only the surroundings of the first and the last zero remain to be processed.
 class Cells {
  public:
-  /// `cells` and `scratch` have room for n + n / 2 + 1 each: a chain may reach behind n.
+  /// `cells` and `scratch` have room for n + n / 2 + 1 each: a chain may extend beyond n.
   Cells(double* v, std::size_t n, std::uint8_t* cells, std::uint8_t* scratch)
       : n_(n), cells_(cells), scratch_(scratch) {
     Classify(v, n, cells);
@@ -171,7 +171,7 @@ class Cells {
 
   /// `counts` has room for n / 2 + n / 4.
   void Sort(Count* counts) {
-    constexpr std::size_t kShort = 16;  // elements of a chain: beyond, the network is slower
+    constexpr std::size_t kShort = 16;  // elements of a chain; with more the network is slower
     std::size_t gap = n_ / 2;
     for (std::size_t last = 0; gap > 1 && n_ <= kShort * gap && !Done(); gap /= 2) {
       SortShortChains(cells_, n_, gap, last == 2 * gap);
@@ -188,19 +188,19 @@ class Cells {
     }
   }
 
-  /// Puts the signs of the zeros on those of `v`, which are 0.0 and begin at `zero`.
+  /// Gives the zeros of `v`, which are all 0.0 and begin at `zero`, their signs.
   void Sign(double* zero, std::size_t zeros) const {
     constexpr std::uint64_t kEightZeros = 0x0202020202020202;
     const double* const end = zero + zeros;
     for (const std::uint8_t* cell = cells_ + below_.begin; zero != end;) {
       std::uint64_t eight;
-      std::memcpy(&eight, cell, sizeof eight);  // there is room behind the last
+      std::memcpy(&eight, cell, sizeof eight);  // there is room after the last
       if ((eight & kEightZeros) == kEightZeros && end - zero >= 8) {
         for (int k = 0; k < 8; ++k) PutSign(zero + k, cell[k]);
         cell += 8;
         zero += 8;
       } else {
-        PutSign(zero, *cell);  // until its own comes, if this is no zero
+        PutSign(zero, *cell);  // overwritten later if this cell is no zero
         zero += *cell++ >> 1 & 1;
       }
     }
@@ -213,7 +213,7 @@ class Cells {
   }
   bool Done() const { return below_.Empty() && above_.Empty(); }
 
-  /// `below` is how many negatives each chain has; `places` has room for the gap.
+  /// `below` holds the number of negatives in each chain; `places` has room for `gap` entries.
   void SortLongChains(std::size_t gap, const Count* below, Count* places) {
     const bool joined = !below_.Empty() && !above_.Empty() && above_.begin < below_.end;
     if (!below_.Empty()) {
@@ -234,21 +234,22 @@ class Cells {
     }
   }
 
-  /// The disorder left where each chain is parted at its place.
+  /// The disorder that is left when each chain is partitioned at its place.
   static Disorder Left(Disorder range, std::size_t gap, const Count* places) {
     const auto [first, last] =
         std::minmax_element(places, places + std::min(gap, range.end - range.begin));
     return {std::min<std::size_t>(*first, range.end), *last + 1 > gap ? *last + 1 - gap : 0};
   }
 
-  /// Moves the zeros of every chain to its place and on, in their order. Chain k is that of the k-th
-  /// element of the range.
+  /// Moves the zeros of every chain to its place and the following ones, in order. Chain k is that
+  /// of the k-th element of the range.
   void Move(Disorder range, std::size_t gap, Count* places) {
     std::fill(scratch_ + range.begin, scratch_ + range.end, kNegative);
     const auto step = static_cast<Count>(gap);
     for (std::size_t row = range.begin; row < range.end; row += gap) {
       const std::size_t length = std::min(gap, range.end - row);
-      // What is no zero is written as well, where the chain's next zero will be, or nothing.
+      // Other elements are written too, to avoid a branch; the chain's next zero, if any,
+      // overwrites them.
       for (std::size_t k = 0; k < length; ++k) {
         const std::uint8_t cell = cells_[row + k];
         const Count place = places[k];

@@ -10,8 +10,8 @@ namespace zeph::double_array {
 namespace {
 
 /// The n - 2 passes. Each carries the greatest value so far in a register instead of exchanging it
-/// forward; a NaN on either side of the comparison is put down and the other carried on, as the
-/// exchanges would leave it.
+/// forward; where either side of a comparison is a NaN, the carried value is stored and the other
+/// carried on, as with exchanges.
 void BubbleWalk(double* v, std::size_t n) {
   for (std::size_t last = n - 1; last >= 2; --last) {
     double carried = v[0];
@@ -25,11 +25,12 @@ void BubbleWalk(double* v, std::size_t n) {
   }
 }
 
-/// The outcome of the n - 2 passes without them. A pass never moves a NaN and never exchanges
-/// equals, and moves every value that has a greater one before it, since the last NaN, down by
-/// one place. So a value needs as many passes as it has greater ones before it: at most n - 2, but
-/// for a last value below all others, which needs n - 1 and is left at index 1. (The passes grow
-/// shorter by what is already in place at the end; with a NaN no run has more than n - 1 values.)
+/// The result of the n - 2 passes without making them. A pass never moves a NaN and never exchanges
+/// equals, and moves every value that has a greater one before it (after the last NaN) down by one
+/// place. So a value needs as many passes as there are greater ones before it: at most n - 2,
+/// except a last value below all others, which needs n - 1 and is left at index 1. (The passes get
+/// shorter by the elements already in place at the end; with a NaN no run has more than n - 1
+/// values.)
 void BubbleShortcut(double* v, std::size_t n) {
   const double last = v[n - 1];
   const bool onePassShort = std::all_of(v, v + n - 1, [last](double x) { return x > last; });

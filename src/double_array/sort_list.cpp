@@ -8,7 +8,7 @@
 namespace zeph::double_array {
 namespace {
 
-/// The list insertion with the list kept in the front of the array: each value is put before the
+/// List insertion sort with the list kept at the front of the array: each value is put before the
 /// first one that it is not greater than.
 void ListWalk(double* v, std::size_t n) {
   for (std::size_t i = 1; i < n; ++i) {
@@ -20,10 +20,10 @@ void ListWalk(double* v, std::size_t n) {
   }
 }
 
-/// The outcome of the list insertion. A NaN goes to the head, and no later value gets past it: the
-/// values between two NaNs settle among themselves in front of what was there. So the list holds
-/// the NaNs, and the runs between them, in reverse order. Within a run the values ascend, the later
-/// of two equals first: the order in which they stand once the array is reversed.
+/// The result of the list insertion sort. A NaN goes to the head, and no later value passes it: the
+/// values between two NaNs are ordered only among themselves, in front of the older ones. So the
+/// list holds the NaNs and the runs between them in reverse order. Within a run values ascend, with
+/// the later of two equals first: the order of a stable sort once the array is reversed.
 void ListShortcut(double* v, std::size_t n) {
   if (SortIfOrderIsUnique(v, n)) return;
   std::reverse(v, v + n);

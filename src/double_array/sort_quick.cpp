@@ -8,16 +8,15 @@
 #include "double_array/quick_walk.h"
 #include "double_array/sorting.h"
 
-// Without NaN every cut-off of 2 and more leaves the piece in ascending order: partitioning orders
-// the pieces among themselves, and both finishing sorts sort what they are given (ManualSort gets
-// at most three elements).
+// Without NaN every cut-off from 2 on sorts the piece: partitioning puts the pieces in order, and
+// both finishing sorts sort theirs (ManualSort gets at most three elements).
 void CZEPHDoubleArray::recQuickSort(int left, int right, int cutoff) {
   namespace impl = zeph::double_array;
   if (left >= right) return;
   impl::RequireRange(*this, "CZEPHDoubleArray::recQuickSort", left, right);
   const auto count = static_cast<std::size_t>(std::int64_t{right} - left + 1);
   if (count > impl::kSmall && impl::SortIfOrderIsUnique(data + left, count)) return;
-  // Pieces of one element cannot be parted: the median needs three places, or two at least.
+  // A piece of one element cannot be partitioned: the median of three needs at least two.
   impl::SortAsWalked(data + left, count, static_cast<std::size_t>(std::max(cutoff, 2)));
 }
 

@@ -11,10 +11,10 @@
 namespace zeph::double_array {
 namespace {
 
-constexpr std::size_t kSigns = 4096;  // what half a KiB of the stack can tell
+constexpr std::size_t kSigns = 4096;  // one bit each in half a KiB of stack
 
-/// Sorts a run without NaN, all of whose zeros are 0.0 or -0.0, at most kSigns of them: their signs
-/// are taken off, which makes the order unique, and put on again.
+/// Sorts a run without NaN and with at most kSigns zeros: their signs are removed, which makes the
+/// sorted order unique, and restored afterwards.
 void SortWithoutSigns(double* v, std::size_t n, std::size_t zeros, Equals equals) {
   std::uint64_t signs[kSigns / 64] = {};
   std::size_t k = 0;
@@ -28,13 +28,13 @@ void SortWithoutSigns(double* v, std::size_t n, std::size_t zeros, Equals equals
     if (signs[k / 64] >> k % 64 & 1) v[negatives + k] = -0.0;
 }
 
-/// Sorts any run without NaN. Only what equals 0.0 is equal without being the same, so that is taken
-/// aside in its order and put back behind the sorted negatives.
+/// Sorts any run without NaN. Only zeros are equal without being identical, so they are taken out
+/// in their order and put back after the sorted negatives.
 void SortAroundZeros(double* v, std::size_t n, Equals equals) {
   double* const end = v + n;
   double* zeros = end;
   for (double* p = end; p != v;) {
-    --p;  // all between p and the zeros found is non-zero
+    --p;  // no zeros remain between p and those found
     const double x = *p, other = zeros[-1];
     const bool zero = x == 0;
     *p = zero ? other : x;
@@ -71,9 +71,9 @@ void SortRuns(double* v, std::size_t n, Equals equals) {
   }
 }
 
-// Large arrays: a NaN is neither moved nor passed, so it parts the array into runs that settle
-// among themselves. Within a run a key ends in front of all that are greater or equal: ascending
-// order, the later of two equals first.
+// Large arrays: a NaN is neither moved nor passed, so it divides the array into runs that are
+// sorted separately. Within a run a key ends up in front of all that are greater or equal:
+// ascending order, with the later of two equals first.
 void InsertionSort(double* v, std::size_t n) {
   if (n > kSmall) {
     if (!SortIfOrderIsUnique(v, n)) SortRuns(v, n, Equals::kReversed);
@@ -87,12 +87,12 @@ void InsertionSort(double* v, std::size_t n) {
   }
 }
 
-// The documented walk goes down to the start of its chain; this one stops at the first pair that is
-// in order. All pairs below were left in order by the walks before, with NaN too, so going on would
-// exchange nothing.
+// The documented steps go down to the start of the chain; this loop stops at the first pair that is
+// in order. All pairs below were left in order by the elements before, with NaN too, so going on
+// would exchange nothing.
 std::size_t ShellWalk(double* v, std::size_t n, std::size_t gap, std::size_t patience) {
   for (; gap > 0; gap /= 2) {
-    std::uint64_t left = std::uint64_t{patience} * n * gap;  // counted in places passed
+    std::uint64_t left = std::uint64_t{patience} * n * gap;  // counted in elements passed
     for (std::size_t i = gap; i < n; ++i) {
       const double key = v[i];
       std::size_t j = i;

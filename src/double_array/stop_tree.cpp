@@ -13,8 +13,8 @@ namespace {
 constexpr double kInf = std::numeric_limits<double>::infinity();
 using kernels::Bounds;
 
-/// Whether something between the bounds may end the scan upwards (nothing is below the pivot for
-/// certain), or the scan downwards.
+/// Whether an element within the bounds may stop the upward scan (some may be not below the pivot),
+/// or the downward scan.
 template <bool kUp>
 bool MayStop(const Bounds& bounds, double pivot) {
   return kUp ? !(bounds.greatest < pivot) : !(bounds.least > pivot);
@@ -61,7 +61,7 @@ void StopTree::Measure(std::size_t leaf) {
   level_[0][leaf] = kernels::BoundsOf(v_ + Begin(leaf), End(leaf) - Begin(leaf));
 }
 
-/// Takes a node's bounds from those below it; false if they were so already.
+/// Recomputes a node's bounds from those below it; returns false if they were right already.
 bool StopTree::Combine(int level, std::size_t node) {
   const Bounds* const below = level_[level - 1];
   const std::size_t end = std::min((node + 1) * kFan, nodes_[level - 1]);
@@ -92,7 +92,7 @@ void StopTree::Widen(std::size_t at) {
     Bounds& bounds = level_[level][node];
     const bool low = nan ? bounds.least != -kInf : x < bounds.least;
     const bool high = nan ? bounds.greatest != kInf : x > bounds.greatest;
-    if (!low && !high) return;  // the nodes above hold it as well
+    if (!low && !high) return;  // then the bounds above include it too
     if (low) bounds.least = nan ? -kInf : x;
     if (high) bounds.greatest = nan ? kInf : x;
   }
@@ -119,16 +119,16 @@ double StopTree::MedianOf3(std::size_t left, std::size_t right) {
 }
 
 /// One of the two scans: `kUp` from low indices to high ones until something is not less than the
-/// pivot, the other down until something is not greater. Remembers the stops of the block that it
-/// is in.
+/// pivot, the other down until something is not greater. Keeps a mask of the stops in the current
+/// block.
 template <bool kUp>
 struct StopTree::Scanner {
   StopTree& tree;
   const double pivot;
-  std::size_t next;  // kUp: the first index not looked at; else the last one, plus 1
+  std::size_t next;  // kUp: the first index not examined; else the last one, plus 1
   std::size_t base = 0;
-  std::uint64_t mask = 0;  // stops from `base` on that were found and not taken
-  bool idle = false;       // this leaf was entered at its edge and has had no stop so far
+  std::uint64_t mask = 0;  // stops from `base` on that are not used yet
+  bool idle = false;       // this leaf was entered at its edge and has no stop so far
 
   /// The next stop before `limit` (kUp), or the next one above it; `limit` if there is none.
   std::size_t Next(std::size_t limit) {
@@ -154,7 +154,7 @@ struct StopTree::Scanner {
   bool May(int level, std::size_t node) const {
     return MayStop<kUp>(tree.level_[level][node], pivot);
   }
-  /// Whether the scan enters a node and the one above it at once.
+  /// Whether the scan enters a node and its parent at once.
   bool EntersAbove(int level, std::size_t node) const {
     if (kUp) return node % kFan == 0;
     return node % kFan == kFan - 1 || node + 1 == tree.nodes_[level];
@@ -166,8 +166,8 @@ struct StopTree::Scanner {
     return kUp ? node * kFan : std::min(node * kFan + kFan, tree.nodes_[level - 1]) - 1;
   }
 
-  /// At the edge of a leaf: goes on to the next leaf that may hold a stop, or past `limit`. Nodes
-  /// are passed over as a whole where their bounds allow it, and entered where they do not.
+  /// At the edge of a leaf: moves to the next leaf that may contain a stop, or past `limit`. Skips
+  /// whole nodes where their bounds allow it and enters the others.
   void Skip(std::size_t limit) {
     int level = 0;
     std::size_t node = Leaf();
@@ -193,7 +193,7 @@ struct StopTree::Scanner {
     }
   }
 
-  /// Finds the stops of the next block, at most 64 elements that end where a leaf does.
+  /// Finds the stops of the next block: at most 64 elements, which end where a leaf does.
   void Look() {
     const std::size_t leaf = Leaf();
     const std::size_t leaf_begin = tree.Begin(leaf), leaf_end = tree.End(leaf);

@@ -13,29 +13,29 @@
 
 namespace zeph::double_array {
 
-/// Least and greatest value of every leaf of 64 elements, of every eight leaves, of every eight of
-/// those, and so on. A scan skips what cannot stop it, so a partition looks at a few leaves for
+/// The least and greatest value of every leaf of 64 elements, of every eight leaves, of every eight
+/// of those, and so on. A scan skips what cannot stop it, so a partition reads a few leaves for
 /// each element that it exchanges, and it exchanges no more than its smaller side has: n log n in
-/// all, whatever the order.
+/// all, for any order.
 ///
-/// Bounds may be wider than need be: an exchange only widens them, and a leaf that was entered for
-/// nothing gets its own again. So the pieces of one array share a tree: what another piece did to a
-/// leaf that they share, or to nodes above, does not matter to this one.
+/// Bounds may be wider than necessary: an exchange only widens them, and a leaf that was entered in
+/// vain is tightened again. So the pieces of one array can share a tree: what another piece does to
+/// a shared leaf, or to the nodes above, cannot make the bounds wrong.
 class StopTree {
  public:
-  /// Up to 256 leaves lie in the object. More are borrowed, 1/28 of the bytes of the array; if
-  /// there is no memory, the leaves are larger instead, and a scan looks at 1/256 of the array.
+  /// Up to 256 leaves are stored in the object. More are allocated, 1/28 of the bytes of the array;
+  /// if that fails, the leaves are larger instead, and a scan reads 1/256 of the array.
   StopTree(double* v, std::size_t n);
 
   /// Makes the bounds of the elements `first` to `last` tight.
   void Cover(std::size_t first, std::size_t last);
 
-  /// MedianOf3 and QuickPartition of a piece that Cover has met, and that has changed since by
-  /// this function only.
+  /// MedianOf3 and QuickPartition of a piece that Cover was called for and that only this function
+  /// has changed since.
   std::size_t Part(std::size_t first, std::size_t last);
 
  private:
-  static constexpr std::size_t kBlock = 64;  // elements that one mask stands for
+  static constexpr std::size_t kBlock = 64;  // elements to a mask
   static constexpr std::size_t kFan = 8;
   static constexpr std::size_t kOwnLeaves = 256;
   static constexpr int kMostLevels = 16;

@@ -64,7 +64,7 @@ CZEPHDoubleArray& CZEPHDoubleArray::operator=(const CZEPHDoubleArray& other) {
   const bool holds = data && size != 0;
   if (holds && size != other.size)
     zeph::frame::FatalReport("Bad vector sizes:CZEPHDoubleArray::operator=()", std::cout);
-  // A failed allocation may leave a block too small for the size that it has set.
+  // A failed allocation sets the size all the same, so the block may be too small for it.
   const bool ready = holds || AllocMemory(other.size);
   if (ready && other.data) zeph::kernels::Copy(data, other.data, Count(*this));
   return *this;

@@ -13,7 +13,7 @@
 namespace zeph::double_array {
 namespace {
 
-/// Whether a line of a display ends behind the element counted `k`: the first line has eleven.
+/// Whether a line of a display ends after element `k`: the first line has eleven.
 bool EndsLine(int k) {
   return k != 0 && k % 10 == 0;
 }
@@ -32,8 +32,9 @@ void AppendListing(CString& out, const double* first, int count) {
   writer.Flush();
 }
 
-/// Hardened builds look whether a block of the library's has room for what a stream announces; the block may be
-/// larger than the count says, on purpose, and those of the program's own are not known.
+/// Hardened builds check that a block allocated by the library has room for the count that a stream
+/// announces. The block may intentionally be larger than `size`; the program's own blocks cannot be
+/// checked.
 void RequireRoom([[maybe_unused]] const double* data, [[maybe_unused]] int count) {
 #ifdef ZEPH_HARDENED
   platform::LiveBlock found;
@@ -88,7 +89,7 @@ std::ostream& operator<<(std::ostream& os, const CZEPHDoubleArray& a) {
 }
 
 std::istream& operator>>(std::istream& is, CZEPHDoubleArray& a) {
-  // A stream may throw where it fails: the size is 0 then too.
+  // A stream may throw when it fails: the size is 0 then too.
   int count = 0;
   const struct Ending {
     CZEPHDoubleArray& array;

@@ -14,8 +14,8 @@ namespace {
 constexpr std::size_t kWord = 64;
 
 // The steps of a partition of equals: the median of three exchanges the middle with the last but
-// one; the scans exchange all in between, from both ends inwards; the pivot takes the place where
-// they met.
+// one; the scans exchange everything in between, from both ends inwards; the pivot goes where they
+// meet.
 std::size_t Middle(std::size_t n) {
   return (n - 1) / 2;
 }

@@ -12,12 +12,12 @@
 
 namespace zeph::double_array {
 
-/// The quicksort of a piece that is all 0.0 and -0.0. Equals stop both scans at every element, so a
-/// partition turns the piece round whatever is in it: no comparison is needed, and up to 64
-/// elements are turned as the bits of one word.
+/// The quicksort of a piece of only 0.0 and -0.0. Equal elements stop both scans everywhere, so a
+/// partition reverses the piece regardless of the signs: no comparison is needed, and up to 64
+/// elements are reversed as the bits of one word.
 void SortZeros(double* v, std::size_t n, std::size_t cutoff);
 
-/// Makes all zeros 0.0, so that the order is unique, and counts the negatives. Calls
+/// Makes all zeros 0.0, so that the sorted order is unique, and counts the negatives. Calls
 /// visit(place, sign) for every zero that was found.
 template <class Visit>
 std::size_t TakeZeros(double* v, std::size_t n, Visit visit) {

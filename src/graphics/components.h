@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the operations on vectors are written in, for all three classes at once.
+// The building blocks of the operations on vectors, for all three classes at once.
 #ifndef ZEPH_SRC_GRAPHICS_COMPONENTS_H
 #define ZEPH_SRC_GRAPHICS_COMPONENTS_H
 

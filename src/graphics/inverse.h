@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The inverses in lanes. Four cofactors at a time share their shape: three products of a 2x2
-// determinant's half with an entry added, three subtracted, strictly left to right.
+// The inverses in lanes. Four cofactors at a time have the same form: six products of three
+// entries, three added and three subtracted, strictly left to right.
 #ifndef ZEPH_SRC_GRAPHICS_INVERSE_H
 #define ZEPH_SRC_GRAPHICS_INVERSE_H
 
@@ -54,9 +54,9 @@ inline Columns<L> Cofactors(const Columns<L>& m) {
   const PairProducts<L> left(m.c0, m.c1);
   const TripleProducts<L> s(left, m.c3);
   r.c2 = ((((s.plus1 + s.plus2) + s.plus3) - s.minus1) - s.minus2) - s.minus3;
-  // The last column takes its products in another order, and rows 0 and 2 in another than rows 1
-  // and 3: 2, 3, 1 there and 3, 1, 2 here. Both begin with the sum of product 3 and one more, and a
-  // sum of two is the same either way round.
+  // The last column adds its products in another order, and rows 0 and 2 in another than rows 1 and
+  // 3: 2, 3, 1 in the former and 3, 1, 2 in the latter. Both begin with product 3 and one other,
+  // and addition of two terms commutes.
   const TripleProducts<L> t(left, m.c2);
   r.c3 = (((((t.minus3 + L::Alternate(t.minus2, t.minus1)) + L::Alternate(t.minus1, t.minus2)) -
             L::Alternate(t.plus3, t.plus2)) -
@@ -69,7 +69,7 @@ inline Columns<L> Cofactors(const Columns<L>& m) {
 template <class L>
 inline float Determinant(L cofactors, L column) {
   const L term = cofactors * column;
-  // By single floats: sums of the other lanes might raise exceptions of their own.
+  // Computed as single floats: the sums in other lanes might raise exceptions of their own.
   return ((term.First() + Spread<1>(term).First()) + Spread<2>(term).First()) +
          Spread<3>(term).First();
 }
@@ -77,8 +77,8 @@ inline float Determinant(L cofactors, L column) {
 enum class Form { kInverse, kInverseTranspose };
 
 /// The general inverse of `e`, or its transpose; the identity where the determinant is exactly 0.
-/// Cofactors under a determinant of exactly 1 stay unscaled: a product with 1 would make zeros of
-/// denormals where the host counts them as such.
+/// With a determinant of exactly 1 the cofactors are not scaled: multiplying by 1 would flush
+/// denormals where the host has set that mode.
 template <class L, Form kForm>
 inline Columns<L> GeneralInverse(const float* e) {
   const Columns<L> m = Columns<L>::Load(e);
@@ -95,7 +95,7 @@ inline Columns<L> GeneralInverse(const float* e) {
 template <class L, Form kForm>
 inline Columns<L> RigidInverse(const float* e) {
   const Columns<L> m = Columns<L>::Load(e);
-  // Lane 3 holds zeros all along, which meet no infinity.
+  // Lane 3 holds zeros throughout, which are never multiplied by an infinity.
   const L zero = L::All(0), one = L::All(1), t = L::WithLast(m.c3, zero);
   const Columns<L> rotation = {L::WithLast(m.c0, zero), L::WithLast(m.c1, zero),
                                L::WithLast(m.c2, zero), zero};

@@ -21,7 +21,7 @@
 
 namespace zeph::graphics {
 
-/// The form without intrinsics; says what each operation means.
+/// The form without intrinsics, which defines each operation.
 struct PlainLanes {
   float lane[4];
 
@@ -72,8 +72,7 @@ struct PlainLanes {
 struct Sse2Lanes {
   __m128 v;
 
-  // Whole, although the floats of an object straddle cache lines now and then: halves took 15 %
-  // more.
+  // One load, although an object's floats sometimes straddle a cache line: two halves were slower.
   static Sse2Lanes Load(const float* p) { return {_mm_loadu_ps(p)}; }
   void Store(float* p) const { _mm_storeu_ps(p, v); }
   static Sse2Lanes All(float x) { return {_mm_set1_ps(x)}; }
@@ -177,8 +176,7 @@ struct Columns {
             L::template Join<0, 2, 0, 2>(bottom01, bottom23),
             L::template Join<1, 3, 1, 3>(bottom01, bottom23)};
   }
-  /// With lane 0 in the place of lane 3 as well: what is computed there shall be dropped, and may
-  /// raise no exception of its own.
+  /// With lane 0 copied to lane 3: its result is discarded and must raise no exception of its own.
   Columns WithoutBottom() const {
     return {c0.template Pick<0, 1, 2, 0>(), c1.template Pick<0, 1, 2, 0>(),
             c2.template Pick<0, 1, 2, 0>(), c3.template Pick<0, 1, 2, 0>()};
@@ -192,8 +190,8 @@ struct Columns {
 
 /// Whether the bottom row of column-major `e` is exactly 0, 0, 0, 1.
 ///
-/// Decided on the bits: a float equals 0.0 when its bits are zero but for the sign, and equals 1.0
-/// when they are those of 1.0. Other denormals are compared: some hosts count them as zeros.
+/// Decided on the bits: a float equals 0.0 when its bits without the sign are zero, and equals 1.0
+/// when they are those of 1.0. Denormals are compared as floats: some hosts treat them as zeros.
 inline bool IsAffine(const float* e) {
   std::uint32_t e3, e7, e11, e15;
   std::memcpy(&e3, e + 3, sizeof e3);

@@ -31,7 +31,7 @@ void CZEPHMatrix4x4::SetUniformScale(float s) {
   SetScale(CZEPHVector3D(s, s, s));
 }
 
-// The identity, but for a turn in the plane of the coordinates `from` and `to`.
+// A rotation in the plane of the coordinates `from` and `to`, the identity elsewhere.
 static void SetTurn(CZEPHMatrix4x4& m, double angle, int from, int to) {
   const auto [sine, cosine] = TurnInFloat(angle);
   m.LoadIdentity();

@@ -7,8 +7,8 @@
 
 namespace zeph::graphics {
 
-/// The matrix of these columns. They are taken by value: what is computed before the result exists
-/// cannot overlap it, and so the compiler leaves out the identity that a new matrix starts with.
+/// The matrix with these columns. They are taken by value: they cannot overlap the result, so the
+/// compiler can omit the identity that a new matrix starts with.
 inline CZEPHMatrix4x4 MatrixOf(Columns<Lanes> columns) {
   CZEPHMatrix4x4 result;
   columns.Store(result.entries);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The matrix products in lanes: lane i is row i, so each entry's terms are added in the documented
-// order, whatever the form of the lanes.
+// order, in every form of the lanes.
 #ifndef ZEPH_SRC_GRAPHICS_PRODUCT_H
 #define ZEPH_SRC_GRAPHICS_PRODUCT_H
 
@@ -21,17 +21,17 @@ inline L SumOfFour(const Columns<L>& a, L b) {
   return SumOfThree(a, b) + a.c3 * Spread<3>(b);
 }
 
-/// The product of matrices `a` and `b` by the path that their bottom rows choose.
+/// The product of matrices `a` and `b`; their bottom rows select the path.
 template <class L>
 inline Columns<L> Product(const float* a, const float* b) {
   const bool firstAffine = IsAffine(a), secondAffine = IsAffine(b);
   const Columns<L> right = Columns<L>::Load(b);
   Columns<L> left = Columns<L>::Load(a);
   if (firstAffine) left = left.WithoutBottom();
-  if (secondAffine) {  // its 0, 0, 0, 1 drops the fourth term, or leaves the last column as it is
+  if (secondAffine) {  // its bottom row drops the fourth term, or adds the last column unscaled
     const Columns<L> rows = {SumOfThree(left, right.c0), SumOfThree(left, right.c1),
                              SumOfThree(left, right.c2), SumOfThree(left, right.c3) + left.c3};
-    // The bottom row of two is exact, whatever the other rows hold.
+    // The bottom row of two affine factors is exact, whatever the other rows hold.
     return firstAffine ? rows.WithBottom(Columns<L>::Identity()) : rows;
   }
   const Columns<L> rows = {SumOfFour(left, right.c0), SumOfFour(left, right.c1),

@@ -14,7 +14,7 @@ struct FloatTurn {
 };
 FloatTurn TurnInFloat(double degrees);
 
-/// The 3x3 matrix that turns column vectors: r21 stands in row 2, column 1.
+/// The 3x3 matrix that rotates column vectors: r21 is in row 2, column 1.
 struct Rotation {
   float r00, r01, r02, r10, r11, r12, r20, r21, r22;
 };

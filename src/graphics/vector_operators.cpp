@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The operators that the three vector classes share, and their array constructor with a twist.
+// The operators that the three vector classes share, and the constructor from an array that differs
+// between them.
 #include "graphics/components.h"
 
 using namespace zeph::graphics;

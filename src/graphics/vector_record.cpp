@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The free functions on records. Each component is stored before the next is computed: outputs may
-// be inputs, and programs see it.
+// alias inputs, and programs depend on it.
 #include "graphics.h"
 #include "platform/exactness.h"
 

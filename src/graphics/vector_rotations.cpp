@@ -30,7 +30,7 @@ CZEPHVector3D CZEPHVector3D::GetRotatedAxis(double angle, const CZEPHVector3D& a
                        r.r20 * x + r.r21 * y + r.r22 * z);
 }
 
-// The larger class turns its first three components and keeps w.
+// The larger class rotates its first three components and keeps w.
 static CZEPHVector4D WithW(const CZEPHVector3D& turned, float w) {
   return CZEPHVector4D(turned.x, turned.y, turned.z, w);
 }

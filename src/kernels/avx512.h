@@ -8,8 +8,8 @@
 
 #if ZEPH_X64
 
-// g++ 12 takes the deliberately undefined operands inside its own intrinsics for mistakes, and says
-// so where they are inlined: hence for the whole of each file that includes this.
+// g++ 12 warns of the deliberately undefined operands inside its own intrinsics at the place where
+// they are inlined: so the warning is off for the whole of each file that includes this.
 #if defined(__GNUC__) && !defined(__clang__)
 #pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
 #pragma GCC diagnostic ignored "-Wuninitialized"

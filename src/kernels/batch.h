@@ -11,17 +11,17 @@
 
 namespace zeph::kernels {
 
-/// The first component of object `i`, of which there is one every `stride` bytes.
+/// The first component of object `i`; objects are `stride` bytes apart.
 template <class T>
 T* At(T* first, std::size_t stride, std::size_t i) {
   using Byte = std::conditional_t<std::is_const_v<T>, const char, char>;
   return reinterpret_cast<T*>(reinterpret_cast<Byte*>(first) + i * stride);
 }
 
-/// What vectors of three components offer in both precisions. Pointers are to the first component
-/// of the first object; objects lie `stride` bytes apart, 24 where there are wide forms, and of each
-/// at least four floats or three doubles can be read, of which three are used. `out` is one of the
-/// operands or overlaps none.
+/// The operations on vectors of three components, in both precisions. Pointers are to the first
+/// component of the first object; objects are `stride` bytes apart, 24 where there are wide forms,
+/// and at least four floats or three doubles of each can be read, of which three are used. `out` is
+/// one of the operands or overlaps none.
 template <class T>
 struct Vectors {
   /// The documented normalisation of the class.
@@ -30,7 +30,7 @@ struct Vectors {
   void (*dot)(T* out, const T* a, const T* b, std::size_t stride, std::size_t n);
   void (*cross)(T* out, const T* a, const T* b, std::size_t stride, std::size_t n);
   /// low[c] and high[c] hold component c of the first object and become the least and the greatest
-  /// of all: numbers by value, so a zero may come out with either sign.
+  /// of all: by value, so a zero may have either sign.
   void (*bounds)(T* low, T* high, const T* v, std::size_t stride, std::size_t n);
 };
 
@@ -39,13 +39,13 @@ struct Vectors {
 struct Batch {
   Vectors<float> floats;
   Vectors<double> doubles;
-  /// Vectors of three by the upper left 3 x 3 of `e`: a row's terms are added in order.
+  /// Multiplies vectors of three by the upper left 3 x 3 of `e`; a row's terms are added in order.
   void (*directions)(float* out, const float* v, std::size_t stride, const float* e, std::size_t n);
-  /// The same plus the fourth column, which holds the products with w already; `divide`: divided by
-  /// the fourth row's sum unless that is exactly 0 or 1.
+  /// The same plus the fourth column, which already holds the products with w; with `divide`,
+  /// divided by the fourth row's sum unless that is exactly 0 or 1.
   void (*points)(float* out, const float* v, std::size_t stride, const float* e, bool divide,
                  std::size_t n);
-  /// Vectors of four. `copyLast`: the last component is copied instead.
+  /// Vectors of four. With `copyLast` the last component is copied instead.
   void (*vectors)(float* out, const float* v, std::size_t stride, const float* e, bool copyLast,
                   std::size_t n);
 };

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// Eight floats or four doubles of a component side by side. Objects are read as they lie, a few at a
-// time, and turned over in registers; what lies between their components is never computed with.
+// Eight floats or four doubles of a component side by side. Objects are loaded whole, a few at a
+// time, and transposed in registers; the bytes between their components never take part in
+// arithmetic.
 #include "kernels/batch.h"
 #include "kernels/forms.h"
 
@@ -104,7 +105,7 @@ struct Wide<float> {
                         _mm256_cmp_ps(x, _mm256_setzero_ps(), _CMP_EQ_OQ));
   }
   ZEPH_LANES V Select(V yes, V a, V b) { return _mm256_blendv_ps(b, a, yes); }
-  // Not as minimum and maximum, which do not keep the bits of denormals in every mode.
+  // Not by minimum and maximum instructions, which do not keep the bits of denormals in every mode.
   ZEPH_LANES V Least(V x, V m) { return Select(_mm256_cmp_ps(x, m, _CMP_LT_OS), x, m); }
   ZEPH_LANES V Greatest(V x, V m) { return Select(_mm256_cmp_ps(x, m, _CMP_GT_OS), x, m); }
 };
@@ -165,7 +166,7 @@ ZEPH_LANES __m256 Spread(__m256 columns) {
 }
 
 /// Rows 0 to 2 of both columns; row 3 becomes 0. An affine left factor's sums are not computed
-/// there, where they could raise exceptions that nobody asked for.
+/// there, where they could raise spurious exceptions.
 ZEPH_LANES __m256 ThreeRows(__m256 columns) {
   return _mm256_blend_ps(columns, _mm256_setzero_ps(), 0x88);
 }
@@ -194,7 +195,7 @@ ZEPH_FORM void ProductsOf(float* out, const float* m, std::size_t stride, const 
     const __m256 b01 = _mm256_loadu_ps(p), b23 = _mm256_loadu_ps(p + 8);
     __m256 r01 = Column<kFirstAffine, kSecondAffine>(left, b01);
     __m256 r23 = Column<kFirstAffine, kSecondAffine>(left, b23);
-    if constexpr (kSecondAffine) {  // the last column moves on
+    if constexpr (kSecondAffine) {  // adds the last column
       const __m128 moved = _mm256_extractf128_ps(r23, 1) + _mm256_castps256_ps128(left[3]);
       r23 = _mm256_insertf128_ps(r23, moved, 1);
     }

@@ -3,10 +3,10 @@
 // Sixteen floats or eight doubles of a component side by side; a whole matrix of floats, or two
 // columns of doubles, in one register. Vectors of four stay in the AVX2 form.
 //
-// The objects are first packed into three registers, and these turned over into one register a
-// component. Doubles lie packed in memory, x y z x y z .... Of float objects half is no component: the
-// components of one stretch of memory fill the gaps of the next one's, without a shuffle. Only lanes
-// with a component take part in loads' arithmetic and in stores.
+// The objects are first packed into three registers, which are transposed into one register a
+// component. Doubles are packed in memory, x y z x y z .... Half of a float object is not
+// components: the components of one stretch of memory fill the gaps of the next stretch, without a
+// shuffle. Only lanes with a component take part in arithmetic and in stores.
 #include "kernels/batch.h"
 #include "kernels/forms.h"
 
@@ -27,11 +27,12 @@ namespace {
 
 // --- vectors ---
 
-// The tables below are for objects 24 bytes apart: a pointer and three floats and what fills them up,
-// or three doubles.
+// The tables below are for objects 24 bytes apart: a pointer, three floats and padding, or three
+// doubles.
 
-/// Keeps the compiler from exchanging the stores before and after: where the arrays exceed the nearest
-/// cache, a line that is left and written again later costs a quarter of the whole loop.
+/// Keeps the compiler from reordering the stores before and after: where the arrays exceed the
+/// first-level cache, a line that is written in two separate passes costs a quarter of the whole
+/// loop.
 ZEPH_AVX512_INLINE void InOrder() {
   std::atomic_signal_fence(std::memory_order_seq_cst);
 }
@@ -45,10 +46,10 @@ struct alignas(64) Lanes8 {
   ZEPH_AVX512_INLINE __m512i Load(const Lanes8& lanes) { return _mm512_load_si512(lanes.at); }
 };
 
-// Float f behind the first belongs to object f / 6 and is its component f % 6, if that is below 3.
+// The float at offset f belongs to object f / 6 and is its component f % 6, if that is below 3.
 
-/// The six stretches of sixteen floats that hold the components of sixteen objects: packed register k
-/// takes those of stretch 2 k, and between them those of the next.
+/// The six stretches of sixteen floats that hold the components of sixteen objects: packed register
+/// k takes those of stretch 2 k and, in the gaps, those of the next one.
 constexpr int kStretches[6] = {0, 15, 31, 46, 62, 77};
 constexpr bool IsComponent(int stretch, int lane) {
   return (kStretches[stretch] + lane) % 6 < 3;
@@ -58,12 +59,12 @@ constexpr unsigned ComponentsOf(int stretch) {
   for (int l = 0; l < 16; ++l) lanes |= unsigned{IsComponent(stretch, l)} << l;
   return lanes;
 }
-/// Which float lane `lane` of packed register k holds.
+/// The offset of the float in lane `lane` of packed register k.
 constexpr int FloatAt(int k, int lane) {
   return kStretches[IsComponent(2 * k, lane) ? 2 * k : 2 * k + 1] + lane;
 }
 
-/// A component of all objects: what the first two packed registers hold of it, then the rest.
+/// A component of all objects: its elements in the first two packed registers, then the rest.
 template <class Lanes>
 struct Split {
   Lanes first[3]{}, rest[3]{};
@@ -186,7 +187,7 @@ struct Wide<float> {
                                   _mm512_cmp_ps_mask(x, _mm512_setzero_ps(), _CMP_EQ_OQ));
   }
   ZEPH_AVX512_INLINE V Select(__mmask16 yes, V a, V b) { return _mm512_mask_blend_ps(yes, b, a); }
-  // Not as minimum and maximum, which do not keep the bits of denormals in every mode.
+  // Not by minimum and maximum instructions, which do not keep the bits of denormals in every mode.
   ZEPH_AVX512_INLINE V Least(V x, V m) {
     return Select(_mm512_cmp_ps_mask(x, m, _CMP_LT_OS), x, m);
   }
@@ -260,7 +261,8 @@ ZEPH_AVX512_INLINE __m512 Spread(__m512 columns) {
   return _mm512_permute_ps(columns, k * 0x55);
 }
 
-/// Lanes of an affine left factor's bottom row are masked out, so that their sums raise nothing.
+/// Lanes of an affine left factor's bottom row are masked out, so that their sums raise no
+/// exception.
 template <bool kFirstAffine, bool kSecondAffine>
 ZEPH_AVX512 void ProductsOf(float* out, const float* m, std::size_t stride, const float* e,
                             std::size_t n) {
@@ -277,7 +279,7 @@ ZEPH_AVX512 void ProductsOf(float* out, const float* m, std::size_t stride, cons
     __m512 sum = _mm512_add_ps(_mm512_maskz_mul_ps(kRows, c0, Spread<0>(b)),
                                _mm512_maskz_mul_ps(kRows, c1, Spread<1>(b)));
     sum = _mm512_add_ps(sum, _mm512_maskz_mul_ps(kRows, c2, Spread<2>(b)));
-    if constexpr (kSecondAffine)  // the last column moves on
+    if constexpr (kSecondAffine)  // adds the last column
       sum = _mm512_mask_add_ps(sum, kLastColumn, sum, c3);
     else
       sum = _mm512_add_ps(sum, _mm512_maskz_mul_ps(kRows, c3, Spread<3>(b)));

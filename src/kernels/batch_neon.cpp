@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Four floats or two doubles of a component side by side. Objects are read as they lie and turned over in
-// registers; what lies between their components is never computed with.
+// Four floats or two doubles of a component side by side. Objects are loaded whole and transposed
+// in registers; the bytes between their components never take part in arithmetic.
 #include "kernels/batch.h"
 #include "kernels/forms.h"
 
@@ -79,7 +79,7 @@ struct Wide<float> {
   ZEPH_LANES V Sqrt(V x) { return vsqrtq_f32(x); }
   ZEPH_LANES uint32x4_t IsOneOrZero(V x) { return vorrq_u32(vceqq_f32(x, All(1)), vceqzq_f32(x)); }
   ZEPH_LANES V Select(uint32x4_t yes, V a, V b) { return vbslq_f32(yes, a, b); }
-  // Not as minimum and maximum, which do not keep the bits of denormals in every mode.
+  // Not by minimum and maximum instructions, which do not keep the bits of denormals in every mode.
   ZEPH_LANES V Least(V x, V m) { return Select(vcltq_f32(x, m), x, m); }
   ZEPH_LANES V Greatest(V x, V m) { return Select(vcgtq_f32(x, m), x, m); }
 };
@@ -125,8 +125,8 @@ struct Wide<double> {
 
 // --- products: a column of floats, or half of one of doubles, side by side ---
 
-/// Element `k` in every lane; in three, with 0 in the last one, under an affine left factor: its sums are not
-/// computed there, where they could raise exceptions that nobody asked for.
+/// Element `k` in every lane; in three, with 0 in the last one, under an affine left factor: its
+/// sums are not computed there, where they could raise spurious exceptions.
 template <int k, bool kThree>
 ZEPH_LANES float32x4_t Spread(float32x4_t column) {
   if constexpr (!kThree) return vdupq_laneq_f32(column, k);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the operations mean: one object at a time.
+// The definition of the operations: one object at a time.
 #include <cmath>
 #include <cstring>
 #include <type_traits>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Sorting by counting, where the values are few: a pass that counts each, and one that writes them
-// in order. What has equal bits is one value; who sorts knows that equal values have equal bits.
+// Counting sort for few distinct values: a pass that counts each, and one that writes them in
+// order. Values are told apart by their bits; the caller knows that equal values have equal bits.
 #ifndef ZEPH_SRC_KERNELS_COUNTING_H
 #define ZEPH_SRC_KERNELS_COUNTING_H
 
@@ -17,14 +17,14 @@
 namespace zeph::kernels::counting {
 
 constexpr std::size_t kFewest = 8000;  // elements; below, a sample of them costs too much
-constexpr std::size_t kMost = 256;     // values that are counted
+constexpr std::size_t kMost = 256;     // distinct values
 constexpr std::size_t kSample = 64;
 
-/// How many times each value was met. 16 KiB, for the stack.
+/// How often each value occurred. 16 KiB, for the stack.
 template <class T>
 class Counts {
  public:
-  // All bits 0 stand for a slot that is free, but for the first: it is the one of that value.
+  // A slot whose bits are all 0 is free, except the first: it belongs to that very value.
   Counts() { std::memset(static_cast<void*>(slots_), 0, sizeof slots_); }
 
   /// Counts the elements; false when they have more than kMost values.
@@ -32,7 +32,7 @@ class Counts {
     while (n > 0 && others_ < kMost) {
       const std::size_t part = std::min(n, kPart);
       std::size_t i = 0;
-      // Two counters a value, so that a run of one value does not wait for each sum.
+      // Two counters a value, so that a run of equal values does not form one chain of additions.
       for (; i + 2 <= part; i += 2) {
         ++Find(v[i]).count[0];
         ++Find(v[i + 1]).count[1];
@@ -44,7 +44,7 @@ class Counts {
     return n == 0 && others_ < kMost;
   }
 
-  /// How many values there are, and what they are, in no order.
+  /// The number of distinct values, and the values in no particular order.
   std::size_t Values(T* out) const {
     T* end = out;
     for (const Slot& slot : slots_)
@@ -88,10 +88,11 @@ class Counts {
   }
 
   Slot slots_[kSlots];
-  std::size_t others_ = 0;  // values but for the one of the first slot
+  std::size_t others_ = 0;  // distinct values, without that of the first slot
 };
 
-/// The values of a sample from all over `v` (n >= kSample), in no order, and how many they are.
+/// The distinct values of a sample taken from all over `v` (n >= kSample), in no particular order,
+/// and their number.
 template <class T>
 ZEPH_NOINLINE std::size_t Sample(const T* v, std::size_t n, T* values) {
   ZEPH_SORT_STEP(kSampled, n);
@@ -101,8 +102,8 @@ ZEPH_NOINLINE std::size_t Sample(const T* v, std::size_t n, T* values) {
   return counts.Values(values);
 }
 
-/// Sorts `v` where it has few values, which `form` puts in order; false, and `v` as it was, where it
-/// has not.
+/// Sorts `v` if it has few distinct values, which `form` sorts; otherwise leaves it unchanged and
+/// returns false.
 template <class T, class Form>
 ZEPH_NOINLINE bool SortFew(T* v, std::size_t n, const Form& form) {
   Counts<T> counts;
@@ -115,14 +116,15 @@ ZEPH_NOINLINE bool SortFew(T* v, std::size_t n, const Form& form) {
   return true;
 }
 
-// What keeps counts stays out of line: the sort that calls it calls itself, and its frame is small.
+// Functions that hold counts are not inlined: the sort that calls them is recursive and needs a
+// small frame.
 
-/// Decides where to look for few values: at a piece as long as its parents have shown some twice,
-/// and no more where counting has failed.
+/// Decides which pieces to sample for few distinct values: as long as the pieces above have shown
+/// repeated values, and no more once counting has failed.
 class Chance {
  public:
-  /// True when `v` was sorted by counting. The form sorts short arrays, and may have a way of its
-  /// own for values so few that a sample has them all.
+  /// True when `v` was sorted by counting. The form sorts short arrays, and may treat values so few
+  /// that a sample has them all in its own way.
   template <class T, class Form>
   ZEPH_NOINLINE bool Take(T* v, std::size_t n, const Form& form) {
     if (n < kFewest || left_ == 0) return false;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Keeps moved values whole in a host that has denormals counted as zeros.
+// Keeps the bits of moved values in a host that treats denormals as zeros.
 #ifndef ZEPH_SRC_KERNELS_DENORMAL_GUARD_H
 #define ZEPH_SRC_KERNELS_DENORMAL_GUARD_H
 
@@ -14,10 +14,10 @@
 
 namespace zeph::kernels {
 
-/// For kernels that move elements of type T by minimum and maximum instructions. Those put a zero
-/// in the place of a denormal while the mode "denormals are zero" is on; it is off as long as a
-/// guard lives, and then the host's modes and flags are again what they were. A host without it
-/// pays for reading the modes only.
+/// For kernels that move elements of type T by minimum and maximum instructions. Those replace a
+/// denormal by a zero while the mode "denormals are zero" is on. A guard turns the mode off during
+/// its lifetime and then restores the host's modes and flags. In a host without that mode the only
+/// cost is reading the modes.
 template <class T>
 class DenormalGuard {};
 

@@ -19,10 +19,10 @@ struct Products {
 /// out = a * b, where `a` has rows x inner, `b` inner x cols and `out` rows x cols elements.
 ///
 /// Entry (i, j) starts at 0.0 and gets a[i][k] * b[k][j] added in increasing k, each product and
-/// each sum rounded by itself: the bits of the textbook triple loop (any NaN counts as any NaN).
+/// each sum rounded separately: the bits of the textbook triple loop (all NaNs count as equal).
 /// Every row is a block of its own; a row of `out` shares no element with another row or an input.
-/// Any count may be 0. Never throws: large products borrow 96 KiB and do without if there
-/// are none. Reads and writes no element outside the rows.
+/// Any count may be 0. Never throws: large products allocate 96 KiB, and do without where that
+/// fails. Reads and writes no element outside the rows.
 inline void DenseProduct(double* const* out, const double* const* a, const double* const* b,
                          std::size_t rows, std::size_t inner, std::size_t cols) {
   Active().products->dense(out, a, b, rows, inner, cols);

@@ -33,7 +33,7 @@ ZEPH_WIDE __m256i FirstLanes(std::size_t count) {
 ZEPH_WIDE __m256d Load(const double* p) {
   return _mm256_loadu_pd(p);
 }
-/// The first of them again in the other lanes, which may raise no exception of their own.
+/// The first of them again in the other lanes, which must raise no exception of their own.
 ZEPH_WIDE __m256d LoadFirst(const double* p, __m256i mask) {
   return _mm256_blendv_pd(_mm256_broadcast_sd(p), _mm256_maskload_pd(p, mask),
                           _mm256_castsi256_pd(mask));

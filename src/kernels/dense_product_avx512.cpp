@@ -32,7 +32,7 @@ ZEPH_WIDE __mmask8 FirstLanes(std::size_t count) {
 ZEPH_WIDE __m512d Load(const double* p) {
   return _mm512_loadu_pd(p);
 }
-/// The first of them again in the other lanes, which may raise no exception of their own.
+/// The first of them again in the other lanes, which must raise no exception of their own.
 ZEPH_WIDE __m512d LoadFirst(const double* p, __mmask8 mask) {
   return _mm512_mask_loadu_pd(_mm512_set1_pd(*p), mask, p);
 }
@@ -49,7 +49,7 @@ ZEPH_WIDE const double* Element(const double* x) {
   return x;
 }
 /// factors * (x, x, ...). In assembler, because the compilers would broadcast x once and use it for
-/// several vectors: the broadcast then takes pipes that the arithmetic needs.
+/// several vectors: the broadcast then occupies ports that the arithmetic needs.
 ZEPH_WIDE __m512d Times(__m512d factors, const double* x) {
   __m512d product;
   __asm__("vmulpd %2%{1to8%}, %1, %0" : "=v"(product) : "v"(factors), "m"(*x));
@@ -61,8 +61,8 @@ ZEPH_WIDE __m512d Times(__m512d factors, const double* x) {
 struct Form : Tiles {
   static constexpr std::size_t kLoose = 2;
   static constexpr const RowSums& kRowSums = avx2::kRowSums;
-  /// Once the right factor fills most of the second cache. A vector loaded from two lines does not
-  /// slow the arithmetic down here.
+  /// Only once the right factor fills most of the second-level cache. A vector loaded from two
+  /// cache lines does not slow the arithmetic down here.
   static bool Packs(std::size_t rows, std::size_t inner, std::size_t cols) {
     return rows >= 32 && inner * cols > 100 * 1024;
   }

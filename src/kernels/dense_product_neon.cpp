@@ -32,7 +32,7 @@ ZEPH_WIDE std::size_t FirstLanes(std::size_t count) {
 ZEPH_WIDE float64x2_t Load(const double* p) {
   return vld1q_f64(p);
 }
-/// The first lane again in one that is not there, which may raise no exception of its own.
+/// The first lane again in place of a missing one, which must raise no exception of its own.
 ZEPH_WIDE float64x2_t LoadFirst(const double* p, std::size_t count) {
   return count == kLanes ? Load(p) : vld1q_dup_f64(p);
 }

@@ -11,8 +11,8 @@ namespace {
 
 constexpr std::size_t kTileCols = 4;
 
-/// `Rows` x `Cols` entries of a tile, from its `row` and `column` on: each sum goes on from what
-/// `out` holds, or starts at 0.0, and takes up its products in increasing k.
+/// `Rows` x `Cols` entries of a tile, from its `row` and `column` on: each sum continues from the
+/// value in `out`, or starts at 0.0, and adds its products in increasing k.
 template <std::size_t Rows, std::size_t Cols>
 void RunTile(const product::Tile& tile, std::size_t row, std::size_t column) {
   double* const* const out = tile.out + row;

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// The walk over a product's tiles, shared by its forms.
+// The loops over a product's tiles, shared by its forms.
 //
 // A tile is some rows of the result by one strip of columns. Its sums stay in registers while k
-// runs through a block, and rest in `out`, where a double keeps its bits, until the next block: so
-// every entry adds in increasing k whatever the blocks are.
+// runs through a block, and are stored in `out`, without loss, until the next block: so every entry
+// adds in increasing k for any block size.
 #ifndef ZEPH_SRC_KERNELS_DENSE_PRODUCT_TILES_H
 #define ZEPH_SRC_KERNELS_DENSE_PRODUCT_TILES_H
 
@@ -23,14 +23,14 @@ struct Tile {
   double* const* out;      // the tile's rows of the result
   const double* const* a;  // the same rows of the left factor, element 0 being k = first
   const double* const* b;  // the rows of the right factor, row 0 being k = first
-  const double* packed;    // null, or the strip's columns of those rows one behind the other
+  const double* packed;    // null, or the strip's columns of those rows, contiguous
   std::size_t column;      // the strip's first column
   std::size_t width;       // the strip's number of columns
   std::size_t inner;       // length of the block of k
-  bool resume;             // whether the sums go on from what `out` holds; else from 0.0
+  bool resume;             // whether the sums continue from `out`; else they start at 0.0
 };
 
-constexpr std::size_t kInnerBlock = 256;  // a packed strip then about fills the nearest cache
+constexpr std::size_t kInnerBlock = 256;  // a packed strip then about fills the first-level cache
 constexpr std::size_t kPanelCols = 48;    // columns of the right factor packed at a time
 constexpr std::size_t kRowBlock = 512;    // rows of the left factor that use a packed panel
 
@@ -58,9 +58,9 @@ void ForEachHeight(const Block& block, Run run) {
   }
 }
 
-/// The columns behind the last whole vector, one by one, as ordered sums of the left factor's rows
-/// times that column: the same products, added in the same order. (Not inlined: small products
-/// would pay for its room.)
+/// The columns after the last whole vector, one by one, as ordered sums of the left factor's rows
+/// times that column: the same products, added in the same order. (Not inlined: its stack frame
+/// would slow small products down.)
 template <class Form>
 ZEPH_NOINLINE void RunLooseColumns(const Block& block) {
   constexpr std::size_t kAtOnce = 48;
@@ -75,9 +75,9 @@ ZEPH_NOINLINE void RunLooseColumns(const Block& block) {
   }
 }
 
-/// Strip after strip, reading the right factor where it stands. The last strip begins early enough
-/// to be whole vectors, where there are columns for it: it computes some entries once more, to the
-/// same bits, which is cheaper than parts of vectors.
+/// Strip after strip, reading the right factor in place. The last strip begins early enough to
+/// consist of whole vectors, if there are columns enough: it computes some entries twice, to the
+/// same bits, which is cheaper than partial vectors.
 template <class Form>
 void RunInPlace(const Block& block) {
   std::size_t cols = block.cols;
@@ -99,9 +99,9 @@ void RunInPlace(const Block& block) {
   }
 }
 
-/// Copies a panel of the right factor, strip behind strip. In the place of columns it does not have
-/// stands the first one of the last vector: what they give is never stored, and raises no exception
-/// that a column does not raise.
+/// Copies a panel of the right factor, strip after strip. Missing columns are filled with the first
+/// column of the last vector: their results are never stored, and raise no exceptions other than
+/// that column's.
 template <class Form>
 void PackPanel(double* to, const Tile& panel) {
   for (std::size_t k = 0; k < panel.inner; ++k, to += Form::kCols) {
@@ -118,31 +118,32 @@ void PackPanel(double* to, const Tile& panel) {
   }
 }
 
-/// Has the cache fetch what is about to be needed.
+/// Prefetches data that is about to be needed.
 inline void Prefetch([[maybe_unused]] const double* x) {
 #if defined(__GNUC__) || defined(__clang__)
   __builtin_prefetch(x);
 #endif
 }
 
-/// Prefetches what later tiles need: the rows of a matrix lie far apart, so no processor foresees it.
+/// Prefetches what later tiles need: the rows of a matrix are far apart, so no hardware prefetcher
+/// does it.
 class LookAhead {
  public:
-  /// Spreads the panel that follows `panel` over the `tiles` tiles of that one.
+  /// Spreads the next panel's prefetches over the `tiles` tiles of `panel`.
   LookAhead(const Block& block, const Tile& panel, std::size_t tiles)
       : block_(block),
         column_(panel.column + kPanelCols),
         width_(column_ < block.cols ? std::min(kPanelCols, block.cols - column_) : 0),
         share_(width_ ? block.inner / tiles + 1 : 0) {}
 
-  /// The next share of that panel, to read.
+  /// Prefetches the next part of that panel for reading.
   void ForNextPanel() {
     for (std::size_t end = std::min(k_ + share_, block_.inner); k_ < end; ++k_)
       for (std::size_t c = 0; c < width_ + 7; c += 8)
         Prefetch(block_.b[k_] + column_ + std::min(c, width_ - 1));
   }
 
-  /// The result's `height` rows from `row` on in the columns of `tile`, to change.
+  /// Prefetches `height` rows of the result from `row` on, in the columns of `tile`, for writing.
   void ForNextTile(std::size_t row, std::size_t height, const Tile& tile) const {
     for (std::size_t r = row; r < row + height; ++r)
       for (std::size_t c = 0; c < tile.width + 7; c += 8)
@@ -188,7 +189,7 @@ template <class Form>
 void RunBlocks(const Block& all, double* room) {
   const double* a[kRowBlock];
   std::size_t k = 0;
-  do {  // once even for inner = 0, which sets the zeros
+  do {  // once even for inner = 0, to store the zeros
     Block block = all;
     block.b = all.b + k;
     block.inner = std::min(kInnerBlock, all.inner - k);

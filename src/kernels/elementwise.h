@@ -12,7 +12,7 @@ namespace zeph::kernels {
 
 /// The operations of one form; Active().elementwise is the one in use. In each, every array has `n`
 /// elements, `n` may be 0, and `out` is one of the operands itself or overlaps none of them. Each
-/// element is rounded once, by itself.
+/// element is rounded once.
 struct Elementwise {
   using Binary = void (*)(double* out, const double* a, const double* b, std::size_t n);
   Binary add;                                                            // out[i] = a[i] + b[i]

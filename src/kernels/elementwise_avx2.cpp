@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// Four elements at a time. A few first elements, one by one, bring `out` to a line's edge: arrays
-// from one allocator lie alike, so the loads then fall on edges too, and no access straddles two
-// lines.
+// Four elements at a time. The first few elements, one by one, align `out` to a cache line: arrays
+// from one allocator usually have the same alignment, so the loads are then aligned too, and no
+// access straddles two lines.
 #include "kernels/elementwise.h"
 
 #include "kernels/forms.h"
@@ -22,7 +22,7 @@ namespace {
 
 constexpr std::size_t kLanes = 4;
 
-/// Elements before the first of `out` on a vector's edge, at most n.
+/// The number of elements before the first aligned one of `out`, at most n.
 std::size_t Head(const double* out, std::size_t n) {
   const std::size_t past = reinterpret_cast<std::uintptr_t>(out) / sizeof(double) % kLanes;
   return std::min(n, (kLanes - past) % kLanes);

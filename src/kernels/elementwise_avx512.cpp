@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Eight elements at a time. Loads that straddle two lines are what costs, so the stores are brought
-// to lines' edges and the operands put together from whole lines.
+// Eight elements at a time. Accesses that straddle two cache lines dominate the cost, so stores are
+// aligned to lines and operands are assembled from whole lines.
 #include "kernels/elementwise.h"
 
 #include "kernels/forms.h"
@@ -26,7 +26,7 @@ ZEPH_AVX512_INLINE __mmask8 FirstLanes(std::size_t count) {
   return static_cast<__mmask8>((1u << count) - 1u);
 }
 
-/// Elements from `p` to the next line's edge, fewer than kLanes.
+/// The number of elements from `p` to the next cache line, fewer than kLanes.
 std::size_t ToEdge(const double* p) {
   return (0 - reinterpret_cast<std::uintptr_t>(p) / sizeof(double)) % kLanes;
 }
@@ -44,8 +44,8 @@ struct Product {
   ZEPH_AVX512_INLINE __m512d Op(__m512d x, __m512d y) { return _mm512_mul_pd(x, y); }
 };
 
-/// kLanes elements from kShift on, of `low` and `high` one behind the other. (All lanes are named
-/// in a mask because g++ 12 takes the unmasked intrinsic's own source for uninitialised.)
+/// kLanes elements of the concatenation of `low` and `high`, from kShift on. (A mask of all lanes,
+/// because g++ 12 warns that the unmasked intrinsic's own operand is uninitialised.)
 template <std::size_t kShift>
 ZEPH_AVX512_INLINE __m512d Join(__m512d low, __m512d high) {
   constexpr int kCount = static_cast<int>(kShift);
@@ -53,16 +53,16 @@ ZEPH_AVX512_INLINE __m512d Join(__m512d low, __m512d high) {
       _mm512_maskz_alignr_epi64(0xFF, _mm512_castpd_si512(high), _mm512_castpd_si512(low), kCount));
 }
 
-/// How many elements `p` lies behind the start of a cache line, if joining lines helps there; else
-/// 0. At half a line no load of half a vector crosses into the next line, and no allocator returns
-/// an odd number of elements.
+/// The offset of `p` in its cache line, in elements, if assembling from whole lines helps there;
+/// else 0. At half a line no load of half a vector crosses into the next line, and no allocator
+/// returns an address at an odd number of elements.
 std::size_t LineOffset(const double* p) {
   const std::size_t offset = reinterpret_cast<std::uintptr_t>(p) / sizeof(double) % kLanes;
   return offset % 4 == 2 ? offset : 0;
 }
 
-/// Reads vector after vector of an operand whose LineOffset is kOffset: whole lines, each joined to the one
-/// before, since a load that straddles two lines takes twice as long.
+/// Reads vector after vector of an operand whose LineOffset is kOffset: loads whole lines and joins
+/// each to the one before, since a load that straddles two lines takes twice as long.
 template <std::size_t kOffset>
 class Reader {
  public:
@@ -76,7 +76,7 @@ class Reader {
     __m512d line = _mm512_loadu_pd(p_);
     p_ += kLanes;
     if (kOffset == 0) return line;
-    __asm__("" : "+v"(line));  // g++ would load it once more for the next vector
+    __asm__("" : "+v"(line));  // g++ would load it again for the next vector
     const __m512d joined = Join<kOffset>(before_, line);
     before_ = line;
     return joined;
@@ -84,10 +84,11 @@ class Reader {
 
  private:
   const double* p_;
-  __m512d before_;  // the line before p_; of the first one, what belongs to the operand
+  __m512d before_;  // the line before p_; of the first one only the operand's elements
 };
 
-/// Most of the elements, pairs of vectors; the number done. The readers are up to a line ahead.
+/// Processes most of the elements in pairs of vectors; returns their number. The readers are up to
+/// a line ahead.
 template <class Operation, std::size_t kOffsetA, std::size_t kOffsetB>
 ZEPH_AVX512_INLINE std::size_t Pairs(double* out, const double* a, const double* b, std::size_t n) {
   constexpr std::size_t kAhead = kOffsetA || kOffsetB ? kLanes : 0;
@@ -129,7 +130,7 @@ ZEPH_AVX512_INLINE void Masked(double* out, const double* a, const double* b, st
   _mm512_mask_storeu_pd(out, mask, Operation::Op(x, y));
 }
 
-/// Most of the elements, reading and writing whole lines; the number done.
+/// Processes most of the elements, reading and writing whole lines; returns their number.
 template <class Operation>
 ZEPH_AVX512 std::size_t ByLines(double* out, const double* a, const double* b, std::size_t n) {
   const std::size_t i = ToEdge(out);
@@ -148,8 +149,8 @@ ZEPH_AVX512 std::size_t ByLines(double* out, const double* a, const double* b, s
 template <class Operation>
 ZEPH_AVX512 void Binary(double* out, const double* a, const double* b, std::size_t n) {
   if (n < kWideFrom) return (avx2::kElementwise.*Operation::kNarrow)(out, a, b, n);
-  // Overlaps its neighbour, which is cheaper than masks; computed before anything is stored, since
-  // `out` may be an operand.
+  // The last vector overlaps its neighbour, which is cheaper than masks; it is computed before
+  // anything is stored, since `out` may be an operand.
   const __m512d last = Vector<Operation>(a + n - kLanes, b + n - kLanes);
   std::size_t i = ByLines<Operation>(out, a, b, n);
   for (; i + kLanes <= n; i += kLanes) _mm512_storeu_pd(out + i, Vector<Operation>(a + i, b + i));
@@ -157,7 +158,7 @@ ZEPH_AVX512 void Binary(double* out, const double* a, const double* b, std::size
 }
 
 /// The elements of `a` that are in the mask, and the first of them in the other lanes too: those
-/// may raise no exception of their own.
+/// must raise no exception of their own.
 ZEPH_AVX512_INLINE __m512d Repeated(__mmask8 mask, const double* a) {
   return _mm512_mask_loadu_pd(_mm512_set1_pd(*a), mask, a);
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// What the operations mean. Elements are taken eight at a time, all read before any is written: so
-// the compilers need not ask whether arrays overlap, and vectorise for the baseline without a
-// branch after every vector.
+// The definition of the operations. Elements are taken eight at a time, all read before any is
+// written: so compilers need no overlap check, and vectorise for the baseline without a branch
+// after every vector.
 #include "kernels/elementwise.h"
 #include "kernels/forms.h"
 #include "platform/exactness.h"

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// Element-wise operations as callers want them: a handful of elements on the spot, in the
-// instruction set that every processor of the target has, and longer arrays through the table. A
-// call through the table and the search for a line's edge behind it cost more than a handful's
-// arithmetic.
+// Element-wise operations for callers: a handful of elements inline, in the instruction set that
+// every processor of the target has, and longer arrays through the table. A call through the table
+// and the alignment code behind it cost more than the arithmetic on a handful.
 #ifndef ZEPH_SRC_KERNELS_FEW_H
 #define ZEPH_SRC_KERNELS_FEW_H
 
@@ -15,7 +14,7 @@
 
 namespace zeph::kernels {
 
-/// The elements that are worth no call.
+/// Up to this count a call does not pay.
 constexpr std::size_t kFew = 16;
 
 template <std::size_t k>
@@ -23,9 +22,9 @@ struct Size {
   static constexpr std::size_t value = k;
 };
 
-/// Deals up to kFew elements out to chunks of 16, 8, 4, 2 and 1: body(first, Size<k>()). They do
-/// not overlap: what one operation has stored is what the next one loads, which is faster than
-/// parts of two stores.
+/// Splits up to kFew elements into chunks of 16, 8, 4, 2 and 1: body(first, Size<k>()). They do not
+/// overlap, so that the next operation's loads match the stores, which is faster than loading parts
+/// of two stores.
 template <class Body>
 inline void InChunks(std::size_t n, Body body) {
   std::size_t i = 0;
@@ -48,7 +47,7 @@ inline void Few(double* out, std::size_t n, Value value) {
   });
 }
 
-// The operations of Elementwise; the same is demanded of the operands.
+// The operations of Elementwise, with the same requirements on operands.
 
 inline void Add(double* out, const double* a, const double* b, std::size_t n) {
   if (n > kFew) return Active().elementwise->add(out, a, b, n);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The search by halving: which element it meets, for any contents.
+// Binary search: which element it finds, for any contents.
 #ifndef ZEPH_SRC_KERNELS_HALVING_H
 #define ZEPH_SRC_KERNELS_HALVING_H
 
@@ -10,21 +10,21 @@ namespace zeph::kernels {
 
 namespace halving {
 
-// What lies further apart comes from memory, where a guess that is right every other time beats
+// Elements further apart come from memory, where a branch predicted right every other time beats
 // waiting for each comparison.
 constexpr std::size_t kNearBytes = std::size_t{16} << 20;
-constexpr std::size_t kNearest = 2048;  // elements; below, nothing is worth asking ahead for
+constexpr std::size_t kNearest = 2048;  // elements; with fewer, prefetching does not pay
 constexpr std::size_t kLastFar = 16;
 
-/// What is still to be searched.
+/// The range still to be searched.
 template <class T>
 struct Range {
   const T* first;
   std::size_t count;
 
   const T* Middle() const { return first + (count - 1) / 2; }
-  /// Goes on above the middle, or below it. By masks: what looks like a choice becomes a branch,
-  /// which would be guessed wrong every other time.
+  /// Continues above the middle, or below it. By masks: compilers turn a conditional expression
+  /// into a branch, which would be mispredicted every other time.
   void Narrow(bool above) {
     const std::size_t lower = (count - 1) / 2, upper = count / 2;
     const std::size_t all = std::size_t{0} - above;
@@ -39,18 +39,18 @@ inline void AskFor([[maybe_unused]] const void* address) {
 #endif
 }
 
-/// Both middles that may be next.
+/// Prefetches both middles that may be next.
 template <class T>
 void AskForNext(const Range<T>& range) {
   AskFor(range.first + range.count / 4);
   AskFor(range.first + range.count / 4 * 3);
 }
 
-/// Where the steps meet `x` in 1 or more elements; null where they do not.
+/// The address of the element equal to `x` that the steps find among 1 or more; null if none.
 template <class T>
 const T* MeetNear(Range<T> range, T x) {
-  // From n elements at least one is left in each of the first log2(n) halvings, then one or none:
-  // the number of steps follows from the count alone.
+  // Each of the first log2(n) halvings leaves at least one element, the last one or none: the
+  // number of steps depends on the count alone.
   std::size_t left = range.count;
   for (; left > kNearest; left /= 2) {
     AskForNext(range);
@@ -66,7 +66,7 @@ const T* MeetNear(Range<T> range, T x) {
   return range.count != 0 && *range.first == x ? range.first : nullptr;
 }
 
-/// The same by guesses, until what is left is near.
+/// The same by branches, until the remaining range is small.
 template <class T>
 const T* MeetFar(Range<T> range, T x) {
   while (range.count > kLastFar) {
@@ -83,9 +83,9 @@ const T* MeetFar(Range<T> range, T x) {
 
 }  // namespace halving
 
-/// The index of the element equal to `x` that halving meets first, or n: the middle of lo..hi is
-/// (lo + hi) / 2, and the search goes on above it where x is greater than that element, else below.
-/// The elements may be in any order.
+/// The index of the element equal to `x` that the search probes first, or n: the middle of lo..hi
+/// is (lo + hi) / 2, and the search continues above it where x is greater than that element, else
+/// below. The elements may be in any order.
 template <class T>
 std::size_t FindByHalving(const T* v, std::size_t n, T x) {
   if (n == 0) return n;

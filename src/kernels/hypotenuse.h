@@ -13,7 +13,7 @@ namespace zeph::kernels {
 /// From here on squares might overflow before their root is taken, so the ratio is used instead.
 constexpr double kScaledFrom = 100.0;
 
-/// The running norm `r` grown by one non-negative value `x`.
+/// The running norm `r` extended by one non-negative value `x`.
 inline double Hypotenuse(double r, double x) {
   if (r < kScaledFrom && x < kScaledFrom) return std::sqrt(r * r + x * x);
   if (r > x) {

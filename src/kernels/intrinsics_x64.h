@@ -9,8 +9,8 @@
 #if ZEPH_X64
 #include <immintrin.h>
 
-// clang in the dialect of Visual C++ leaves out what its options do not allow everywhere, although functions may
-// allow it for themselves. Each rests on those before it.
+// clang in Visual C++ mode leaves out the headers of instruction sets that its options do not
+// enable, although single functions may enable them. Each header needs those before it.
 #if defined(__clang__) && defined(_MSC_VER)
 // clang-format off
 #include <smmintrin.h>

@@ -16,14 +16,15 @@ struct Magnitudes {
   using OfArray = double (*)(const double* x, std::size_t n);
   /// m = |x[0]|, then for each later element in order: if |x[i]| > m, m = |x[i]|.
   ///
-  /// So a NaN in front stays the answer and any other is passed over: the rest is the maximum of
-  /// some numbers, which no order changes.
+  /// So a NaN in front is the result and any other is skipped: the rest is a maximum of numbers,
+  /// which does not depend on the order.
   OfArray largest;
-  /// A NaN if there is one anywhere; else m = |x[0]|, then for each later element in order: unless
-  /// m > |x[i]|, m = |x[i]|.
+  /// A NaN if there is one; else m = |x[0]|, then for each later element in order: unless m >
+  /// |x[i]|, m = |x[i]|.
   ///
-  /// The two differ where all elements equal 0.0 and, as denormals in a host that counts them as
-  /// zeros, are not the same: there the first stays the answer, here the last.
+  /// The two differ where all elements compare equal to 0.0 but differ in their bits, as denormals
+  /// do in a host that treats them as zeros: then the result of the former is the first element,
+  /// that of the latter the last.
   OfArray largest_or_nan;
 };
 

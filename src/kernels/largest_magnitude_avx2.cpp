@@ -22,8 +22,9 @@ ZEPH_AVX2 ZEPH_ALWAYS_INLINE __m256d Larger(__m256d x, __m256d m) {
   return _mm256_max_pd(_mm256_andnot_pd(_mm256_set1_pd(-0.0), x), m);
 }
 
-/// The most of a vector's lanes. All elements equal 0.0 where it does, and may be denormals that
-/// the maxima have made zeros of: then it is `stands`, the one that the ordered walk ends with.
+/// The maximum of a vector's lanes. Where it equals 0.0 all elements do, and may be denormals that
+/// the maximum instruction has flushed: then the result is `stands`, the element that the
+/// documented scan ends with.
 double Most(const double* lanes, double stands) {
   const double most = *std::max_element(lanes, lanes + kLanes);
   return most == 0.0 ? stands : most;
@@ -47,7 +48,7 @@ ZEPH_AVX2 double Largest(const double* x, std::size_t n) {
   return Most(largest, first);
 }
 
-/// NaN are looked for two vectors at a time: the comparison finds one in either.
+/// NaNs are searched two vectors at a time: one comparison finds a NaN in either.
 ZEPH_AVX2 double LargestOrNaN(const double* x, std::size_t n) {
   __m256d m0 = _mm256_setzero_pd(), m1 = m0, m2 = m0, m3 = m0, found0 = m0, found1 = m0;
   std::size_t i = 0;

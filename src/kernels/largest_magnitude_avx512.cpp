@@ -17,20 +17,21 @@ namespace {
 
 constexpr std::size_t kLanes = 8;
 
-/// The next elements, `left` of them being there; the lanes beyond the end are 0.0.
+/// The next elements, of which `left` exist; the lanes beyond the end are 0.0.
 ZEPH_AVX512 ZEPH_ALWAYS_INLINE __m512d LoadPart(const double* x, std::size_t left) {
   const unsigned lanes = static_cast<unsigned>(std::min(kLanes, left));
   return _mm512_maskz_loadu_pd(static_cast<__mmask8>((1u << lanes) - 1u), x);
 }
 
-/// |x| > m ? |x| : m in each lane: of a NaN and a number, max takes the second operand. (All lanes
-/// are named in a mask because g++ 12 takes the unmasked intrinsic's own source for uninitialised.)
+/// |x| > m ? |x| : m in each lane: of a NaN and a number, max takes the second operand. (A mask of
+/// all lanes, because g++ 12 warns that the unmasked intrinsic's own operand is uninitialised.)
 ZEPH_AVX512 ZEPH_ALWAYS_INLINE __m512d Larger(__m512d x, __m512d m) {
   return _mm512_maskz_max_pd(0xFF, _mm512_abs_pd(x), m);
 }
 
-/// The most of a vector's lanes. All elements equal 0.0 where it does, and may be denormals that
-/// the maxima have made zeros of: then it is `stands`, the one that the ordered walk ends with.
+/// The maximum of a vector's lanes. Where it equals 0.0 all elements do, and may be denormals that
+/// the maximum instruction has flushed: then the result is `stands`, the element that the
+/// documented scan ends with.
 double Most(const double* lanes, double stands) {
   const double most = *std::max_element(lanes, lanes + kLanes);
   return most == 0.0 ? stands : most;
@@ -53,7 +54,7 @@ ZEPH_AVX512 double Largest(const double* x, std::size_t n) {
   return Most(largest, first);
 }
 
-/// Without their signs, doubles are ordered as their bits are as integers, and NaN come last.
+/// Without their signs, doubles are ordered like their bits read as integers, with NaNs last.
 ZEPH_AVX512 ZEPH_ALWAYS_INLINE __m512i LargerBits(__m512d x, __m512i m) {
   return _mm512_maskz_max_epu64(0xFF, _mm512_castpd_si512(_mm512_abs_pd(x)), m);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Elements replace one another by a choice, not by the instructions for a maximum: what is kept has
-// its bits in every mode.
+// Maxima are taken by compare and select, not by the maximum instructions, so elements keep their
+// bits in every mode.
 #include "kernels/largest_magnitude.h"
 
 #include "kernels/forms.h"
@@ -46,7 +46,7 @@ double Largest(const double* x, std::size_t n) {
   return x[0] != x[0] ? std::fabs(x[0]) : LargestFrom(x[0], x, n);
 }
 
-/// Raises no exception, but for a signalling one.
+/// Raises no exception except for a signalling NaN.
 bool HasNaN(const double* x, std::size_t n) {
   uint64x2_t n0 = vdupq_n_u64(~std::uint64_t{0}), n1 = n0;
   std::size_t i = 0;
@@ -61,7 +61,7 @@ bool HasNaN(const double* x, std::size_t n) {
   return found || (vgetq_lane_u64(n0, 0) & vgetq_lane_u64(n0, 1)) == 0;
 }
 
-/// Block by block, so that the second look at an element finds it in the nearest cache.
+/// Block by block, so that the second pass finds the elements in the first-level cache.
 double LargestOrNaN(const double* x, std::size_t n) {
   constexpr std::size_t kBlock = 512;
   double largest = x[0];

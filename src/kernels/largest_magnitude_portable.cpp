@@ -14,8 +14,9 @@ namespace {
 
 constexpr std::size_t kLanes = 8;  // several maxima side by side, as vectors or as scalars
 
-/// The most of several maxima. All elements equal 0.0 where it does, and may be denormals that the
-/// maxima have made zeros of: then it is `stands`, the one that the ordered walk ends with.
+/// The maximum of several maxima. Where it equals 0.0 all elements do, and may be denormals that
+/// the maximum instruction has flushed: then the result is `stands`, the element that the
+/// documented scan ends with.
 double Most(const double* maxima, double stands) {
   const double most = *std::max_element(maxima, maxima + kLanes);
   return most == 0.0 ? stands : most;
@@ -39,8 +40,8 @@ double Largest(const double* x, std::size_t n) {
 
 constexpr std::uint64_t kSign = std::uint64_t{1} << 63;
 
-/// Has the sign bit set for an infinity or a NaN: one more in the exponent carries into it. Done on
-/// the bits, since comparisons and products raise flags.
+/// The sign bit of the result is set for an infinity or a NaN: adding one to the exponent carries
+/// into it. Works on the bits, since comparisons and products raise flags.
 std::uint64_t NotFinite(double x) {
   std::uint64_t bits;
   std::memcpy(&bits, &x, sizeof bits);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Memory that makes an operation faster and that it can do without.
+// Optional memory: it makes an operation faster, but the operation can do without.
 #ifndef ZEPH_SRC_KERNELS_MEMORY_H
 #define ZEPH_SRC_KERNELS_MEMORY_H
 
@@ -12,8 +12,8 @@
 namespace zeph::kernels {
 
 namespace detail {
-/// std::malloc, unless a test put something else here. Not the allocation operators: their handlers
-/// need not hear of memory that can be done without.
+/// std::malloc, unless a test has replaced it. Not the allocation operators: their handlers need
+/// not know about optional memory.
 extern std::atomic<void* (*)(std::size_t)> borrow;
 }  // namespace detail
 
@@ -21,7 +21,7 @@ extern std::atomic<void* (*)(std::size_t)> borrow;
 template <class T>
 using Borrowed = std::unique_ptr<T[], decltype(&std::free)>;
 
-/// Room for `n` objects of a trivial type, not filled; null if there is none.
+/// Uninitialised space for `n` objects of a trivial type; null if there is none.
 template <class T>
 Borrowed<T> Borrow(std::size_t n) {
   return {static_cast<T*>(detail::borrow.load(std::memory_order_relaxed)(n * sizeof(T))),

@@ -15,7 +15,8 @@ namespace zeph::kernels {
 
 namespace merge {
 
-/// The first element of an ascending block that is not `below`. Most blocks have none below, or one.
+/// The first element of an ascending block that is not `below`. In most blocks it is the first or
+/// the second.
 template <class T, class Below>
 const T* FirstNot(const T* first, const T* end, Below below) {
   for (int i = 0; i < 2; ++i, ++first)
@@ -29,7 +30,7 @@ const T* FirstNot(const T* first, const T* end, Below below) {
   return first;
 }
 
-/// Where the elements of an ascending block begin that equal 0, and those above.
+/// Where, in an ascending block, the elements equal to 0 and those above 0 begin.
 struct Signs {
   const double *zeros, *positive;
   Signs(const double* first, const double* end)
@@ -37,8 +38,9 @@ struct Signs {
         positive(FirstNot(zeros, end, [](double x) { return !(x > 0); })) {}
 };
 
-/// Merges ascending blocks without NaN. What equals 0.0 may differ in its bits and goes by the
-/// steps; anything else has one bit pattern for each value, so that any right order is the same.
+/// Merges ascending blocks without NaN. Elements equal to 0.0 may differ in their bits and are
+/// merged by the documented steps; every other value has one bit pattern, so any correct merge
+/// gives the same bits.
 inline void MergeOrdered(const Pair<double>& p) {
   const auto merge = Active().sorting->merge_doubles;
   if (*p.a > 0 && *p.b > 0) return merge(p);
@@ -70,8 +72,8 @@ inline bool Ascends(const int* first, const int* end) {
 }  // namespace merge
 
 /// Takes from `a` only where its element is strictly less: equal ones, and a pair with a NaN, take
-/// from `b`. Blocks that overlap give what these steps give, front to back. A count below 1 is an
-/// empty block.
+/// from `b`. Blocks that overlap get the result of these steps, front to back. A count below 1 is
+/// an empty block.
 template <class T>
 void MergeAscending(const T* a, std::ptrdiff_t na, const T* b, std::ptrdiff_t nb, T* out) {
   const auto countA = static_cast<std::size_t>(std::max<std::ptrdiff_t>(na, 0));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the forms of the merge share: the documented steps, and the same steps from both ends.
+// Shared by the forms of the merge: the documented steps, and the same steps from both ends.
 #ifndef ZEPH_SRC_KERNELS_MERGE_STEPS_H
 #define ZEPH_SRC_KERNELS_MERGE_STEPS_H
 
@@ -13,7 +13,7 @@
 
 namespace zeph::kernels::merge {
 
-/// What is still to be merged, and where it goes.
+/// The elements still to be merged, and where they go.
 template <class T>
 struct Pair {
   const T *a, *aEnd, *b, *bEnd;
@@ -31,7 +31,7 @@ const T* Either(bool first, const T* a, const T* b) {
 }
 
 /// Moves the next element: from `a` only where its element is strictly less; equal ones, and a pair
-/// with a NaN, take from `b`. Without a branch on the outcome, which no processor could predict.
+/// with a NaN, take from `b`. Without a branch on the outcome, which would be unpredictable.
 template <class T>
 void TakeNext(Pair<T>& p) {
   const T fromA = *p.a, fromB = *p.b;
@@ -63,7 +63,8 @@ void TakeEight(const T*& from, T*& out) {
   out += kEight;
 }
 
-/// x < y and x <= y, quietly: the steps may compare no NaN that is there.
+/// x < y and x <= y without exceptions: the documented steps may never compare a NaN that is
+/// present.
 inline bool QuietLess(double x, double y) {
   return std::isless(x, y);
 }
@@ -77,7 +78,7 @@ inline bool QuietNotAbove(int x, int y) {
   return x <= y;
 }
 
-/// The same steps as long as they take from a block with fewer than `few` elements left.
+/// The same steps while they take from a block with fewer than `few` elements left.
 template <class T>
 void TakeFew(Pair<T>& p, std::ptrdiff_t few) {
   if (p.Shorter() == 0) return;
@@ -87,8 +88,8 @@ void TakeFew(Pair<T>& p, std::ptrdiff_t few) {
     while (p.b != p.bEnd && !QuietLess(*p.a, *p.b)) *p.out++ = *p.b++;
 }
 
-/// The same steps as long as they take eight elements of one block running. Nothing has to ascend;
-/// the blocks lie apart from where they go.
+/// The same steps while they take eight elements of one block in a row. The blocks need not ascend;
+/// they do not overlap the output.
 template <class T>
 void TakeWhatIsInFront(Pair<T>& p) {
   const auto all = [](const T* v, auto test) {
@@ -107,8 +108,8 @@ void TakeWhatIsInFront(Pair<T>& p) {
   }
 }
 
-/// The same steps where both blocks ascend: eight at once where the eighth of a block still goes
-/// before the other's first.
+/// The same steps where both blocks ascend: eight at once where the eighth element of a block still
+/// precedes the other's first.
 template <class T>
 void MergeByEights(Pair<T> p) {
   while (p.Shorter() >= kEight) {
@@ -131,10 +132,10 @@ void MergeByEights(Pair<T> p) {
   TakeRest(p);
 }
 
-/// From both ends at once: two walks that do not wait for each other. Where both inputs ascend, the
-/// merged order is unique (among equals b's first), so its last element can be told as well as its
-/// first: the last of `a` unless the last of `b` is greater. Eight steps of both walks take no more
-/// than sixteen elements of a block, so no step checks.
+/// Merges from both ends at once: two independent dependency chains. Where both inputs ascend, the
+/// merged order is unique (b's first among equals), so its last element is known as well as its
+/// first: the last of `a` unless the last of `b` is greater. Eight steps at both ends take at most
+/// sixteen elements of a block, so no step needs a check.
 template <class T>
 void MergeFromBothEnds(Pair<T> p) {
   T* outEnd = p.OutEnd();
@@ -157,8 +158,8 @@ void MergeFromBothEnds(Pair<T> p) {
   MergeByEights(p);
 }
 
-/// Gives back to `p`, what is left of `all`, the kHeld elements taken last from the ends: from
-/// element k of one block and kHeld - 1 - k of the other can be told whether k is among them.
+/// Returns the kHeld elements taken last from the ends to `p`, the rest of `all`: comparing element
+/// k of one block with kHeld - 1 - k of the other decides whether k is among them.
 constexpr std::ptrdiff_t kHeld = 16;
 template <class T>
 void GiveBackEnd(const Pair<T>& all, Pair<T>& p) {
@@ -178,7 +179,7 @@ void GiveBackEnd(const Pair<T>& all, Pair<T>& p) {
 /// Whether every element is at least the one before it; a NaN is not.
 template <class T>
 bool AscendsByPairs(const T* v, std::size_t n) {
-  constexpr std::size_t kPairs = 256;  // looked at without a branch in between
+  constexpr std::size_t kPairs = 256;  // tested without a branch in between
   if (n == 1) return v[0] == v[0];
   bool ascends = true;
   for (std::size_t i = 1; ascends && i < n; i += kPairs)
@@ -187,7 +188,7 @@ bool AscendsByPairs(const T* v, std::size_t n) {
   return ascends;
 }
 
-/// From both ends, whatever the pair.
+/// From both ends, for any pair.
 template <class T>
 void MergeApart(const Pair<T>& blocks) {
   MergeFromBothEnds(blocks);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The quicksort's own partition, exchange for exchange, and what tells how far it has to be
-// followed.
+// The documented partition of the quicksort, exchange for exchange, and the census that tells how
+// far it must be followed.
 #ifndef ZEPH_SRC_KERNELS_PARTITION_H
 #define ZEPH_SRC_KERNELS_PARTITION_H
 
@@ -15,7 +15,7 @@ namespace zeph::kernels {
 /// The elements that keep an ascending order from being unique to the bit.
 struct Census {
   std::size_t nans = 0;
-  std::size_t zeros = 0;  // what equals 0.0, denormals included where the processor reads them so
+  std::size_t zeros = 0;  // equal to 0.0, with denormals where the processor treats them so
   std::size_t plus = 0;   // of these: 0.0 itself
   std::size_t minus = 0;  // and -0.0
 
@@ -44,15 +44,15 @@ struct Partitions {
   Bounds (*bounds)(const double* v, std::size_t n);
 };
 
-/// Counts what keeps the order of `v` from being unique. One pass.
+/// Counts the elements that keep the order of `v` from being unique. One pass.
 inline Census TakeCensus(const double* v, std::size_t n) {
   return Active().partitions->census(v, n);
 }
 
-/// The quicksort's partition of `v` (n >= 3), which has something not greater than `pivot`, or a
+/// The quicksort's partition of `v` (n >= 3), which has an element not greater than `pivot`, or a
 /// NaN, at 0 and `pivot` at n - 2: two scans, from 1 up while less and from n - 3 down while
-/// greater, exchange what stops them until they meet; then the stop of the first scan is exchanged
-/// with n - 2. Returns where that is.
+/// greater, exchange the elements that stop them until they meet; then the stop of the first scan
+/// is exchanged with n - 2. Returns its index.
 ///
 /// The k-th stop of one scan is always exchanged with the k-th of the other. So the stops of 64
 /// elements can be found at once, by comparing vectors, and exchanged without a branch on the data.

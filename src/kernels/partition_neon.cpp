@@ -103,7 +103,7 @@ ZEPH_INNER void ExchangeReversed64(double* left, double* right) {
 
 #include "kernels/partition.inc"
 
-/// Blocks without a zero, which most are, need no look at its sign.
+/// Most blocks have no zero, so its sign need not be examined.
 Census TakeCensus(const double* v, std::size_t n) {
   constexpr std::size_t kAtOnce = 64;
   Census census;
@@ -122,7 +122,7 @@ Census TakeCensus(const double* v, std::size_t n) {
       numbers[0] = vsubq_u64(numbers[0], vceqq_f64(x, x));
       zeros[0] = vsubq_u64(zeros[0], vceqzq_f64(x));
     }
-    const std::size_t ones = (end - i) % (2 * kLanes);  // that stood beside the last ones
+    const std::size_t ones = (end - i) % (2 * kLanes);  // filled in beside the last elements
     census.nans += end - i + ones - vaddvq_u64(vaddq_u64(numbers[0], numbers[1]));
     const std::size_t found = vaddvq_u64(vaddq_u64(zeros[0], zeros[1]));
     if (found == 0) continue;
@@ -136,7 +136,8 @@ Census TakeCensus(const double* v, std::size_t n) {
   return census;
 }
 
-/// The lesser and the greater by choice, which keeps their bits in every mode; a NaN replaces nothing.
+/// Minimum and maximum by compare and select, which keeps their bits in every mode; a NaN replaces
+/// nothing.
 Bounds FindBounds(const double* v, std::size_t n) {
   constexpr double kInf = std::numeric_limits<double>::infinity();
   float64x2_t least[2] = {Broadcast(kInf), Broadcast(kInf)},

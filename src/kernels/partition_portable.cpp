@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Masks are put together without a branch on the data.
+// Masks are built without a branch on the data.
 #include <algorithm>
 #include <cstring>
 #include <limits>
@@ -32,7 +32,7 @@ inline std::uint64_t MaskNotGreater(const double* v, std::size_t n, double pivot
   return mask;
 }
 
-/// Eight bits at a time, so that they do not wait for each other.
+/// Eight bits at a time, as independent chains.
 template <class Test>
 inline std::uint64_t Mask64(const double* v, Test test) {
   std::uint64_t mask = 0;
@@ -66,7 +66,7 @@ Census Count(const double* v, std::size_t n) {
   Census census;
   for (std::size_t i = 0; i < n; i += kBlock) {
     const std::size_t end = std::min(i + kBlock, n);
-    int nans = 0, zeros = 0;  // sums of tests, so that the compiler may go wide
+    int nans = 0, zeros = 0;  // sums of tests, so that the compiler can vectorise
     for (std::size_t k = i; k < end; ++k) {
       nans += v[k] != v[k];
       zeros += v[k] == 0;

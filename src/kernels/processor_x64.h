@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Which wide forms an x86 processor and its system can run, read out of what the processor says of itself: for
-// compilers that have no word for that question.
+// Which wide forms an x86 processor and its system can run, decoded from cpuid and xgetbv: for
+// compilers without a builtin for it.
 #ifndef ZEPH_SRC_KERNELS_PROCESSOR_X64_H
 #define ZEPH_SRC_KERNELS_PROCESSOR_X64_H
 
@@ -17,12 +17,12 @@ struct ProcessorAnswers {
   std::uint64_t saved_by_system;  // xgetbv 0; 0 where the system has not enabled it
 };
 
-/// Whether `answers` let the instruction xgetbv be used.
+/// Whether, by `answers`, the instruction xgetbv can be used.
 constexpr bool HasSavedStates(std::uint32_t leaf_1_ecx) {
   return leaf_1_ecx >> 27 & 1;
 }
 
-/// AVX2, and its registers survive a change of threads.
+/// AVX2, with registers that the system saves at a context switch.
 constexpr bool RunsAvx2(const ProcessorAnswers& answers) {
   constexpr std::uint64_t kXmmAndYmm = 0x06;
   const bool avx = HasSavedStates(answers.leaf_1_ecx) && answers.leaf_1_ecx >> 28 & 1;
@@ -30,7 +30,7 @@ constexpr bool RunsAvx2(const ProcessorAnswers& answers) {
          answers.leaf_7_ebx >> 5 & 1;
 }
 
-/// F, DQ, BW and VL of AVX-512, and the registers survive.
+/// F, DQ, BW and VL of AVX-512, with registers that the system saves.
 constexpr bool RunsAvx512(const ProcessorAnswers& answers) {
   constexpr std::uint64_t kAll = 0xE6;
   constexpr std::uint32_t kParts = 1u << 16 | 1u << 17 | 1u << 30 | 1u << 31;

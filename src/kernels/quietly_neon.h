@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Comparisons that raise no exception: NEON has none of its own for less and greater.
+// Comparisons that raise no exception: NEON has no such instructions for less and greater.
 #ifndef ZEPH_SRC_KERNELS_QUIETLY_NEON_H
 #define ZEPH_SRC_KERNELS_QUIETLY_NEON_H
 
@@ -8,7 +8,7 @@
 
 namespace zeph::kernels::neon {
 
-/// test(), after which the exceptions raised are those that were raised before.
+/// Runs test() and restores the exception flags.
 template <class Test>
 inline bool Quietly(Test test) {
   std::uint64_t raised;

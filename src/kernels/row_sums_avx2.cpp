@@ -72,8 +72,8 @@ ZEPH_WIDE Vector Hypotenuses(Vector r, Vector x) {
   const Vector small =
       _mm256_and_pd(_mm256_cmp_pd(r, limit, _CMP_LT_OQ), _mm256_cmp_pd(x, limit, _CMP_LT_OQ));
   if (_mm256_movemask_pd(small) == 0xF) return Direct(r, x);
-  // Both ways for all lanes, each with 0.0 for operands (and 1.0 to divide by) in the lanes that go
-  // the other way: these may raise no exception.
+  // Computes both branches for all lanes, each with operands 0.0 (and divisor 1.0) in the lanes
+  // that take the other branch: those must raise no exception.
   const Vector direct = Direct(_mm256_and_pd(small, r), _mm256_and_pd(small, x));
   const Vector larger = _mm256_cmp_pd(r, x, _CMP_GT_OQ);
   const Vector leg = _mm256_blendv_pd(_mm256_blendv_pd(x, r, larger), one, small);

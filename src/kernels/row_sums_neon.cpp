@@ -40,7 +40,7 @@ ZEPH_WIDE void Store(double* p, Vector x) {
 struct Whole {
   ZEPH_WIDE Vector operator()(const double* p) const { return vld1q_f64(p); }
 };
-/// The one column that may be left.
+/// The single column that may remain.
 struct FirstColumns {
   ZEPH_WIDE explicit FirstColumns(std::size_t) {}
   ZEPH_WIDE Vector operator()(const double* p) const {
@@ -59,8 +59,8 @@ ZEPH_WIDE Vector Where(uint64x2_t set, Vector x) {
   return vreinterpretq_f64_u64(vandq_u64(set, vreinterpretq_u64_f64(x)));
 }
 
-/// Hypotenuse in each lane. Where lanes go different ways, each computes the other way with numbers
-/// that raise no exception.
+/// Hypotenuse in each lane. Where lanes take different branches, each computes the other branch
+/// with operands that raise no exception.
 ZEPH_WIDE Vector Hypotenuses(Vector r, Vector x) {
   const Vector limit = vdupq_n_f64(kScaledFrom), one = vdupq_n_f64(1.0);
   const uint64x2_t small = vandq_u64(vcltq_f64(r, limit), vcltq_f64(x, limit));

@@ -25,7 +25,7 @@ inline std::size_t FindFirst(const double* v, std::size_t n, double x) {
 
 /// The greatest i with v[i] == x, or n.
 inline std::size_t FindLast(const int* v, std::size_t n, int x) {
-  constexpr std::size_t kShort = 12;  // the plain loop is over before a wide form is called
+  constexpr std::size_t kShort = 12;  // the plain loop is faster than the call of a wide form
   if (n <= kShort) {
     for (std::size_t i = n; i > 0; --i)
       if (v[i - 1] == x) return i - 1;
@@ -34,13 +34,13 @@ inline std::size_t FindLast(const int* v, std::size_t n, int x) {
   return Active().searching->find_last(v, n, x);
 }
 
-/// Where a scan of `v` (n >= 1) from v[0] on ends that moves on to whatever is strictly less: the
-/// first of the least elements, NaNs passed over; 0 when v[0] is a NaN.
+/// The result of a scan of `v` (n >= 1) that moves on only to strictly smaller elements: the first
+/// of the least elements, ignoring NaNs; 0 when v[0] is a NaN.
 inline std::size_t FirstLeast(const double* v, std::size_t n) {
   return Active().searching->first_least(v, n);
 }
 
-/// True when no element is greater than the one behind it; a NaN is greater than nothing.
+/// True when no element is greater than the next; a NaN is not greater than anything.
 inline bool NoneDescends(const double* v, std::size_t n) {
   return Active().searching->none_descends(v, n);
 }

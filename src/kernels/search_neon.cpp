@@ -71,7 +71,7 @@ ZEPH_WIDE bool AnyGreater(const double* a, const double* b) {
       vorrq_u32(Greater(Load(a + 4), Load(b + 4)), Greater(Load(a + 6), Load(b + 6)));
   return Any(vorrq_u32(low, high));
 }
-/// `a` only where it is less: what stays keeps its bits in every mode.
+/// Selects `a` only where it is less, which keeps the bits of elements in every mode.
 ZEPH_WIDE float64x2_t Least(float64x2_t a, float64x2_t b) {
   return vbslq_f64(vcltq_f64(a, b), a, b);
 }
@@ -82,8 +82,8 @@ ZEPH_WIDE double LeastLane(float64x2_t x) {
 
 #include "kernels/search_scan.inc"
 
-/// The vectors' comparison, unlike the steps that are documented, looks behind the first descent:
-/// the exceptions that a NaN there would raise are taken back.
+/// The vector comparison, unlike the documented steps, reads past the first descent: exceptions
+/// that a NaN there raises are undone.
 bool NoneDescendsQuietly(const double* v, std::size_t n) {
   return Quietly([=] { return NoneDescends(v, n); });
 }

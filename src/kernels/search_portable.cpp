@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Ints are scanned in blocks without a branch on the data, which the compiler may widen; only the
-// block that holds the answer is looked at one by one. For doubles that does not pay.
+// Ints are scanned in blocks without a branch on the data, which the compiler can vectorise; only
+// the block with the result is scanned one by one. For doubles that does not pay.
 #include <algorithm>
 #include <cmath>
 
@@ -32,7 +32,7 @@ std::size_t FindLast(const int* v, std::size_t n, int x) {
 
 std::size_t FirstLeast(const double* v, std::size_t n) {
   if (v[0] != v[0]) return 0;
-  // Several minima side by side, since each waits for the one before; a NaN replaces none of them.
+  // Several minima side by side, as independent chains; a NaN replaces none of them.
   constexpr std::size_t kChains = 8;
   double least[kChains];
   std::fill(least, least + kChains, v[0]);
@@ -43,7 +43,7 @@ std::size_t FirstLeast(const double* v, std::size_t n) {
   return FindFirst(v, n, *std::min_element(least, least + kChains));
 }
 
-/// Pairs are tested without a branch in between, which the compiler may widen.
+/// Pairs are tested without a branch in between, which the compiler can vectorise.
 bool NoneDescends(const double* v, std::size_t n) {
   constexpr std::size_t kPairs = 64;
   std::size_t i = 1;

@@ -38,11 +38,11 @@ ZEPH_WIDE __m128i Max(__m128i a, __m128i b) {
   return _mm_max_epi32(a, b);
 }
 
-/// Lanes whose number has the bit D set.
+/// The lanes whose index has bit D set.
 template <int D>
 constexpr int kOdd = D == 1 ? 0xA : 0xC;
 
-/// The lanes of `a` whose number has the bit D clear, and the others of `b`.
+/// The lanes of `a` whose index has bit D clear, and the others of `b`.
 template <int D>
 ZEPH_WIDE __m256d Pick(__m256d a, __m256d b) {
   return _mm256_blend_pd(a, b, kOdd<D>);
@@ -51,7 +51,7 @@ template <int D>
 ZEPH_WIDE __m128i Pick(__m128i a, __m128i b) {
   return _mm_blend_epi32(a, b, kOdd<D>);
 }
-/// The lesser in lanes whose number has the bit D clear, the greater in the others.
+/// The lesser in lanes whose index has bit D clear, the greater in the others.
 template <int D, class V>
 ZEPH_WIDE V LowHigh(V a, V b) {
   return Pick<D>(Min(a, b), Max(a, b));
@@ -82,7 +82,7 @@ ZEPH_WIDE __m128i Reverse(__m128i x) {
   return _mm_shuffle_epi32(x, G == 2 ? 0xB1 : 0x1B);
 }
 
-/// Lanes of `a` and `b` by turns, of the lower half or of the upper.
+/// Interleaves lanes of `a` and `b`, of the lower half or of the upper.
 template <int Unit, bool kUpper>
 ZEPH_WIDE __m256d Interleave(__m256d a, __m256d b) {
   static_assert(Unit == 1);
@@ -118,7 +118,8 @@ ZEPH_WIDE __m256d Load(const double* v) {
 ZEPH_WIDE __m128i Load(const int* v) {
   return _mm_loadu_si128(reinterpret_cast<const __m128i*>(v));
 }
-/// Beyond the first `count` lanes what sorts to the end; `count` may be anything.
+/// Lanes beyond the first `count` are filled with a value that sorts to the end; `count` may be
+/// anything.
 ZEPH_WIDE __m256d LoadFirst(const double* v, int count) {
   const __m256d end = _mm256_set1_pd(std::numeric_limits<double>::infinity());
   const __m256i first =
@@ -156,7 +157,7 @@ ZEPH_WIDE unsigned LessLanes(__m256d a, __m256d b) {
 ZEPH_WIDE unsigned LessLanes(__m128i a, __m128i b) {
   return static_cast<unsigned>(_mm_movemask_ps(_mm_castsi128_ps(_mm_cmplt_epi32(a, b))));
 }
-/// Lanes of `a` that are not at most those of `b`.
+/// A mask of the lanes of `a` that are not at most those of `b`.
 ZEPH_WIDE unsigned FallingLanes(__m256d a, __m256d b) {
   return static_cast<unsigned>(_mm256_movemask_pd(_mm256_cmp_pd(a, b, _CMP_NLE_UQ)));
 }
@@ -197,7 +198,7 @@ ZEPH_WIDE std::size_t SumOfLanes(__m128i counts) {
   return std::accumulate(lanes, lanes + kLanes, std::size_t{0});
 }
 
-/// For each mask the places of a shuffle that moves the lanes in it to the front, `kParts` places a
+/// For each mask the shuffle indices that move the lanes in it to the front, `kParts` indices a
 /// lane.
 template <class Place, int kParts>
 struct FrontTable {
@@ -215,7 +216,7 @@ struct FrontTable {
 constexpr FrontTable<std::int32_t, 2> kFrontWords;
 constexpr FrontTable<std::uint8_t, 4> kFrontBytes;
 
-/// The lanes in `mask` moved to the front, the others behind them.
+/// The lanes in `mask` moved to the front, the others after them.
 ZEPH_WIDE __m256d FrontFirst(__m256d x, unsigned mask) {
   const auto* order = reinterpret_cast<const __m256i*>(kFrontWords.places[mask]);
   return _mm256_castsi256_pd(
@@ -226,7 +227,7 @@ ZEPH_WIDE __m128i FrontFirst(__m128i x, unsigned mask) {
   return _mm_shuffle_epi8(x, _mm_load_si128(order));
 }
 
-#include "kernels/sort_network.inc"  // first: the others are made of it
+#include "kernels/sort_network.inc"  // first: the others use it
 
 #include "kernels/sort_merge.inc"
 #include "kernels/sort_quick.inc"
@@ -242,7 +243,7 @@ ZEPH_WIDE void Look(Seen& seen, __m256d a) {
   seen.set = _mm256_or_pd(seen.set, _mm256_and_pd(a, zero));
   seen.nan = _mm256_or_pd(seen.nan, _mm256_cmp_pd(a, a, _CMP_UNORD_Q));
 }
-/// The bits that any lane has, in every lane.
+/// The bitwise or of all lanes, in every lane.
 ZEPH_WIDE __m256i AnyLane(__m256d x) {
   const __m256d halves = _mm256_or_pd(x, _mm256_permute2f128_pd(x, x, 1));
   return _mm256_castpd_si256(_mm256_or_pd(halves, _mm256_permute_pd(halves, 0x5)));

@@ -40,13 +40,13 @@ ZEPH_WIDE __m256i Max(__m256i a, __m256i b) {
   return _mm256_max_epi32(a, b);
 }
 
-/// Lanes whose number has the bit D set.
+/// The lanes whose index has bit D set.
 template <int D>
 constexpr __mmask8 kOdd = D == 1   ? 0xAA
                           : D == 2 ? 0xCC
                                    : 0xF0;
 
-/// The lesser in lanes whose number has the bit D clear, the greater in the others.
+/// The lesser in lanes whose index has bit D clear, the greater in the others.
 template <int D>
 ZEPH_WIDE __m512d LowHigh(__m512d a, __m512d b) {
   return _mm512_mask_max_pd(_mm512_min_pd(a, b), kOdd<D>, a, b);
@@ -55,7 +55,7 @@ template <int D>
 ZEPH_WIDE __m256i LowHigh(__m256i a, __m256i b) {
   return _mm256_mask_max_epi32(_mm256_min_epi32(a, b), kOdd<D>, a, b);
 }
-/// The lanes of `a` whose number has the bit D clear, and the others of `b`.
+/// The lanes of `a` whose index has bit D clear, and the others of `b`.
 template <int D>
 ZEPH_WIDE __m512d Pick(__m512d a, __m512d b) {
   return _mm512_mask_blend_pd(kOdd<D>, a, b);
@@ -100,12 +100,12 @@ ZEPH_WIDE __m256i Reverse(__m256i x) {
     return _mm256_permutevar8x32_epi32(x, _mm256_setr_epi32(7, 6, 5, 4, 3, 2, 1, 0));
 }
 
-/// Where lane k of Interleave comes from: 0 to 7 from `a`, 8 to 15 from `b`.
+/// The source of lane k of Interleave: 0 to 7 from `a`, 8 to 15 from `b`.
 template <int Unit, bool kUpper>
 constexpr int Origin(int k) {
   return k / Unit % 2 * 8 + k / (2 * Unit) * Unit + k % Unit + (kUpper ? 4 : 0);
 }
-/// Units of `a` and `b` by turns, of the lower half of their lanes or of the upper.
+/// Interleaves units of `a` and `b`, of the lower half of their lanes or of the upper.
 template <int Unit, bool kUpper>
 ZEPH_WIDE __m512d Interleave(__m512d a, __m512d b) {
   constexpr auto at = Origin<Unit, kUpper>;
@@ -168,7 +168,7 @@ ZEPH_WIDE void Transpose(__m256i* r) {
 
 /// The first `count` lanes; all for 8 and more, none below 1.
 ZEPH_WIDE __mmask8 FirstLanes(int count) {
-  // GCOVR_EXCL_BR_START: counted once for each use, and no use meets all three
+  // GCOVR_EXCL_BR_START: counted for each instantiation, none of which takes all three
   return static_cast<__mmask8>(count >= kLanes ? 0xFF : count < 0 ? 0 : (1 << count) - 1);
   // GCOVR_EXCL_BR_STOP
 }
@@ -178,7 +178,7 @@ ZEPH_WIDE __m512d Load(const double* v) {
 ZEPH_WIDE __m256i Load(const int* v) {
   return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(v));
 }
-/// Beyond `count` what sorts to the end.
+/// Lanes beyond `count` are filled with a value that sorts to the end.
 ZEPH_WIDE __m512d LoadFirst(const double* v, int count) {
   const __m512d end = _mm512_set1_pd(std::numeric_limits<double>::infinity());
   return _mm512_mask_loadu_pd(end, FirstLanes(count), v);
@@ -211,7 +211,7 @@ ZEPH_WIDE unsigned LessLanes(__m512d a, __m512d b) {
 ZEPH_WIDE unsigned LessLanes(__m256i a, __m256i b) {
   return _mm256_cmplt_epi32_mask(a, b);
 }
-/// Lanes of `a` that are not at most those of `b`.
+/// A mask of the lanes of `a` that are not at most those of `b`.
 ZEPH_WIDE unsigned FallingLanes(__m512d a, __m512d b) {
   return _mm512_cmp_pd_mask(a, b, _CMP_NLE_UQ);
 }
@@ -266,7 +266,7 @@ struct FrontTable {
 };
 constexpr FrontTable kFront;
 
-/// The lanes in `mask` moved to the front, the others behind them.
+/// The lanes in `mask` moved to the front, the others after them.
 ZEPH_WIDE __m512d FrontFirst(__m512d x, unsigned mask) {
   const __m128i order = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(&kFront.lanes[mask]));
   return _mm512_permutexvar_pd(_mm512_cvtepu8_epi64(order), x);
@@ -276,7 +276,7 @@ ZEPH_WIDE __m256i FrontFirst(__m256i x, unsigned mask) {
   return _mm256_permutevar8x32_epi32(x, _mm256_cvtepu8_epi32(order));
 }
 
-#include "kernels/sort_network.inc"  // first: the others are made of it
+#include "kernels/sort_network.inc"  // first: the others use it
 
 #include "kernels/sort_merge.inc"
 #include "kernels/sort_quick.inc"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the forms of the sort share: the way out of inputs that defeat the choice of pivots.
+// Shared by the forms of the sort: the fallback for inputs that defeat the choice of pivots.
 #ifndef ZEPH_SRC_KERNELS_SORT_LIMITS_H
 #define ZEPH_SRC_KERNELS_SORT_LIMITS_H
 
@@ -11,7 +11,7 @@
 
 namespace zeph::kernels::sorting {
 
-/// Partitions after which a quicksort that still is not done gives way to HeapSort.
+/// The depth of partitions after which quicksort falls back to HeapSort.
 inline int DepthLimit(std::size_t n) {
   int limit = 4;
   for (; n > 1; n /= 2) limit += 2;

@@ -38,12 +38,12 @@ ZEPH_WIDE Vector Min(Vector a, Vector b) {
 ZEPH_WIDE Vector Max(Vector a, Vector b) {
   return vmaxq_f64(a, b);
 }
-/// The lanes of `a` whose number has the bit D clear, and the others of `b`.
+/// The lanes of `a` whose index has bit D clear, and the others of `b`.
 template <int D>
 ZEPH_WIDE Vector Pick(Vector a, Vector b) {
   return vcopyq_laneq_f64(a, 1, b, 1);
 }
-/// The lesser in lanes whose number has the bit D clear, the greater in the others.
+/// The lesser in lanes whose index has bit D clear, the greater in the others.
 template <int D>
 ZEPH_WIDE Vector LowHigh(Vector a, Vector b) {
   return Pick<D>(Min(a, b), Max(a, b));
@@ -69,7 +69,8 @@ ZEPH_WIDE void Transpose(Vector* r) {
 ZEPH_WIDE Vector Load(const double* v) {
   return vld1q_f64(v);
 }
-/// Beyond the first `count` lanes what sorts to the end; `count` may be anything.
+/// Lanes beyond the first `count` are filled with a value that sorts to the end; `count` may be
+/// anything.
 ZEPH_WIDE Vector LoadFirst(const double* v, int count) {
   static constexpr double kEnd = std::numeric_limits<double>::infinity();
   return vcombine_f64(vld1_f64(count > 0 ? v : &kEnd), vld1_f64(count > 1 ? v + 1 : &kEnd));
@@ -77,7 +78,7 @@ ZEPH_WIDE Vector LoadFirst(const double* v, int count) {
 ZEPH_WIDE void Store(double* v, Vector x) {
   vst1q_f64(v, x);
 }
-/// What is not wanted goes elsewhere, which takes no branch.
+/// Unwanted lanes are stored to a dummy location, which needs no branch.
 ZEPH_WIDE void StoreFirst(double* v, Vector x, int count) {
   double elsewhere;
   vst1q_lane_f64(count > 0 ? v : &elsewhere, x, 0);
@@ -93,7 +94,7 @@ ZEPH_WIDE unsigned LessLanes(Vector a, Vector b) {
 ZEPH_WIDE std::size_t CountLanes(unsigned mask) {
   return (mask & 1) + (mask >> 1);
 }
-/// The lanes in `mask` moved to the front, the others behind them.
+/// The lanes in `mask` moved to the front, the others after them.
 ZEPH_WIDE Vector FrontFirst(Vector x, unsigned mask) {
   return mask == 2 ? Flip<1>(x) : x;
 }
@@ -117,7 +118,7 @@ ZEPH_WIDE bool AllLanes(uint64x2_t x) {
 ZEPH_WIDE uint64x2_t NotAbove(Vector a, Vector b) {
   return vcleq_f64(a, b);
 }
-/// As in the merge, without a look at single lanes.
+/// As in the merge, without examining single lanes.
 template <int... I>
 ZEPH_WIDE bool AllLess(const double* v, double x, std::integer_sequence<int, I...>) {
   const Vector pivot = Broadcast(x);
@@ -152,16 +153,16 @@ ZEPH_WIDE void CrossRows(Vector& a, Vector& b) {
   b = vextq_f64(low, high, 1);
 }
 
-#include "kernels/sort_network.inc"  // first: the others are made of it
+#include "kernels/sort_network.inc"  // first: the others use it
 
 #include "kernels/sort_merge.inc"
 #include "kernels/sort_quick.inc"
 
-#include "kernels/sort_front_neon.inc"  // made of the merge
+#include "kernels/sort_front_neon.inc"  // uses the merge
 
-/// Two vectors at once, the left end at `to` and the right one `room` behind it. What goes to either end
-/// need not keep its order, so each pair of lanes is put in order: then those that belong left come first,
-/// whatever they are. Each vector takes kLanes of the room, so that one count moves both ends.
+/// Two vectors at once, the left end at `to` and the right one `room` after it. The order within
+/// either end does not matter, so each pair of lanes is sorted: then those that belong left come
+/// first. Each vector takes kLanes of the room, so that one count moves both ends.
 template <class Test>
 ZEPH_WIDE double* SplitTwo(double* to, std::ptrdiff_t room, Vector a, Vector b, Vector pivot) {
   const Vector low = Min(a, b), high = Max(a, b);
@@ -205,7 +206,8 @@ ZEPH_WIDE std::uint64_t AnyLane(uint64x2_t x) {
   return vgetq_lane_u64(x, 0) | vgetq_lane_u64(x, 1);
 }
 
-/// body(vector) for each vector of `n` elements; the last one is filled up with what is no zero.
+/// Calls body(vector) for each vector of `n` elements; the last one is filled up with a non-zero
+/// value.
 template <class Body>
 ZEPH_WIDE void ForEachVector(const double* v, std::size_t n, Body body) {
   constexpr std::size_t kRound = 4 * kLanes;
@@ -216,7 +218,7 @@ ZEPH_WIDE void ForEachVector(const double* v, std::size_t n, Body body) {
   if (i < n) body(LoadFirst(v + i, 1));
 }
 
-/// Blocks without a zero, which most are, need no more than the look for zeros and NaN.
+/// Most blocks have no zero, and then the test for zeros and NaN is all they need.
 bool OrderIsUnique(const double* v, std::size_t n) {
   constexpr std::size_t kBlock = 32 * kLanes;
   Seen seen = {vdupq_n_u64(0), vdupq_n_u64(0)};
@@ -248,7 +250,7 @@ ZEPH_WIDE Vector Min(Vector a, Vector b) {
 ZEPH_WIDE Vector Max(Vector a, Vector b) {
   return vmaxq_s32(a, b);
 }
-/// The lanes of `a` whose number has the bit D clear, and the others of `b`.
+/// The lanes of `a` whose index has bit D clear, and the others of `b`.
 template <int D>
 ZEPH_WIDE Vector Pick(Vector a, Vector b) {
   if constexpr (D == 1)
@@ -256,7 +258,7 @@ ZEPH_WIDE Vector Pick(Vector a, Vector b) {
   else
     return vcombine_s32(vget_low_s32(a), vget_high_s32(b));
 }
-/// The lesser in lanes whose number has the bit D clear, the greater in the others.
+/// The lesser in lanes whose index has bit D clear, the greater in the others.
 template <int D>
 ZEPH_WIDE Vector LowHigh(Vector a, Vector b) {
   return Pick<D>(Min(a, b), Max(a, b));
@@ -278,7 +280,7 @@ ZEPH_WIDE Vector Reverse(Vector x) {
   const Vector pairs = vrev64q_s32(x);
   return G == 2 ? pairs : vextq_s32(pairs, pairs, 2);
 }
-/// Lanes of `a` and `b` by turns, of the lower half or of the upper.
+/// Interleaves lanes of `a` and `b`, of the lower half or of the upper.
 template <int Unit, bool kUpper>
 ZEPH_WIDE Vector Interleave(Vector a, Vector b) {
   static_assert(Unit == 1);
@@ -298,7 +300,8 @@ ZEPH_WIDE void Transpose(Vector* r) {
 ZEPH_WIDE Vector Load(const int* v) {
   return vld1q_s32(v);
 }
-/// Beyond the first `count` lanes what sorts to the end; `count` may be anything.
+/// Lanes beyond the first `count` are filled with a value that sorts to the end; `count` may be
+/// anything.
 ZEPH_WIDE Vector LoadFirst(const int* v, int count) {
   static constexpr int kEnd = std::numeric_limits<int>::max();
   Vector x = vld1q_dup_s32(count > 0 ? v : &kEnd);
@@ -309,7 +312,7 @@ ZEPH_WIDE Vector LoadFirst(const int* v, int count) {
 ZEPH_WIDE void Store(int* v, Vector x) {
   vst1q_s32(v, x);
 }
-/// What is not wanted goes elsewhere, which takes no branch.
+/// Unwanted lanes are stored to a dummy location, which needs no branch.
 ZEPH_WIDE void StoreFirst(int* v, Vector x, int count) {
   int elsewhere;
   vst1q_lane_s32(count > 0 ? v : &elsewhere, x, 0);
@@ -344,7 +347,7 @@ struct FrontTable {
 };
 constexpr FrontTable kFront;
 
-/// The lanes in `mask` moved to the front, the others behind them.
+/// The lanes in `mask` moved to the front, the others after them.
 ZEPH_WIDE Vector FrontFirst(Vector x, unsigned mask) {
   return vreinterpretq_s32_u8(vqtbl1q_u8(vreinterpretq_u8_s32(x), vld1q_u8(kFront.places[mask])));
 }
@@ -368,7 +371,7 @@ ZEPH_WIDE bool AllLanes(uint32x4_t x) {
 ZEPH_WIDE uint32x4_t NotAbove(Vector a, Vector b) {
   return vcleq_s32(a, b);
 }
-/// As in the merge, without a look at single lanes.
+/// As in the merge, without examining single lanes.
 template <int... I>
 ZEPH_WIDE bool AllLess(const int* v, int x, std::integer_sequence<int, I...>) {
   const Vector pivot = Broadcast(x);
@@ -406,12 +409,12 @@ ZEPH_WIDE void HalveColumns(Vector* rows, std::integer_sequence<int, I...> all) 
   }
 }
 
-#include "kernels/sort_network.inc"  // first: the others are made of it
+#include "kernels/sort_network.inc"  // first: the others use it
 
 #include "kernels/sort_merge.inc"
 #include "kernels/sort_quick.inc"
 
-#include "kernels/sort_front_neon.inc"  // made of the merge
+#include "kernels/sort_front_neon.inc"  // uses the merge
 
 }  // namespace
 }  // namespace ints

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Quicksort whose partition has no branch on the data, with equal keys split off and runs found.
+// Quicksort with a partition that does not branch on the data; splits off equal keys and detects
+// runs.
 #include <cstring>
 
 #include "kernels/counting.h"
@@ -15,7 +16,7 @@ constexpr std::size_t kSmall = 24;    // left to insertion
 constexpr std::size_t kNinther = 80;  // from here the pivot is a median of medians
 
 bool OrderIsUnique(const double* v, std::size_t n) {
-  // Sums of tests instead of branches, so that the compiler may go wide.
+  // Sums of tests instead of branches, so that the compiler can vectorise.
   constexpr std::size_t kBlock = 512;
   const double* zero = nullptr;  // the first element that equals 0.0
   for (std::size_t i = 0; i < n; i += kBlock) {
@@ -75,8 +76,8 @@ T Pivot(const T* v, std::size_t n) {
   return MedianOf3(around(step), around(half), around(n - 1 - step));
 }
 
-/// Moves what `belongs` to the front and returns how much that is. Each element travels through the
-/// gap that the one before it left: two moves and no branch.
+/// Moves the elements that `belong` to the front and returns their number. Each element moves into
+/// the gap that the one before it left: two moves and no branch.
 template <class T, class Belongs>
 std::size_t Partition(T* v, std::size_t n, Belongs belongs) {
   const T first = v[0];
@@ -101,14 +102,14 @@ std::size_t SplitLess(T* v, std::size_t n, T pivot) {
 template <class T>
 void Sort(T* v, std::size_t n);
 
-/// What sorting by counting asks for.
+/// What counting sort needs.
 template <class T>
 struct Form {
   static void Sort(T* values, std::size_t n) { portable::Sort(values, n); }
   static bool SortVeryFew(T*, std::size_t, T*, std::size_t) { return false; }
 };
 
-/// `floor`, where given, is not above any element: a pivot equal to it is the least value.
+/// `floor`, if not null, is a lower bound of all elements: a pivot equal to it is the least value.
 template <class T>
 void QuickSort(T* v, std::size_t n, const T* floor, int depth, counting::Chance chance) {
   T held;

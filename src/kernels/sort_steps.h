@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Marks the steps of the sort whose number is promised: a test that includes the forms counts them; elsewhere
-// a mark is nothing.
+// Marks the steps of the sort whose number is bounded: a test that includes the forms counts them;
+// elsewhere a mark expands to nothing.
 #ifndef ZEPH_SRC_KERNELS_SORT_STEPS_H
 #define ZEPH_SRC_KERNELS_SORT_STEPS_H
 

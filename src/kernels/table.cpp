@@ -47,7 +47,7 @@ constexpr Table UseAvx2(Table table) {
   table.batch_products = &avx2::kBatchProducts;
   return table;
 }
-#ifdef _MSC_VER  // where the builtins are missing, or rest on a library that is
+#ifdef _MSC_VER  // where the builtins, or the library behind them, are missing
 ProcessorAnswers AskProcessor() {
   ProcessorAnswers answers = {};
   int registers[4];
@@ -100,8 +100,8 @@ constexpr Table UseNeon(Table table) {
 }
 #endif
 
-// Worst to best: each level puts its own forms over those of the level below, and can run only where
-// that one can.
+// Worst to best: each level overrides the forms of the level below, and can run only where that one
+// can.
 constexpr Level kLevels[] = {
     {kPortable, Always},
 #if ZEPH_X64
@@ -130,7 +130,7 @@ Processor ThisProcessor() {
   processor.avx512f = processor.avx512dq = processor.avx512bw = processor.avx512vl =
       RunsAvx512(answers);
 #elif ZEPH_X64
-  // The builtins also ask whether the system saves the wide registers.
+  // The builtins also check that the system saves the wide registers.
   __builtin_cpu_init();
   processor.avx2 = __builtin_cpu_supports("avx2") != 0;
   processor.avx512f = __builtin_cpu_supports("avx512f") != 0;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Which form of the inner loops runs: one table of them is in use at a time. This is the one place
-// that asks the processor.
+// Selects the form of the inner loops: one table of them is in use at a time. Only this file
+// queries the processor.
 #ifndef ZEPH_SRC_KERNELS_TABLE_H
 #define ZEPH_SRC_KERNELS_TABLE_H
 
@@ -35,18 +35,19 @@ struct Table {
   const BatchProducts* batch_products;
 };
 
-/// What the levels ask of a processor and its system. One of 64-bit ARM has all that they ask for.
+/// What the levels require of a processor and its system. Every 64-bit ARM processor meets the
+/// requirements.
 struct Processor {
   bool avx2 = false;
   bool avx512f = false, avx512dq = false, avx512bw = false, avx512vl = false;
 };
 Processor ThisProcessor();
 
-/// The best table that `processor` can run. No memory is asked for: the first choice is made while the library is
-/// loaded.
+/// The best table that `processor` can run. Allocates nothing: the first choice is made while the
+/// library is loaded.
 const Table& BestTable(const Processor& processor);
 
-/// All that it can run, worst to best; the portable one always.
+/// All tables that it can run, worst to best; the portable one always.
 std::vector<const Table*> RunnableTables(const Processor& processor);
 /// Those of this machine.
 std::vector<const Table*> RunnableTables();

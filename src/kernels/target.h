@@ -4,8 +4,8 @@
 #ifndef ZEPH_SRC_KERNELS_TARGET_H
 #define ZEPH_SRC_KERNELS_TARGET_H
 
-// Visual C++ itself: no attributes, and every intrinsic in every function. ZEPH_LIKE_CL has clang compile, for a
-// check, what that compiler would.
+// Visual C++ itself: no attributes, and every intrinsic in every function. With ZEPH_LIKE_CL clang
+// compiles, for a check, the code that this compiler would.
 #if defined(_MSC_VER) && (!defined(__clang__) || defined(ZEPH_LIKE_CL))
 #define ZEPH_CL 1
 #else

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Sums, differences and negation of the double matrix. Every result is allocated once and written
-// once; where memory for it runs out it has no storage, or only some of its rows.
+// once; where memory runs out it has no storage, or only some of its rows.
 #include <iostream>
 #include <utility>
 
@@ -22,7 +22,7 @@ bool SameSize(const CZEPHDoubleMatrix& a, const CZEPHDoubleMatrix& b) {
   return a.m_nRows == b.m_nRows && a.m_nColumns == b.m_nColumns;
 }
 
-/// Where results get their storage.
+/// Allocates the storage of results.
 struct Result : CZEPHDoubleMatrix {
   using CZEPHDoubleMatrix::AllocMemory;
 };

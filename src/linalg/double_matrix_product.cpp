@@ -22,7 +22,7 @@ CZEPHDoubleMatrix& CZEPHDoubleMatrix::operator*=(const CZEPHDoubleMatrix& other)
     Multiply(product.m_ppData, m_ppData, other.m_ppData, product.m_nRows, m_nColumns,
              product.m_nColumns);
   else
-    product.Clear();  // keeps its counts, which the assignment compares
+    product.Clear();  // keeps the counts, which the assignment compares
   return *this = product;
 }
 

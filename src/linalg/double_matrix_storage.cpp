@@ -33,8 +33,8 @@ void CZEPHDoubleMatrix::Clear() {
 }
 
 int CZEPHDoubleMatrix::AllocMemory(int rows, int cols) {
-  // Only rows below both counts are released: the new count is the documented one, the old one is
-  // where the table ends.
+  // Releases the rows below both counts: the new count is the documented bound, the old one the end
+  // of the table.
   const int releasable = std::min(m_nRows, rows);
   m_nRows = rows;
   m_nColumns = cols;
@@ -75,8 +75,9 @@ int CZEPHDoubleMatrix::SetData(int rows, int cols, double value) {
 }
 
 int CZEPHDoubleMatrix::SetData(int rows, int cols, double** source) {
-  // Where `source` is this matrix's table or holds its rows, these live until they are copied; what
-  // is then released is what AllocMemory would have released. Rows past the new count stay anyway.
+  // Where `source` is this matrix's table or contains its rows, these are kept until they are
+  // copied; then the rows that AllocMemory would have released are released. Rows past the new
+  // count are never released.
   CZEPHDoubleMatrix held;
   const int releasable = std::min(m_nRows, rows);
   if (ReadsFrom(source, rows, cols, m_ppData, releasable, m_nColumns)) {

@@ -29,7 +29,8 @@ std::ostream& operator<<(std::ostream& os, const CZEPHDoubleMatrix& a) {
 
 namespace {
 
-/// Hardened builds look whether blocks of the library's have room for the counts that a stream announces.
+/// Hardened builds check that blocks allocated by the library have room for the counts that a
+/// stream announces.
 void RequireRoom([[maybe_unused]] const CZEPHDoubleMatrix& a) {
 #ifdef ZEPH_HARDENED
   const char* const operation = "operator>>(CZEPHDoubleMatrix)";

@@ -12,8 +12,8 @@
 namespace zeph::linalg {
 namespace {
 
-/// The last 16 results and one place more: the operand of the call that needs the next place may
-/// itself be the oldest of them, and stays as it is.
+/// The last 16 results and one more: the operand of the call that needs the next place may itself
+/// be the oldest result, and must survive that call.
 constexpr unsigned kPlaces = 17;
 
 struct Kept : platform::ThreadData {
@@ -25,7 +25,7 @@ platform::ThreadData* MakeKept() {
   return platform::OnExhaustion<Kept*>(nullptr, [] { return platform::NewObject<Kept>(); });
 }
 
-/// For threads that cannot have their own. Never destroyed: threads may outlive static objects.
+/// For threads that cannot have their own set. Never destroyed: threads may outlive static objects.
 Kept& SharedKept() {
   alignas(Kept) static unsigned char place[sizeof(Kept)];
   static Kept& shared = *new (place) Kept;
@@ -42,7 +42,7 @@ Kept& MyKept() {
 CZEPHDoubleMatrix& Keep(CZEPHDoubleMatrix&& result) {
   Kept& kept = MyKept();
   CZEPHDoubleMatrix& place = kept.results[kept.count++ % kPlaces];
-  // What was there leaves with `result`.
+  // The old content is released with `result`.
   std::swap(place.m_nRows, result.m_nRows);
   std::swap(place.m_nColumns, result.m_nColumns);
   std::swap(place.m_ppData, result.m_ppData);

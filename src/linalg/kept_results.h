@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Results handed out by reference, which the library keeps alive for a while.
+// Results returned by reference, which the library keeps alive for a while.
 #ifndef ZEPH_SRC_LINALG_KEPT_RESULTS_H
 #define ZEPH_SRC_LINALG_KEPT_RESULTS_H
 
@@ -8,8 +8,8 @@
 
 namespace zeph::linalg {
 
-/// Takes `result` over and gives a reference to it that lasts until the calling thread has kept 16
-/// more, or ends. Where memory runs out, threads share one set of 16.
+/// Takes ownership of `result` and returns a reference that is valid until the calling thread has
+/// kept 16 more results, or ends. Where memory runs out, threads share one set of 16.
 CZEPHDoubleMatrix& Keep(CZEPHDoubleMatrix&& result);
 
 }  // namespace zeph::linalg

@@ -18,13 +18,13 @@ void Combine(const CZEPHMatrix4& a, const CZEPHMatrix4& b, CZEPHMatrix4& to, Ope
   for (int k = 0; k < kElements; ++k) to.m_data[k] = operation(a.m_data[k], b.m_data[k]);
 }
 
-// The scalar comes by value: it may be an element of the result.
+// The scalar is passed by value: it may be an element of the result.
 template <class Operation>
 void Combine(const CZEPHMatrix4& a, double s, CZEPHMatrix4& to, Operation operation) {
   for (int k = 0; k < kElements; ++k) to.m_data[k] = operation(a.m_data[k], s);
 }
 
-// `r` is neither operand. Rows run innermost, so that each step is a column at once.
+// `r` is neither operand. Rows are the innermost loop, so that a step computes a whole column.
 void Multiply(const double* a, const double* b, double* r) {
   for (int j = 0; j < 4; ++j)
     for (int i = 0; i < 4; ++i)

@@ -15,7 +15,7 @@ using namespace zeph::linalg;
 
 namespace {
 
-/// A vector of one element per row for what `fill` writes; 0.0 for rows that are not there.
+/// A vector with one element per row, written by `fill`; 0.0 for missing rows.
 template <class Fill>
 CZEPHVector VectorOfRows(const CZEPHMatrix& m, Fill fill) {
   CZEPHVector out(m.m_nRows);
@@ -24,7 +24,7 @@ CZEPHVector VectorOfRows(const CZEPHMatrix& m, Fill fill) {
   return out;
 }
 
-/// Hardened builds insist on a column of the matrix, where there is a row to find it in.
+/// Hardened builds require a column of the matrix, if it has rows.
 void RequireColumn([[maybe_unused]] const char* operation, [[maybe_unused]] const CZEPHMatrix& m,
                    int rows, [[maybe_unused]] int j) {
   if (rows > 0) ZEPH_REQUIRE_INSIDE(operation, j, 0, m.m_nColumns - 1);

@@ -4,8 +4,8 @@
 
 using namespace zeph::linalg;
 
-// Delegating to the default constructor has the destructor release what was had when memory runs
-// out half-way.
+// Delegating to the default constructor makes the destructor release the storage allocated so far
+// when memory runs out half-way.
 
 CZEPHMatrix::CZEPHMatrix(int rows, int cols) : CZEPHMatrix() {
   Create(rows, cols);

@@ -29,7 +29,7 @@ void NarrowProduct(double* const* out, const double* const* a, const double* con
   }
 }
 
-/// The products of matrices of up to 4 x 4, for which the dense kernel takes longer to begin.
+/// The products of matrices of up to 4 x 4, for which the set-up of the dense kernel takes longer.
 using Narrow = void (*)(double* const*, const double* const*, const double* const*, int, int);
 constexpr int kNarrow = 4;
 constexpr Narrow kNarrowProducts[] = {nullptr, NarrowProduct<1>, NarrowProduct<2>, NarrowProduct<3>,
@@ -74,7 +74,7 @@ bool ReadsFrom(double* const* source, int count, int read, double** table, int r
   double** const end = table + StoredRows(table, rows);
   const std::less<const double*> before;
   if (!std::is_sorted(table, end, before)) std::sort(table, end, before);
-  // The one row that may be touched is the last that begins before the end of what is read.
+  // Only the last row that begins before the end of the range can overlap it.
   return std::any_of(source, source + StoredRows(source, count), [&](const double* row) {
     double* const* const above = std::lower_bound(table, end, row + Elements(read), before);
     return above != table && kernels::Overlap(row, Elements(read), above[-1], Elements(cols));
@@ -99,8 +99,7 @@ int Copy(double* const* to, const double* const* from, int rows, int cols) {
   return i;
 }
 
-/// Sets the rows from `first` on that are there to 0.0. Out of the way of copies, which seldom need
-/// it.
+/// Sets the existing rows from `first` on to 0.0. Not inlined: copies seldom need it.
 static void ZeroFrom(double* const* to, int first, int rows, int cols) {
   Fill(to, first, StoredRows(to, rows), cols, 0.0);
 }

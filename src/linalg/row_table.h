@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// Tables of row pointers, each row a block of its own: what both dense matrix classes are made of.
+// Tables of row pointers, each row a block of its own: the storage of both dense matrix classes.
 //
-// A table may end early: rows from the first null pointer on were never had (memory ran out while
-// the table was filled). Whole-object operations ask StoredRows once and walk those rows only.
+// A table may end early: from the first null pointer on rows were never allocated (memory ran out
+// while the table was filled). Operations on whole objects call StoredRows once and use those rows
+// only.
 #ifndef ZEPH_SRC_LINALG_ROW_TABLE_H
 #define ZEPH_SRC_LINALG_ROW_TABLE_H
 
@@ -28,26 +29,27 @@ void ReleaseRows(double* const* table, int rows);
 /// Releases the table itself.
 void ReleaseTable(double** table);
 
-/// Rows that can be touched: those before the first null one, at most `rows`; 0 without a table.
+/// The number of rows that exist: those before the first null one, at most `rows`; 0 without a
+/// table.
 int StoredRows(const double* const* table, int rows);
 
 /// Sets rows `first` to `rows` - 1.
 void Fill(double* const* table, int first, int rows, int cols, double value);
 
 /// Whether the first `count` rows of `source`, read for `read` elements each, touch the first `rows`
-/// rows of `table`, of `cols` elements each, or the table itself. Where they do not touch the table,
-/// its rows may come to stand in another order.
+/// rows of `table`, of `cols` elements each, or the table itself. Where they do not, the table's
+/// rows may be reordered.
 bool ReadsFrom(double* const* source, int count, int read, double** table, int rows, int cols);
 
-/// Copies the elements of the rows that both sides have; the two may be the same table. Gives the
+/// Copies the elements of the rows that both sides have; the two may be the same table. Returns the
 /// number of those rows.
 int Copy(double* const* to, const double* const* from, int rows, int cols);
 
-/// The same into fresh storage: rows that `from` does not have become 0.0.
+/// The same into fresh storage: rows that `from` lacks become 0.0.
 void CopyOrZero(double* const* to, const double* const* from, int rows, int cols);
 
-/// op(out row, a row, b row, cols) for the rows that both operands have; gives their number. `out`
-/// has those rows and may be one of the operands.
+/// op(out row, a row, b row, cols) for the rows that both operands have; returns their number.
+/// `out` has those rows and may be one of the operands.
 template <kernels::Elementwise::Binary op>
 int Combine(double* const* out, const double* const* a, const double* const* b, int rows,
             int cols) {
@@ -58,8 +60,8 @@ int Combine(double* const* out, const double* const* a, const double* const* b, 
   return i;
 }
 
-/// The matrix product, by the dense kernel; operands that lack rows count as without elements, so
-/// that every entry of `out` is 0.0. `out` has all its rows and shares none with the operands.
+/// The matrix product, by the dense kernel; operands that lack rows count as empty, so that every
+/// entry of `out` is 0.0. `out` has all its rows and shares none with the operands.
 void Multiply(double* const* out, const double* const* a, const double* const* b, int rows,
               int inner, int cols);
 

@@ -13,7 +13,7 @@ int StoredSize(const CZEPHVector& v) {
   return v.m_pData ? v.m_nSize : 0;
 }
 
-/// The first element that no later one beats.
+/// The first element that no later one exceeds in the given order.
 template <class Beats>
 int Site(const CZEPHVector& v, Beats beats) {
   int best = 0;

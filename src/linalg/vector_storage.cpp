@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Fills fresh storage from `from`, or with 0.0 where that is not there.
+/// Fills fresh storage from `from`, or with 0.0 where that is null.
 void CopyOrZero(CZEPHVector& to, const double* from) {
   if (from)
     zeph::kernels::Copy(to.m_pData, from, static_cast<std::size_t>(to.m_nSize));

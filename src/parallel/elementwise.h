@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Element-wise operations on arrays beyond the caches, shared out.
+// Element-wise operations on arrays larger than the caches, divided among threads.
 #ifndef ZEPH_SRC_PARALLEL_ELEMENTWISE_H
 #define ZEPH_SRC_PARALLEL_ELEMENTWISE_H
 
@@ -13,7 +13,7 @@
 namespace zeph::parallel {
 
 namespace detail {
-/// Calls work(first, count) for parts of whole pages but for the ends.
+/// Calls work(first, count) for parts that consist of whole pages, except at the ends.
 template <class Work>
 void ShareElements(int threads, std::size_t n, Work work) {
   constexpr std::size_t kPage = 512;
@@ -41,7 +41,7 @@ void OfNumber(double* out, double s, const double* a, std::size_t n) {
 }
 }  // namespace detail
 
-// The operations of kernels/few.h; the same is demanded of the operands.
+// The operations of kernels/few.h, with the same requirements on operands.
 
 inline void Add(double* out, const double* a, const double* b, std::size_t n) {
   detail::OfArrays<kernels::Add>(out, a, b, n);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The floating-point modes of the thread that asks, for those that work for it.
+// The floating-point modes of the calling thread, for the threads that work for it.
 #ifndef ZEPH_SRC_PARALLEL_MODES_H
 #define ZEPH_SRC_PARALLEL_MODES_H
 
@@ -16,26 +16,26 @@
 
 namespace zeph::parallel {
 
-/// Direction of rounding, what becomes of denormals, and which exceptions trap. The flags of the
-/// exceptions that were raised are apart from it.
+/// The rounding direction, the treatment of denormals and the exceptions that trap. The flags of
+/// raised exceptions are separate.
 class Modes {
  public:
 #if defined(__SSE2__) || defined(_M_X64)
   using Flags = unsigned;
-  /// Those of the calling thread.
+  /// The modes of the calling thread.
   Modes() : control_(_mm_getcsr() & ~kFlags) {}
   bool Trap() const {
     return (control_ & kMasks) != kMasks;
   }
-  /// Makes them the calling thread's, with no exception raised.
+  /// Sets the calling thread's modes, with no exception raised.
   void Apply() const {
     _mm_setcsr(control_);
   }
-  /// What the calling thread has raised.
+  /// The exceptions that the calling thread has raised.
   static Flags Raised() {
     return _mm_getcsr() & kFlags;
   }
-  /// Has the calling thread have raised that too.
+  /// Adds them to those that the calling thread has raised.
   static void Raise(Flags flags) {
     if (flags & ~Raised()) _mm_setcsr(_mm_getcsr() | flags);
   }
@@ -74,7 +74,7 @@ class Modes {
   }
   std::uint64_t control_;
 #else
-  // What <cfenv> knows of; whether an exception traps is not among it.
+  // What <cfenv> offers, which does not include trapping.
   using Flags = int;
   Modes() {
     std::fegetenv(&environment_);

@@ -16,20 +16,20 @@ using platform::Condition;
 using platform::Locked;
 using platform::Mutex;
 
-/// One call's work, on its caller's stack.
+/// The work of one call, on its caller's stack.
 struct Job {
   void (*const run)(void*, std::size_t);
   void* const work;
   const std::size_t pieces;
-  std::atomic<std::size_t> taken{0};  // pieces
+  std::atomic<std::size_t> taken{0};  // pieces that some thread has begun
   const Modes modes{};
   platform::Spread spread{};
 
   // Under the pool's mutex.
   int wanted = 0;              // workers that may still join
-  std::atomic<int> inside{0};  // workers that have joined and not left
+  std::atomic<int> inside{0};  // workers that have joined and not left yet
   Modes::Flags raised = 0;
-  Condition left{};  // the last worker inside has
+  Condition left{};  // signalled by the last worker to leave
   Job* next = nullptr;
 
   bool Open() const { return wanted > 0 && taken.load(std::memory_order_relaxed) < pieces; }
@@ -42,25 +42,25 @@ struct Job {
   }
 };
 
-/// All that there is of the pool. It has no initialiser and no destructor: threads of the program
-/// may use it until the process has ended.
+/// The whole state of the pool. It has no initialiser and no destructor: threads of the program may
+/// use it until the process has ended.
 struct Pool {
   Mutex mutex;
-  Condition work;   // there is some, or the workers are to end
-  Condition ended;  // a worker has
+  Condition work;   // work is available, or the workers should end
+  Condition ended;  // a worker has ended
   Job* jobs = nullptr;
-  std::atomic<unsigned> changes{0};  // counts what a worker that has nothing to do looks out for
+  std::atomic<unsigned> changes{0};  // incremented on every event that idle workers poll for
   platform::Thread threads[kMostThreads];
   int workers = 0;
-  int asleep = 0;        // workers that have to be woken
-  bool ending = false;   // the workers are to end
-  bool closed = false;   // for ever
-  bool refused = false;  // the system would not give a thread
-  bool atFork = false;   // fork knows of us
+  int asleep = 0;        // workers that must be woken
+  bool ending = false;   // the workers should end
+  bool closed = false;   // no worker is started any more
+  bool refused = false;  // the system refused a thread
+  bool atFork = false;   // the fork handlers are registered
 };
 Pool pool;
 
-/// The open job that the fewest workers help, so that callers share them evenly.
+/// The open job with the fewest workers, so that callers share them evenly.
 Job* NeediestJob() {
   Job* neediest = nullptr;
   for (Job* job = pool.jobs; job; job = job->next)
@@ -68,7 +68,7 @@ Job* NeediestJob() {
   return neediest;
 }
 
-/// Waits a while with open eyes, as long as waking a thread takes: up to some 50 us.
+/// Spins for about as long as waking a thread takes: up to some 50 us.
 template <class Done>
 void LookOut(Done done) {
   for (int k = 0; k < 1000 && !done(); ++k) platform::Pause();
@@ -88,8 +88,8 @@ void Help(Job& job) {
   if (--job.inside == 0) job.left.WakeOne();
 }
 
-/// Waits for something to do; false if the worker should end. The mutex is held before and after.
-/// Calls often come one behind the other, so a worker that has just had work looks out for more.
+/// Waits for work; returns false if the worker should end. The mutex is held before and after.
+/// Calls often follow each other closely, so a worker that has just finished spins for a while.
 bool AwaitWork(bool hadWork) {
   const unsigned seen = pool.changes.load(std::memory_order_relaxed);
   if (hadWork) {
@@ -121,8 +121,8 @@ void WorkUntilTheEnd() {
   pool.ended.WakeAll();
 }
 
-// The pool is the parent's. A fork waits until nobody changes it; the child then has none of its
-// threads.
+// The pool belongs to the parent. A fork waits until nobody changes it; the child then has none of
+// its threads.
 void BeforeFork() {
   pool.mutex.Lock();
 }
@@ -140,7 +140,7 @@ void InChild() {
   pool.mutex.Unlock();
 }
 
-/// Starts workers until there are `wanted`, or the system refuses. The mutex is held.
+/// Starts workers until there are `wanted` or the system refuses one. The mutex is held.
 void StartWorkers(int wanted) {
   while (pool.workers < wanted && !pool.refused) {
     pool.refused = !pool.threads[pool.workers].Start(WorkUntilTheEnd);
@@ -148,7 +148,7 @@ void StartWorkers(int wanted) {
   }
 }
 
-/// Whether workers were woken for it.
+/// Returns whether workers were woken for it.
 bool Add(Job& job) {
   const Locked lock(pool.mutex);
   if (pool.ending || pool.closed) return false;
@@ -180,7 +180,7 @@ void Remove(Job& job) {
   Modes::Raise(job.raised);
 }
 
-/// Ends the workers; the mutex is held. Whoever comes second waits for the first.
+/// Ends the workers; the mutex is held. A second caller waits for the first.
 void End() {
   if (pool.ending) {
     while (pool.ending) pool.ended.Wait(pool.mutex);
@@ -196,10 +196,10 @@ void End() {
   pool.ended.WakeAll();
 }
 
-// When the library is unloaded, its code must not be left to a thread; and a process that ends has
-// none of ours left. Calls that come later, from static objects that live longer, go without. (On
-// Windows the other threads of a process that ends are gone by now, and may have held the mutex; and
-// a library is not unloaded before its threads have ended.)
+// When the library is unloaded, no thread may still execute its code; at the end of a process none
+// of its threads should be left either. Later calls, from static objects that live longer, use no
+// threads. (On Windows the other threads of an ending process are gone by now and may have held the
+// mutex; and a library is not unloaded before its threads have ended.)
 #ifndef _WIN32
 struct Closing {
   ~Closing() {

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// Work that is shared out among threads.
+// Work divided among threads.
 //
 // The caller's thread always takes part, and waits only for pieces that others have already taken:
-// so a call ends whether or not another thread can be had, and calls of several threads share the
-// workers without waiting for one another. Workers are started when work is first shared, and kept.
+// so a call ends whether or not another thread is available, and calls from several threads share
+// the workers without waiting for one another. Workers are started when work is first shared, and
+// kept.
 #ifndef ZEPH_SRC_PARALLEL_POOL_H
 #define ZEPH_SRC_PARALLEL_POOL_H
 
@@ -18,7 +19,7 @@ void ShareByPointer(int threads, std::size_t pieces, void (*run)(void*, std::siz
 
 /// Calls work(k) once for each k below `pieces`, in any order, on up to `threads` threads, the
 /// calling one among them; returns when all are done. `work` must not throw. Each piece runs in the
-/// floating-point modes of the caller, who afterwards has raised the exceptions that they raised.
+/// floating-point modes of the caller, for whom the exceptions of all pieces are raised afterwards.
 template <class Work>
 void Share(int threads, std::size_t pieces, Work work) {
   if (threads > 1 && pieces > 1) {
@@ -30,14 +31,14 @@ void Share(int threads, std::size_t pieces, Work work) {
   }
 }
 
-/// What comes before any sharing. Where the system has refused a thread, it is not asked again before
-/// this.
+/// Must be called before any sharing. After the system has refused a thread, it is not asked again
+/// until this call.
 void AllowWorkers();
 
-/// The end of the workers that there are, which finish what they have taken.
+/// Ends all workers, after they have finished the pieces they have begun.
 void EndWorkers();
 
-/// How many workers there are.
+/// The number of workers.
 int Workers();
 
 }  // namespace zeph::parallel

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Ranges that are shared out.
+// Ranges divided among threads.
 #ifndef ZEPH_SRC_PARALLEL_RANGE_H
 #define ZEPH_SRC_PARALLEL_RANGE_H
 
@@ -13,25 +13,26 @@
 
 namespace zeph::parallel {
 
-/// From so many elements on two threads beat one in a pass that is as quick as memory, even where the
-/// other has to be woken.
+/// From this many elements on two threads are faster than one in a pass limited by memory, even
+/// where the second must be woken.
 constexpr std::uint64_t kPassPays = 500'000;
 
-/// Whether a further look is worth it: the work is large enough, and somebody has asked for threads. All
-/// that a small call pays is this comparison, and what follows it should be a call of its own.
+/// Whether threads may be worth considering: the work is large enough, and the program has asked
+/// for threads. A small call pays only for this comparison; the code that follows should be a
+/// separate function.
 inline bool MayShare(std::uint64_t work, std::uint64_t floor) {
   return work >= floor && Asked();
 }
 
-/// How many threads to use for `work`, which pays for two from `floor` on: 1 without a further look
-/// where the work is little or nobody has asked.
+/// The number of threads to use for `work`, where two pay from `floor` on: 1 at once where the work
+/// is small or the program has not asked for threads.
 inline int ThreadsFor(std::uint64_t work, std::uint64_t floor) {
   if (!MayShare(work, floor)) return 1;
   return static_cast<int>(
       std::min<std::uint64_t>(work / (floor / 2), static_cast<std::uint64_t>(Threads())));
 }
 
-/// A part of the whole numbers below some count.
+/// A contiguous part of the indices below some count.
 struct Part {
   std::size_t first, count;
 };
@@ -45,9 +46,8 @@ inline Part PartOf(std::size_t n, std::size_t grain, std::size_t parts, std::siz
   return {begin(k), begin(k + 1) - begin(k)};
 }
 
-/// Calls work(first, count) for parts of `n` on up to `threads` threads. Each thread has one, or
-/// several where they stay as long as `enough`: then a thread that is held up holds up the others
-/// less.
+/// Calls work(first, count) for parts of `n` on up to `threads` threads. Each thread gets one, or
+/// several where each is still as long as `enough`: then a delayed thread delays the others less.
 template <class Work>
 void ShareParts(int threads, std::size_t n, std::size_t grain, std::size_t enough, Work work) {
   if (threads == 1) return work(std::size_t{0}, n);

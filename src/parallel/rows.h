@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Operations on the rows of matrices: no row's results depend on another row's, so rows are shared
-// out, and each keeps its bits.
+// Operations on the rows of matrices: no row's results depend on another row's, so rows are divided
+// among threads, and each keeps its bits.
 #ifndef ZEPH_SRC_PARALLEL_ROWS_H
 #define ZEPH_SRC_PARALLEL_ROWS_H
 
@@ -14,11 +14,11 @@
 
 namespace zeph::parallel {
 
-/// From so many multiplications on two threads beat one, worker asleep or not.
+/// From this many multiplications on two threads are faster than one, even if the worker sleeps.
 constexpr std::uint64_t kProductPays = 4'000'000;
 
-/// kernels::DenseProduct. Parts are short, so that nobody waits long for a thread that was late; but
-/// where a part copies the right factor, they stay so high that this does not show.
+/// kernels::DenseProduct. Parts are short, so that nobody waits long for a late thread; but where
+/// each part copies the right factor, they have enough rows to make that copy negligible.
 inline void DenseProduct(double* const* out, const double* const* a, const double* const* b,
                          std::size_t rows, std::size_t inner, std::size_t cols) {
   constexpr std::size_t kTile = 8, kCopied = 100 * 1024, kShort = 2 * kTile, kHigh = 256;
@@ -29,11 +29,11 @@ inline void DenseProduct(double* const* out, const double* const* a, const doubl
   });
 }
 
-/// From so many elements on: lengths, each of whose steps divides, and the transposition, which reads
-/// or writes across.
+/// From this many elements on: lengths, where each step divides, and the transposition, which reads
+/// or writes with a stride.
 constexpr std::uint64_t kLengthsPay = 250'000, kTranspositionPays = 250'000;
 
-/// A kernel of ordered sums of rows. The kernels take twelve rows at a time.
+/// A kernel for ordered sums of rows. The kernels process twelve rows at a time.
 inline void SumsOfRows(kernels::RowSums::OfRows sums, int threads, double* out,
                        const double* const* m, std::size_t rows, std::size_t cols) {
   constexpr std::size_t kGrain = 12;

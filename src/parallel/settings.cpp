@@ -16,8 +16,8 @@ namespace {
 
 std::atomic<int> everybodys{1};
 
-// Touched only once somebody has asked: where a library is loaded late, its first use takes memory.
-// It has no destructor, which would keep the library from being unloaded.
+// Used only once the program has asked for threads: in a library that was loaded late, the first
+// use allocates memory. It has no destructor, which would keep the library from being unloaded.
 thread_local int own = 0;
 
 }  // namespace

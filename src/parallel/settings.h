@@ -8,42 +8,42 @@
 
 namespace zeph::parallel {
 
-/// More than that are not asked for, whatever a caller says.
+/// The greatest number of threads, whatever a caller asks for.
 constexpr int kMostThreads = 256;
 
 namespace detail {
 extern std::atomic<bool> asked;
 }
 
-/// Whether anybody has asked for threads. All that a call pays where nobody has.
+/// Whether the program has ever asked for threads: the only cost of a call where it has not.
 inline bool Asked() {
   return detail::asked.load(std::memory_order_relaxed);
 }
 
-/// How many threads a call of the calling thread may use now, its own among them. 1 while floating-
-/// point exceptions trap: they have to on the thread whose handler waits for them.
+/// The number of threads that a call of the calling thread may use now, its own included. 1 while
+/// floating-point exceptions trap: they must trap on the thread that has the handler.
 int Threads();
 
-/// The number that the calling thread has set for itself, else everybody's.
+/// The number that the calling thread has set for itself, else the process's.
 int ThreadsAsked();
 
-/// What `n` asks for: 1 to kMostThreads as it is, 0 for as many as the process may use. 0 for
-/// something below 0; 1 where there are no threads.
+/// The number of threads that `n` stands for: 1 to kMostThreads itself, for 0 as many as the
+/// process may use. Returns 0 for a negative `n`, and 1 where there are no threads.
 int Resolve(int n);
 
-/// What holds where a thread has not set a number for itself.
+/// The number in force where a thread has not set its own.
 int Everybodys();
 
-/// For everybody, 1 to kMostThreads. 1 ends the threads that there are.
+/// Sets the number for the process, 1 to kMostThreads. 1 ends all workers.
 void SetEverybodys(int n);
 
-/// For the calling thread; 0: everybody's. Gives what it was.
+/// Sets the number for the calling thread; 0 stands for the process's. Returns the former one.
 int SetOwn(int n);
 
-/// From now on calls may use threads, where the numbers say so.
+/// From now on calls may use threads.
 void Ask();
 
-/// In the child of a fork: nobody has asked.
+/// In the child of a fork: as if the program had never asked for threads.
 void Unask();
 
 }  // namespace zeph::parallel

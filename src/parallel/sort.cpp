@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// A piece of the array is to become some pieces, as many as there are threads, or twice as many where
-// they stay long, so that a thread which is held up holds up the others less. It is cut into so many
-// chunks, each is split by one value, what lies on the wrong side is exchanged, and the two sides go
-// on in the same way until each is one piece, which one thread sorts. So nothing is done twice: the
-// passes are those with which a quicksort begins anyway.
+// The array is partitioned into as many pieces as there are threads, or twice as many if they stay
+// long, so that a delayed thread delays the others less. To split a piece, it is cut into chunks,
+// each chunk is partitioned by the same pivot, and the elements on the wrong side are exchanged;
+// both sides are split further until each is one piece, which one thread sorts. No work is done
+// twice: these are the passes with which a quicksort begins anyway.
 #include "parallel/sort.h"
 
 #include <algorithm>
@@ -29,7 +29,7 @@ bool Ascends(const int* v, std::size_t n) {
   return kernels::Active().sorting->ascends_ints(v, n);
 }
 
-/// Ascending the other way round. Sums of tests instead of branches, so that the compiler goes wide.
+/// The reverse of ascending. Sums of tests instead of branches, so that the compiler can vectorise.
 template <class T>
 bool Descends(const T* v, std::size_t n) {
   constexpr std::size_t kBlock = 128;
@@ -42,8 +42,8 @@ bool Descends(const T* v, std::size_t n) {
   return true;
 }
 
-/// Whether `test(chunk, length)` holds for chunks that overlap by one element, hence for all
-/// neighbours.
+/// Whether `test(chunk, length)` holds for all chunks, which overlap by one element so that all
+/// neighbours are compared.
 template <class T, class Test>
 bool HoldsThroughout(const T* v, std::size_t n, int threads, Test test) {
   constexpr std::size_t kChunk = 16 * 1024;
@@ -64,13 +64,13 @@ void Reverse(T* v, std::size_t n, int threads) {
   });
 }
 
-/// A part of the array that is to become several pieces, or is one.
+/// A part of the array that will be split into several pieces, or is one.
 template <class T>
 struct Piece {
   T* v;
   std::size_t n;
   int pieces;
-  int firstChunk;  // of as many as it is to become pieces
+  int firstChunk;  // it has as many chunks as it will have pieces
   T pivot;
   std::size_t less;  // elements below the pivot
 };
@@ -83,7 +83,8 @@ class SharedSort {
     pieces_[0] = {v, n, std::min(twice ? 2 * threads : threads, kMostThreads), 0, T(), 0};
   }
 
-  /// False if it leaves the data as it is, for the kernel of one thread, which counts values.
+  /// Returns false if it leaves the data unchanged, for the single-threaded kernel, which counts
+  /// values.
   bool Run() {
     for (bool first = true; DealChunks(); first = false) {
       ForEachShared([this](Piece<T>& piece) { ChoosePivot(piece); });
@@ -104,11 +105,11 @@ class SharedSort {
   }
 
  private:
-  static constexpr std::size_t kLeast = 16 * 1024;  // what a thread of a shared piece should have
-  static constexpr std::size_t kLong = 200 * 1024;  // pieces that may be more than the threads
+  static constexpr std::size_t kLeast = 16 * 1024;  // elements for each thread of a shared piece
+  static constexpr std::size_t kLong = 200 * 1024;  // from here on more pieces than threads
   static constexpr std::size_t kSample = 2047;
 
-  /// Numbers the chunks of the pieces that are to be shared; false if none is.
+  /// Numbers the chunks of the pieces that will be shared; returns false if none is.
   bool DealChunks() {
     chunks_ = 0;
     for (int k = 0; k < count_; ++k) {
@@ -143,13 +144,13 @@ class SharedSort {
                   static_cast<std::size_t>(chunk));
   }
 
-  /// The value below which about as much of a sample lies as the left half of the pieces should
-  /// have. Where that is one of many equals, there is a choice: all of them right, or left.
+  /// The value that splits a sample in the proportion of the left half of the pieces. Where it
+  /// occurs often, all its equals go to one side, right or left.
   void ChoosePivot(Piece<T>& piece) {
     T sample[kSample];
     const std::size_t size = std::min(kSample, piece.n / 256);
     std::uint64_t state = piece.n;
-    for (std::size_t k = 0; k < size; ++k) {  // one from each stretch, so that no pattern fools it
+    for (std::size_t k = 0; k < size; ++k) {  // one from each stretch, against periodic patterns
       state = state * 6364136223846793005u + 1442695040888963407u;
       const std::size_t stretch = piece.n / size;
       sample[k] = piece.v[k * stretch + static_cast<std::size_t>(state >> 33) % stretch];
@@ -164,8 +165,8 @@ class SharedSort {
     piece.pivot = left != end && left - wanted < wanted - right ? *left : *right;
   }
 
-  /// Whether half of a sorted sample is values that it has already, as it is where there are only so
-  /// many that the kernel counts them, or one that most are: faster on one thread than shared.
+  /// Whether half of a sorted sample are repeated values: then the kernel can count values, or most
+  /// are equal, and one thread is faster than several.
   static bool HasFewValues(const T* sample, std::size_t size) {
     std::size_t repeated = 0;
     for (std::size_t k = 1; k < size; ++k) repeated += !(sample[k - 1] < sample[k]);
@@ -178,10 +179,10 @@ class SharedSort {
       piece.less += less_[piece.firstChunk + chunk];
   }
 
-  /// The places of one kind that are on the wrong side, one after the other, skipping whole runs.
+  /// Iterates over the places of one kind that are on the wrong side, skipping whole runs.
   class Misplaced {
    public:
-    /// Of elements that belong right but lie left (`kLeft`), or the other way round.
+    /// Places of elements that belong right but are left (`kLeft`), or the reverse.
     Misplaced(const SharedSort& sort, const Piece<T>& piece, bool left)
         : sort_(sort), piece_(piece), left_(left) {
       Load();
@@ -209,7 +210,7 @@ class SharedSort {
     }
 
    private:
-    /// The run of the present chunk.
+    /// The run of the current chunk.
     void Load() {
       const Part part = ChunkOf(piece_, chunk_);
       const std::size_t less = sort_.less_[piece_.firstChunk + chunk_];
@@ -249,8 +250,8 @@ class SharedSort {
     }
   }
 
-  /// The two sides of each shared piece become pieces by their lengths. Where one side has all of it,
-  /// no value of the sample parts it, and it stays one.
+  /// The two sides of each shared piece get pieces in proportion to their lengths. Where one side
+  /// has all elements, no value of the sample splits it, and it stays one piece.
   void DividePieces() {
     const int before = count_;
     for (int k = 0; k < before; ++k) {
@@ -282,7 +283,7 @@ template <class T>
 void SortShared(T* v, std::size_t n) {
   const int threads = ThreadsFor(n, kSortPays);
   if (threads == 1) return kernels::SortAscending(v, n);
-  // Data in order is done in a pass or two, and begins in order.
+  // Sorted data needs only a pass or two, and its beginning is in order.
   constexpr std::size_t kBeginning = 512;
   const bool ascends = Ascends(v, kBeginning), descends = Descends(v, kBeginning);
   if (ascends || descends) {
@@ -313,7 +314,7 @@ bool detail::OrderIsUnique(const double* v, std::size_t n, int threads) {
                      (census.nans ? kNaN : 0),
                  std::memory_order_relaxed);
   });
-  // Denormals that count as zeros: whether all of them are the same takes one look at all.
+  // Denormals that are treated as zeros: whether all are identical takes a further pass.
   if (!decided() && (met.load(std::memory_order_relaxed) & kDenormal))
     return kernels::OrderIsUnique(v, n);
   return !decided();

@@ -11,7 +11,7 @@
 
 namespace zeph::parallel {
 
-/// From so many elements on two threads beat one.
+/// From this many elements on two threads are faster than one.
 constexpr std::size_t kSortPays = 100'000;
 
 namespace detail {
@@ -21,13 +21,13 @@ void Sort(double* v, std::size_t n);
 void Sort(int* v, std::size_t n);
 }  // namespace detail
 
-/// kernels::OrderIsUnique, its pass shared out.
+/// kernels::OrderIsUnique, with its pass divided among threads.
 inline bool OrderIsUnique(const double* v, std::size_t n) {
   return MayShare(n, kPassPays) ? detail::OrderIsUnique(v, n) : kernels::OrderIsUnique(v, n);
 }
 
-/// kernels::SortAscending. The same outcome, since there is only one; no heap, and some 32 KiB of
-/// stack where it is shared.
+/// kernels::SortAscending. The result is the same, since it is unique. No heap, and some 32 KiB of
+/// stack when shared.
 template <class T>
 void SortAscending(T* v, std::size_t n) {
   MayShare(n, kSortPays) ? detail::Sort(v, n) : kernels::SortAscending(v, n);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Allocation by the library's rules: what a count asks for, and what exhaustion turns into.
+// Allocation by the library's rules: the size for a count, and the handling of exhaustion.
 #ifndef ZEPH_SRC_PLATFORM_ALLOCATION_H
 #define ZEPH_SRC_PLATFORM_ALLOCATION_H
 
@@ -14,23 +14,23 @@
 
 namespace zeph::platform {
 
-/// Bytes of `count` elements; the largest request there is when the count is negative or its bytes
-/// overflow, so that the allocation fails rather than wraps.
+/// Bytes of `count` elements; the largest possible size when the count is negative or the product
+/// overflows, so that the allocation fails instead of wrapping.
 constexpr std::size_t RequestBytes(std::int64_t count, std::size_t elementSize) {
   if (count < 0) return SIZE_MAX;
   const auto n = static_cast<std::uint64_t>(count);
   return n > SIZE_MAX / elementSize ? SIZE_MAX : static_cast<std::size_t>(n) * elementSize;
 }
 
-/// What an allocation operator returned, null included. An application's own operator may return
-/// null, as old ones do; compilers take it that none does, and would drop the tests.
+/// The pointer that an allocation operator returned, null included. An application's own operator
+/// may return null, as old ones do; compilers assume that none does, and would remove the tests.
 inline void* PerhapsNull(void* block) {
   void* volatile kept = block;
   return kept;
 }
 
 /// A block for `count` elements, uninitialised, to be released with `delete[]`; null where the
-/// application's operator returns null. What that operator throws passes to the caller.
+/// application's operator returns null. Its exceptions pass to the caller.
 template <class T>
 T* NewArrayOrNull(std::int64_t count) {
   static_assert(std::is_trivially_destructible_v<T>, "released without destructor calls");
@@ -40,8 +40,8 @@ T* NewArrayOrNull(std::int64_t count) {
 /// Throws std::bad_alloc.
 [[noreturn]] void ThrowBadAlloc();
 
-/// The same as NewArrayOrNull, never null: exhaustion passes to the caller as whatever the allocation operator throws,
-/// or as std::bad_alloc where it returns null.
+/// The same as NewArrayOrNull, but never null: on exhaustion the allocation operator's exception
+/// passes to the caller, or std::bad_alloc where it returns null.
 template <class T>
 T* NewArray(std::int64_t count) {
   T* const block = NewArrayOrNull<T>(count);
@@ -49,8 +49,8 @@ T* NewArray(std::int64_t count) {
   return block;
 }
 
-/// A new object, or null where the application's operator returns null; what that operator throws
-/// passes to the caller. Released with `delete`.
+/// A new object, or null where the application's operator returns null; its exceptions pass to the
+/// caller. Released with `delete`.
 template <class T, class... Arguments>
 T* NewObject(Arguments&&... arguments) {
   void* const block = PerhapsNull(::operator new(sizeof(T)));
@@ -67,7 +67,7 @@ T* NewObject(Arguments&&... arguments) {
 /// exception released, nothing is printed.
 void DiscardMemoryException(CMemoryException* exception);
 
-/// Runs `body` and gives its result; memory exhaustion inside it gives `failed` instead. Both
+/// Runs `body` and returns its result, or `failed` when memory runs out inside it. Both
 /// `CMemoryException*` and `std::bad_alloc` count as exhaustion; anything else passes.
 template <class Result, class Body>
 Result OnExhaustion(Result failed, Body body) {

@@ -19,7 +19,7 @@ T& ElementOf(const char* operation, T* data, std::ptrdiff_t size, std::ptrdiff_t
   return data[index];
 }
 
-/// Works on the four members of an array class. Elements past `size` hold whatever they held.
+/// Works on the four members of an array class. Elements past `size` keep their old values.
 template <class T>
 struct ArrayStorage {
   using Count = std::ptrdiff_t;

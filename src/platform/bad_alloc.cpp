@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Alone in its file: where exported classes are seen, MinGW's compiler would export the standard library's
-// type information with them.
+// In a file of its own: where exported classes are visible, g++ for MinGW would export the standard
+// library's type information with them.
 #include <new>
 
 namespace zeph::platform {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Text composed in a local block and handed on a block at a time: a listing of millions of short
+// Text composed in a local block and passed on a block at a time: a listing of millions of short
 // pieces costs as many stores, not as many calls.
 #ifndef ZEPH_SRC_PLATFORM_BLOCK_WRITER_H
 #define ZEPH_SRC_PLATFORM_BLOCK_WRITER_H
@@ -22,7 +22,7 @@ struct StreamSink {
   void operator()(const char* text, std::size_t size) const { std::fwrite(text, 1, size, stream); }
 };
 
-/// Appends to a string; an exception of its growth passes.
+/// Appends to a string; an exception from its growth passes to the caller.
 struct StringSink {
   CString& out;
   void operator()(const char* text, std::size_t size) const {
@@ -30,20 +30,19 @@ struct StringSink {
   }
 };
 
-/// What printf's %s prints.
+/// The text that printf's %s prints.
 inline const char* TextOrNull(const char* text) {
   return text ? text : "(null)";
 }
 
-/// Collects text and gives it to `sink(text, size)` in blocks. The caller ends with Flush; the
-/// destructor does not flush, as it may not throw.
+/// Collects text and passes it to `sink(text, size)` in blocks. The caller must call Flush at the
+/// end; the destructor does not, as it must not throw.
 template <class Sink, std::size_t kBlock = 8192>
 class BlockWriter {
  public:
   explicit BlockWriter(Sink sink) : sink_(sink) {}
 
-  /// Where the next `size` (at most kBlock) characters may be written; Wrote() tells where they
-  /// ended.
+  /// Space for the next `size` (at most kBlock) characters; Wrote() must be told where they end.
   char* Room(std::size_t size) {
     if (kBlock - used_ < size) Flush();
     return block_ + used_;

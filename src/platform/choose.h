@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // Choices between values that keep their bits in every mode of the host. Written as `a < b ? a : b`
-// they become minimum and maximum instructions, and those put a zero in the place of a denormal
-// while the mode "denormals are zero" is on. So the compiler must not see what is chosen.
+// they become minimum and maximum instructions, and those replace a denormal by a zero while the
+// mode "denormals are zero" is on. So the compiler must not recognise the selection.
 #ifndef ZEPH_SRC_PLATFORM_CHOOSE_H
 #define ZEPH_SRC_PLATFORM_CHOOSE_H
 
@@ -11,7 +11,7 @@
 
 namespace zeph::platform {
 
-/// The same value, which the compiler now knows nothing of.
+/// The same value, opaque to the optimiser.
 inline std::uint64_t Opaque(std::uint64_t x) {
 #if defined(__GNUC__) || defined(__clang__)
   __asm__("" : "+r"(x));
@@ -24,7 +24,7 @@ inline double Choose(bool yes, double a, double b) {
   std::uint64_t fromA, fromB;
   std::memcpy(&fromA, &a, sizeof a);
   std::memcpy(&fromB, &b, sizeof b);
-#if defined(__clang__)  // makes a branch of a choice in a loop
+#if defined(__clang__)  // turns a selection in a loop into a branch
   const std::uint64_t chosen = fromB ^ ((fromA ^ fromB) & Opaque(std::uint64_t{0} - yes));
 #else
   const std::uint64_t opaque = Opaque(fromA), chosen = yes ? opaque : fromB;

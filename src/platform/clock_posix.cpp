@@ -7,7 +7,7 @@
 
 namespace zeph::platform {
 
-// The zone is left out: finding it would read the environment and a file, and nobody asks for it.
+// The time zone is left out: finding it would read the environment and a file, and nobody needs it.
 ZEPH_TimeOfDay ReadClock() {
   timespec now{};
   clock_gettime(CLOCK_REALTIME, &now);

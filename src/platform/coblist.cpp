@@ -14,7 +14,7 @@ using namespace zeph::platform;
 
 namespace {
 
-// A position is the address of its node, under a type that gives nothing away.
+// A position is the address of its node, with an opaque type.
 template <class Node>
 POSITION ToPosition(Node* node) {
   return reinterpret_cast<POSITION>(node);
@@ -64,7 +64,7 @@ void CObList::AddBlock() {
   auto* block = static_cast<CNode*>(zeph::platform::PerhapsNull(::operator new(bytes)));
   if (!block) zeph::platform::ThrowBadAlloc();
   m_pBlocks = new (block) CNode{m_pBlocks, nullptr, nullptr};
-  for (std::ptrdiff_t i = m_nBlockSize; i > 0; --i)  // handed out in rising order
+  for (std::ptrdiff_t i = m_nBlockSize; i > 0; --i)  // so that nodes are used in ascending order
     m_pNodeFree = new (block + i) CNode{m_pNodeFree, nullptr, nullptr};
 }
 
@@ -89,7 +89,7 @@ void CObList::RemoveAll() {
   m_nCount = 0;
 }
 
-// The ends.
+// --- both ends ---
 
 CObject*& CObList::GetHead() {
   return Present(m_pNodeHead, "CObList::GetHead", kEmpty)->data;
@@ -122,7 +122,7 @@ CObject* CObList::RemoveTail() {
   return object;
 }
 
-// Walking.
+// --- traversal ---
 
 POSITION CObList::GetHeadPosition() const {
   return ToPosition(m_pNodeHead);
@@ -148,7 +148,7 @@ const CObject* CObList::GetPrev(POSITION& position) const {
   return const_cast<CObList*>(this)->GetPrev(position);
 }
 
-// One element.
+// --- one element ---
 
 CObject*& CObList::GetAt(POSITION position) {
   return Present(ToNode<CNode>(position), "CObList::GetAt", kNull)->data;
@@ -180,7 +180,7 @@ POSITION CObList::InsertAfter(POSITION position, CObject* object) {
   return ToPosition(NewNode(node, node->pNext, object));
 }
 
-// Searching.
+// --- search ---
 
 POSITION CObList::Find(CObject* object, POSITION startAfter) const {
   CNode* node = startAfter ? ToNode<CNode>(startAfter)->pNext : m_pNodeHead;

@@ -15,7 +15,7 @@ using namespace zeph::platform;
 
 namespace {
 
-constexpr int kLongest = INT_MAX - 1;  // so that the size with the closing zero is an int too
+constexpr int kLongest = INT_MAX - 1;  // so that the size with the terminating zero fits an int too
 
 std::string_view View(const CString& text) {
   return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
@@ -58,7 +58,7 @@ CString& CString::operator=(const char* text) {
   return *this;
 }
 
-/// Keeps the first `from` characters and puts `tail`, perhaps a piece of this text, behind them.
+/// Keeps the first `from` characters and appends `tail`, which may be a piece of this text.
 void CString::ReplaceFrom(int from, std::string_view tail) {
   if (tail.size() > static_cast<std::size_t>(kLongest - from)) RefuseLength("CString", kLongest);
   const int length = from + static_cast<int>(tail.size());
@@ -78,7 +78,8 @@ void CString::ReplaceFrom(int from, std::string_view tail) {
   m_nLength = length;
 }
 
-/// Into a string that owns no block: the other's block, or its characters; the other becomes empty.
+/// For a string that owns no block: takes the other's block, or copies its characters; the other
+/// becomes empty.
 void CString::TakeFrom(CString& other) noexcept {
   if (other.m_pchData == other.m_here) {
     std::memcpy(m_here, other.m_here, sizeof m_here);

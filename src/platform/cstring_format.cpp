@@ -15,8 +15,8 @@
 
 namespace {
 
-/// The formatted text, which stands apart from the string that it goes to: an argument may point
-/// into that string. Texts of usual length need neither the heap nor a second formatting.
+/// The formatted text, kept separate from the string it goes to: an argument may point into that
+/// string. Texts of usual length need neither the heap nor a second formatting.
 class Formatted {
  public:
   Formatted(const char* format, va_list arguments) {
@@ -37,7 +37,8 @@ class Formatted {
   std::string_view Text() const { return {m_long ? m_long.get() : m_short, m_size}; }
 
  private:
-  /// What the runtime counted; 0 for what it refuses. It counts in int: longer texts it cannot write.
+  /// The length that the runtime returns; 0 for a format that it refuses. It is an int: the runtime
+  /// cannot write longer texts.
   static std::size_t Length(int counted) {
     if (counted == INT_MAX || (counted < 0 && errno == EOVERFLOW))
       zeph::platform::RefuseLength("CString", INT_MAX - 1);

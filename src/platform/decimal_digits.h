@@ -21,7 +21,7 @@ constexpr int kMostDecimalDigits = 17;
 #ifdef __SIZEOF_INT128__
 __extension__ typedef unsigned __int128 WideUnsigned;
 
-inline constexpr int kMostPowerOfFive = 27;  // the last one in 64 bits
+inline constexpr int kMostPowerOfFive = 27;  // the last that fits 64 bits
 struct Powers {
   std::uint64_t five[kMostPowerOfFive + 1] = {1};
   std::uint64_t ten[kMostDecimalDigits + 1] = {1};
@@ -32,7 +32,7 @@ struct Powers {
 };
 inline constexpr Powers kPowers;
 
-/// `whole` and a rest of which `half` is one half, rounded to nearest, ties to even.
+/// `whole` plus a fraction, of which `half` is one half, rounded to nearest, ties to even.
 inline std::uint64_t RoundedUp(std::uint64_t whole, WideUnsigned rest, WideUnsigned half) {
   return whole + (rest > half || (rest == half && whole % 2 == 1));
 }
@@ -56,9 +56,9 @@ inline std::uint64_t Scaled(std::uint64_t m, int e, int power) {
                    WideUnsigned{divisor} << (shift - 1));
 }
 
-/// Rounds |x| to `count` (1 .. kMostDecimalDigits) digits, to nearest, ties to even, whatever the modes of the
-/// process. Exact, in whole numbers: |x| is m * 2^e, and 10^k is 5^k * 2^k. False where that takes more than
-/// 128 bits, as for 0, denormals, infinities and NaN; from 1e-10 to 2^53 it never does.
+/// Rounds |x| to `count` (1 .. kMostDecimalDigits) digits, to nearest, ties to even, in any mode of
+/// the process. Exact, in integers: |x| is m * 2^e, and 10^k is 5^k * 2^k. False where that takes
+/// more than 128 bits, as for 0, denormals, infinities and NaN; from 1e-10 to 2^53 it never does.
 inline bool RoundToDecimal(double x, int count, Decimal& decimal) {
   std::uint64_t bits;
   std::memcpy(&bits, &x, sizeof bits);
@@ -68,13 +68,14 @@ inline bool RoundToDecimal(double x, int count, Decimal& decimal) {
                                                                                    << kFractionBits;
   constexpr int kLeast = -100;  // 2^52 * 2^-100 is 3.6e-15
   if (e > 0 || e < kLeast) return false;
-  // |x| is from 2^(52 + e) to twice that: the exponent is floor(log10(2^(52 + e))) or one more.
+  // |x| is between 2^(52 + e) and twice that: the decimal exponent is floor(log10(2^(52 + e))) or
+  // one more.
   int exponent = (52 + e) * 315653 >> 20;
   for (;; ++exponent) {
     const int power = count - 1 - exponent;
     if (power > kMostPowerOfFive) return false;
     const std::uint64_t digits = Scaled(m, e, power);
-    if (digits >= kPowers.ten[count]) continue;  // or rounding made it a digit longer
+    if (digits >= kPowers.ten[count]) continue;  // rounding made it a digit longer
     decimal = {digits, exponent};
     return true;
   }

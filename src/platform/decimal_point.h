@@ -6,7 +6,8 @@
 
 namespace zeph::platform {
 
-/// The point that printf writes in this thread, of one byte or more. Good until the locale changes.
+/// The decimal point that printf writes in this thread, one byte or more. Valid until the locale
+/// changes.
 const char* DecimalPoint();
 
 }  // namespace zeph::platform

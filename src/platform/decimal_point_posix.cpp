@@ -7,8 +7,8 @@
 
 namespace zeph::platform {
 
-/// `localeconv` fills one record for all threads: between its return and a look at it, another
-/// thread with a locale of its own (`uselocale`) may have filled it anew.
+/// `localeconv` fills one record for all threads: after its return, another thread with a locale of
+/// its own (`uselocale`) may overwrite it.
 const char* DecimalPoint() {
   return nl_langinfo(RADIXCHAR);
 }

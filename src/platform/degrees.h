@@ -8,8 +8,8 @@
 
 namespace zeph::platform {
 
-/// Of an angle in degrees: its radians are degrees * pi / 180 in double, pi rounded to double. The
-/// one place where the library turns an angle into a sine or a cosine.
+/// Sine and cosine of an angle in degrees: its radians are degrees * pi / 180 in double, with pi
+/// rounded to double. All of the library's conversions from angles to sines and cosines are here.
 SineAndCosine SinCosDegrees(double degrees);
 
 }  // namespace zeph::platform

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Included by every source with floating-point arithmetic: the documented bits cannot come from a
-// compiler that is free to change them.
+// Included by every source with floating-point arithmetic: rejects compiler modes that could change
+// the documented bits.
 #ifndef ZEPH_SRC_PLATFORM_EXACTNESS_H
 #define ZEPH_SRC_PLATFORM_EXACTNESS_H
 
@@ -21,9 +21,10 @@
 #error "ZEPHDataStructureEngine needs arithmetic in the operands' own precision (SSE2 on x86)."
 #endif
 #if defined(_MSC_VER) && !defined(__clang__)
-#pragma fp_contract(off)  // before 2022 it rounded products and sums at once under /arch:AVX2
+#pragma fp_contract(off)  // before 2022 it fused products and sums under /arch:AVX2
 #endif
-// g++ fuses alternating sums and differences although contraction is off, where it may.
+// g++ fuses alternating sums and differences although contraction is off, where the target allows
+// it.
 #if defined(__GNUC__) && !defined(__clang__) && (defined(__FMA__) || defined(__AVX512F__))
 #error \
     "ZEPHDataStructureEngine needs -mno-fma -mno-avx512f: g++ would round products and sums at once."

@@ -19,8 +19,8 @@
 namespace zeph::platform {
 namespace {
 
-/// What the C runtime does with digits. Runtimes are known that print exponents of three digits,
-/// round ties away from even, or fill up with zeros after 17 digits.
+/// How the C runtime prints digits. Some runtimes print exponents of three digits, round ties away
+/// from zero, or print zeros after 17 digits.
 struct Runtime {
   bool exact;
   int exponentDigits;
@@ -32,7 +32,8 @@ bool Prints(const char* conversion, double x, const char* text) {
   return std::strcmp(buffer, text) == 0;
 }
 
-/// Without decimals, so that no locale's decimal point gets in the way. Asked rounding to nearest.
+/// Tested without decimals, so that the locale's decimal point does not matter, and while rounding
+/// to nearest.
 Runtime AskRuntime() {
   const bool two = Prints("%.0e", 1.0, "1e+00");
   const bool three = Prints("%.0e", 1.0, "1e+000");
@@ -56,7 +57,7 @@ char* Shift(char* at, char* end, std::size_t count) {
 char* WidenExponent(char* end) {
   constexpr int kDigits = 2;
   char* digits = end - kDigits;
-  if (digits[-1] != '+' && digits[-1] != '-') return end;  // has three already
+  if (digits[-1] != '+' && digits[-1] != '-') return end;  // three already
   end = Shift(digits, end, 1);
   *digits = '0';
   return end;
@@ -64,8 +65,8 @@ char* WidenExponent(char* end) {
 
 #ifdef __SIZEOF_INT128__
 /// x * 10^decimals rounded to a whole number, ties to even, as printf rounds. Exact: x is m * 2^-s
-/// with m below 2^53, so m * 10^decimals fits, and the bits shifted out tell which way to round.
-/// `x` is not negative and below 2^40; at most kFastDecimals decimals.
+/// with m below 2^53, so m * 10^decimals fits, and the bits shifted out decide the rounding. `x` is
+/// not negative and below 2^40; at most kFastDecimals decimals.
 constexpr double kFastBelow = 0x1p40;
 constexpr int kFastDecimals = 6;
 std::uint64_t ScaledAndRounded(double x, std::uint64_t scale) {
@@ -91,7 +92,7 @@ char* WriteFastFixed(char* out, double x, int decimals) {
 }
 #endif
 
-/// "%.{decimals}f": what most numbers need has a shorter way than the general one.
+/// "%.{decimals}f", with a fast path for most numbers.
 char* WriteFixed(char* out, double x, int decimals) {
 #ifdef __SIZEOF_INT128__
   if (std::fabs(x) < kFastBelow && decimals <= kFastDecimals)
@@ -111,7 +112,7 @@ char* WriteExponent(char* out, int exponent, int fewest) {
   return out;
 }
 
-/// "%.{decimals}e": likewise.
+/// "%.{decimals}e", likewise.
 char* WriteScientific(char* out, double x, int decimals, int exponentDigits) {
   Decimal decimal;
   if (decimals < kMostDecimalDigits && RoundToDecimal(x, decimals + 1, decimal)) {
@@ -163,7 +164,7 @@ char* RealFormat::WriteExactly(char* out, double x) const {
   return fullStop_ ? end : InsertPoint(out, end);
 }
 
-/// A name in the width and on the side that the conversion says.
+/// A name, padded to the width and on the side that the conversion gives.
 char* RealFormat::WritePadded(char* out, double x) const {
   const char* flags = conversion_ + 1;
   const bool left = *flags == '-';
@@ -175,7 +176,7 @@ char* RealFormat::WritePadded(char* out, double x) const {
   return left ? end + blanks : end;
 }
 
-/// The full stop stands after the first digit, or before the decimals.
+/// The full stop follows the first digit, or precedes the decimals.
 char* RealFormat::InsertPoint(char* text, char* end) const {
   char* stop = notation_ == Notation::kScientific ? text + 1 + (*text == '-') : end - decimals_ - 1;
   end = Shift(stop + 1, end, pointSize_ - 1);

@@ -11,39 +11,40 @@ namespace zeph::platform {
 /// What the C runtime and the caller's locale decide about the texts of numbers.
 struct NumberConventions {
   bool exact;             // printf rounds as the exact conversion does: to nearest, ties to even
-  int exponentDigits;     // fewest digits of an exponent, 2 or 3; where exact
+  int exponentDigits;     // fewest digits of an exponent, 2 or 3; only if `exact`
   const char* point;      // the decimal point of the thread's locale, one character of any bytes
-  bool ownNames = false;  // infinities and NaN are written here, not by printf
+  bool ownNames = false;  // whether infinities and NaN are written here, not by printf
 
-  /// As they stand for this call: the runtime is asked once per process, when it rounds to nearest,
-  /// the locale and the rounding direction every time. With ZEPH_PORTABLE_MATH those of glibc in the C locale, always.
+  /// The conventions in force now: the runtime is examined once per process, while it rounds to
+  /// nearest; the locale and the rounding direction every time. With ZEPH_PORTABLE_MATH always
+  /// those of glibc in the C locale.
   static NumberConventions Current();
-  /// Those of the runtime's printf, with ZEPH_PORTABLE_MATH too.
+  /// Those of the runtime's printf, even with ZEPH_PORTABLE_MATH.
   static NumberConventions OfRuntime();
 };
 
-/// One conversion of a double, such as "%-5.4le", ready for many values of one call.
+/// One conversion of a double, such as "%-5.4le", prepared for many values of one call.
 ///
 /// The bytes are those of printf. Digits come from the standard library's exact conversion; where
-/// the runtime does not round so, and for infinities and NaN, printf itself is used. Allocates
+/// the runtime rounds otherwise, and for infinities and NaN, printf itself is used. Allocates
 /// nothing.
 class RealFormat {
  public:
   enum class Notation { kFixed, kScientific };
 
-  /// Characters that the longest text needs, its closing zero included.
+  /// Characters that the longest text needs, its terminating zero included.
   static constexpr std::size_t kRoom = 384;
   static constexpr int kMostDecimals = 32;
 
-  /// `conversion` is the printf conversion, kept by pointer; `notation` and `decimals` say the same
-  /// (1 .. kMostDecimals). A width may stand in it that every finite text fills.
+  /// `conversion` is the printf conversion, kept by pointer; `notation` and `decimals` (1 ..
+  /// kMostDecimals) repeat its meaning. It may have a width that every finite text fills.
   RealFormat(const char* conversion, Notation notation, int decimals,
              const NumberConventions& conventions = NumberConventions::Current());
 
-  /// Writes the text of `x` at `out` (kRoom characters) and gives its end; no closing zero.
+  /// Writes the text of `x` to `out` (kRoom characters) and returns its end; no terminating zero.
   char* Write(char* out, double x) const;
 
-  /// What printf counts as the width of x's text of `size` bytes: a decimal point is one character.
+  /// The width of x's text of `size` bytes as printf counts it: a decimal point is one character.
   std::size_t Columns(double x, std::size_t size) const;
 
  private:
@@ -66,7 +67,7 @@ char* WriteNonFinite(char* out, double x);
 constexpr std::size_t kIntRoom = 16;
 
 /// Writes `value` in decimal, left-aligned in at least `width` (0 .. kIntRoom) characters, as "%-d"
-/// and "%-5d" do; gives the end.
+/// and "%-5d" do; returns the end.
 char* WriteInt(char* out, int value, int width = 0);
 
 }  // namespace zeph::platform

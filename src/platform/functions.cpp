@@ -33,8 +33,8 @@ double DecimalLogarithm(double x) {
 namespace zeph::platform {
 
 SineAndCosine SineCosine(double radians) {
-  // Read again, so that no compiler merges the calls into one for both, which some runtimes round
-  // otherwise.
+  // Reads the angle again, so that no compiler merges both calls into one sincos, which some
+  // runtimes round differently.
   const volatile double again = radians;
   return {std::sin(radians), std::cos(again)};
 }

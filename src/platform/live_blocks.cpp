@@ -13,7 +13,8 @@
 namespace zeph::platform {
 namespace {
 
-/// A hash table with linear probing. Released blocks stay in it until it grows, and keep the chains whole.
+/// A hash table with linear probing. Released blocks stay in it until it grows, so that probe
+/// sequences stay intact.
 struct Slot {
   LiveBlock block;  // empty: block.block is null
   bool live;
@@ -52,7 +53,7 @@ class Table {
 
   bool IsComplete() const { return complete_; }
 
-  /// Nothing is known from now on.
+  /// From now on no block is known.
   void Close() {
     std::free(slots_);
     slots_ = nullptr;
@@ -64,7 +65,7 @@ class Table {
  private:
   static constexpr std::size_t kLeast = 1024;
 
-  /// The slot that holds `block`, or the empty one where it would go. There always is one.
+  /// The slot that holds `block`, or the empty one where it would go. One always exists.
   Slot& SlotOf(const void* block) {
     const std::uint64_t hash =
         std::uint64_t{reinterpret_cast<std::uintptr_t>(block)} * 0x9E3779B97F4A7C15u;
@@ -81,7 +82,7 @@ class Table {
     slot = {block, true};
   }
 
-  /// A table with room for four times what lives, without what was released.
+  /// A new table with room for four times the live blocks, without the released ones.
   bool Grow() {
     std::size_t capacity = kLeast;
     while (capacity < 4 * (live_ + 1)) capacity *= 2;
@@ -103,7 +104,8 @@ class Table {
   bool complete_ = true, closed_ = false;
 };
 
-/// The one table, held while this lives. Never destroyed: blocks are released after static objects too.
+/// Locks the one table during its lifetime. The table is never destroyed: blocks may be released
+/// after static objects.
 class Held {
  public:
   Held() { Take(); }
@@ -126,8 +128,8 @@ class Held {
 std::atomic_flag Held::busy_ = ATOMIC_FLAG_INIT;
 Table Held::table_;
 
-/// While the library is there a fork waits until nobody holds the table, which the child then has in order; at the
-/// end the memory goes back.
+/// While the library is loaded, a fork waits until nobody holds the table, so that the child has it
+/// in a consistent state; at unloading its memory is released.
 const struct Keeper {
   Keeper() { static_cast<void>(AtFork(Held::Take, Held::Leave, Held::Leave)); }
   ~Keeper() { Held()->Close(); }

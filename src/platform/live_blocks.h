@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// What hardened builds remember of the blocks and nodes that the library gave away, so that they notice a
-// second release, or another size or range than the block has. In other builds nothing is remembered, and no
-// call is any code.
+// Hardened builds record the blocks and nodes that the library has handed out, to detect a second
+// release or a size or range that the block does not have. In other builds nothing is recorded, and
+// the calls compile to nothing.
 #ifndef ZEPH_SRC_PLATFORM_LIVE_BLOCKS_H
 #define ZEPH_SRC_PLATFORM_LIVE_BLOCKS_H
 
@@ -10,9 +10,9 @@
 
 namespace zeph::platform {
 
-/// A block and what it holds. A matrix is the block of its row pointers.
+/// A block and its contents. A matrix is represented by the block of its row pointers.
 struct LiveBlock {
-  const void* block;   // as the allocation operator gave it
+  const void* block;   // as the allocation operator returned it
   const void* handle;  // what the caller got: the block moved back by `lo`
   int lo, count;       // elements, or rows
   int columnLo = 0, columns = 0;
@@ -21,23 +21,26 @@ struct LiveBlock {
 
 #ifdef ZEPH_HARDENED
 
-/// From any thread. Memory comes from malloc, so that an application's operators are not asked for more than in
-/// other builds; where there is none, the block stays unknown, and so may any other from then on.
+/// Records a block; may be called from any thread. Memory comes from malloc, so that an
+/// application's operators get no more requests than in other builds; where it runs out, the block
+/// stays unknown, and so may any later one.
 void RememberBlock(const LiveBlock& block);
 
-/// Notes that a block is released, if it is known; that is remembered for a while.
+/// Records that a block is released, if it is known; the record is kept for a while.
 void ForgetBlock(const void* block);
 
-/// Whether `block` is known and live, with what is known of it.
+/// Whether `block` is known and live; sets its record.
 bool FindBlock(const void* block, LiveBlock& found);
 
-/// Likewise by what the caller got; slow.
+/// The same by the pointer that the caller got; slow.
 bool FindHandle(const void* handle, LiveBlock& found);
 
-/// Whether `block`, of this kind, was released and not given away again since. Only of what was released lately.
+/// Whether `block`, of this kind, was released and not handed out again since. Knows only recent
+/// releases.
 bool IsReleased(const void* block, LiveBlock::Kind kind = LiveBlock::Kind::kArray);
 
-/// Whether a live block that FindBlock does not find cannot be the library's.
+/// Whether all of the library's live blocks are known, so that one that FindBlock does not find is
+/// not the library's.
 bool AllBlocksAreKnown();
 
 #else
@@ -45,14 +48,14 @@ inline void RememberBlock(const LiveBlock&) {}
 inline void ForgetBlock(const void*) {}
 #endif
 
-/// A node of a chain, which releases it.
+/// Records a node that a chain releases.
 inline void RememberNode([[maybe_unused]] const void* node) {
 #ifdef ZEPH_HARDENED
   RememberBlock({node, node, 0, 1, 0, 0, LiveBlock::Kind::kNode});
 #endif
 }
 
-/// A node is not one that another list or stack, which shared the chain, has released.
+/// Stops if another list or stack that shared the chain has released the node.
 inline void RequireNode([[maybe_unused]] const char* operation, [[maybe_unused]] const void* node) {
 #ifdef ZEPH_HARDENED
   if (node && IsReleased(node, LiveBlock::Kind::kNode))

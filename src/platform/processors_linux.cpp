@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Without the heap and without streams: a question may be asked before anything is set up.
+// Uses neither the heap nor streams: it may be called before anything is initialised.
 #ifdef __linux__
 
 #include <fcntl.h>
@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::size_t kRoom = 4096;
 
-/// A text with an end that stays within its room; what does not fit makes it empty.
+/// A text of bounded size; appending what does not fit makes it empty.
 class Path {
  public:
   Path& operator<<(const char* part) {
@@ -39,7 +39,7 @@ class Path {
   bool fits_ = true;
 };
 
-/// The beginning of a file as a text, "" where there is none.
+/// The beginning of a file as a text, "" if there is no file.
 class Content {
  public:
   explicit Content(const char* path) {
@@ -60,7 +60,7 @@ class Content {
   char text_[kRoom] = "";
 };
 
-/// The processors that `quota` in each `period` makes, rounded up; 0 where one is not a limit.
+/// The number of processors for `quota` in each `period`, rounded up; 0 where either is no limit.
 long Quotient(long quota, long period) {
   return quota > 0 && period > 0 ? (quota - 1) / period + 1 : 0;
 }
@@ -85,8 +85,8 @@ long Stricter(long a, long b) {
   return a == 0 ? b : b == 0 ? a : std::min(a, b);
 }
 
-/// The strictest limit of the group `name` ("/a/b") and of those that it is in. In a container the
-/// name may be one of outside: then only the root, which is the container's own group, is there.
+/// The strictest limit of the group `name` ("/a/b") and of its parents. In a container the name may
+/// be one from outside: then only the root, which is the container's own group, exists.
 long StrictestLimit(const char* root, char* name) {
   long strictest = 0;
   for (;;) {
@@ -98,7 +98,7 @@ long StrictestLimit(const char* root, char* name) {
   }
 }
 
-/// Whether a version 1 line's list of controllers names the one of processors.
+/// Whether a version 1 line's list of controllers contains "cpu".
 bool HasCpu(const char* list) {
   for (; *list; list += *list == ',') {
     const std::size_t length = std::strcspn(list, ",");
@@ -157,7 +157,7 @@ void Spread::Settle() {
 }
 
 int UsableProcessors() {
-  // Room for more processors than there are; the system refuses less than it knows.
+  // Room for more processors than any system has; the system refuses a set smaller than its own.
   cpu_set_t sets[8192 / CPU_SETSIZE];
   int processors = 1;
   if (sched_getaffinity(0, sizeof sets, sets) == 0) processors = CPU_COUNT_S(sizeof sets, sets);

@@ -31,7 +31,7 @@ int UsableProcessors() {
   GetProcessAffinityMask(GetCurrentProcess(), &process, &system);
   for (; process; process &= process - 1) ++processors;
   if (processors) return processors;
-  SYSTEM_INFO info;  // the process has threads in several groups of processors
+  SYSTEM_INFO info;  // the process has threads in several processor groups
   GetSystemInfo(&info);
   return static_cast<int>(info.dwNumberOfProcessors);
 #else

@@ -30,7 +30,8 @@ const char* ParseNumber(const char* at, int& number) {
   return at;
 }
 
-/// Reads what stands behind a '%'; a flag that is not known becomes the kind, which is not known either.
+/// Parses what follows a '%'; an unknown flag is taken for the conversion's letter, which is
+/// unknown then too.
 const char* Parse(const char* at, Conversion& conversion) {
   if (*at == '-') {
     conversion.left = true;
@@ -46,13 +47,13 @@ const char* Parse(const char* at, Conversion& conversion) {
   return at + (*at != '\0');
 }
 
-/// Whether a whole number, a character or a text is wanted and nothing is said of its digits.
+/// Whether it is an integer, character or text conversion without a precision.
 bool IsPlain(const Conversion& conversion) {
   return conversion.precision < 0 && (conversion.size == Size::kInt || conversion.kind == 'd' ||
                                       conversion.kind == 'i' || conversion.kind == 'u');
 }
 
-/// The runtime's ways with numbers, asked for the first of them.
+/// The runtime's conventions for numbers, looked up at the first number.
 class Reals {
  public:
   bool AreKnown() {
@@ -80,7 +81,7 @@ class Writer {
     return true;
   }
 
-  /// Of a text that is too long, no more is looked at than would have fitted.
+  /// Reads no more of a text that is too long than would have fitted.
   bool Text(const char* text) {
     const void* const end = std::memchr(text, '\0', Room() + 1);
     return end && Literal(text, static_cast<std::size_t>(static_cast<const char*>(end) - text));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// printf for the formats that programs have most, at a fraction of its cost.
+// printf for the most common formats, at a fraction of its cost.
 #ifndef ZEPH_SRC_PLATFORM_QUICK_FORMAT_H
 #define ZEPH_SRC_PLATFORM_QUICK_FORMAT_H
 
@@ -8,7 +8,7 @@
 
 namespace zeph::platform {
 
-/// A list of arguments that functions can hand on, whatever a va_list is.
+/// An argument list that functions can pass on, whatever type va_list is.
 struct Arguments {
   va_list list;
   explicit Arguments(va_list from) { va_copy(list, from); }
@@ -17,11 +17,13 @@ struct Arguments {
   Arguments& operator=(const Arguments&) = delete;
 };
 
-/// Writes to [out, last) what the runtime's vsnprintf writes, without the closing zero, and returns the end.
+/// Writes what the runtime's vsnprintf writes to [out, last), without the terminating zero, and
+/// returns the end.
 ///
-/// Known are %d, %i and %u (of int, long and long long), %c, %s, %f, %e and %lf, %le, with a width, a minus and
-/// a precision of 1 to 32 decimals, and %%. Null where the format holds anything else, the room might not do, or
-/// the runtime has its own way with a number; the arguments are used up then too.
+/// Supports %d, %i and %u (of int, long and long long), %c, %s, %f, %e and %lf, %le, with a width,
+/// a minus and a precision of 1 to 32 decimals, and %%. Returns null where the format contains
+/// anything else, the space might not suffice, or the runtime's conventions for a number are
+/// unusual; the arguments are consumed then too.
 char* WriteQuickly(char* out, const char* last, const char* format, Arguments& arguments);
 
 }  // namespace zeph::platform

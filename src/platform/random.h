@@ -10,14 +10,14 @@ namespace zeph::platform {
 /// The largest number that NextRandom gives.
 constexpr int kRandomMax = 32767;
 
-/// The next number of the source, 0..32767: of `rand` its high 15 bits where the runtime's range is
+/// The next number of the source, 0..32767: the high 15 bits of `rand` where the runtime's range is
 /// larger.
 int NextRandom();
 
 /// Seeds the source.
 void SeedRandom(unsigned seed);
 
-/// Seeds it with the current time in seconds, so twice in a second gives one sequence.
+/// Seeds it with the current time in seconds: two calls within a second give the same sequence.
 void SeedRandomFromTime();
 
 }  // namespace zeph::platform

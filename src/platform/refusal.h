@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// How the stand-ins refuse an argument.
+// The exceptions with which the stand-ins reject an argument.
 #ifndef ZEPH_SRC_PLATFORM_REFUSAL_H
 #define ZEPH_SRC_PLATFORM_REFUSAL_H
 
@@ -8,8 +8,8 @@
 
 namespace zeph::platform {
 
-/// Throws std::out_of_range: "CObArray::GetAt: index 7 is outside 0..2", or of a `last` below 0 that
-/// there are no elements.
+/// Throws std::out_of_range: "CObArray::GetAt: index 7 is outside 0..2", or, for a `last` below 0,
+/// that there are no elements.
 [[noreturn]] void RefuseIndex(const char* operation, std::int64_t index, std::int64_t last);
 
 /// Throws std::length_error: "CString: a text has at most 2147483646 characters".

@@ -8,8 +8,8 @@
 
 namespace zeph::platform {
 
-/// Suspends the calling thread for at least so many milliseconds; signals do not cut it short.
-/// 0 lets another thread run. 2^32 - 1 is for ever on Windows, 49 days elsewhere.
+/// Suspends the calling thread for at least so many milliseconds; signals do not shorten it. 0
+/// yields to another thread. 2^32 - 1 means forever on Windows, 49 days elsewhere.
 void SleepMilliseconds(std::uint32_t milliseconds);
 
 }  // namespace zeph::platform

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The standard library's own streams, ready to be written to.
+// Initialises the standard library's streams.
 #ifndef ZEPH_SRC_PLATFORM_STANDARD_STREAMS_H
 #define ZEPH_SRC_PLATFORM_STANDARD_STREAMS_H
 
@@ -8,8 +8,9 @@
 
 namespace zeph::platform {
 
-/// Called before std::cout or std::cerr is used. In a static library this may be the constructor of a
-/// static object, before any source that includes <iostream> has set the streams up.
+/// Must be called before std::cout or std::cerr is used. In a static library the caller may be the
+/// constructor of a static object, before any source that includes <iostream> has initialised the
+/// streams.
 inline void HoldStandardStreams() {
   static const std::ios_base::Init held;
 }

@@ -27,7 +27,7 @@ Notation NotationOf(Flags::fmtflags flags) {
   return flags & Flags::scientific ? Notation::kScientific : Notation::kGeneral;
 }
 
-/// A point that no decimals follow stands before the exponent.
+/// A decimal point without decimals precedes the exponent.
 char* PutPointAtTheEnd(char* text, char* end, char exponentMark) {
   char* const exponent = std::find(text, end, exponentMark);
   std::copy_backward(exponent, end, end + 1);
@@ -35,7 +35,7 @@ char* PutPointAtTheEnd(char* text, char* end, char exponentMark) {
   return end + 1;
 }
 
-/// The exponent behind the last 'e' of a text in scientific notation.
+/// The exponent after the last 'e' of a text in scientific notation.
 int ExponentOf(const char* text, const char* end) {
   const char* digits = std::find(text, end, 'e') + 1;
   const bool negative = *digits++ == '-';
@@ -44,7 +44,7 @@ int ExponentOf(const char* text, const char* end) {
   return negative ? -exponent : exponent;
 }
 
-/// "%#.{precision}g", by the rule of the C standard: as many digits, the zeros at the end among them.
+/// "%#.{precision}g", by the rule of the C standard: that many digits, with trailing zeros.
 char* WriteAllDigits(char* out, char* end, double x, int precision) {
   const int digits = std::max(precision, 1);
   char* stop = ToChars(out, end, x, Digits::kScientific, digits - 1);
@@ -54,7 +54,7 @@ char* WriteAllDigits(char* out, char* end, double x, int precision) {
   return std::find(out, stop, '.') == stop ? PutPointAtTheEnd(out, stop, 'e') : stop;
 }
 
-/// "%a": 1, or 0 for zeros and denormals, before the point, as many digits as there are behind it.
+/// "%a": 1, or 0 for zeros and denormals, before the point, and as many digits as needed after it.
 char* WriteHexadecimal(char* out, char* end, double x, bool point) {
   constexpr int kFractionBits = 52, kBias = 1023, kMostDigits = 13;
   std::uint64_t bits;
@@ -76,7 +76,7 @@ char* WriteHexadecimal(char* out, char* end, double x, bool point) {
   return std::to_chars(out, end, exponent).ptr;
 }
 
-/// Digits with the point, zeros about them and exponent that "%g" gives them: the last digit is not 0.
+/// The digits, of which the last is not 0, with the point, zeros and exponent of "%g".
 char* ArrangeDigits(char* out, const char* digits, int count, int exponent, int precision) {
   if (exponent < -4 || exponent >= precision) {
     *out++ = *digits;
@@ -102,7 +102,7 @@ char* ArrangeDigits(char* out, const char* digits, int count, int exponent, int 
   return std::copy(digits + whole, digits + count, out);
 }
 
-/// "%.{precision}g": what most numbers need has a shorter way than the general one.
+/// "%.{precision}g", with a fast path for most numbers.
 char* WriteGeneral(char* out, char* end, double x, int precision) {
   const int count = std::max(precision, 1);
   Decimal decimal;
@@ -124,7 +124,7 @@ char* WriteFinite(char* out, char* end, double x, Notation notation, int precisi
   return point && precision == 0 ? PutPointAtTheEnd(out, stop, 'e') : stop;
 }
 
-/// What the stream's flags and precision make of `x`, without width and fill. Returns the end.
+/// Writes `x` by the stream's flags and precision, without width and fill. Returns the end.
 char* WriteReal(char* begin, char* end, double x, Flags::fmtflags flags, int precision) {
   const Notation notation = NotationOf(flags);
   const bool point = (flags & Flags::showpoint) != 0;
@@ -132,7 +132,7 @@ char* WriteReal(char* begin, char* end, double x, Flags::fmtflags flags, int pre
   if ((flags & Flags::showpos) && !std::signbit(x)) *out++ = '+';
   char* const stop = std::isfinite(x) ? WriteFinite(out, end, x, notation, precision, point)
                                       : WriteNonFinite(out, x);
-  // Fixed notation has no capital form: not for "nan" either.
+  // Fixed notation has no upper-case form, not even for "nan".
   if ((flags & Flags::uppercase) && notation != Notation::kFixed)
     for (char* c = begin; c < stop; ++c)
       if (*c >= 'a' && *c <= 'z') *c = static_cast<char>(*c - 'a' + 'A');
@@ -143,13 +143,13 @@ int PrecisionOf(const std::ostream& os) {
   return static_cast<int>(os.precision() < 0 ? 6 : os.precision());
 }
 
-/// What `internal` puts its fill characters behind: a sign, or else "0x".
+/// The part after which `internal` puts the fill characters: a sign, or else "0x".
 std::size_t HeadOf(std::string_view text) {
   if (text[0] == '-' || text[0] == '+') return 1;
   return text[0] == '0' && text.size() > 1 && (text[1] == 'x' || text[1] == 'X') ? 2 : 0;
 }
 
-/// `text` with fill characters where `internal` puts them; the other adjustments are those of strings.
+/// `text` with fill characters where `internal` puts them; other adjustments work as for strings.
 std::ostream& Insert(std::ostream& os, std::string_view text) {
   const auto size = static_cast<std::streamsize>(text.size());
   const auto head = static_cast<std::streamsize>(HeadOf(text));
@@ -173,7 +173,7 @@ std::ostream& WritePortably(std::ostream& os, double x) {
 
 namespace {
 
-/// Whether the inserter's texts on this system are those that WriteReal writes.
+/// Whether this system's inserter writes the same texts as WriteReal.
 #if defined(ZEPH_PORTABLE_MATH) || \
     (defined(__GLIBC__) && defined(__GLIBCXX__) && defined(__cpp_lib_to_chars))
 constexpr bool kKnown = true;
@@ -181,14 +181,14 @@ constexpr bool kKnown = true;
 constexpr bool kKnown = false;
 #endif
 
-/// The runtime rounds as the process does, the texts of WriteReal are to nearest.
+/// The runtime uses the process's rounding direction, WriteReal rounds to nearest.
 bool RoundsToNearest() {
   return kPortableMath || std::fegetround() == FE_TONEAREST;
 }
 
 constexpr int kMostPrecision = 64;
 
-/// Streams that flush behind every insertion get each by itself.
+/// Streams that flush after every insertion get each one separately.
 bool TextsAreKnown(const std::ostream& os) {
   return kKnown && (os.flags() & Flags::unitbuf) == 0 && os.precision() <= kMostPrecision &&
          os.getloc() == std::locale::classic() && RoundsToNearest();
@@ -200,8 +200,8 @@ StreamWriter::StreamWriter(std::ostream& os) : os_(os), known_(TextsAreKnown(os)
   static_assert(kLongestReal >= RealFormat::kRoom + kMostPrecision && kLongestReal < sizeof block_);
 }
 
-/// Whether the next item, of at most `room` bytes, goes into the block, which then has the room. A width is
-/// for the first item only, and the stream's business.
+/// Whether the next item, of at most `room` bytes, goes into the block, which then has space for
+/// it. A width applies to the first item only and is left to the stream.
 bool StreamWriter::Gathers(std::size_t room) {
   if (!known_ || room > sizeof block_ || os_.width() != 0) return false;
   if (room > sizeof block_ - size_) {
@@ -238,8 +238,8 @@ void StreamWriter::EndLine() {
   os_ << std::endl;
 }
 
-/// The last item goes by itself: where an earlier one finds the stream broken, the state tells that one more
-/// was tried.
+/// The last item is written separately: if the stream fails at an earlier one, its state must show
+/// that one more was tried.
 void StreamWriter::Flush() {
   if (size_ == 0) return;
   const std::size_t size = size_;

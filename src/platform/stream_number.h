@@ -18,9 +18,9 @@ struct Number {
   double value;
 };
 
-/// What glibc's and libstdc++'s inserter writes, by the stream's flags, precision, width and fill, on
-/// every system. Left to the stream's own inserter: locales but the classic one, and more than
-/// kMostStreamDecimals decimals, of which the last are zeros.
+/// Writes what the inserter of glibc and libstdc++ writes, by the stream's flags, precision, width
+/// and fill, on every system. Leaves to the stream's own inserter: locales other than the classic
+/// one, and more than kMostStreamDecimals decimals, of which the last are zeros.
 std::ostream& WritePortably(std::ostream& os, double x);
 constexpr int kMostStreamDecimals = 1100;
 
@@ -28,9 +28,10 @@ inline std::ostream& operator<<(std::ostream& os, Number number) {
   return kPortableMath ? WritePortably(os, number.value) : os << number.value;
 }
 
-/// Numbers and the texts between them, to a stream, with the bytes and the states that the same insertions one
-/// by one leave. Where a number's text is known without asking the stream's locale, the bytes go in blocks;
-/// call Flush behind the last one. The stream's settings stay as they are meanwhile.
+/// Writes numbers and the texts between them to a stream, with the same bytes and stream states as
+/// single insertions. Where a number's text does not depend on the stream's locale, the bytes are
+/// written in blocks; call Flush after the last one. The stream's settings must not change in
+/// between.
 class StreamWriter {
  public:
   explicit StreamWriter(std::ostream& os);

@@ -14,8 +14,8 @@
 namespace zeph::platform {
 namespace {
 
-/// Whether the extractor rounds correctly, as std::from_chars does, and the latter is quick. The runtimes
-/// beneath are glibc's strtod and MinGW's own.
+/// Whether the extractor rounds correctly, as std::from_chars does, and the latter is fast. The
+/// underlying runtimes are glibc's strtod and MinGW's own.
 #if defined(__GLIBCXX__) && defined(__cpp_lib_to_chars) && _GLIBCXX_RELEASE >= 12 && \
     (defined(__GLIBC__) || defined(__MINGW32__))
 constexpr bool kKnown = true;
@@ -23,13 +23,13 @@ constexpr bool kKnown = true;
 constexpr bool kKnown = false;
 #endif
 
-/// The extractor rounds as the process does, std::from_chars to nearest.
+/// The extractor uses the process's rounding direction, std::from_chars rounds to nearest.
 bool ValuesAreKnown(const std::istream& is) {
   return kKnown && is.getloc() == std::locale::classic() && std::fegetround() == FE_TONEAREST;
 }
 
-/// The part of a stream's buffer that can be looked at without asking its source. The members are protected
-/// and are reached as a derived class names them.
+/// The part of a stream's buffer that can be read without its source. The members are protected, so
+/// a derived class accesses them.
 struct Buffered : std::streambuf {
   static const char* Begin(const std::streambuf& buffer) { return (buffer.*&Buffered::gptr)(); }
   static const char* End(const std::streambuf& buffer) { return (buffer.*&Buffered::egptr)(); }
@@ -38,7 +38,7 @@ struct Buffered : std::streambuf {
   }
 };
 
-/// What the classic locale calls white space.
+/// White space of the classic locale.
 bool IsSpace(char c) {
   return c == ' ' || ('\t' <= c && c <= '\r');
 }
@@ -47,9 +47,9 @@ bool IsSpace(char c) {
   return '0' <= c && c <= '9';
 }
 
-/// Whether the runtime may leave ERANGE behind where it converts this number: always where it is denormal,
-/// and on some processors (ARM) also where it was rounded up to the least normal number. Looked at as bits,
-/// since the process may take denormals for zeros.
+/// Whether the runtime may set ERANGE when it converts this number: always where it is denormal, and
+/// on some processors (ARM) also where it was rounded up to the least normal number. Tested on the
+/// bits, since the process may treat denormals as zeros.
 [[maybe_unused]] bool MayUnderflow(double x) {
   constexpr std::uint64_t kLeastNormal = std::uint64_t{1} << 52;
   std::uint64_t bits;
@@ -59,7 +59,8 @@ bool IsSpace(char c) {
 }
 
 #if defined(__cpp_lib_to_chars)
-/// The end of the number in [first, last), which goes to `x`; null where it is not for us.
+/// Converts the number in [first, last) to `x` and returns its end; null where it is left to the
+/// stream.
 const char* Convert(const char* first, const char* last, double& x) {
   const char* digits = first;
   if (digits < last && (*digits == '-' || *digits == '+')) ++digits;
@@ -77,7 +78,7 @@ const char* Convert(const char*, const char*, double&) {
 
 StreamReader::StreamReader(std::istream& is) : is_(is), known_(ValuesAreKnown(is)) {}
 
-/// Reads `x` if that needs nothing but the buffer; otherwise nothing is done.
+/// Reads `x` if the buffer alone suffices; otherwise does nothing.
 bool StreamReader::TakeFromBuffer(double& x) {
   // A tied stream is flushed by each extraction.
   if (!is_.good() || is_.tie()) return false;

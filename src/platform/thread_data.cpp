@@ -8,8 +8,9 @@
 namespace zeph::platform {
 namespace {
 
-// Constant from the start and never destroyed, so that they serve before and after other statics.
-std::atomic<bool> busy{false};  // held for a few instructions, to read or change `all`
+// Constant-initialised and never destroyed, so that they can be used before and after other
+// statics.
+std::atomic<bool> busy{false};  // held for a few instructions while `all` is read or changed
 ThreadData* all = nullptr;
 std::atomic<bool> closed{false};
 
@@ -18,7 +19,7 @@ template <class Body>
 auto Alone(Body body) {
   struct Section {
     Section() {
-      // GCOVR_EXCL_BR_START: whether two threads meet here is chance
+      // GCOVR_EXCL_BR_START: whether two threads collide here is chance
       while (busy.exchange(true, std::memory_order_acquire)) {
       }
       // GCOVR_EXCL_BR_STOP
@@ -28,7 +29,7 @@ auto Alone(Body body) {
   return body();
 }
 
-/// Takes `data` off the list; null if it is not there (closing the library came first).
+/// Takes `data` off the list; returns null if it is not there (the library was closed first).
 ThreadData* Unlink(const void* data) {
   return Alone([data] {
     ThreadData** link = &all;
@@ -43,10 +44,10 @@ void AtThreadEnd(void* data) {
   delete Unlink(data);
 }
 
-/// Whether the library is leaving a process that goes on. When a process ends, the functions that
-/// static objects have left with exit() come before those that the linker lists; when a library is
-/// unloaded, all of them are called from that list, and this one first. (On Windows the other threads
-/// are gone by then in both cases.)
+/// Whether the library is unloaded from a process that continues. When a process ends, the
+/// functions that static objects have registered with exit() run before those in the linker's list;
+/// when a library is unloaded, all of them are called from that list, this one first. (On Windows
+/// the other threads are gone by then in both cases.)
 #ifdef __ELF__
 std::atomic<bool> unloading{false};
 __attribute__((destructor)) void Unload() {
@@ -63,13 +64,13 @@ struct Key {
   ~Key() { unloading ? Close() : Leave(); }
 
  private:
-  /// No thread is inside the library any more.
+  /// No thread executes the library's code any more.
   static void Close() {
     closed = true;
     while (ThreadData* const first = Alone([] { return all; })) delete Unlink(first);
     if (open) CloseThreadKey();
   }
-  /// The process ends, and other threads may go on until it has: what is theirs stays.
+  /// The process ends, and other threads may run until it has: their data must stay.
   static void Leave() {
     if (!open) return;
     void* const mine = ThreadValue();

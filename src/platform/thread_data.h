@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// What a thread owns inside the library.
+// Data that a thread owns inside the library.
 //
 // A `thread_local` object with a destructor would keep the library from being unloaded as long as
-// its thread lives. These objects do not: each goes when its thread ends or when the library is
-// unloaded, whichever comes first.
+// its thread lives. These objects do not: each is destroyed when its thread ends or when the
+// library is unloaded, whichever comes first.
 #ifndef ZEPH_SRC_PLATFORM_THREAD_DATA_H
 #define ZEPH_SRC_PLATFORM_THREAD_DATA_H
 
@@ -15,10 +15,10 @@ struct ThreadData {
   ThreadData* next = nullptr;  // for the list of all threads' data
 };
 
-/// The calling thread's object; `make` makes it when the thread asks first, and may answer null.
+/// The calling thread's object; `make` creates it at the thread's first call and may return null.
 ///
-/// Null when there is none to be had: `make` answered null, the system is out of thread keys, or
-/// the library has been closed down. All calls pass the same `make`.
+/// Returns null when `make` returned null, the system is out of thread keys, or the library has
+/// been shut down. All calls pass the same `make`.
 ThreadData* MyThreadData(ThreadData* (*make)());
 
 }  // namespace zeph::platform

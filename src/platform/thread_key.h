@@ -6,11 +6,11 @@
 
 namespace zeph::platform {
 
-/// Makes the key; false if the system has none left. While it exists, `atThreadEnd` is called with
-/// the pointer of each thread that ends, unless it is null.
+/// Creates the key; false if the system has none left. While it exists, `atThreadEnd` is called
+/// with the pointer of each thread that ends, unless it is null.
 bool OpenThreadKey(void (*atThreadEnd)(void*));
 
-/// Gives the key back. On some systems that calls `atThreadEnd` with the pointers of all threads.
+/// Releases the key. On some systems that calls `atThreadEnd` with the pointers of all threads.
 void CloseThreadKey();
 
 void* ThreadValue();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Threads of the library's own, and what they wait with. Nothing here has an initialiser or a
-// destructor that runs: all of it may be used before and after the program's own static objects.
+// The library's own threads and their synchronisation. Nothing here has a dynamic initialiser or a
+// destructor: all of it may be used before and after the program's own static objects.
 #ifndef ZEPH_SRC_PLATFORM_THREADS_H
 #define ZEPH_SRC_PLATFORM_THREADS_H
 
@@ -54,13 +54,14 @@ class Condition {
   Condition(const Condition&) = delete;
   Condition& operator=(const Condition&) = delete;
 
-  /// Gives `mutex` back, sleeps until somebody wakes this, and has it again. May wake by itself.
+  /// Releases `mutex`, sleeps until another thread wakes it, and locks `mutex` again. May wake
+  /// spuriously.
   void Wait(Mutex& mutex);
-  /// The same for a worker with nothing to do: false if it should end, having waited long enough.
+  /// The same for an idle worker: returns false if it has waited long enough and should end.
   bool WaitForWork(Mutex& mutex);
   void WakeOne();
   void WakeAll();
-  /// Forgets the sleepers: for the child of a fork, in which there are none.
+  /// Forgets the waiting threads: for the child of a fork, which has none.
   void Forget();
 
  private:
@@ -73,11 +74,11 @@ class Condition {
 
 /// A thread that the library has started.
 ///
-/// No signal that is sent to the process is delivered to it. On Windows, where a library that is
-/// being unloaded cannot wait for threads, it keeps the library loaded as long as it runs.
+/// No signal sent to the process is delivered to it. On Windows, where a library that is being
+/// unloaded cannot wait for threads, it keeps the library loaded while it runs.
 class Thread {
  public:
-  /// Calls run() on a new thread; false if the system gives none.
+  /// Calls run() on a new thread; false if the system refuses.
   bool Start(void (*run)());
   /// Waits until a started thread, which is about to end, has left the library's code.
   void AwaitEnd();
@@ -88,7 +89,8 @@ class Thread {
 #endif
 };
 
-/// While alive, a request to cancel the calling thread waits: for sleeps in the middle of work.
+/// Defers requests to cancel the calling thread during its lifetime: for waits in the middle of
+/// work.
 class Uncancelled {
  public:
   Uncancelled();
@@ -100,11 +102,11 @@ class Uncancelled {
   [[maybe_unused]] int before_ = 0;
 };
 
-/// From now on the process calls `before` ahead of each fork, and then `parent` and `child` in the
-/// two. False if it cannot; systems without fork have nothing to do.
+/// From now on each fork calls `before` first, and then `parent` and `child` in the two processes.
+/// Returns false on failure; does nothing on systems without fork.
 bool AtFork(void (*before)(), void (*parent)(), void (*child)());
 
-/// Tells the processor that a loop waits.
+/// Tells the processor that this is a spin loop.
 inline void Pause() {
 #if defined(__x86_64__) || defined(__i386__)
   __builtin_ia32_pause();

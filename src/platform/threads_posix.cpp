@@ -33,7 +33,7 @@ void Condition::Forget() {
   condition_ = PTHREAD_COND_INITIALIZER;
 }
 
-// Without threads there is no thread to start, no signal to keep from it, and no fork.
+// Without threads there is nothing to start, no signal to block, and no fork.
 #if defined(__EMSCRIPTEN__) && !defined(__EMSCRIPTEN_PTHREADS__)
 bool Thread::Start(void (*)()) {
   return false;
@@ -48,8 +48,8 @@ bool AtFork(void (*)(), void (*)(), void (*)()) {
 
 namespace {
 
-/// While alive, the calling thread, and a thread that it starts, gets no signal but those that an
-/// instruction of its own raises.
+/// During its lifetime the calling thread, and any thread that it starts, gets no signals except
+/// those raised by its own instructions.
 class WithoutSignals {
  public:
   WithoutSignals() {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// By the system's own calls: a compiler whose standard library has no threads will do.
+// Uses the system's own calls: the compiler's standard library need not have threads.
 #ifdef _WIN32
 
 #ifndef NOMINMAX
@@ -25,8 +25,8 @@ CONDITION_VARIABLE* Variable(void** condition) {
   return reinterpret_cast<CONDITION_VARIABLE*>(condition);
 }
 
-/// The module that this function is in; with `keep`, it stays loaded for one reference more. Null if
-/// the system does not say.
+/// The module that contains this function; with `keep` its reference count is increased. Null on
+/// failure.
 HMODULE ThisModule(bool keep) {
   const auto here = reinterpret_cast<LPCWSTR>(reinterpret_cast<void*>(&ThisModule));
   const DWORD flags = GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
@@ -35,7 +35,7 @@ HMODULE ThisModule(bool keep) {
   return GetModuleHandleExW(flags, here, &module) ? module : nullptr;
 }
 
-/// The module may go with its last thread, whose last steps are the system's.
+/// The module may be unloaded with its last thread, which the system then ends.
 DWORD WINAPI RunAndLeave(void* run) {
   reinterpret_cast<void (*)()>(run)();
   FreeLibraryAndExitThread(ThisModule(false), 0);

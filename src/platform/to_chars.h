@@ -15,7 +15,7 @@ namespace zeph::platform {
 
 enum class Digits { kFixed, kScientific, kGeneral };
 
-/// What ToChars writes, by printf, whose decimal point is the locale's and may take several bytes.
+/// The same by printf, whose decimal point is the locale's and may have several bytes.
 inline char* PrintDigits(char* first, char* last, double x, Digits digits, int precision) {
   const char* conversions[] = {"%.*f", "%.*e", "%.*g"};
   char* end = first + std::snprintf(first, static_cast<std::size_t>(last - first),
@@ -31,8 +31,8 @@ inline char* PrintDigits(char* first, char* last, double x, Digits digits, int p
   return end - (rest - point - 1);
 }
 
-/// Writes a finite `x` as printf does in the C locale, without the zero at the end; the room up to
-/// `last`, one byte included for that zero, suffices. Returns the end.
+/// Writes a finite `x` as printf does in the C locale, without the terminating zero; the space up
+/// to `last` must suffice for the text and that zero. Returns the end.
 inline char* ToChars(char* first, char* last, double x, Digits digits, int precision) {
 #ifdef __cpp_lib_to_chars
   constexpr std::chars_format kFormats[] = {std::chars_format::fixed, std::chars_format::scientific,

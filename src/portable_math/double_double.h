@@ -49,16 +49,16 @@ inline double HeadOf(double a) {
   return DoubleOf(BitsOf(a) & ~std::uint64_t{0x7ffffff});
 }
 
-/// Whether the process rounds to nearest at this moment: in every other direction one of the two
-/// sums is not 1.
+/// Whether the process currently rounds to nearest: in every other direction one of the two sums is
+/// not 1.
 inline bool RoundsToNearest() {
   static const volatile double kTiny = 0x1p-60;
   const double tiny = kTiny;
   return 1.0 + tiny == 1.0 - tiny;
 }
 
-/// Ziv's rounding test: head + tail rounded, with what lies within error * |head| of it rounded the
-/// same; false if that cannot be told.
+/// Ziv's rounding test: rounds head + tail if everything within error * |head| of it rounds to the
+/// same value; otherwise returns false.
 inline bool RoundsSafely(Sum2 x, double error, double& rounded) {
   const double margin = x.head * error;
   rounded = x.head + (x.tail + margin);

@@ -5,9 +5,9 @@
 
 namespace zeph::portable_math {
 
-/// Column by column, from one word behind the last: what lies further back is left out.
+/// Column by column, starting one word after the last; lower columns are ignored.
 Fixed Product(const Fixed& a, const Fixed& b) {
-  int first = 0;  // small numbers, as the terms of a series, cost less
+  int first = 0;  // small numbers, such as the terms of a series, cost less
   while (first <= Fixed::kWords && a.word[first] == 0) ++first;
   Fixed product;
   std::uint64_t carry = 0;
@@ -51,7 +51,7 @@ namespace {
 
 constexpr int kWordBits = 32;
 
-/// Where the leading bit stands: 0 for the top of the whole part.
+/// The position of the leading bit: 0 for the top of the integer part.
 int LeadingBit(const Fixed& a) {
   int i = 0;
   while (a.word[i] == 0) ++i;
@@ -60,7 +60,7 @@ int LeadingBit(const Fixed& a) {
   return i * kWordBits + bit;
 }
 
-/// 64 bits from a place on; zeros behind the last.
+/// 64 bits from a position on, with zeros after the last.
 std::uint64_t BitsFrom(const Fixed& a, int place) {
   std::uint64_t bits = 0;
   const int first = place / kWordBits, skipped = place % kWordBits;

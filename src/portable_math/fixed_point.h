@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Real numbers as whole numbers: the last step of every function, whose bits no rounding direction,
-// flush-to-zero mode or compiler can touch.
+// Fixed-point numbers in integer arithmetic: the last resort of every function, whose bits no
+// rounding direction, flush-to-zero mode or compiler can change.
 #ifndef ZEPH_SRC_PORTABLE_MATH_FIXED_POINT_H
 #define ZEPH_SRC_PORTABLE_MATH_FIXED_POINT_H
 
@@ -9,8 +9,8 @@
 
 namespace zeph::portable_math {
 
-/// A whole part and 256 bits behind the point, most significant word first; adds and subtracts
-/// modulo 2^32, so that a set top bit stands for a negative number.
+/// An integer part and 256 fractional bits, most significant word first; adds and subtracts modulo
+/// 2^32, so that a set top bit means a negative number.
 struct Fixed {
   static constexpr int kWords = 8;
   std::uint32_t word[kWords + 1];
@@ -60,18 +60,18 @@ inline Fixed Magnitude(const Fixed& a) {
   return IsNegative(a) ? Negative(a) : a;
 }
 
-/// The product of two numbers that are not negative, less than 20 units of the last word too small.
+/// The product of two non-negative numbers, too small by less than 20 units of the last word.
 Fixed Product(const Fixed& a, const Fixed& b);
 
 /// a * n for a small n.
 Fixed Multiple(const Fixed& a, std::uint32_t n);
 
-/// a / n cut off, for a number that is not negative.
+/// a / n, truncated, for a non-negative number.
 Fixed Quotient(const Fixed& a, std::uint32_t n);
 
-/// The nearest double or float with a significand of `digits` bits to a number that is not zero
-/// and not negative; above the middle it is the greater one. The caller's numbers are never so near
-/// to the middle that their error could hide on which side they lie.
+/// The double or float with a significand of `digits` bits nearest to a positive number; above the
+/// midpoint it is the greater one. The caller's numbers are never so close to a midpoint that their
+/// error could decide the side.
 double RoundedToDouble(const Fixed& a);
 
 }  // namespace zeph::portable_math

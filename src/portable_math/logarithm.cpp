@@ -7,13 +7,13 @@
 namespace zeph::portable_math {
 namespace {
 
-/// The cubes and higher powers, below 2^-15.8 of ln(1 + r), come of ten rounded operations: 2^-66.
-/// The greatest error found is 2^-68.2, at the ends of the interval about 1.
+/// The cubic and higher terms, below 2^-15.8 of ln(1 + r), result from ten rounded operations:
+/// 2^-66. The greatest error found is 2^-68.2, at the ends of the interval around 1.
 constexpr double kError = 0x1p-65;
 
 /// ln(1 + r) for |r| < 2^-7: r - r^2/2 as pairs, the further terms, below 2^-15 of it, as a double.
 Sum2 LogarithmNear1(std::int64_t rest) {
-  // In halves: a 64-bit whole number may pass through a register of more bits on its way to a double.
+  // In halves: a 64-bit integer may be converted to double through a wider register.
   constexpr int kLowBits = 30;
   const auto high = static_cast<std::int32_t>(rest >> kLowBits);
   const auto low = static_cast<std::int32_t>(rest & ((1 << kLowBits) - 1));

@@ -6,13 +6,13 @@
 
 namespace zeph::portable_math {
 
-/// Of any double, rounded to nearest whatever direction the process rounds in; of a power of ten
-/// its exponent. Zeros give -infinity and raise FE_DIVBYZERO, numbers below zero NaN and
-/// FE_INVALID, as the runtime's function does; infinity and NaN stay what they are. No other flag
-/// than FE_INEXACT.
+/// The logarithm of any double, rounded to nearest in every rounding direction of the process; for
+/// a power of ten its exponent. Zeros give -infinity and raise FE_DIVBYZERO, negative numbers give
+/// NaN and raise FE_INVALID, as the runtime's function does; infinity and NaN are returned
+/// unchanged. No other flag than FE_INEXACT is raised.
 double DecimalLogarithm(double x);
 
-/// The same in whole numbers, for finite numbers above zero.
+/// The same in integer arithmetic, for finite positive numbers.
 double DecimalLogarithmInWholeNumbers(double x);
 
 }  // namespace zeph::portable_math

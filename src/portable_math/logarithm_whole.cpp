@@ -27,8 +27,8 @@ Fixed WithSign(const Fixed& magnitude, bool negative) {
 
 }  // namespace
 
-/// Off by less than 2^-240; the smallest logarithm but 0 is 2^-55, which leaves 185 right bits.
-/// Where the logarithm is a whole number, it is the nearest double whatever the error.
+/// The error is below 2^-240; the smallest logarithm other than 0 is 2^-55, which leaves 185
+/// correct bits. Where the logarithm is an integer, it is the nearest double in spite of the error.
 double DecimalLogarithmInWholeNumbers(double x) {
   const Mantissa m = MantissaOf(x);
   const Fixed natural = LogarithmNear1(m.rest);

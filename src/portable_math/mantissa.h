@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A number brought near to 1, as both forms of the logarithm take it: x = 2^e / c * (1 + r), with c
+// Reduces a number to one near 1, for both forms of the logarithm: x = 2^e / c * (1 + r), with c
 // from a table (P. T. P. Tang, "Table-driven implementation of the logarithm function in IEEE
 // floating-point arithmetic", ACM TOMS 16, 1990). c has ten bits and r is exact.
 #ifndef ZEPH_SRC_PORTABLE_MATH_MANTISSA_H
@@ -21,7 +21,7 @@ struct Mantissa {
 
 constexpr unsigned kEntryOfOne = 128 - tables::kFirstMantissa;
 
-/// Of a finite number above zero.
+/// Of a finite positive number.
 inline Mantissa MantissaOf(double x) {
   constexpr std::uint64_t kRootOfTwo = 0x16a09e667f3bcd;  // in units of 2^-52
   Parts parts = PartsOf(BitsOf(x));

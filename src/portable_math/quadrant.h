@@ -8,8 +8,7 @@
 namespace zeph::portable_math {
 
 /// Sine and cosine of an angle whose magnitude is `quarters` (modulo 4) quarter turns more than
-/// that of `first`; `sign` is the angle's sign bit. Without branches, which no processor could
-/// foresee.
+/// that of `first`; `sign` is the angle's sign bit. Without branches, which would be unpredictable.
 inline SineAndCosine InQuadrant(unsigned quarters, std::uint64_t sign, SineAndCosine first) {
   const std::uint64_t swap = std::uint64_t{0} - (quarters & 1);
   const std::uint64_t sine = BitsOf(first.sine), cosine = BitsOf(first.cosine);

@@ -7,7 +7,7 @@
 namespace zeph::portable_math {
 namespace {
 
-// Atomic, so that unguarded threads meet no undefined behaviour; no more than that is promised.
+// Atomic, so that concurrent use is not undefined behaviour; nothing more is guaranteed.
 std::atomic<std::uint32_t> next{1};
 
 }  // namespace

@@ -8,7 +8,7 @@ std::uint32_t TwoOverPiWord(int i) {
   return i < 0 ? 0 : tables::kTwoOverPi[i];
 }
 
-/// A number below 1 as a pair of doubles with 106 bits from its first one on.
+/// A number below 1 as a pair of doubles with 106 significant bits.
 Sum2 Leading(const Fixed& a) {
   int first = 0;
   while (a.word[first] == 0) ++first;
@@ -26,8 +26,8 @@ Sum2 Leading(const Fixed& a) {
 }  // namespace
 
 /// M. H. Payne and R. N. Hanek, "Radian reduction for trigonometric functions", SIGNUM Newsletter
-/// 18 (1983): of 2/pi only those words enter which end up behind the whole quarter turns modulo
-/// 2^32.
+/// 18 (1983): only those words of 2/pi are used that affect the result below the whole quarter
+/// turns modulo 2^32.
 Fixed QuarterTurns(Parts magnitude) {
   // significand * 2^shift, three words, times 2^(32 * words).
   const int words =
@@ -54,7 +54,7 @@ Fixed QuarterTurns(Parts magnitude) {
 }
 
 Reduced ReduceLarge(double magnitude) {
-  constexpr std::uint32_t kStepBits = 24;  // of a word behind those that count steps
+  constexpr std::uint32_t kStepBits = 24;  // bits of a word below those that count steps
   constexpr std::uint32_t kRestMask = (1u << kStepBits) - 1, kHalf = 1u << (kStepBits - 1);
   static_assert(tables::kQuarterSteps == 1 << (32 - kStepBits));
 

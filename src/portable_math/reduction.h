@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Where an angle stands within its turn, for every finite double.
+// Argument reduction for every finite double.
 #ifndef ZEPH_SRC_PORTABLE_MATH_REDUCTION_H
 #define ZEPH_SRC_PORTABLE_MATH_REDUCTION_H
 
@@ -15,28 +15,28 @@ namespace zeph::portable_math {
 /// magnitude * 2/pi modulo 2^32, off by less than 2^-252.
 Fixed QuarterTurns(Parts magnitude);
 
-/// An angle as whole steps of the sine's table and a rest of about half a step at most.
+/// An angle as whole steps of the sine table and a remainder of about half a step at most.
 struct Reduced {
   std::uint32_t steps;  ///< modulo 4 * kQuarterSteps
   Sum2 rest;            ///< relative error below 2^-66
 };
 
-/// Angles from here on take the slow way.
+/// Angles from here on take the slow path.
 constexpr double kOrdinaryBelow = 0x1p15;
 
-/// Adding it rounds to a whole number, which then stands in the lower bits.
+/// Adding it rounds to an integer, which is then in the low bits.
 constexpr double kToWhole = 0x1.8p52;
 
-/// For any magnitude, in whole numbers.
+/// For any magnitude, in integer arithmetic.
 Reduced ReduceLarge(double magnitude);
 
 /// For magnitudes below kOrdinaryBelow, after W. J. Cody and W. Waite, "Software Manual for the
 /// Elementary Functions" (1980).
 ///
 /// With at most 23 bits of steps the products with the first three parts of a step are exact, and
-/// so is the first difference. A rest near 2^-54, the nearest such a double comes to a multiple of
-/// pi/2, leaves the first two differences without error; the fourth part is off by 2^-153, times
-/// the steps.
+/// so is the first difference. With a remainder near 2^-54, the closest that such a double comes to
+/// a multiple of pi/2, the first two differences are exact; the fourth part has an error of 2^-153
+/// times the steps.
 inline Reduced Reduce(double magnitude) {
   const double shifted = magnitude * tables::kStepsPerRadian + kToWhole;
   const double steps = shifted - kToWhole;
@@ -47,10 +47,10 @@ inline Reduced Reduce(double magnitude) {
   return {static_cast<std::uint32_t>(BitsOf(shifted)), FastTwoSum(third.head, tail)};
 }
 
-/// The same for sine and cosine, which most angles need no fourth part for.
+/// The same for sine and cosine, where most angles do not need the fourth part.
 ///
-/// With a first difference of 2^-13, above the second product, the two leave a remainder exactly, and
-/// what the parts behind them are off by, 2^-99, is out of reach.
+/// With a first difference of 2^-13, above the second product, both differences are exact, and the
+/// error of the later parts, 2^-99, is negligible.
 inline Reduced ReduceShortly(double magnitude) {
   constexpr double kFurther = tables::kStep[2] + tables::kStep[3];
   const double shifted = magnitude * tables::kStepsPerRadian + kToWhole;

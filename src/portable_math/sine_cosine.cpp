@@ -7,7 +7,7 @@
 namespace zeph::portable_math {
 namespace {
 
-/// What TurnBy may be off by, 2^-66.5. One angle in 4000 goes the long way.
+/// The error bound of TurnBy, 2^-66.5. One angle in 4000 takes the long path.
 constexpr double kError = 0x1.6ap-67;
 
 /// Below it the sine is the angle and the cosine 1: the next terms are less than half a unit.
@@ -17,7 +17,7 @@ constexpr double kTinyBelow = 0x1p-27;
 
 SineAndCosine SineCosine(double radians) {
   const std::uint64_t sign = BitsOf(radians) & kSignBit;
-  // By bits, since some processors count denormals as zero.
+  // On the bits, since some processors treat denormals as zero.
   const std::uint64_t bits = BitsOf(radians) ^ sign;
   if (bits < BitsOf(kTinyBelow)) return {radians, 1.0};
   if (bits >= kInfinityBits) return {radians - radians, radians - radians};

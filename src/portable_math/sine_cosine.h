@@ -12,20 +12,20 @@ struct SineAndCosine {
   double sine, cosine;
 };
 
-/// Of an angle in radians, rounded to nearest whatever direction the process rounds in. Infinity
-/// gives NaN and raises FE_INVALID, as the runtime's functions do; a NaN stays one. No other flag
-/// than FE_INEXACT is raised.
+/// Sine and cosine of an angle in radians, rounded to nearest in every rounding direction of the
+/// process. Infinity gives NaN and raises FE_INVALID, as the runtime's functions do; NaN gives NaN.
+/// No other flag than FE_INEXACT is raised.
 SineAndCosine SineCosine(double radians);
 
-/// The same in whole numbers: slower, and the judge wherever SineCosine cannot tell which way to
-/// round. Finite angles only.
+/// The same in integer arithmetic: slower, and used wherever SineCosine cannot decide the rounding.
+/// Finite angles only.
 SineAndCosine SineCosineInWholeNumbers(double radians);
 
-/// An angle as quarter turns and what is left, at most an eighth of a turn in either direction.
+/// An angle as quarter turns and a remainder of at most an eighth of a turn in either direction.
 struct WholeNumberTurn {
   unsigned quarters;   ///< modulo 4
-  bool negative;       ///< what is left
-  Fixed sine, cosine;  ///< of the magnitude of what is left, off by less than 2^-245
+  bool negative;       ///< of the remainder
+  Fixed sine, cosine;  ///< of the remainder's magnitude, with an error below 2^-245
 };
 WholeNumberTurn TurnInWholeNumbers(double magnitude);
 

@@ -6,7 +6,8 @@
 namespace zeph::portable_math {
 namespace {
 
-/// Both of an angle from 0 to pi/4, by their series: each term is the one before times angle / n.
+/// Sine and cosine of an angle from 0 to pi/4, by their series: each term is the one before times
+/// angle / n.
 void SumSeries(const Fixed& angle, Fixed& sine, Fixed& cosine) {
   sine = angle;
   cosine = FixedOf(1);
@@ -32,11 +33,10 @@ WholeNumberTurn TurnInWholeNumbers(double magnitude) {
   return turn;
 }
 
-/// No double comes nearer to a multiple of pi/2 than 2^-61, so the smallest sine still has 184
-/// right bits. A double is 53 of them, and 64 more are what the hardest of 2^64 doubles can be
-/// expected to need (V. Lefevre, J.-M. Muller, A. Tisserand, "Toward correctly rounded
-/// transcendentals", IEEE Trans. Computers 47, 1998); the chance that one needs over 130 more is
-/// below 2^-60.
+/// No double comes closer to a multiple of pi/2 than 2^-61, so the smallest sine still has 184
+/// correct bits. A double takes 53 of them, and the hardest of 2^64 doubles can be expected to need
+/// 64 more (V. Lefevre, J.-M. Muller, A. Tisserand, "Toward correctly rounded transcendentals",
+/// IEEE Trans. Computers 47, 1998); the chance that one needs over 130 more is below 2^-60.
 SineAndCosine SineCosineInWholeNumbers(double radians) {
   const std::uint64_t sign = BitsOf(radians) & kSignBit;
   const WholeNumberTurn turn = TurnInWholeNumbers(DoubleOf(BitsOf(radians) ^ sign));

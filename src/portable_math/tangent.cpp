@@ -19,8 +19,8 @@ float WithSignOf(float magnitude, bool negative) {
 
 /// a / b rounded to the nearest float; a and b are positive, the quotient's exponent is a float's.
 ///
-/// Long division, a bit at a time. Both numbers have over 190 right bits, and the nearest that a
-/// float's tangent comes to the middle of two floats is seen within 64 of them.
+/// Long division, a bit at a time. Both numbers have over 190 correct bits, and 64 of them suffice
+/// to tell even the tangent closest to the midpoint of two floats from that midpoint.
 float RoundedQuotient(Fixed a, Fixed b) {
   constexpr int kDigits = 24;
   int exponent = 0;
@@ -28,7 +28,7 @@ float RoundedQuotient(Fixed a, Fixed b) {
   for (; IsNegative(Difference(a, b)); --exponent) a = Sum(a, a);
   // a / b lies in [1, 2) now.
   std::uint32_t quotient = 0;
-  for (int bit = 0; bit <= kDigits; ++bit) {  // one more than the significand's
+  for (int bit = 0; bit <= kDigits; ++bit) {  // one more than in the significand
     const Fixed rest = Difference(a, b);
     quotient = quotient << 1 | !IsNegative(rest);
     if (!IsNegative(rest)) a = rest;

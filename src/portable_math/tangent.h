@@ -6,11 +6,11 @@
 
 namespace zeph::portable_math {
 
-/// Of an angle in radians, rounded to nearest whatever direction the process rounds in; infinities,
-/// NaN and flags as with SineCosine. No float's tangent overflows.
+/// The tangent of an angle in radians, rounded to nearest in every rounding direction of the
+/// process; infinities, NaN and flags as in SineCosine. No float's tangent overflows.
 float Tangent(float radians);
 
-/// The same in whole numbers, for finite angles, 0 left out.
+/// The same in integer arithmetic, for finite angles other than 0.
 float TangentInWholeNumbers(float radians);
 
 }  // namespace zeph::portable_math

@@ -2,16 +2,16 @@
 //
 // Sine and cosine of an angle as pairs of doubles, before they are rounded.
 //
-// The angle is brought to a step a of the table and a rest r of at most half a step, pi/1024. With
-// s = sin a and c = cos a, each a head of 27 bits and its rest,
+// The angle is reduced to a step a of the table and a remainder r of at most half a step, pi/1024.
+// With s = sin a and c = cos a, each stored as a head of 27 bits and a tail,
 //
 //   sin(a + r) = s + c r + s (cos r - 1) + c (sin r - r),
 //   cos(a + r) = c - s r + c (cos r - 1) - s (sin r - r);
 //
-// the heads of s and c times the 26 first bits of r are exact, everything else is smaller than the
-// result by 2^-17 at least and summed in one double. After S. Gal and B. Bachelis, "An accurate
-// elementary mathematical library for the IEEE floating point standard", ACM TOMS 17 (1991), with
-// heads of few bits in place of their chosen arguments.
+// the products of the heads of s and c with the first 26 bits of r are exact; all other terms are
+// smaller than the result by 2^-17 at least and are summed in one double. After S. Gal and B.
+// Bachelis, "An accurate elementary mathematical library for the IEEE floating point standard", ACM
+// TOMS 17 (1991), with heads of few bits in place of their chosen arguments.
 #ifndef ZEPH_SRC_PORTABLE_MATH_TURN_H
 #define ZEPH_SRC_PORTABLE_MATH_TURN_H
 
@@ -19,16 +19,16 @@
 
 namespace zeph::portable_math {
 
-/// Sine and cosine of what an angle has beyond `quarters` (modulo 4) quarter turns, with a relative
-/// error below 2^-66.5: of a + a (cos r - 1), at least half of which is the result, the second term is
-/// below 2^-17.7 and comes of eight rounded operations, one of them twice as exact. The greatest found is
-/// 2^-67.9, half a step before the table's first.
+/// Sine and cosine of an angle beyond `quarters` (modulo 4) quarter turns, with a relative error
+/// below 2^-66.5: in a + a (cos r - 1), at least half of which is the result, the second term is
+/// below 2^-17.7 and results from eight rounded operations, one of them twice as accurate. The
+/// greatest found is 2^-67.9, half a step before the table's first.
 struct Turn {
   unsigned quarters;
   Sum2 sine, cosine;
 };
 
-/// What both results take of the rest r.
+/// The terms of the remainder r that both results use.
 struct Rest {
   explicit Rest(Sum2 r) : head(HeadOf(r.head)), tail((r.head - head) + r.tail) {
     const double u = r.head * r.head;

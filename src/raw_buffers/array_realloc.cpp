@@ -12,8 +12,8 @@
 namespace zeph::raw_buffers {
 namespace {
 
-/// The one difference within the family, kept on purpose: what the sizes handed to
-/// ZEPH_ArrayRealloc mean for the copy.
+/// The one difference within the family, kept on purpose: how ZEPH_ArrayRealloc derives the number
+/// of copied elements from its sizes.
 enum class Sizes { kCounts, kHighestIndices };
 template <class T>
 constexpr Sizes kReallocSizes = std::is_same_v<T, int> ? Sizes::kCounts : Sizes::kHighestIndices;
@@ -25,8 +25,8 @@ constexpr int CopiedByRealloc(int oldN, int newN) {
   return kReallocSizes<T> == Sizes::kCounts ? std::max(smaller, 0) : platform::WrapAdd(smaller, 1);
 }
 
-/// A new block of `count` elements: `kept` from `old`, the rest zero. `old` is released, but stays
-/// when memory runs out.
+/// A new block of `count` elements: `kept` from `old`, the rest zero. `old` is released, unless
+/// memory runs out.
 template <class T>
 T* Replace(T* old, int kept, int count) {
   T* fresh = platform::TryNewArray<T>(count);

@@ -48,17 +48,17 @@ struct Layout {
   const char* lineEnd;
 };
 
-/// A line ends after index 5, 10, ... and -5, -10, ...: the index counts, not the items on the
-/// line.
+/// A line ends after index 5, 10, ... and -5, -10, ...: the index decides, not the number of items
+/// on the line.
 bool EndsLine(std::int64_t i) {
   return i != 0 && i % 5 == 0;
 }
 
-/// Characters that an item needs at most behind its label.
+/// The most characters that an item needs after its label.
 constexpr std::size_t kItemRoom = RealFormat::kRoom + platform::kIntRoom + 16;
 
-/// Items "label[index]=value" for lo..hi, and the line end that closes every listing. (64-bit
-/// indices: `hi` may be the last int.)
+/// Writes items "label[index]=value" for lo..hi, and the line end that closes every listing.
+/// (64-bit indices: `hi` may be the greatest int.)
 template <class Sink, class T>
 void List(Sink sink, const T* a, std::int64_t lo, std::int64_t hi, const char* name,
           Layout layout) {
@@ -94,8 +94,8 @@ void ListToStandardOutput(const T* a, std::int64_t lo, std::int64_t hi, const ch
   List(StreamSink{stdout}, a, lo, hi, name, {Trailing<T>::kStandardOutput, "\n"});
 }
 
-/// Through a string of its own, so that the label may lie inside `out` and a failing growth leaves
-/// `out` as it was.
+/// Uses a separate string, so that the label may be inside `out` and a failed allocation leaves
+/// `out` unchanged.
 template <class T>
 void ListToString(CString& out, const T* a, std::int64_t lo, std::int64_t hi, const char* name) {
   CString text;
@@ -103,7 +103,7 @@ void ListToString(CString& out, const T* a, std::int64_t lo, std::int64_t hi, co
   out += text;
 }
 
-/// The highest index of a count form, whatever the count.
+/// The highest index of a count form, for any count.
 std::int64_t Last(int n) {
   return std::int64_t{n} - 1;
 }

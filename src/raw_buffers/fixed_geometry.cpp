@@ -71,11 +71,11 @@ void ZEPH_MatrixMult4(double* const a, double* const b, double* const out) {
   constexpr std::size_t kCells = k4 * k4;
   if (zeph::kernels::Overlap(out, kCells, a, kCells) ||
       zeph::kernels::Overlap(out, kCells, b, kCells)) {
-    // Not allowed, yet the documented order of stores is cheap to keep.
+    // Overlap is not allowed, but keeping the documented order of stores costs nothing.
     for (int i = 0; i < k4; ++i) Row4(a + k4 * i, b, out + k4 * i);
     return;
   }
-  // Nothing shared: a row in registers, its four entries side by side, each in its own order.
+  // No overlap: a row in registers, its four entries side by side, each in its own order.
   for (int i = 0; i < k4; ++i) {
     double row[k4];
     Row4(a + k4 * i, b, row);

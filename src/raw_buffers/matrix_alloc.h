@@ -16,7 +16,7 @@
 namespace zeph::raw_buffers {
 
 /// The steps of the allocation; exhaustion passes to the caller. `rows` and `cols` are at least 1.
-/// What was obtained before a failing request is lost, as documented.
+/// What was allocated before a failed request is leaked, as documented.
 template <class T>
 T** AllocRows(int rows, int cols, int nrl, int ncl, long int* bytes) {
   T** table = platform::NewArray<T*>(rows);

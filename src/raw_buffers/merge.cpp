@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Elements of both inputs; a count below 0 is none.
+/// The number of elements of both inputs; a negative count is none.
 [[maybe_unused]] long long All(int na, int nb) {
   return std::max(na, 0) + static_cast<long long>(std::max(nb, 0));
 }

@@ -17,13 +17,12 @@ namespace {
 
 using kernels::Hypotenuse;
 
-/// A running maximum gives way unless it is strictly greater, so a NaN on either side gives way
-/// too.
+/// A running maximum is replaced unless it is strictly greater, so also if either side is a NaN.
 double LargerOrLater(double running, double x) {
   return platform::Choose(running > x, running, x);
 }
 
-// The steps by which a running norm takes up one element. The first element starts it.
+// The steps that add one element to a running norm. The first element starts it.
 struct AbsoluteSum {
   static double First(double x) { return std::fabs(x); }
   static double Next(double running, double x) { return running + std::fabs(x); }
@@ -55,8 +54,8 @@ double TakeUpInOrder(double running, const double* x, std::size_t n) {
   return running;
 }
 
-/// Of numbers, the largest does not depend on the order, so a chunk of them is taken up at once;
-/// the ordered walk takes up a chunk with a NaN in it.
+/// The maximum of numbers does not depend on the order, so a chunk of them is processed at once; a
+/// chunk with a NaN in it is processed in order.
 double MaximumOf(const double* x, std::size_t n) {
   constexpr std::size_t kChunk = 4096;
   const auto largest = kernels::Active().magnitudes->largest_or_nan;

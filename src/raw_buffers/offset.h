@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Index ranges chosen by the caller: how many elements they have, and the pointers moved back by
-// their lower bound.
+// Index ranges chosen by the caller: their number of elements, and the pointers moved back by their
+// lower bound.
 #ifndef ZEPH_SRC_RAW_BUFFERS_OFFSET_H
 #define ZEPH_SRC_RAW_BUFFERS_OFFSET_H
 
@@ -12,15 +12,15 @@
 
 namespace zeph::raw_buffers {
 
-/// Elements of lo..hi, counted in 32-bit arithmetic: below 1 where the range is empty or too long
-/// to count. An inverted range has none, even where the arithmetic would wrap round to a positive
+/// The number of elements of lo..hi, in 32-bit arithmetic: below 1 where the range is empty or too
+/// long. An inverted range has none, even where the arithmetic would wrap around to a positive
 /// number.
 constexpr int RangeCount(int lo, int hi) {
   return hi < lo ? 0 : platform::WrapAdd(platform::WrapSub(hi, lo), 1);
 }
 
-/// `p` moved by `elements`. The moved pointer mostly lies outside any block, which pointer
-/// arithmetic may not express; integer arithmetic may.
+/// `p` moved by `elements`. The moved pointer is usually outside any block, which is undefined in
+/// pointer arithmetic but not in integer arithmetic.
 template <class T>
 T* Moved(T* p, std::intptr_t elements) {
   const auto bytes = static_cast<std::uintptr_t>(elements) * sizeof(T);
@@ -33,7 +33,7 @@ T* Offset(T* block, int lo) {
   return Moved(block, -static_cast<std::intptr_t>(lo));
 }
 
-/// The block behind an offset pointer; null for null, which no allocation has handed out.
+/// The block of an offset pointer; null for null, which no allocation returns.
 template <class T>
 T* Block(T* p, int lo) {
   return p ? Moved(p, static_cast<std::intptr_t>(lo)) : nullptr;

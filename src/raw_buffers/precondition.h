@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// What hardened builds insist on: a table of row pointers that has all the rows of a range. In
-// other builds a call is no code.
+// Checks of hardened builds: a table of row pointers that has all the rows of a range. In other
+// builds the calls compile to nothing.
 #ifndef ZEPH_SRC_RAW_BUFFERS_PRECONDITION_H
 #define ZEPH_SRC_RAW_BUFFERS_PRECONDITION_H
 
@@ -15,7 +15,8 @@
 
 namespace zeph::raw_buffers {
 
-/// The table and its rows first .. first + count - 1 are not null; without rows nothing is asked.
+/// Requires that the table and its rows first .. first + count - 1 are not null; without rows
+/// requires nothing.
 inline void RequireRows([[maybe_unused]] const char* operation,
                         [[maybe_unused]] const char* argument,
                         [[maybe_unused]] const double* const* table, [[maybe_unused]] int first,
@@ -32,7 +33,7 @@ inline void RequireRows([[maybe_unused]] const char* operation,
 #endif
 }
 
-/// A contiguous block is not null; without elements nothing is asked.
+/// Requires that a contiguous block is not null; without elements requires nothing.
 inline void RequireBlock([[maybe_unused]] const char* operation,
                          [[maybe_unused]] const char* argument, [[maybe_unused]] const void* block,
                          [[maybe_unused]] bool hasElements) {
@@ -41,7 +42,7 @@ inline void RequireBlock([[maybe_unused]] const char* operation,
 #endif
 }
 
-/// Notes the array of `count` elements from `lo` that stands in `block`.
+/// Records the array of `count` elements from `lo` in `block`.
 template <class T>
 void RememberArray([[maybe_unused]] T* block, [[maybe_unused]] int lo, [[maybe_unused]] int count) {
 #ifdef ZEPH_HARDENED
@@ -49,7 +50,7 @@ void RememberArray([[maybe_unused]] T* block, [[maybe_unused]] int lo, [[maybe_u
 #endif
 }
 
-/// Notes a matrix and its rows, each an array.
+/// Records a matrix and its rows, each an array.
 template <class T>
 void RememberMatrix([[maybe_unused]] T** table, [[maybe_unused]] int rows,
                     [[maybe_unused]] int cols, [[maybe_unused]] int nrl, [[maybe_unused]] int ncl) {
@@ -60,12 +61,12 @@ void RememberMatrix([[maybe_unused]] T** table, [[maybe_unused]] int rows,
 }
 
 #ifdef ZEPH_HARDENED
-/// Stops unless `block` lives, telling what was wrong with it: it was released, its lower bound is another, or
-/// nobody knows it. False where it may be one that there was no memory to remember.
+/// Stops unless `block` is live, and says why: it was released, its lower bound differs, or it is
+/// unknown. Returns false where it may be a block that could not be recorded for lack of memory.
 inline bool RequireLive(const char* operation, const char* lower, const void* block,
                         const void* handle, int lo, platform::LiveBlock& found) {
   if (platform::FindBlock(block, found)) {
-    // The same block by another handle is the row or array of another range.
+    // The same block with another handle is a row or array of another range.
     if (found.lo != lo) ZEPH_StopOutside(operation, lower, lo, found.lo, found.lo);
     return true;
   }

@@ -1,4 +1,4 @@
-// Every operation on two objects, given one object twice or a reference into itself.
+// Every operation on two objects, called with one object twice or with a reference into itself.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -13,7 +13,7 @@
 #include "support/scale.h"
 
 #ifdef __clang__
-#pragma clang diagnostic ignored "-Wself-assign-overloaded"  // it is what these tests are about
+#pragma clang diagnostic ignored "-Wself-assign-overloaded"  // the subject of these tests
 #endif
 
 namespace zeph::test {
@@ -87,7 +87,7 @@ TEST(AbuseAliasing, ASearchTakesItsKeyAndGivesItsIndexInsideTheArray) {
     CZEPHDoubleArray a(n, v.data());
     const double key = a[n - 1];
     EXPECT_EQ(a.Find(a[n - 1]), n - 1);
-    EXPECT_EQ(a.BinarySearch(a[n - 1], a.size), 1);  // the index goes to the count itself
+    EXPECT_EQ(a.BinarySearch(a[n - 1], a.size), 1);  // the result index is the count itself
     EXPECT_EQ(a.size, n - 1);
     a.size = n;
     EXPECT_EQ(a.Remove(a[n - 1]), 1);
@@ -283,7 +283,7 @@ TEST(AbuseAliasing, AStringIsItsOwnText) {
   EXPECT_EQ(s.Find(s), 0);
   std::string big(100'000, 'x');
   CString text(big);
-  for (int k = 0; k < 4; ++k) text += text.GetString();  // grows out of its storage each time
+  for (int k = 0; k < 4; ++k) text += text.GetString();  // outgrows its storage each time
   EXPECT_EQ(text.GetLength(), 1'600'000);
 }
 

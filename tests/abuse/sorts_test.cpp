@@ -1,4 +1,4 @@
-// The sorts on the orders that sorts fear, a million elements, a small stack, liars for
+// The sorts on adversarial orders, on a million elements, on a small stack and with inconsistent
 // comparisons.
 #include <gtest/gtest.h>
 
@@ -36,7 +36,7 @@ const Method kMethods[] = {
     {"QuickSort(10)", [](CZEPHDoubleArray& a) { a.QuickSort(10); }},
 };
 
-/// What the method documents for data whose ascending order is unique to the bit.
+/// The documented result for data whose ascending order is unique to the bit.
 std::vector<double> Expected(const Method& method, std::vector<double> v) {
   const bool bubble = method.run == kMethods[0].run;
   const double last = v.back();
@@ -75,7 +75,7 @@ TEST(AbuseSorts, NansAndMixedZerosInHostileOrderKeepEveryElement) {
     const auto order = std::find_if(Orders().begin(), Orders().end(),
                                     [name](const Order& o) { return o.name == std::string(name); });
     auto v = order->make(kQuadratic, 6);
-    v[v.size() / 3] = -0.0;  // with both zeros the order is not unique: the documented walk
+    v[v.size() / 3] = -0.0;  // with both zeros the order is not unique: the documented steps
     v[v.size() / 2] = 0.0;
     const auto want = SortedBits(v.data(), v.size());
     for (const auto& method : kMethods) {
@@ -166,7 +166,7 @@ TEST(AbuseSorts, LongObjectListsSortOnASmallStack) {
       before = next;
     }
   }
-  CZEPHSortableObList ordered;  // in order, a million cost a walk
+  CZEPHSortableObList ordered;  // a million elements in order cost one pass
   auto items = Items(kMany, [](int i, int) { return i; });
   for (auto& item : items) ordered.AddTail(&item);
   ASSERT_TRUE(RunOnSmallStack(kStack, [&] { ordered.Sort(ByValue); }));

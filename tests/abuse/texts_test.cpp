@@ -1,5 +1,5 @@
-// Labels that look like formats, labels as long as files, streams that hold anything, sizes at the
-// ends of their ranges.
+// Labels that look like formats, very long labels, streams with any contents, sizes at the limits
+// of their ranges.
 #include <gtest/gtest.h>
 
 #include <climits>
@@ -54,7 +54,7 @@ TEST(AbuseLabels, AreWrittenAsTheyAre) {
   }
 }
 
-/// Counts of every kind; -1 in `stored` where the text holds none that an int can take.
+/// Counts of every kind; `stored` is -1 where the text has none that fits an int.
 struct Announced {
   const char* text;
   int stored;
@@ -139,7 +139,7 @@ TEST(AbuseExtractors, GarbageOfEveryLengthLeavesObjectsWhole) {
 
 TEST(AbuseSizes, NoCountIsTooLargeToBeRefused) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
-  FailAllocation failing(1, true);  // what would take gigabytes is refused here
+  FailAllocation failing(1, true);  // gigabytes are refused here
   for (const int n : {INT_MAX, INT_MAX - 1, 1 << 30}) {
     EXPECT_EQ(ZEPH_ArrayAllocDouble(nullptr, 0, n - 1), nullptr);
     EXPECT_EQ(ZEPH_ArrayAllocInt(nullptr, INT_MIN, INT_MIN + n - 1), nullptr);

@@ -1,4 +1,4 @@
-// Searches, sorts and listings of items that end where a page ends, beside one that nobody may touch.
+// Searches, sorts and listings of items that end at a page boundary, before an inaccessible page.
 #include "support/guarded.h"
 
 #ifdef ZEPH_TEST_GUARDED

@@ -142,7 +142,7 @@ TEST(IntegralSearchRecursive, AgreesWithTheOracleOnOffsetArrays) {
           },
           low, high, key, seen, again);
     } catch (Outside) {
-      continue;  // the steps drift away: without these elements there is no answer
+      continue;  // the steps leave these elements, so there is no result
     }
     ++(again ? recurred : want == -1 ? missed : found);
     const auto before = cells;
@@ -156,7 +156,7 @@ TEST(IntegralSearchRecursive, AgreesWithTheOracleOnOffsetArrays) {
 }
 
 TEST(IntegralSearchRecursive, TakesMillionsOfStepsInConstantStack) {
-  // Above elements that are all too great the arguments drift down: one index every three steps.
+  // With elements that are all too great the arguments move down by one index every three steps.
   constexpr int kSteps = 1000000;
   std::vector<int> cells(kSteps + 1, INT_MAX);
   cells[0] = -kSteps;

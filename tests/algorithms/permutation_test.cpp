@@ -32,7 +32,7 @@ std::string ToString(T* s, int k, int n) {
   return Bytes(out);
 }
 
-// Both forms over the items from `first` on, the items left as they were.
+// Both forms over the items from `first` on, which must leave the items unchanged.
 template <class T>
 void ExpectAgreement(const std::vector<T>& buffer, std::size_t first, int k, int n) {
   std::vector<T> ours = buffer, literal = buffer;

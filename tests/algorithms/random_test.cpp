@@ -51,7 +51,7 @@ TEST(MathRandomInit, SeedsWithTheTimeInSeconds) {
     const std::time_t before = std::time(nullptr);
     ZEPH_MathRandomInit();
     const int first = ZEPH_MathRandom(0), second = ZEPH_MathRandom(0);
-    if (std::time(nullptr) != before) continue;  // the second turned in between
+    if (std::time(nullptr) != before) continue;  // the second changed in between
     const auto draws = DrawsAfterSeed(static_cast<unsigned>(before), 2);
     EXPECT_EQ(first, draws[0]);
     EXPECT_EQ(second, draws[1]);

@@ -48,7 +48,7 @@ TEST(MathRoundOff, GivesTheMostNegativeIntBeyondInt) {
 }
 
 TEST(MathRoundOff, MultipliesPowersOfTenInOneFixedOrder) {
-  // 1e-9 times an int shows the rounding of the power itself.
+  // 1e-9 times an int makes the rounding of the power visible.
   for (int places = -340; places <= 340; ++places)
     for (const double x : {1.0, 1.5, 123456.0, 4.9e-320})
       EXPECT_SAME_VALUE(ZEPH_MathRoundOff(x, places), oracle::RoundOff(x, places));

@@ -14,7 +14,7 @@ using namespace zeph::test;
 
 namespace {
 
-// A count handed over the way the interface takes it.
+// A count in the type that the interface takes.
 char Byte(int n) {
   return static_cast<char>(static_cast<signed char>(n));
 }

@@ -58,8 +58,8 @@ TEST(ScientificText, PassesExhaustionOn) {
 TEST(ScientificText, IsTheSameInBothWaysOnGlibc) {
   std::vector<double> values = SpecialValues<double>();
   for (const double x : Awkward(300, 8)) values.push_back(x);
-  // A negative count is no format, and printf leaves the number where it is: among the exponent's
-  // arguments where both are on the stack.
+  // A negative count is not a valid format: printf does not consume the number, and takes it for
+  // the exponent where both arguments are on the stack.
   const int least = sizeof(void*) == 8 ? -128 : 0;
   for (const double x : values)
     for (int decimals = least; decimals <= 127; decimals += decimals < 20 && decimals >= -2 ? 1 : 7)

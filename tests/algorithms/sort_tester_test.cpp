@@ -22,7 +22,7 @@ using Tester = CZEPHSortTester;
 
 namespace {
 
-/// Draws that follow one another.
+/// Consecutive draws.
 class Draws {
  public:
   explicit Draws(std::vector<int> numbers) : numbers_(std::move(numbers)) {}
@@ -50,7 +50,8 @@ void Fill(Draws& draws, int sign, double& x) {
   }
 }
 
-/// The second of now. The clocks of a system turn it some milliseconds apart: waits until none may.
+/// The current second. A system's clocks change it some milliseconds apart: waits until none can
+/// change soon.
 std::time_t SecondAwayFromItsTurn() {
   using namespace std::chrono;
   for (;;) {
@@ -61,7 +62,7 @@ std::time_t SecondAwayFromItsTurn() {
   }
 }
 
-/// Randomises with a known generator; `want` is worked out from the second that it fell into.
+/// Randomises with a known generator; `want` is computed from the second in which it ran.
 template <class T>
 void ExpectRandomised(int sign) {
   constexpr int kCount = 500;
@@ -71,7 +72,7 @@ void ExpectRandomised(int sign) {
     std::vector<T> got(kCount + 1, T(77));
     const std::time_t before = SecondAwayFromItsTurn();
     ASSERT_EQ(Tester::Randomize(got.data(), kCount, sign), 1);
-    if (std::time(nullptr) != before) continue;  // the second turned in between
+    if (std::time(nullptr) != before) continue;  // the second changed in between
     Draws draws(
         DrawsAfterSeed(static_cast<unsigned>(before) + static_cast<unsigned>(first), 2 * kCount));
     std::vector<T> want(kCount + 1, T(77));
@@ -124,7 +125,7 @@ TEST(SortTester, RandomisesNothingWithoutElements) {
   EXPECT_EQ(a[0], 3);
   EXPECT_EQ(b[0], 3.5);
   const int next = ZEPH_MathRandom(0);
-  EXPECT_EQ(next, DrawsAfterSeed(41, 1)[0]);  // the generator was left alone
+  EXPECT_EQ(next, DrawsAfterSeed(41, 1)[0]);  // the generator was not used
 }
 
 TEST(SortTester, DemonstratesOnTheStandardOutputWhateverStreamIsGiven) {

@@ -14,7 +14,7 @@ using namespace zeph::test;
 
 namespace {
 
-/// The reading of two records, in arithmetic that cannot wrap, cut to 32 bits at the end.
+/// The reading of two records, in arithmetic that cannot wrap, truncated to 32 bits at the end.
 int Reading(const ZEPH_TimeOfDay& start, const ZEPH_TimeOfDay& stop) {
   const auto seconds =
       static_cast<std::uint64_t>(stop.time) - static_cast<std::uint64_t>(start.time);

@@ -1,4 +1,4 @@
-// What the operations on arrays leave alone, and where matrix and axis may lie.
+// What the operations on arrays must not change, and where the matrix and the axis may be.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -27,7 +27,7 @@ TEST(BatchArrays, OfNoObjectsMayBeNull) {
   }
 }
 
-/// A class may keep data of its own where a vector has none.
+/// A derived class may have data in the padding of a vector.
 struct Coloured : CZEPHVector3D {
   unsigned colour = 0xC01042u;
 };
@@ -41,7 +41,7 @@ TEST(BatchArrays, NothingButComponentsIsWritten) {
                                                        reinterpret_cast<char*>(&out[0]));
     const std::size_t behind = first + 3 * sizeof(float);
     std::vector<unsigned char> before(40 * kSize), after(40 * kSize);
-    for (CZEPHVector3D& v : out)  // what lies behind z
+    for (CZEPHVector3D& v : out)  // the bytes after z
       std::memset(reinterpret_cast<unsigned char*>(&v) + behind, 0x5A, kSize - behind);
     std::memcpy(before.data(), static_cast<void*>(out.data()), before.size());
     CZEPHMatrix4x4 m;

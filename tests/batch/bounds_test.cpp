@@ -16,7 +16,7 @@ std::vector<T> Box(const std::vector<T>& values) {
   std::vector<T> box(6);
   for (std::size_t c = 0; c < 3; ++c) box[c] = box[3 + c] = values[c];
   for (std::size_t k = 3; k < values.size(); ++k) {
-    volatile T x = values[k];  // compared and moved, never made a minimum of
+    volatile T x = values[k];  // compared and moved, never a minimum instruction
     if (x < box[k % 3]) std::memcpy(&box[k % 3], &values[k], sizeof(T));
     if (x > box[3 + k % 3]) std::memcpy(&box[3 + k % 3], &values[k], sizeof(T));
   }

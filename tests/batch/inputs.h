@@ -1,4 +1,4 @@
-// Arrays of small objects: made of generated components, and taken apart again.
+// Arrays of small objects, made from generated components, and their components.
 #ifndef ZEPH_TESTS_BATCH_INPUTS_H
 #define ZEPH_TESTS_BATCH_INPUTS_H
 
@@ -38,7 +38,7 @@ inline constexpr std::size_t kComponents<CZEPHMatrix4> = 16;
 template <class Object>
 using Component = std::remove_pointer_t<decltype(Components(std::declval<Object&>()))>;
 
-/// Objects of `values`, one behind the other.
+/// Objects made of consecutive `values`.
 template <class Object>
 std::vector<Object> Objects(const std::vector<Component<Object>>& values) {
   std::vector<Object> objects(values.size() / kComponents<Object>);
@@ -84,7 +84,7 @@ std::vector<Object> Generated(Kind kind, std::size_t n, std::uint64_t seed) {
   return Objects<Object>(Numbers<Component<Object>>(kind, n * kComponents<Object>, seed));
 }
 
-/// The sizes that tell the forms' paths apart, and all up to 67.
+/// All sizes up to 67 and those around the forms' thresholds.
 inline std::vector<int> AllSizes() {
   std::vector<int> sizes;
   for (int n = 0; n <= 67; ++n) sizes.push_back(n);

@@ -13,7 +13,7 @@ namespace {
 
 int a, b, c;
 
-/// Releases a chain that a stack has left behind.
+/// Releases the chain that a destroyed stack has left.
 void Release(ZEPH_StackNode* top) {
   while (top) {
     ZEPH_StackNode* next = top->m_pNextNode;
@@ -106,7 +106,7 @@ TYPED_TEST(Stack, SharesTheChainOnAssignmentAndCopying) {
   EXPECT_EQ(two.Peek(), &b);
   EXPECT_EQ(one.Pop(), &b);
   EXPECT_EQ(one.Pop(), &a);
-  two.m_pTop = three.m_pTop = nullptr;  // what they share is gone
+  two.m_pTop = three.m_pTop = nullptr;  // the shared chain is released
 }
 
 TYPED_TEST(Stack, AssignmentDoesNotReleaseTheNodesHeldBefore) {

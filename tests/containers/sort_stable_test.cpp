@@ -13,7 +13,7 @@ namespace {
 
 using Objects = std::vector<CObject*>;
 
-/// An array and a list behind one face: the range is given by an index in both.
+/// An array and a list with a common interface: the range is given by an index in both.
 struct StableArray {
   CZEPHSortableObArray array;
   explicit StableArray(const Objects& objects) {

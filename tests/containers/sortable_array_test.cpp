@@ -68,7 +68,7 @@ TEST(SortableArray, SortsFiveElementsByTheGapsFourAndOne) {
   EXPECT_EQ(Keys(ObjectsOf(array)), (std::vector<int>{1, 2, 3, 4, 5}));
   ASSERT_GE(trace.size(), 2u);
   EXPECT_EQ(trace[0], Comparison(4, 0));  // gap 4: the last with the first
-  EXPECT_EQ(trace[1], Comparison(1, 4));  // gap 1, behind the exchange
+  EXPECT_EQ(trace[1], Comparison(1, 4));  // gap 1, after the exchange
 }
 
 TEST(SortableArray, TakesTheDocumentedStepsForEveryCompareFunction) {
@@ -111,7 +111,7 @@ TEST(SortableArray, IsNotStableAcrossGaps) {
   CZEPHSortableObArray array;
   Fill(array, items.Pointers());
   array.Sort(ByKey);
-  EXPECT_EQ(Ids(ObjectsOf(array)), (std::vector<int>{4, 1, 2, 3, 0}));  // 0 went behind its equals
+  EXPECT_EQ(Ids(ObjectsOf(array)), (std::vector<int>{4, 1, 2, 3, 0}));  // 0 went after its equals
 }
 
 TEST(SortableArray, SortsARangeAndLeavesTheRestUntouched) {

@@ -1,4 +1,4 @@
-// Objects that remember where they came from, and compare functions of every temper.
+// Objects that record their origin, and compare functions of every kind.
 #ifndef ZEPH_TESTS_CONTAINERS_SORTABLE_SUPPORT_H
 #define ZEPH_TESTS_CONTAINERS_SORTABLE_SUPPORT_H
 
@@ -25,7 +25,7 @@ inline const Item& ItemOf(const CObject* object) {
 /// One comparison: the identities of both elements, in the order in which they were passed.
 using Comparison = std::pair<int, int>;
 
-/// What the compare functions below write down while it is not null.
+/// The compare functions below record their calls here unless it is null.
 inline std::vector<Comparison>*& Trace() {
   static std::vector<Comparison>* trace = nullptr;
   return trace;
@@ -124,7 +124,7 @@ inline std::vector<int> Ids(const std::vector<CObject*>& objects) {
   return ids;
 }
 
-/// The comparisons that `body` makes.
+/// The comparisons that `body` makes, in order.
 template <class Body>
 std::vector<Comparison> Traced(Body body) {
   std::vector<Comparison> trace;

@@ -21,7 +21,7 @@ std::string Report(int count) {
   return Written([&](FILE* f) { EXPECT_EQ(CZEPHPointerStack::Test1(count, f), 1); });
 }
 
-/// The report on three items while the `k`-th allocation yields null; releases what it leaves.
+/// The report on three items while the `k`-th allocation returns null; releases what remains.
 std::string ReportWithoutAllocation(long k, std::size_t& left) {
   std::set<void*> blocks;
   const std::string text = Written([&](FILE* f) {
@@ -103,14 +103,14 @@ TEST(StackReport, PassesExhaustionOnWithoutLeaving) {
 TEST(StackReport, EndsAtTheFirstNullThatAnAllocationYields) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   std::size_t left = 0;
-  // A string that is not there is pushed as null, at which popping ends; one string stays below it.
+  // A string without storage is pushed as null, at which popping ends; one string stays below it.
   EXPECT_EQ(ReportWithoutAllocation(1, left), kBegin + "Pop:#ITEM2\nPop:#ITEM1\n" + kEnd);
   EXPECT_EQ(left, 0u);
   EXPECT_EQ(ReportWithoutAllocation(3, left), kBegin + "Pop:#ITEM2\n" + kEnd);
   EXPECT_EQ(left, 1u);
   EXPECT_EQ(ReportWithoutAllocation(5, left), kBegin + kEnd);
   EXPECT_EQ(left, 3u);  // two strings and the lower node
-  // A node that is not there drops the chain, with its strings.
+  // A missing node drops the chain, with its strings.
   EXPECT_EQ(ReportWithoutAllocation(4, left), kBegin + "Pop:#ITEM2\n" + kEnd);
   EXPECT_EQ(left, 3u);
   EXPECT_EQ(ReportWithoutAllocation(6, left), kBegin + kEnd);

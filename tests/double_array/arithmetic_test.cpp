@@ -10,7 +10,7 @@ namespace {
 
 using Values = std::vector<double>;
 
-/// Lengths around every width that a loop might be cut into.
+/// Lengths around every vector width and unrolling.
 const std::vector<std::size_t>& Lengths() {
   static const std::vector<std::size_t> lengths = {0, 1,  2,  3,  4,  7,   8,
                                                    9, 15, 16, 17, 33, 100, 1001};
@@ -70,7 +70,7 @@ TEST(DoubleArrayArithmetic, DivisionMultipliesByTheReciprocal) {
     ExpectNew(a / s, Combined(v, Values(v.size(), reciprocal), std::multiplies<>()));
   }
   EXPECT_TRUE(SameBits(ElementsOf(a / 4.0), ElementsOf(0.25 * a)));
-  EXPECT_NE((ArrayOf({5}) / 49.0)[0], 5.0 / 49.0);  // where a division would round otherwise
+  EXPECT_NE((ArrayOf({5}) / 49.0)[0], 5.0 / 49.0);  // a division would round differently
 }
 
 TEST(DoubleArrayArithmetic, UnaryMinusSubtractsFromZero) {
@@ -165,7 +165,7 @@ TEST(DoubleArrayArithmetic, AnOperandAimedIntoTheOthersBlockIsTakenElementByElem
       a.data = block.data() + 10;
       b.data = a.data + shift;
       add ? a += b : a -= b;
-      a.data = b.data = nullptr;  // the block is not theirs
+      a.data = b.data = nullptr;  // the block belongs to neither
       EXPECT_EQ(block, want) << "shift " << shift << (add ? ", +=" : ", -=");
     }
 }

@@ -1,4 +1,4 @@
-// What the double array's tests share.
+// Shared by the tests of the double array.
 #ifndef ZEPH_TESTS_DOUBLE_ARRAY_ARRAYS_H
 #define ZEPH_TESTS_DOUBLE_ARRAY_ARRAYS_H
 
@@ -31,14 +31,14 @@ inline std::string Show(const std::vector<double>& v) {
   return text;
 }
 
-/// An array without storage whose `size` says otherwise, as a failed allocation leaves it.
+/// An array without storage but with a `size`, as after a failed allocation.
 inline CZEPHDoubleArray WithoutStorage(int size) {
   CZEPHDoubleArray a(-1, 0.0);
   a.size = size;
   return a;
 }
 
-/// A default-made array with the storage helpers in reach.
+/// An empty array with access to the storage helpers.
 class OpenArray : public CZEPHDoubleArray {
  public:
   using CZEPHDoubleArray::AllocMemory;

@@ -1,4 +1,4 @@
-// Sums and differences of temporaries give what those of named arrays give, in storage they reuse.
+// Sums and differences of temporaries equal those of named arrays, in storage that is reused.
 #include <gtest/gtest.h>
 
 #include <utility>

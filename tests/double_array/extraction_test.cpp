@@ -1,5 +1,5 @@
-// `>>` against the stream's own extractor, a number at a time: the same values, states, positions, exceptions
-// and requests for more, whatever the text, the buffer and the settings.
+// `>>` against the stream's own extractor, a number at a time: the same values, states, positions,
+// exceptions and refills, for any text, buffer and settings.
 #include <cerrno>
 #include <cfenv>
 #include <cstdio>
@@ -27,13 +27,13 @@ struct Settings {
   bool tied = false;
 };
 
-/// How the text comes.
+/// How the buffer supplies the text.
 struct Supply {
   std::size_t portion;
   std::size_t throwing = Source::kNever;
 };
 
-/// All that can be seen of an extraction.
+/// Everything observable of an extraction.
 struct Outcome {
   int size = 0;
   std::vector<double> data = std::vector<double>(kStorage, -7.0);
@@ -118,7 +118,7 @@ Outcome Ours(const std::string& text, const Supply& supply, const Settings& sett
   return same;
 }
 
-/// Texts that the extractor may take, take in part, or refuse.
+/// Texts that the extractor may accept, accept in part, or reject.
 const char* const kPieces[] = {
     "0",
     "-0",
@@ -219,12 +219,12 @@ std::string NumberText(Random& random) {
   return text;
 }
 
-/// A count and about as many pieces; the further down, the stranger.
+/// A count and about as many pieces, with later kinds ever less usual.
 std::string Text(Random& random, int strangeness) {
   const int count = random.Int(0, 12);
   std::string text = std::to_string(random.Below(8) == 0 ? count + 1 : count);
   for (int i = 0; i < count; ++i) {
-    // Behind the count a blank, or it would be another.
+    // A blank after the count, or the digits would join.
     const bool strange = i > 0 && random.Int(0, 9) < strangeness;
     text += strange ? kSeparators[random.Below(std::size(kSeparators))] : " ";
     text += random.Int(0, 9) < strangeness ? kPieces[random.Below(std::size(kPieces))]
@@ -270,7 +270,7 @@ std::vector<Settings> AllSettings() {
   std::vector<std::locale> locales = {std::locale(classic, new Grouped('.', ',')),
                                       std::locale(classic, new Grouped(',', '.')),
                                       std::locale(classic, new CommasAreSpace)};
-#ifndef ZEPH_HARDENED  // which would stop at the count "3 123" of thousands
+#ifndef ZEPH_HARDENED  // which would stop at the count of "3 123" with a thousands separator
   locales.push_back(std::locale(classic, new Grouped('.', ' ')));
 #endif
   for (const std::locale& locale : locales) all.push_back({all[0].flags, Base::goodbit, locale});

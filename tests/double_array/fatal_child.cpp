@@ -1,4 +1,4 @@
-// Ends at the site that its argument names.
+// Ends at the fatal error that its argument names.
 #include <cstring>
 #include <iostream>
 

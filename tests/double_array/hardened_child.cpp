@@ -15,7 +15,7 @@ CZEPHDoubleArray Five() {
   return CZEPHDoubleArray(5, v);
 }
 
-/// Reads `text` into five elements, in an array that does not say so.
+/// Reads `text` into a block of five elements whose array has a smaller size.
 void Read(const char* text) {
   CZEPHDoubleArray a = Five();
   a.size = 0;

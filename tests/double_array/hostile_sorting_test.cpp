@@ -1,4 +1,4 @@
-// The sorts on what keeps the order from being unique, in the orders that they are slow on.
+// The sorts on elements whose order is not unique, in adversarial orders.
 #include <gtest/gtest.h>
 
 #include "double_array/arrays.h"
@@ -64,7 +64,7 @@ TEST(DoubleArrayHostileSorting, LeavesWhatTheStepsLeaveAtLengthsUpTo20000) {
   }
 }
 
-/// The generator is what it says: the literal walk exchanges and looks at far more than n log n.
+/// Checks the generator: the documented steps read and exchange far more than n log n elements.
 TEST(HostileInputs, KillersMakeTheLiteralQuickSortQuadratic) {
   for (std::size_t n : {500u, 1001u, 5000u})
     for (Content content : {Content::kPlain, Content::kBothZeros, Content::kHalfZeros}) {

@@ -75,7 +75,7 @@ TEST(DoubleArrayPartition, OneElementAndInvertedRangesReadNothingElse) {
   for (double pivot : {5.0, 6.0, 7.0, kNaN}) {
     EXPECT_EQ(a.Partition(1, 1, pivot), oracle::Partition(want, 1, 1, pivot));
     EXPECT_EQ(a.Partition(2, 0, pivot), oracle::Partition(want, 2, 0, pivot));
-    EXPECT_EQ(a.Partition(2, 1, pivot), 1);  // the steps would exchange these two for ever
+    EXPECT_EQ(a.Partition(2, 1, pivot), 1);  // the steps would exchange these two forever
   }
   EXPECT_TRUE(SameBits(ElementsOf(a), want));
 }

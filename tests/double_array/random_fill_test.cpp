@@ -44,7 +44,7 @@ TEST(DoubleArrayRandom, TakesTheSecondThatTheStopwatchReads) {
   auto now = before;
   while (now == before) now = second();
   CZEPHDoubleArray a(100, -1.0);
-  a.Random();  // right behind the turn, where a clock that lags still tells the second before
+  a.Random();  // right after the second changes, when a lagging clock still has the one before
   std::vector<double> want;
   for (int draw : DrawsAfterSeed(static_cast<unsigned>(now), 100)) want.push_back(draw % 999);
   EXPECT_TRUE(SameBits(ElementsOf(a), want));

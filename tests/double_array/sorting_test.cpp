@@ -176,7 +176,7 @@ TEST(DoubleArrayBubbleSort, LeavesTheLeastAtIndexOneWhenItWasLastInALongArrayToo
   const Values sorted = AfterBubbleSort(v);
   EXPECT_EQ(sorted[0], 5.0);
   EXPECT_EQ(sorted[1], 4.0);
-  v.front() = 4.0;  // no longer the only least one
+  v.front() = 4.0;  // no longer the unique minimum
   EXPECT_EQ(AfterBubbleSort(v)[0], 4.0);
   EXPECT_EQ(AfterBubbleSort(v)[1], 4.0);
 }
@@ -254,7 +254,7 @@ TEST(DoubleArrayQuickSort, ItsWalkIsShallowWhereTheOutcomeIsNotKnownWithoutIt) {
   const std::size_t n = Scaled<std::size_t>(1000000, 50000);
   for (const Order& order : Orders()) {
     const bool killer = order.name == std::string("median-of-three killer");
-    Values v = order.make(killer ? 20000 : n, 5);  // the killer makes the walk quadratic
+    Values v = order.make(killer ? 20000 : n, 5);  // the killer takes quadratic time
     v.push_back(0.0);
     v.push_back(-0.0);
     CZEPHDoubleArray a = ArrayOf(v);

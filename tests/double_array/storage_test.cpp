@@ -82,7 +82,7 @@ TEST(DoubleArrayStorage, ACountOfZeroOwnsAnEmptyBlock) {
 TEST(DoubleArrayStorage, CountsThatCannotBeHadLeaveAnArrayWithoutStorage) {
   double value = 1;
   for (int n : {-1, INT_MIN, INT_MAX}) {
-    if (n > 0 && !InterceptsLibraryAllocations()) continue;  // 16 GiB might be had
+    if (n > 0 && !InterceptsLibraryAllocations()) continue;  // 16 GiB might be available
     const CZEPHDoubleArray filled(n, 1.0), copied(n, &value), copy(filled);
     for (const CZEPHDoubleArray* a : {&filled, &copied, &copy}) {
       EXPECT_EQ(a->size, n);
@@ -298,7 +298,7 @@ TEST(DoubleArrayAccess, TheBoundRuleAcceptsAnIndexEqualToTheCount) {
   CZEPHDoubleArray a = ArrayOf({1, 2, 3});
   for (int i = 0; i <= 3; ++i) EXPECT_EQ(a.CheckBound(i), 1);
   EXPECT_EQ(CZEPHDoubleArray(0, 0.0).CheckBound(0), 1);
-  a.size = 2;  // the slot behind the last element is ours
+  a.size = 2;  // the element after the last is ours
   EXPECT_EQ(a.GetEntry(2), 3.0);
 }
 
@@ -345,7 +345,7 @@ TEST(DoubleArrayAdditions, MovingFromAnArrayWithoutStorageIsCopyingIt) {
   CZEPHDoubleArray none;
   const CZEPHDoubleArray b(std::move(none));
   EXPECT_EQ(b.size, 0);
-  EXPECT_NE(b.data, nullptr);  // as the copy has it
+  EXPECT_NE(b.data, nullptr);  // like the copy
   const CZEPHDoubleArray c(WithoutStorage(-4));
   EXPECT_EQ(c.size, -4);
   EXPECT_EQ(c.data, nullptr);

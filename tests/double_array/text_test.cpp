@@ -111,7 +111,7 @@ TEST(DoubleArrayText, TraceDoesNothing) {
 TEST(DoubleArrayText, ExtractionReadsACountAndThatManyNumbers) {
   Extracted three("3 1.5 -2e3\n7 9");
   EXPECT_TRUE(SameBits(ElementsOf(three.a), {1.5, -2000, 7}));
-  EXPECT_EQ(three.a.sorted, 1);  // although nobody knows
+  EXPECT_EQ(three.a.sorted, 1);  // although the order is unknown
   double next = 0;
   three.is >> next;
   EXPECT_EQ(next, 9.0);

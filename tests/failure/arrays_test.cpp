@@ -1,4 +1,4 @@
-// The double array: what is left after each allocation that fails.
+// The double array: its state after each failed allocation.
 #include <cstring>
 #include <optional>
 #include <utility>
@@ -34,7 +34,7 @@ bool Empty(const Slot& slot) {
 bool OperandsStay(const Operands& s) {
   return SameBits(ElementsOf(s.a), {3, 1, 2}) && SameBits(ElementsOf(s.b), {4, 5, 6});
 }
-/// Looks at a result without moving it: moving one without storage would ask for some.
+/// Inspects a result without moving it: moving one without storage would allocate.
 void Note(Operands& s, const CZEPHDoubleArray& result) {
   s.empty = result.size == 3 && !result.data;
 }

@@ -1,4 +1,4 @@
-// Stacks, arrays, lists, strings and the algorithm kit: what they held stays theirs.
+// Stacks, arrays, lists, strings and the algorithm kit keep their contents.
 #include <array>
 #include <cstring>
 #include <memory>
@@ -21,7 +21,7 @@ Thing one, two, three;
 template <class Stack>
 struct Stacked {
   Stack stack;
-  decltype(stack.m_pTop) chain = nullptr;  // as it was before the operation
+  decltype(stack.m_pTop) chain = nullptr;  // the chain before the operation
   bool own = true;
   Stacked() {
     stack.Push(&one);
@@ -41,7 +41,7 @@ void ExpectStackStays(const char* name) {
   ExpectOnFailure({name, 1, Ending::kPasses, LosesNothing, kExceptions}, make, push, [](auto& s) {
     return s.stack.Pop() == &two && s.stack.Pop() == &one && !s.stack.m_pTop;
   });
-  // A null block drops the chain, as documented; here it is taken up again, to be released.
+  // A null block drops the chain, as documented; it is restored here to be released.
   ExpectOnFailure({name, 1, Ending::kSilent, LosesNothing, {Failure::kNull}}, make, push,
                   [](auto& s) {
                     const bool dropped = !s.stack.m_pTop;
@@ -191,7 +191,7 @@ TEST_F(CollectionFailure, ReportsLetItPassAndLoseNothing) {
     ExpectOnFailure(
         {name, requests, Ending::kPasses}, [] { return Stream(); }, call, unbroken);
   };
-  CZEPHPointerStack::Test1(3, Stream().f);  // what a first use keeps is there
+  CZEPHPointerStack::Test1(3, Stream().f);  // allocate what the first use keeps
   // (A null item ends the stack report's popping: its own test shows it.)
   ExpectOnFailure(
       {"stack report", 6, Ending::kPasses, LosesNothing, kExceptions}, [] { return Stream(); },

@@ -1,4 +1,4 @@
-// Matrices and vectors: the double matrix says 0 or has no storage, the general ones throw.
+// Matrices and vectors: the double matrix returns 0 or has no storage, the general ones throw.
 #include <optional>
 #include <utility>
 
@@ -31,7 +31,7 @@ Matrices MakeMatrices() {
 bool Unchanged(const Matrices& s) {
   return SameBits(Elements(s.a), X()) && SameBits(Elements(s.b), X());
 }
-/// Counts as documented; a row that could not be had is null, and no table at all is fine.
+/// Counts as documented; a row that could not be allocated is null, and so may be the table.
 bool HasMissingRows(const CZEPHDoubleMatrix& m) {
   if (m.m_nRows != 3 || m.m_nColumns != 3) return false;
   for (int i = 0; m.m_ppData && i < 3; ++i)
@@ -39,8 +39,8 @@ bool HasMissingRows(const CZEPHDoubleMatrix& m) {
   return !m.m_ppData;
 }
 
-/// An operator's result has its size; on the way out of the operator it may be copied once more,
-/// and then have storage after all.
+/// An operator's result has its size; returning it may copy it once more, and the copy then has
+/// storage after all.
 void Note(Matrices& s, const CZEPHDoubleMatrix& result) {
   s.sized = result.m_nRows == 3 && result.m_nColumns == 3;
 }
@@ -147,7 +147,7 @@ TEST_F(LinalgFailure, TheMemberMinusAnswersAMatrixOfTheSize) {
     CZEPHDoubleMatrix* negated = nullptr;
     State() = default;
     State(State&&) = default;
-    ~State() { FillTheKeptNegations(); }  // the failed ones hold less than the others
+    ~State() { FillTheKeptNegations(); }  // the failed ones have less storage than the others
   };
   FillTheKeptNegations();
   ExpectOnFailure(

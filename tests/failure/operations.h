@@ -1,4 +1,4 @@
-// Running an operation with each of its allocations failing, in every way.
+// Runs an operation with each of its allocations failing, in every way.
 #ifndef ZEPH_TESTS_FAILURE_OPERATIONS_H
 #define ZEPH_TESTS_FAILURE_OPERATIONS_H
 
@@ -11,13 +11,13 @@
 
 namespace zeph::test {
 
-/// What exhausted memory does to an operation, however the allocation operator tells of it.
+/// The effect of exhausted memory on an operation, however the allocation operator reports it.
 enum class Ending {
   kPasses,  // the exception reaches the caller
   kSilent   // the operation ends as documented
 };
 
-/// Blocks asked for during the record and not released in it.
+/// Blocks allocated and not released while recording.
 inline std::vector<void*> StillHeld(const std::vector<AllocationEvent>& events) {
   std::vector<void*> held;
   for (const auto& event : events) {
@@ -37,15 +37,15 @@ inline std::vector<void*> StillHeld(const std::vector<AllocationEvent>& events) 
 inline long LosesNothing(long) {
   return 0;
 }
-/// The blocks obtained before the failing one.
+/// The blocks allocated before the failed request.
 inline long LosesTheEarlierBlocks(long k) {
   return k - 1;
 }
 
-/// One or more requests: how a standard string grows is not the library's.
+/// One or more requests: the growth of a standard string is not under the library's control.
 constexpr long kSome = -1;
 
-/// Where a null block means something else than an exception.
+/// Where a null block has another effect than an exception.
 inline const std::vector<Failure> kExceptions = {Failure::kBadAlloc, Failure::kMemoryException};
 
 struct Expectation {
@@ -89,11 +89,11 @@ bool RunWithFailure(const Expectation& want, long k, bool andAllAfter, Failure h
   return fired;
 }
 
-/// `make()` gives what the operation works on, `call(state)` runs it, `check(state)` tells whether
-/// the state is the documented one afterwards.
+/// `make()` creates the operation's objects, `call(state)` runs it, `check(state)` returns whether
+/// their state is the documented one afterwards.
 template <class Make, class Call, class Check>
 void ExpectOnFailure(const Expectation& want, Make make, Call call, Check check) {
-  { [[maybe_unused]] auto first = make(); }  // what a first use keeps is there
+  { [[maybe_unused]] auto first = make(); }  // allocate what the first use keeps
   for (const Failure how : want.ways)
     for (const bool andAllAfter : {false, true}) {
       long k = 1;
@@ -106,7 +106,7 @@ void ExpectOnFailure(const Expectation& want, Make make, Call call, Check check)
     }
 }
 
-/// Nothing of this kind allocates.
+/// None of these allocates.
 template <class Make, class Call>
 void ExpectNoRequest(const char* name, Make make, Call call) {
   ExpectOnFailure({name, 0, Ending::kSilent}, make, call, [](const auto&) { return true; });

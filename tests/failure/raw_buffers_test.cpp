@@ -1,4 +1,4 @@
-// Raw buffers: null, nothing said, and the documented losses.
+// Raw buffers: null without a message, and the documented leaks.
 #include <cstring>
 
 #include "failure/operations.h"

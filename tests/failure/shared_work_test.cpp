@@ -1,4 +1,4 @@
-// Shared work asks for no block that the same work on one thread does not ask for.
+// Shared work makes the same allocations as on one thread.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -13,7 +13,7 @@
 namespace zeph::test {
 namespace {
 
-/// Allocations of a second call, so that the threads have been started.
+/// The allocations of a second call, when the threads are running.
 long Requests(const std::function<void()>& call, int threads) {
   const ZEPH_ThreadScope scope(threads);
   call();

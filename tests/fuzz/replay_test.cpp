@@ -1,4 +1,4 @@
-// The saved inputs of the fuzz targets, through the same bodies: a promise broken once stays
+// The saved inputs of the fuzz targets, run through the same bodies, so that a bug found once stays
 // tested.
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// Threads with objects of their own do not meet: every body at once, each on inputs of its own.
+// Threads with objects of their own do not interfere: all bodies at once, each on its own inputs.
 //
 // What threads may share by the documentation is not called here (the random generator) or
 // suppressed by the step that runs this under the thread sanitizer (the live counts of CZEPHMatrix4
@@ -38,7 +38,7 @@ void RunAll(std::uint64_t seed) {
     }
 }
 
-/// The objects of one thread, what happened to them, and a digest of all results.
+/// The objects of one thread, and a digest of all results.
 class Mixture {
  public:
   explicit Mixture(std::uint64_t seed) : random_(seed) {}
@@ -100,7 +100,7 @@ class Mixture {
     const CZEPHMatrix4x4 inverse = transform_.GetInverse();
     for (float x : inverse.entries) Keep(x);
   }
-  void Negate() {  // rests on what the library keeps for each thread
+  void Negate() {  // uses what the library keeps for each thread
     CZEPHDoubleMatrix m(2, 2, 1.0);
     m[1][0] = random_.Real();
     Keep((-m)[1][0]);

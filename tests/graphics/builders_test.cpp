@@ -5,7 +5,7 @@
 
 using namespace zeph::test;
 
-// Every builder starts from what it documents, whatever the matrix held.
+// Every builder starts from the documented state, whatever the matrix held before.
 static CZEPHMatrix4x4 Dirty() {
   CZEPHMatrix4x4 m;
   for (float& entry : m.entries) entry = kNaNF;
@@ -81,7 +81,7 @@ TEST(MatrixBuilders, EulerAnglesAreComputedInDoubleAndRoundedOnce) {
 }
 
 TEST(MatrixBuilders, EulerEntriesThatCancelShowTheOrderOfTheDoubles) {
-  // Where the two terms of an entry nearly cancel, what is left is the rounding of the double
+  // Where the two terms of an entry nearly cancel, the result is the rounding error of the double
   // products, and a float shows every bit of it.
   ForEachCase(Scaled(20'000), 76, [](Random& random) {
     const double x = random.Real(-180, 180), y = random.Real(-180, 180);

@@ -1,5 +1,5 @@
-// One number for the bits of everything that does not depend on the runtime's sine, cosine or
-// tangent: the same with every compiler, optimisation level and processor.
+// One digest of all bits that do not depend on the runtime's sine, cosine or tangent: the same with
+// every compiler, optimisation level and processor.
 #include <gtest/gtest.h>
 
 #include "graphics/values.h"

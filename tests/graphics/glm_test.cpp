@@ -1,4 +1,4 @@
-// GLM as an independent witness: another author's formulas, rounded in another order, come out
+// GLM as an independent reference: another author's formulas, rounded in another order, agree
 // within a few ulps. An ulp is taken of the largest number that the result was summed from.
 #ifdef ZEPH_TEST_GLM
 #define GLM_ENABLE_EXPERIMENTAL

@@ -62,7 +62,7 @@ TEST(MatrixInverse, OfASingularMatrixIsTheIdentity) {
 }
 
 TEST(MatrixInverse, OfTheIdentityIsUnscaledCofactors) {
-  // Negative zeros among the cofactors would show a scaling by a computed reciprocal or division.
+  // Negative zeros among the cofactors reveal scaling by a computed reciprocal or a division.
   EXPECT_TRUE(
       Same(CZEPHMatrix4x4().GetInverseTranspose(), oracle::InverseTranspose(oracle::Identity())));
   EXPECT_EQ(CZEPHMatrix4x4().GetInverse(), CZEPHMatrix4x4());

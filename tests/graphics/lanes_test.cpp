@@ -1,4 +1,4 @@
-// The form of the lanes that this processor runs against the plain one.
+// The form of the lanes that this processor uses against the plain one.
 #include "graphics/lanes.h"
 
 #include <gtest/gtest.h>
@@ -22,7 +22,7 @@ static oracle::Vector Array(L lanes) {
   return r;
 }
 
-// What the operations make of eight floats, in the lanes `L`.
+// The results of the operations on eight floats, in the lanes `L`.
 template <class L>
 static std::vector<oracle::Vector> Moves(const float* p) {
   const L a = L::Load(p), b = L::Load(p + 4);
@@ -62,7 +62,7 @@ static CZEPHMatrix4x4 Stored(const Columns<L>& columns) {
   return m;
 }
 
-// What the matrix operations give in the lanes `L`.
+// The results of the matrix operations in the lanes `L`.
 template <class L>
 static std::vector<CZEPHMatrix4x4> Results(const float* a, const float* b) {
   using namespace zeph::graphics;

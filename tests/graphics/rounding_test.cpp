@@ -1,5 +1,5 @@
 // A component is a float: a double stored in it is rounded, also where the compiler vectorises the
-// loop around it and could be tempted to skip the way there and back.
+// loop around it and could skip the conversion to float and back.
 #include <gtest/gtest.h>
 
 #include <vector>

@@ -34,7 +34,7 @@ inline oracle::Matrix Array(const CZEPHMatrix4x4& m) {
   return r;
 }
 
-/// Every component computed to the same bits, any NaN equal to any NaN.
+/// Every component has the same bits, where all NaNs are equal.
 template <class V>
 ::testing::AssertionResult Same(const V& got, const oracle::Vector& want) {
   return SameValues(Array(got), want);
@@ -45,14 +45,14 @@ inline ::testing::AssertionResult Same(const CZEPHMatrix4x4& got, const oracle::
 inline ::testing::AssertionResult Same(const CZEPHMatrix4x4& got, const CZEPHMatrix4x4& want) {
   return SameValues(got.entries, want.entries, 16);
 }
-/// Every component moved, a NaN's bits included.
+/// Every component has the same bits, a NaN's included.
 template <class T>
 ::testing::AssertionResult Moved(const T& got, const T& want) {
   const auto a = Array(got), b = Array(want);
   return SameBits(a.data(), b.data(), a.size());
 }
 
-/// What the case at hand has drawn, in order, to be told where it fails.
+/// The operands that the current case has drawn, in order, for the message of a failure.
 class DrawnOperands {
  public:
   static DrawnOperands& OfThisCase() {
@@ -69,7 +69,8 @@ class DrawnOperands {
     names_.emplace_back(name, count);
     values_.insert(values_.end(), values, values + count);
   }
-  /// A line for each, with the bits of every value as a float, or as a double where no float holds it.
+  /// A line for each, with the bits of every value as a float, or as a double where it is not a
+  /// float.
   std::string Text() const {
     std::string text;
     const double* value = values_.data();
@@ -89,7 +90,7 @@ class DrawnOperands {
   std::vector<double> values_;
 };
 
-/// Mostly moderate, now and then awkward: special values met one at a time and all at once.
+/// Mostly moderate, sometimes awkward: special values one at a time and all at once.
 inline float AnyFloatUnnoted(Random& random, bool awkward) {
   if (awkward) return AwkwardValue<float>(random);
   return static_cast<float>(random.Real(-10, 10));
@@ -124,7 +125,7 @@ inline CZEPHMatrix4x4 AnyMatrixUnnoted(Random& random) {
   static const float kZeros[] = {0.0f, -0.0f};
   for (int i = 3; i < 15; i += 4) m.entries[i] = kZeros[random.Below(2)];
   m.entries[15] = 1.0f;
-  if (kind < 4) {  // one step off
+  if (kind < 4) {  // off by one ulp
     static const float kNearZero[] = {std::numeric_limits<float>::denorm_min(), 1e-38f, kNaNF,
                                       -std::numeric_limits<float>::denorm_min(), kInfinityF};
     static const float kNearOne[] = {1.0f + std::numeric_limits<float>::epsilon(), 0.99999994f,
@@ -163,7 +164,8 @@ inline double AnyAngle(Random& random) {
   return angle;
 }
 
-/// Calls `body(random)` for so many cases, or until a check fails, which tells the case and what it drew.
+/// Calls `body(random)` for so many cases, or until a check fails, whose message then has the case
+/// and its operands.
 template <class Body>
 void ForEachCase(std::size_t cases, std::uint64_t seed, Body body) {
   Random random(seed);

@@ -1,4 +1,5 @@
-// Operations on arrays of small objects in every form against one rounding after another.
+// Operations on arrays of small objects in every form against scalar steps, each rounded
+// separately.
 #include "kernels/batch.h"
 
 #include <gtest/gtest.h>
@@ -16,14 +17,14 @@
 namespace zeph::kernels {
 namespace {
 
-constexpr std::size_t kMost = 41;  // twice the widest form, and what is left over
+constexpr std::size_t kMost = 41;  // twice the widest form, and a remainder
 
 template <class T>
 std::vector<T> Mixed(std::size_t n, unsigned seed) {
   return seed % 2 == 0 ? test::Awkward<T>(n, seed) : test::Moderate<T>(n, seed, T(-4), T(4));
 }
 
-/// Volatile, so that every product, sum and root is rounded by itself.
+/// Volatile, so that every product, sum and root is rounded separately.
 double Sum(double a, double b) {
   const volatile double r = a + b;
   return r;
@@ -39,7 +40,7 @@ void Check(std::size_t n, std::size_t size, Call call, Want want) {
   std::vector<T> expected;
   for (std::size_t i = 0; i < n; ++i)
     for (const T x : want(i)) expected.push_back(x);
-  expected.resize(n * size + 4, T(77));  // and nothing behind them
+  expected.resize(n * size + 4, T(77));  // and nothing after them
   for (const Table* form : RunnableTables()) {
     SCOPED_TRACE(std::string(form->name) + " n=" + std::to_string(n));
     std::vector<T> out(n * size + 4, T(77));
@@ -169,7 +170,7 @@ void CheckBounds(const Vectors<T>& form, std::size_t n, unsigned seed) {
       if (x < least) least = x;
       if (x > greatest) greatest = x;
     }
-    // Of equal zeros either may come out; the others have one form.
+    // Zeros may have either sign; all other values have one bit pattern.
     ASSERT_TRUE(low[c] == least || (low[c] != low[c] && least != least)) << n << ' ' << c;
     ASSERT_TRUE(high[c] == greatest || (high[c] != high[c] && greatest != greatest))
         << n << ' ' << c;
@@ -240,7 +241,7 @@ TEST(BatchForms, MultiplyVectorsOfFour) {
   for (std::size_t n = 0; n <= kMost; ++n)
     for (unsigned seed : {0u, 1u})
       for (const bool affine : {false, true}) {
-        // Objects of 24 bytes: four components and what is not theirs.
+        // Objects of 24 bytes: four components and padding.
         const auto v = Mixed<float>(6 * n + 6, seed);
         auto e = Mixed<float>(16, seed + 11);
         if (affine) MakeAffine(e.data());

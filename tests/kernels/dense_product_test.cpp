@@ -25,7 +25,7 @@ using test::Random;
 constexpr double kGuard = -7.25;
 constexpr std::size_t kGuards = 8;
 
-/// Rows in blocks of their own, each starting `skew` doubles off and closed by guards.
+/// Rows in blocks of their own, each `skew` doubles off alignment and between guards.
 class Matrix {
  public:
   Matrix(const Rows& values, std::size_t rows, std::size_t cols, std::size_t skew)
@@ -162,7 +162,8 @@ void* Refuse(std::size_t) {
   return nullptr;
 }
 
-/// What stands in a copied panel for columns that it lacks must not raise what no entry raises.
+/// The values in place of a copied panel's missing columns must raise no exception that no entry
+/// raises.
 TEST(DenseProduct, RaisesNothingForColumnsThatACopiedPanelLacks) {
 #ifdef FE_INVALID
   constexpr std::size_t kRows = 50, kInner = 600;

@@ -17,7 +17,7 @@ namespace {
 
 using Array = std::vector<double>;
 
-constexpr std::size_t kSpare = 12;  // room for the skew and guards behind the end
+constexpr std::size_t kSpare = 12;  // room for the skew and guards after the end
 
 struct Operation {
   const char* name;
@@ -67,7 +67,7 @@ const std::vector<Operation>& Operations() {
   return all;
 }
 
-/// The tables' forms, and the one that takes a handful on the spot.
+/// The tables' forms, and the inline one for a handful.
 const std::vector<const Table*>& Forms() {
   static const Elementwise few = {Add, Subtract, Multiply, Scale, SubtractFrom, Fill};
   static const std::vector<const Table*> all = [] {

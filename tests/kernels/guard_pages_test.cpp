@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Every form of the kernels on memory that ends where a page ends, or begins where one begins, beside pages that
-// nobody may touch: an element too many ends the program.
+// Every form of the kernels on memory that ends or begins at a page boundary beside inaccessible
+// pages: an access outside ends the program.
 #include "support/guarded.h"
 
 #ifdef ZEPH_TEST_GUARDED
@@ -138,8 +138,8 @@ TEST_P(GuardPages, ArithmeticStaysInside) {
   });
 }
 
-/// Wide forms begin at an edge of the result's memory, so that a result that ends at one has no odd end: here it
-/// ends before one, and is watched.
+/// Wide forms align to the result's memory, so a result that ends at a boundary has no tail: here
+/// it ends before one, between guards.
 TEST_P(GuardPages, ArithmeticStaysInsideWhateverTheResultsAlignment) {
   const Elementwise& all = *Active().elementwise;
   for (const std::size_t least : {std::size_t{1}, std::size_t{250}})
@@ -191,7 +191,8 @@ TEST_P(GuardPages, RowsStayInside) {
       }
 }
 
-/// Products that are copied panel by panel, and whose sums rest in the result between blocks of k.
+/// Products whose right factor is copied panel by panel and whose sums are stored in the result
+/// between blocks of k.
 TEST_P(GuardPages, LongProductsStayInside) {
   constexpr std::size_t kRows = 50, kInner = 600, kBytes = 1 << 20;
   const Guarded left(kBytes), right(kBytes), result(kBytes);
@@ -219,7 +220,8 @@ TEST_P(GuardPages, LongProductsStayInside) {
     }
 }
 
-/// Objects as the batches know them: components behind a table pointer, padding behind three floats.
+/// Objects as the batch operations see them: components after a virtual table pointer, padding
+/// after three floats.
 template <class T>
 struct Objects {
   static constexpr std::size_t kStride = 24, kFirst = sizeof(T) == 4 ? 8 : 0;

@@ -11,7 +11,7 @@
 namespace zeph::kernels {
 namespace {
 
-/// The documented steps; n where nothing is met.
+/// The documented steps; n for a miss.
 template <class T>
 std::size_t Stepwise(const std::vector<T>& v, T x) {
   std::ptrdiff_t lo = 0, hi = static_cast<std::ptrdiff_t>(v.size()) - 1;
@@ -26,7 +26,7 @@ std::size_t Stepwise(const std::vector<T>& v, T x) {
   return v.size();
 }
 
-/// Both walks, each for itself.
+/// Both searches separately.
 template <class T>
 void Compare(const std::vector<T>& v, T x) {
   const std::size_t want = Stepwise(v, x);

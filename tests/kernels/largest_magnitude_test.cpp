@@ -1,4 +1,4 @@
-// The largest absolute value in every form against the ordered walk.
+// The largest absolute value in every form against the documented scan.
 #include "kernels/largest_magnitude.h"
 
 #include <gtest/gtest.h>

@@ -24,7 +24,7 @@ class PartitionKernel : public testing::TestWithParam<const Table*> {
  protected:
   const Partitions& form() const { return *GetParam()->partitions; }
 
-  /// Parts `v`, laid out as the median of three leaves it, inside a guarded block.
+  /// Partitions `v`, as the median of three leaves it, inside a guarded block.
   void Check(Values v, std::size_t skew) const {
     constexpr std::size_t kGuard = 16;
     const int last = static_cast<int>(v.size()) - 1;
@@ -76,7 +76,7 @@ TEST_P(PartitionKernel, FindsTheStopsOfUpTo64Elements) {
   for (std::size_t n = 0; n <= 64; ++n)
     for (int round = 0; round < 20; ++round) {
       Values v = test::Awkward(n, random.Next());
-      v.shrink_to_fit();  // a read behind the end is out of bounds
+      v.shrink_to_fit();  // a read after the end is out of bounds
       const double pivot = n && round % 2 ? v[random.Below(n)] : test::AwkwardValue<double>(random);
       std::uint64_t not_less = 0, not_greater = 0;
       for (std::size_t k = 0; k < n; ++k) {
@@ -127,7 +127,7 @@ TEST(Census, OrdersAreUniqueWithoutNanAndWithZerosOfOneSignOnly) {
   EXPECT_TRUE((Census{0, 3, 0, 3}.OrderIsUnique()));
   EXPECT_FALSE((Census{0, 3, 2, 1}.OrderIsUnique()));
   EXPECT_FALSE((Census{1, 0, 0, 0}.OrderIsUnique()));
-  EXPECT_FALSE((Census{0, 2, 1, 0}.OrderIsUnique()));  // a denormal that counts as zero
+  EXPECT_FALSE((Census{0, 2, 1, 0}.OrderIsUnique()));  // a denormal treated as zero
 }
 
 }  // namespace

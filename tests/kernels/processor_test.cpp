@@ -1,4 +1,4 @@
-// What an x86 processor's own answers are taken to allow.
+// Which forms an x86 processor's cpuid values allow.
 #include "kernels/processor_x64.h"
 
 #include <gtest/gtest.h>
@@ -55,8 +55,8 @@ TEST(Processor, NeedsASystemThatSavesTheRegisters) {
 TEST(Processor, BeforeAvx2RunsNeither) {
   EXPECT_FALSE(RunsAvx2({13, kSavesAndAvx, 0, 0x07}));
   EXPECT_FALSE(
-      RunsAvx2({6, kSavesAndAvx, kAvx2, 0x07}));  // no such leaf, so the answer is another one's
-  EXPECT_FALSE(RunsAvx2({13, 1u << 28, kAvx2, 0x07}));  // nothing says what is saved
+      RunsAvx2({6, kSavesAndAvx, kAvx2, 0x07}));  // no such leaf, so the values are of another one
+  EXPECT_FALSE(RunsAvx2({13, 1u << 28, kAvx2, 0x07}));  // xgetbv is not available
   EXPECT_FALSE(RunsAvx2({13, 1u << 27, kAvx2, 0x07}));
 }
 

@@ -1,5 +1,4 @@
-// The quicksort's walk beside the kernels that it stands on: what it looks at, and what it does
-// without memory.
+// The documented quicksort on blocks: how many elements it reads, and what it does without memory.
 #include "double_array/quick_walk.h"
 
 #include <gtest/gtest.h>
@@ -25,7 +24,7 @@ void* Refuse(std::size_t) {
   return nullptr;
 }
 
-/// Large enough for a tree of stops that lies on the heap.
+/// Large enough for a stop tree on the heap.
 const std::size_t kLarge = test::Scaled<std::size_t>(20000, 17000);
 
 void CompareKillers(std::size_t n) {
@@ -42,7 +41,7 @@ TEST(QuickWalk, MakesTheDocumentedExchangesOfAKillerWithATreeOfStops) {
   CompareKillers(kLarge);
 }
 
-/// The larger piece again and again, whatever the order: bounds have to follow every exchange.
+/// The larger piece again and again, in any order: bounds must follow every exchange.
 TEST(StopTree, PartsAsDocumentedThroughAllTheLargerPieces) {
   for (std::size_t n : {70u, 600u, 3000u})
     test::ForEachHostile(n, n, [](Values v, const std::string& name) {
@@ -72,7 +71,7 @@ TEST(QuickWalk, MakesThemWithoutMemoryForTheTree) {
   kernels::detail::borrow = lender;
 }
 
-/// Counts the elements that the kernels look at.
+/// Counts the elements that the kernels read.
 struct Looks {
   static inline std::size_t count;
   static inline const kernels::Partitions* form;
@@ -98,7 +97,7 @@ const kernels::Partitions kCounting = {[](const double* v, std::size_t n) {
                                          return Looks::form->bounds(v, n);
                                        }};
 
-/// The literal walk looks at a fifth of n^2 elements of a killer.
+/// On a killer the documented steps read a fifth of n^2 elements.
 TEST(QuickWalk, LooksAtNLogNElementsOfAnyInput) {
   const kernels::Table& active = kernels::Active();
   kernels::Table counting = active;

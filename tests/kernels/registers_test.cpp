@@ -1,6 +1,6 @@
 // Every kernel, in every form and at every alignment of the stack, leaves the caller's registers and
-// floating-point modes as they were. A wide register that is spilled to a misaligned place would stop
-// the program right here.
+// floating-point modes as they were. A wide register spilled to a misaligned address would stop the
+// program here.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -45,7 +45,7 @@ struct Call {
   std::function<void()> work;
 };
 
-volatile double kept = 0;  // what a search finds goes here, so that the call is made
+volatile double kept = 0;  // receives results, so that the calls are made
 
 std::vector<Call> CallsOf(const Table& t, Operands& o) {
   const std::size_t n = o.x.size();
@@ -110,7 +110,7 @@ TEST(CallersRegisters, AreWatched) {
                "a floating-point control word is not as it was");
   asm volatile("fninit");
 #ifdef _WIN64
-  // What an assembler function that breaks the convention would do.
+  // An assembler function that breaks the convention.
   EXPECT_STREQ(test::WatchedCall([] { asm volatile("pxor %xmm9, %xmm9"); }, 0),
                "xmm6 to xmm15 are not as they were");
 #endif

@@ -33,7 +33,7 @@ struct RowResults {
 };
 
 RowResults Results(const double* row, const Array& v) {
-  // volatile: every product, sum and root is rounded by itself
+  // volatile: every product, sum and root is rounded separately
   volatile double sum = 0.0, magnitude = 0.0, dot = 0.0, length = 0.0;
   for (std::size_t j = 0; j < v.size(); ++j) {
     const double x = std::fabs(row[j]);

@@ -1,4 +1,4 @@
-// Shell's sort in every form, with and without the memory that it borrows.
+// Shell's sort in every form, with and without the memory that it allocates.
 #include "double_array/shell.h"
 
 #include <gtest/gtest.h>
@@ -27,7 +27,7 @@ Values Walked(Values v) {
   return v;
 }
 
-/// In turn with every form, which it leaves as it was.
+/// Runs with every form in turn and restores the former one.
 class ShellInEveryForm : public testing::TestWithParam<const kernels::Table*> {
  protected:
   void SetUp() override { kernels::Force(*GetParam()); }
@@ -70,8 +70,8 @@ TEST_P(ShellInEveryForm, FollowsZerosPassByPassWhateverTheirNumber) {
     }
 }
 
-/// Long enough for chains beyond the network, with the disorder around the first and the last zero
-/// apart, joined, or missing on either side.
+/// Long enough for chains beyond the network, with separate, joined or missing disorder around the
+/// first and the last zero.
 TEST_P(ShellInEveryForm, GoesOnlyThroughWhatIsOutOfOrderAroundManyZeros) {
   test::Random random(12);
   for (std::size_t n : {9u, 33u, 64u, 255u, 256u, 1000u, 1023u, 2048u, 6250u})

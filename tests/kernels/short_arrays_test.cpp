@@ -1,4 +1,4 @@
-// The arrays of the long proof are long enough to take every way that the sorts have.
+// The arrays of the long proof are long enough to reach every path of the sorts.
 #include "prove/short_arrays.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@
 namespace zeph {
 namespace {
 
-/// How often the kernels that only one way uses were called.
+/// The calls of kernels that only one path uses.
 struct Calls {
   static inline std::size_t censuses, partitions;
   static inline const kernels::Table* active;
@@ -44,7 +44,7 @@ Ways Met(const prove::ShortArrays& arrays) {
   Calls::active = &kernels::Active();
   kernels::Table counting = *Calls::active;
   kernels::Sorting sorting = *counting.sorting;
-  sorting.pays_from = 10;  // longer ones by runs, shorter ones by the walk
+  sorting.pays_from = 10;  // longer ones by runs, shorter ones by the documented steps
   counting.sorting = &sorting;
   counting.partitions = &kCountingPartitions;
   kernels::Force(counting);
@@ -56,7 +56,7 @@ Ways Met(const prove::ShortArrays& arrays) {
     Calls::censuses = Calls::partitions = 0;
     double_array::ShellSort(shell.data(), v.size());
     met.unique += Calls::censuses == 0;
-    met.around_zeros += Calls::censuses > 0 && !nan;  // then only zeros have to be followed
+    met.around_zeros += Calls::censuses > 0 && !nan;  // then only zeros need to be followed
     met.runs += Calls::censuses > 0 && nan;
     double_array::SortAsWalked(quick.data(), v.size(), 3);
     met.partitioned += Calls::partitions > 0;

@@ -1,5 +1,5 @@
-// What the fast sort promises to cost: its steps are counted in forms compiled here for that. The library's own
-// carry no counter.
+// The guaranteed cost of the fast sort: its steps are counted in forms compiled here for that
+// purpose. The library's own have no counters.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -18,7 +18,7 @@
 
 namespace {
 
-/// How often a step was taken, and over how many elements in all.
+/// The number of times a step was taken, and of its elements in all.
 enum Step { kPartitioned, kHeapSorted, kSampled, kCounted, kSteps };
 struct Count {
   std::size_t times, elements;
@@ -32,7 +32,7 @@ void Note(Step step, std::size_t elements) {
 
 }  // namespace
 
-// The forms once more, under another name, with their marks counted.
+// The forms again, in another namespace, with their marks counted.
 #define ZEPH_SORT_STEP(step, elements) Note(step, elements)
 #define kernels counted_kernels
 #include "kernels/sort_avx2.cpp"
@@ -47,9 +47,9 @@ struct Form {
   std::string name;
   Sorter<double> doubles;
   Sorter<int> ints;
-  Sorter<double> atTheLimit;  // the quicksort when no partition is left to it
+  Sorter<double> atTheLimit;  // the quicksort at its limit of partitions
   std::size_t small;          // elements that are not partitioned
-  double most;                // partitions of random elements, to those that halving would make
+  double most;                // partitions of random elements, relative to perfect halving
 };
 
 std::vector<Form> Forms() {
@@ -137,7 +137,7 @@ TEST_P(SortSteps, OrderedInputIsNotPartitioned) {
   }
 }
 
-/// Two passes, whatever the values.
+/// Two passes, for any values.
 TEST_P(SortSteps, LongInputOfFewValuesIsCounted) {
   for (const std::size_t n : kLengths)
     for (const std::size_t distinct : {2u, 8u, 20u, 100u}) {
@@ -150,7 +150,7 @@ TEST_P(SortSteps, LongInputOfFewValuesIsCounted) {
     }
 }
 
-/// Each value is done with once it has been a pivot twice.
+/// Each value is finished once it has been a pivot twice.
 TEST_P(SortSteps, EqualKeysAreSplitOff) {
   for (const std::size_t distinct : {2u, 3u, 10u, 30u}) {
     SortAndCount(GetParam().doubles, Repeated<double>(5000, distinct));

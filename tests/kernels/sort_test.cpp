@@ -53,7 +53,7 @@ class SortKernel : public testing::TestWithParam<const Table*> {
 INSTANTIATE_TEST_SUITE_P(Forms, SortKernel, testing::ValuesIn(RunnableTables()),
                          [](const auto& form) { return std::string(form.param->name); });
 
-/// Lengths around every size at which a form changes its ways.
+/// Lengths around every threshold of a form.
 std::vector<std::size_t> AwkwardLengths() {
   std::vector<std::size_t> lengths;
   for (std::size_t n = 0; n <= 290; ++n) lengths.push_back(n);
@@ -63,7 +63,7 @@ std::vector<std::size_t> AwkwardLengths() {
   return lengths;
 }
 
-/// Any value whose place is certain: no NaN and no negative zero.
+/// Any value whose place is unique: no NaN and no negative zero.
 double OrderedValue(Random& random) {
   const double x = test::AwkwardValue<double>(random);
   return x != x || x == 0 ? 0.0 : x;

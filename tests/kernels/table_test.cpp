@@ -1,4 +1,4 @@
-// Which table of kernels is in use, and what the levels bring.
+// Which table of kernels is in use, and what the levels contain.
 #include "kernels/table.h"
 
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@
 namespace zeph::kernels {
 namespace {
 
-/// Puts the table back that was in use.
+/// Restores the table that was in use.
 class KernelTable : public testing::Test {
  protected:
   ~KernelTable() override { Force(*before_); }
@@ -32,7 +32,7 @@ class KernelTable : public testing::Test {
   return names;
 }
 
-/// What the system says of the processor, "avx2" and the like; empty where it says nothing.
+/// The processor's features as the system lists them, "avx2" and the like; empty where it does not.
 [[maybe_unused]] std::vector<std::string> ProcessorFlags() {
   std::ifstream file("/proc/cpuinfo");
   for (std::string line, flag; std::getline(file, line);) {
@@ -78,7 +78,7 @@ TEST_F(KernelTable, TheProcessorIsWhatTheSystemSays) {
 }
 #endif
 
-/// Remembers the one in use before the first test.
+/// The table in use before the first test.
 class Start : public testing::Environment {
  public:
   void SetUp() override { table = &Active(); }

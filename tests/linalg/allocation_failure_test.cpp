@@ -1,4 +1,4 @@
-// What is left when memory runs out, at each allocation in turn.
+// The state after memory runs out, at each allocation in turn.
 #include <gtest/gtest.h>
 
 #include <optional>
@@ -58,7 +58,7 @@ TEST_F(LinalgAllocationFailure, DoubleMatrixCreationAnswersZeroSilentlyAndKeepsE
           EXPECT_EQ(m->m_ppData == nullptr, k == 1);
           for (int i = 0; k > 1 && i < 4; ++i)
             EXPECT_EQ(m->m_ppData[i] != nullptr, i < k - 2) << "row " << i << " at " << k;
-          m->SetEntry(2.0);  // the rows that are there
+          m->SetEntry(2.0);  // the rows that exist
         });
     EXPECT_EQ(runs, 5);
     EXPECT_EQ(answer, 1);
@@ -75,7 +75,7 @@ TEST_F(LinalgAllocationFailure, DoubleMatrixOperatorsCarryOnWithoutStorage) {
       CZEPHDoubleMatrix a = ToDoubleMatrix(x, 3, 3), b(3, 3, 2.0);
       const CZEPHDoubleMatrix& fixed = a;
       double* table[] = {b[0], b[1], b[2]};
-      -a;  // this thread's places for results are there
+      -a;  // allocate this thread's places for results
       const auto all = [&](long k) {
         EXPECT_TRUE(SameBits(Elements(a), x)) << k;
         EXPECT_EQ(b.m_nRows, 3);

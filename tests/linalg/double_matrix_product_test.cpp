@@ -54,7 +54,7 @@ TEST(DoubleMatrixProduct, SquaresItself) {
   double* const row = a[3];
   a *= a;
   EXPECT_TRUE(SameBits(Elements(a), oracle::DenseProduct(x, x, 6, 6, 6)));
-  EXPECT_EQ(a[3], row);  // assigned back into the rows that were there
+  EXPECT_EQ(a[3], row);  // assigned back into the existing rows
 }
 
 TEST(DoubleMatrixProduct, TakesAnyRightOperandThatIsNotConst) {

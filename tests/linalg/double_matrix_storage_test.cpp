@@ -200,7 +200,7 @@ TEST(DoubleMatrixStorage, BoundChecksAcceptAnIndexEqualToTheCount) {
   EXPECT_EQ(m.CheckBound(0, 0), 1);
   EXPECT_EQ(m.CheckBound(2, 3), 1);
   EXPECT_EQ(m.GetEntry(1, 2), 6.0);
-  // A slot past the counts exists here: two rows and three columns of a 3 x 4 block.
+  // Elements past the counts exist here: two rows and three columns of a 3 x 4 block.
   CZEPHDoubleMatrix wide(3, 4, 8.0);
   wide.m_nRows = 2;
   wide.m_nColumns = 3;
@@ -239,7 +239,7 @@ TEST(DoubleMatrixAssignment, ResizesATargetWithAZeroCount) {
 }
 
 TEST(DoubleMatrixAssignment, HasNoMoveFormThatCouldSkipTheSizeCheck) {
-  // Were there one, assigning a temporary would hand over its rows.
+  // A move assignment would take over a temporary's rows.
   CZEPHDoubleMatrix target(1, 1, 0.0);
   double* const row = target[0];
   CZEPHDoubleMatrix source(1, 1, 3.0);
@@ -257,9 +257,9 @@ TEST(DoubleMatrixAllocMemory, ReleasesTheFirstRowsOnlyAndNeverPastTheOldTable) {
     left[0] = m.m_ppData[2];
     left[1] = m.m_ppData[3];
     const long before = LiveBlocks();
-    ASSERT_EQ(m.AllocMemory(2, 2), 1);  // rows 2 and 3 of the old table stay behind
+    ASSERT_EQ(m.AllocMemory(2, 2), 1);  // rows 2 and 3 of the old table are not released
     EXPECT_EQ(LiveBlocks(), before);    // 1 + 2 released, 1 + 2 new
-    left[0][0] = left[1][1] = 1.0;      // and they are still there
+    left[0][0] = left[1][1] = 1.0;      // and they are still live
     ASSERT_EQ(m.AllocMemory(6, 2), 1);  // two old rows, not six
     EXPECT_EQ(LiveBlocks(), before + 4);
   }

@@ -18,13 +18,13 @@ struct CountingBuffer : std::stringbuf {
   }
 };
 
-/// What reading `text` into a 2 x 2 matrix of 9s leaves, as its two counts.
+/// The two counts after reading `text` into a 2 x 2 matrix of 9s.
 std::pair<int, int> CountsAfter(const std::string& text) {
   CZEPHDoubleMatrix m(2, 2, 9.0);
   std::istringstream in(text);
   EXPECT_EQ(&(in >> m), &in);
   const std::pair<int, int> counts(m.m_nRows, m.m_nColumns);
-  m.m_nRows = 2;  // what the storage has, so that all of it is released
+  m.m_nRows = 2;  // the real count, so that all storage is released
   return counts;
 }
 
@@ -96,7 +96,7 @@ TEST(DoubleMatrixText, AFailedReadKeepsTheStorageAndWhatItReadBefore) {
   EXPECT_EQ(m.m_ppData, table);
   EXPECT_EQ(table[0][1], 2.0);
   EXPECT_EQ(table[1][1], 9.0);
-  good >> m;  // size 0, but the rows are there
+  good >> m;  // size 0, but the rows exist
   EXPECT_TRUE(SameBits(Elements(m), {{5, 6}, {7, 8}}));
 }
 

@@ -1,4 +1,5 @@
-// Ends while another thread goes on: the thread's negations must last until the process is gone.
+// Ends while another thread is running: that thread's negations must stay valid until the process
+// is gone.
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
@@ -24,7 +25,8 @@ void Work() {
   for (;;) std::this_thread::yield();
 }
 
-/// Made before the library's first negation, so destroyed after what it leaves with exit().
+/// Constructed before the library's first negation, so destroyed after what that registers with
+/// exit().
 struct Late {
   ~Late() {
     again = true;

@@ -112,7 +112,7 @@ TEST(MatrixStorage, AWholeObjectOperationOnAFreedMatrixFindsNoElement) {
   CZEPHVector column(2, kOneToSix);
   freed.SetCol(0, column);
   freed = full;
-  EXPECT_EQ(freed.m_ppData, nullptr);  // same size: copied into what is there
+  EXPECT_EQ(freed.m_ppData, nullptr);  // same size: no storage is allocated
   full = freed;
   EXPECT_TRUE(SameBits(Elements(full), {{1, 2, 3}, {4, 5, 6}}));
   CZEPHMatrix other(1, 1, kOneToSix);

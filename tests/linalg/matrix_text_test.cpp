@@ -1,4 +1,4 @@
-// Text of the general matrix and vector. The streams of the process are put back after each test.
+// Text of the general matrix and vector. The streams of the process are restored after each test.
 #include <gtest/gtest.h>
 
 #include <iostream>

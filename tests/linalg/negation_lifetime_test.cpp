@@ -1,4 +1,4 @@
-// The references that the member unary minus of the double matrix gives out.
+// The references that the member unary minus of the double matrix returns.
 #include <gtest/gtest.h>
 
 #include <atomic>

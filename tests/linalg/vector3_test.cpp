@@ -230,7 +230,7 @@ TEST(Vector3, ClampsEachComponentByTheScalarRule) {
   ZEPH_MathClamp(crossed, 10.0, 5.0);
   ExpectIs(crossed, 5, 5, 5);
   V own(3, 1, 9);
-  ZEPH_MathClamp(own, own.m_y, 2.0);  // the bound is a component, raised by nothing
+  ZEPH_MathClamp(own, own.m_y, 2.0);  // the bound is a component, which nothing raises
   ExpectIs(own, 2, 1, 2);
 }
 
@@ -274,7 +274,7 @@ TEST(Vector3, CountsItsLiveObjects) {
     EXPECT_EQ((a ^ b, V::HowMany()), 5);
     const V moved(std::move(d));
     EXPECT_EQ(V::HowMany(), 5);
-    const V bisector = Bisect(a, b);  // its two arguments are copies, gone by now
+    const V bisector = Bisect(a, b);  // its two arguments are copies, destroyed by now
     EXPECT_EQ(V::HowMany(), 6);
     const V between(V(0, 0, 0), a);
     EXPECT_EQ(V::HowMany(), 7);

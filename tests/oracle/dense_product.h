@@ -15,7 +15,7 @@ inline Rows DenseProduct(const Rows& a, const Rows& b, std::size_t rows, std::si
   Rows out(rows, std::vector<double>(cols));
   for (std::size_t i = 0; i < rows; ++i)
     for (std::size_t j = 0; j < cols; ++j) {
-      volatile double sum = 0.0;  // volatile: every product and sum is rounded by itself
+      volatile double sum = 0.0;  // volatile: every product and sum is rounded separately
       for (std::size_t k = 0; k < inner; ++k) {
         volatile double product = a[i][k] * b[k][j];
         sum = sum + product;

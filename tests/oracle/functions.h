@@ -1,5 +1,5 @@
-// Sine, cosine, tangent and logarithm of the library's kind: the runtime's, or the correctly rounded ones,
-// which tests/portable_math and the long proof compare with MPFR's.
+// The sine, cosine, tangent and logarithm that the library uses: the runtime's, or the correctly
+// rounded ones, which tests/portable_math and the long proof compare with MPFR's.
 #ifndef ZEPH_TESTS_ORACLE_FUNCTIONS_H
 #define ZEPH_TESTS_ORACLE_FUNCTIONS_H
 

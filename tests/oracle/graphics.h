@@ -1,5 +1,5 @@
-// The single-precision vectors and the 4x4 matrix, one rounding after another, on plain arrays.
-// Matrices are column-major: entry 4 * column + row.
+// The single-precision vectors and the 4x4 matrix on plain arrays, every operation rounded
+// separately. Matrices are column-major: entry 4 * column + row.
 #ifndef ZEPH_TESTS_ORACLE_GRAPHICS_H
 #define ZEPH_TESTS_ORACLE_GRAPHICS_H
 
@@ -14,7 +14,7 @@ namespace oracle {
 using Vector = std::vector<float>;  // two to four components
 using Matrix = std::array<float, 16>;
 
-// One rounding to float per call, whatever the compiler does around it.
+// One rounding to float per call, whatever the compiler does.
 inline float Add(float a, float b) {
   volatile float r = a + b;
   return r;
@@ -102,7 +102,7 @@ inline Vector Projected(const Vector& v) {
   return {Div(v[0], v[3]), Div(v[1], v[3]), Div(v[2], v[3])};
 }
 
-// The runtime's sine and cosine at run time, never the compiler's own idea of a constant.
+// Sine and cosine computed at run time, never folded by the compiler.
 inline double Radians(double degrees) {
   volatile double product = degrees * 3.141592653589793;
   volatile double radians = product / 180.0;

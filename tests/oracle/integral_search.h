@@ -1,5 +1,5 @@
-// The integer searches, a statement a step; elements come through a function, so that what is read
-// can be watched.
+// The integer searches, a statement a step; elements are read through a function, so that reads can
+// be recorded.
 #ifndef ZEPH_TESTS_ORACLE_INTEGRAL_SEARCH_H
 #define ZEPH_TESTS_ORACLE_INTEGRAL_SEARCH_H
 
@@ -34,7 +34,7 @@ inline int BinarySearch(const std::vector<int>& a, int n, int key) {
 
 using Seen = std::set<std::tuple<int, int, int>>;
 
-/// `seen` ends as all arguments met; `recurred` tells whether some came twice.
+/// `seen` receives all arguments; `recurred` tells whether some came twice.
 template <class Read>
 int RecursiveSearch(Read read, int low, int high, int key, Seen& seen, bool& recurred) {
   if (low > high) return -1;

@@ -4,7 +4,7 @@
 
 namespace oracle {
 
-/// `greater` tells whether the new node goes behind the current one.
+/// `greater` tells whether the new node goes after the current one.
 template <class Node, class Greater>
 void InsertOrdered(Node*& head, Node* node, Greater greater) {
   if (!head) {

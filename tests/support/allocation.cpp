@@ -9,7 +9,7 @@
 namespace zeph::test {
 namespace {
 
-constexpr std::size_t kLargestRequest = std::size_t{1} << 30;  // more is refused, not tried
+constexpr std::size_t kLargestRequest = std::size_t{1} << 30;  // larger requests are refused
 constexpr int kMostEvents = 4096;
 
 std::atomic<long> live{0};
@@ -29,7 +29,7 @@ void Record(AllocationEvent::Kind kind, void* block, std::size_t bytes) {
 [[noreturn]] void Throw() {
   if (failure == Failure::kBadAlloc || !fired) throw std::bad_alloc();
   const long inner = failIn;
-  failIn = 0;  // the exception object itself must be had
+  failIn = 0;  // the exception object itself must be allocated
   auto* exception = new CMemoryException;
   failIn = inner;
   throw exception;
@@ -112,7 +112,7 @@ std::vector<AllocationEvent> RecordAllocations::Events() const {
 
 using zeph::test::AllocationEvent;
 
-// An operator that answers null is against the rules, which is what Failure::kNull is for.
+// An operator that returns null violates the standard, which Failure::kNull does on purpose.
 #ifdef __clang__
 #define ZEPH_MAY_ANSWER_NULL __attribute__((no_sanitize("returns-nonnull-attribute")))
 #else

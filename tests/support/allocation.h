@@ -14,20 +14,20 @@
 
 namespace zeph::test {
 
-/// What a failing allocation throws; kNull: nothing, it answers null as some old operators do.
+/// What a failing allocation throws; kNull: nothing, it returns null as some old operators do.
 enum class Failure { kBadAlloc, kMemoryException, kNull };
 
-/// True when the library's allocations come through the operators of this program.
+/// True when the library's allocations use the operators of this program.
 bool InterceptsLibraryAllocations();
 
 /// Blocks allocated and not yet released, by any of the operators, in this program.
 long LiveBlocks();
 
-/// Allocations asked for so far, failed ones included.
+/// Allocations requested so far, failed ones included.
 long AllocationCount();
 
-/// While alive: the `k`-th allocation from now (1 = the next) fails; with `andAllAfter`, every
-/// later one too. k = 0 fails none.
+/// During its lifetime the `k`-th allocation from now (1 = the next) fails; with `andAllAfter`,
+/// every later one too. k = 0 fails none.
 class FailAllocation {
  public:
   explicit FailAllocation(long k, bool andAllAfter = false, Failure how = Failure::kBadAlloc);
@@ -45,8 +45,8 @@ struct AllocationEvent {
   std::size_t bytes;  // asked for; 0 for releases
 };
 
-/// While alive, records the calls of this thread in order (up to 4096; null releases left out). One
-/// thread at a time may record.
+/// During its lifetime records the calls of this thread in order (up to 4096; without releases of
+/// null). One thread at a time may record.
 class RecordAllocations {
  public:
   RecordAllocations();
@@ -56,7 +56,7 @@ class RecordAllocations {
   std::vector<AllocationEvent> Events() const;
 };
 
-/// Whether `body` lets the exception of exhausted memory pass.
+/// Whether the exception of exhausted memory passes out of `body`.
 template <class Body>
 bool Throws(Body body) {
   try {
@@ -71,7 +71,7 @@ bool Throws(Body body) {
 }
 
 /// Calls `body()` with the 1st, 2nd, ... allocation failing until it runs without a failure;
-/// `check` is called after each failed run, with k. Gives the number of failed runs.
+/// `check` is called after each failed run, with k. Returns the number of failed runs.
 template <class Body, class Check>
 long FailEachAllocation(Failure how, bool andAllAfter, Body body, Check check) {
   for (long k = 1;; ++k) {
@@ -90,7 +90,7 @@ inline constexpr char kAllocatesForItself[] = "the DLL has its own allocator";
 
 }  // namespace zeph::test
 
-/// Skips a test that watches or fails the library's own allocations where they are out of reach.
+/// Skips a test that observes or fails the library's own allocations where that is impossible.
 #define ZEPH_NEEDS_LIBRARY_ALLOCATIONS()             \
   if (!::zeph::test::InterceptsLibraryAllocations()) \
   GTEST_SKIP() << ::zeph::test::kAllocatesForItself

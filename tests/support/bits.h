@@ -31,13 +31,13 @@ T FromBits(BitsOf<T> bits) {
   return x;
 }
 
-/// Moved values keep their bits, a NaN's too.
+/// For moved values: equal bits, a NaN's included.
 template <class T>
 bool SameBits(T a, T b) {
   return Bits(a) == Bits(b);
 }
 
-/// Computed values: equal bits, or both NaN (its sign and payload are the processor's).
+/// For computed values: equal bits, or both NaN (the processor chooses its sign and payload).
 template <class T>
 bool SameValue(T a, T b) {
   return Bits(a) == Bits(b) || (a != a && b != b);

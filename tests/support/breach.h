@@ -1,4 +1,4 @@
-// Breaking a precondition in a child program, and what is expected of it there in hardened builds.
+// Breaks a precondition in a child program, with the result expected in hardened builds.
 #ifndef ZEPH_TESTS_SUPPORT_BREACH_H
 #define ZEPH_TESTS_SUPPORT_BREACH_H
 
@@ -24,7 +24,7 @@ int MakeBreach(int argc, char** argv, const Breach (&breaches)[N]) {
   return 2;
 }
 
-/// Keeps a value that is computed for its breach alone.
+/// Keeps a value that is computed only for its breach.
 template <class T>
 void Use(const T& value) {
   static volatile std::uintptr_t kept;

@@ -28,7 +28,8 @@ std::string Quote(const std::string& text) {
 
 std::string ProgramPath(const std::string& name) {
 #ifdef _WIN32
-  // The folder of this program: a configured path would be the cross-building system's.
+  // The folder of this program: a configured path would be that of the build system in cross
+  // builds.
   char self[MAX_PATH];
   const std::string path(self, GetModuleFileNameA(nullptr, self, MAX_PATH));
   return path.substr(0, path.find_last_of('\\') + 1) + name + ".exe";
@@ -37,7 +38,8 @@ std::string ProgramPath(const std::string& name) {
 #endif
 }
 
-/// The standard streams of a Windows program are in text mode: what it wrote is before translation.
+/// The standard streams of a Windows program are in text mode: the program wrote it before
+/// translation.
 std::string AsWritten(const std::string& text) {
 #ifdef _WIN32
   std::string written;
@@ -79,7 +81,7 @@ ChildResult RunChild(const std::string& name, const std::vector<std::string>& ar
 #ifdef _WIN32
   command = '"' + command + '"';  // the command processor strips the outer pair
 #endif
-  // -1 is no child's status: the runtime could not start one. Under Wine that happens, if seldom.
+  // -1 is no child's status: the runtime could not start one, which rarely happens under Wine.
   constexpr int kNotStarted = -1, kAttempts = 3;
   int status = kNotStarted;
   for (int attempt = 0; attempt < kAttempts && status == kNotStarted; ++attempt)

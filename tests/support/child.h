@@ -1,4 +1,4 @@
-// Running a program to its end with both output streams captured apart.
+// Runs a program to its end with both output streams captured separately.
 #ifndef ZEPH_TESTS_SUPPORT_CHILD_H
 #define ZEPH_TESTS_SUPPORT_CHILD_H
 
@@ -30,7 +30,7 @@ class CaptureStdout {
   ~CaptureStdout();
   CaptureStdout(const CaptureStdout&) = delete;
   CaptureStdout& operator=(const CaptureStdout&) = delete;
-  /// Ends the capture and gives the bytes.
+  /// Ends the capture and returns the bytes.
   std::string Text();
 
  private:

@@ -1,5 +1,5 @@
-// Memory that ends where a page ends, or begins where one begins, beside pages that nobody may touch: an element
-// too many ends the program. Only where there is mmap: ZEPH_TEST_GUARDED.
+// Memory that ends or begins at a page boundary beside inaccessible pages: an access outside ends
+// the program. Only where mmap exists: ZEPH_TEST_GUARDED.
 #ifndef ZEPH_TESTS_SUPPORT_GUARDED_H
 #define ZEPH_TESTS_SUPPORT_GUARDED_H
 
@@ -33,7 +33,7 @@ class Guarded {
   Guarded(const Guarded&) = delete;
   Guarded& operator=(const Guarded&) = delete;
 
-  /// Room for `n` elements that touches the forbidden page behind it, or the one before it.
+  /// Space for `n` elements adjacent to the inaccessible page after it, or the one before it.
   template <class T>
   T* Room(std::size_t n, bool atEnd) const {
     return reinterpret_cast<T*>(atEnd ? first_ + bytes_ - n * sizeof(T) : first_);

@@ -1,4 +1,5 @@
-// What hardened builds do at a broken precondition: the expectations of the `hardened_test.cpp`.
+// The behaviour of hardened builds at a broken precondition: expectations for each
+// `hardened_test.cpp`.
 #ifndef ZEPH_TESTS_SUPPORT_HARDENED_H
 #define ZEPH_TESTS_SUPPORT_HARDENED_H
 

@@ -1,5 +1,5 @@
-// What people sort, and what somebody may send: contents that keep the order from being unique, in
-// orders that the classic walks are slow on.
+// Ordinary and adversarial inputs for sorts: contents whose order is not unique, in orders that the
+// classic algorithms are slow on.
 #ifndef ZEPH_TESTS_SUPPORT_HOSTILE_H
 #define ZEPH_TESTS_SUPPORT_HOSTILE_H
 
@@ -17,8 +17,8 @@
 namespace zeph::test {
 
 /// Input on which median-of-three of (first, middle, last) quicksort splits off two elements at a
-/// time until half of them are gone: the least wait where the middle will be and at even places of
-/// the first half, and the greater half, in any order, fills the rest.
+/// time until half of them are gone: the smallest are where the middle element will be and at even
+/// places of the first half; the greater half, in any order, fills the rest.
 inline std::vector<double> MedianOfThreeKiller(std::size_t n) {
   std::vector<double> v(n);
   Random random(n);
@@ -31,9 +31,9 @@ inline std::vector<double> MedianOfThreeKiller(std::size_t n) {
   return v;
 }
 
-/// Plays the documented quicksort against itself: values are not fixed before a comparison asks for
-/// them, and then so that the element about to become the pivot is among the least. `specials` are
-/// the places of NaNs, which compare as nothing and move as the walk moves them.
+/// Plays an adversary against the documented quicksort: a value is fixed only when a comparison
+/// needs it, and then so that the next pivot is among the smallest. `nans` are the places of NaNs,
+/// for which every comparison is false and which move like other elements.
 class QuickSortAdversary {
  public:
   QuickSortAdversary(std::size_t n, const std::vector<std::size_t>& nans)
@@ -44,7 +44,7 @@ class QuickSortAdversary {
     for (double& x : value_)
       if (x == kOpen) x = next_++;
   }
-  /// 0, 1, 2, ... and the NaNs, in the order that the walk is slow on.
+  /// 0, 1, 2, ... and the NaNs, in the order that the quicksort is slow on.
   const std::vector<double>& Values() const { return value_; }
 
  private:
@@ -92,14 +92,13 @@ class QuickSortAdversary {
     }
   }
 
-  std::vector<double> value_;  // by the place that the element had
+  std::vector<double> value_;  // by the element's original place
   std::vector<std::size_t> at_;
   const double* candidate_ = nullptr;
   double next_ = 0;
 };
 
-/// What is among the values. Every kind but the first keeps their ascending order from being
-/// unique.
+/// The kind of contents. With every kind but the first, the ascending order is not unique.
 enum class Content {
   kPlain,
   kBothZeros,
@@ -136,7 +135,7 @@ inline bool IsNan(Content content) {
   return content == Content::kOneNan || content == Content::kOnePercentNans;
 }
 
-/// Less as values; NaNs do not take part.
+/// Comparison of values; NaNs do not take part.
 inline void Arrange(std::vector<double>& v, Arrangement arrangement) {
   std::vector<std::size_t> at;  // where there is a number
   for (std::size_t i = 0; i < v.size(); ++i)
@@ -161,8 +160,8 @@ inline void Arrange(std::vector<double>& v, Arrangement arrangement) {
 
 namespace hostile {
 
-/// Zeros of both signs instead of `count` neighbours among the greater values, which the walk keeps
-/// in the larger piece for long.
+/// Zeros of both signs in place of `count` adjacent greater values, which stay in the larger piece
+/// for long.
 inline void PutZeros(std::vector<double>& v, std::size_t count, Random& random) {
   std::vector<double> values = v;
   std::sort(values.begin(), values.end());
@@ -187,8 +186,8 @@ inline std::vector<double> Killer(Content content, std::size_t n,
 
 }  // namespace hostile
 
-/// `n` values of a kind in an order. A killer of up to 4096 elements is the adversary's; of more it
-/// is the one for plain values, with the special ones put among them.
+/// `n` values of a kind in an order. A killer of up to 4096 elements is the adversary's; a longer
+/// one is that for plain values, with the special values inserted.
 inline std::vector<double> Hostile(Content content, Arrangement arrangement, std::size_t n,
                                    std::uint64_t seed, double lo = -100, double hi = 100) {
   Random random(seed);

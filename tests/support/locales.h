@@ -1,4 +1,4 @@
-// Locales whose numbers look otherwise, where the system has them.
+// Locales with other number formats, where the system has them.
 #ifndef ZEPH_TESTS_SUPPORT_LOCALES_H
 #define ZEPH_TESTS_SUPPORT_LOCALES_H
 
@@ -9,7 +9,8 @@ constexpr const char* kCommaLocales[] = {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF
                                          "de-DE"};
 constexpr const char* kWidePointLocales[] = {"ps_AF.UTF-8", "ps_AF.utf8", "ps_AF"};
 
-/// The first of `names` that the system has is the locale of the process's numbers while this lives.
+/// During its lifetime the first of `names` that the system has is the process's locale for
+/// numbers.
 class ProcessLocale {
  public:
   template <class Names>

@@ -24,7 +24,8 @@ static bool ChooseKernels() {
 #endif
 
 /// Runs the tests with the stack moved down by as many bytes as ZEPH_TEST_STACK_SHIFT says (a multiple of
-/// 16): where the system aligns the stack to 16 bytes only, luck decides what a wide register meets.
+/// 16): where the system aligns the stack to 16 bytes only, the alignment of a spilled wide
+/// register is a matter of luck.
 static int RunAllTests() {
   const char* shift = std::getenv("ZEPH_TEST_STACK_SHIFT");
   auto* below = static_cast<volatile char*>(
@@ -45,7 +46,7 @@ static bool LibraryIsTheWantedOne() {
   return false;
 }
 
-constexpr int kSkipped = 77;  // ctest's word for "cannot run here"
+constexpr int kSkipped = 77;  // ctest's status for "cannot run here"
 
 int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);

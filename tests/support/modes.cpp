@@ -14,7 +14,7 @@
 namespace zeph::test {
 namespace {
 
-// What WebAssembly does not have can be neither raised nor seen.
+// Exceptions that WebAssembly does not have can be neither raised nor tested.
 #if defined(FE_INVALID)
 constexpr int kInvalid = FE_INVALID, kByZero = FE_DIVBYZERO, kOverflow = FE_OVERFLOW;
 #else
@@ -53,13 +53,13 @@ std::vector<std::pair<bool, bool>> DenormalModes() {
 }
 #endif
 
-/// Sets a mode with no exception raised; afterwards everything is as it was.
+/// Sets a mode with no exception raised and restores everything afterwards.
 class InMode {
  public:
   InMode(const Mode& mode, bool trapping) {
     rounding_ = std::fegetround();
-    std::feholdexcept(&before_);        // nothing traps
-    std::feclearexcept(FE_ALL_EXCEPT);  // nor is raised: some runtimes hold it so for the x87 only
+    std::feholdexcept(&before_);        // disables traps
+    std::feclearexcept(FE_ALL_EXCEPT);  // and clears flags: some runtimes do that for the x87 only
     std::fesetround(mode.rounding);
     SetDenormals(mode.zerosForInputs, mode.zerosForResults);
 #if defined(__GLIBC__)
@@ -132,7 +132,7 @@ std::string ExceptionNames(int raised) {
 }
 
 void ForEachForm(const std::function<void(const std::string& name)>& visit) {
-#ifdef ZEPH_TEST_SHARED  // which hides its kernels
+#ifdef ZEPH_TEST_SHARED  // where the kernels are hidden
   visit("the form in use");
 #else
   const kernels::Table& before = kernels::Active();

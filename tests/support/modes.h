@@ -1,5 +1,5 @@
-// The floating-point modes of a host: the direction of rounding, denormals counted as zeros or
-// flushed to zero, and exceptions that trap.
+// The floating-point modes of a host: the rounding direction, denormals treated as zeros or flushed
+// to zero, and exceptions that trap.
 #ifndef ZEPH_TESTS_SUPPORT_MODES_H
 #define ZEPH_TESTS_SUPPORT_MODES_H
 
@@ -15,7 +15,7 @@ namespace zeph::test {
 
 struct Mode {
   int rounding;          // as <cfenv> has it
-  bool zerosForInputs;   // denormal operands count as zeros
+  bool zerosForInputs;   // denormal operands are treated as zeros
   bool zerosForResults;  // denormal results become zeros; one switch for both on ARM
   std::string name;
 };
@@ -23,15 +23,15 @@ struct Mode {
 /// All modes that this processor has, the usual one first.
 const std::vector<Mode>& Modes();
 
-/// Whether the processor tells of exceptions and rounds as it is told: that of valgrind does neither
-/// throughout.
+/// Whether the processor raises exceptions and obeys the rounding direction: valgrind's does
+/// neither completely.
 bool HasFloatingPointEnvironment();
 
 /// Calls `steps` in `mode` and returns which of the exceptions invalid, division by zero and
-/// overflow were raised. With `trapping` they trap, where the system can have them trap.
+/// overflow were raised. With `trapping` they trap, where the system supports it.
 int RaisedBy(const Mode& mode, const std::function<void()>& steps, bool trapping = false);
 
-/// "invalid overflow", say.
+/// For example "invalid overflow".
 std::string ExceptionNames(int raised);
 
 /// Calls `visit(name)` once for each form of the kernels that can be chosen here, with it in use.
@@ -46,8 +46,8 @@ bool Same(const std::vector<T>& got, const std::vector<T>& want, bool moved) {
 
 enum class Results { kMoved, kComputed };
 
-/// Whether the compiler keeps to the flags of the operations as they are written. clang++ 14 computes
-/// ahead what may not be needed.
+/// Whether the compiler preserves the flags of operations. clang++ 14 speculates operations that
+/// may not be needed.
 #if defined(__clang__)
 constexpr bool kFlagsAreKept = false;
 #else

@@ -45,7 +45,8 @@ const std::vector<T>& SpecialValues() {
   return values;
 }
 
-/// Any mixture: a third special, a third of any magnitude, a third small whole numbers (ties).
+/// A mixture: one third special values, one third of any magnitude, one third small integers
+/// (ties).
 template <class T>
 T AwkwardValue(Random& random) {
   switch (random.Below(3)) {
@@ -88,7 +89,7 @@ void ForEachArray(const std::vector<T>& alphabet, std::size_t n, Visit visit) {
   }
 }
 
-/// A family of orders for the sorts, by name.
+/// A named family of input orders for the sorts.
 struct Order {
   const char* name;
   std::function<std::vector<double>(std::size_t n, std::uint64_t seed)> make;

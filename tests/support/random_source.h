@@ -1,4 +1,4 @@
-// What the library's generator will give next: the C runtime's, as 15-bit numbers, or its own.
+// The next numbers of the library's generator: the C runtime's, as 15-bit numbers, or its own.
 #ifndef ZEPH_TESTS_SUPPORT_RANDOM_SOURCE_H
 #define ZEPH_TESTS_SUPPORT_RANDOM_SOURCE_H
 
@@ -28,7 +28,7 @@ inline std::vector<int> DrawsAfterSeed(unsigned seed, std::size_t n) {
   return draws;
 }
 
-/// Seeds it; the runtime's as an application does, past the library.
+/// Seeds it; the runtime's directly, as an application does.
 inline void Seed(unsigned seed) {
   if (ZEPH_PortableMath)
     ZEPH_MathRandomSeed(seed);

@@ -1,4 +1,4 @@
-// How much of a long, exhaustive test runs: all of it in an optimised build, unless the environment
+// The scale of long, exhaustive tests: all cases in an optimised build, unless the environment
 // variable ZEPH_TEST_SAMPLE is set (valgrind, emulated processors).
 #ifndef ZEPH_TESTS_SUPPORT_SCALE_H
 #define ZEPH_TESTS_SUPPORT_SCALE_H

@@ -1,4 +1,4 @@
-// The selection sort's report, worked out from the random values that it shows before sorting.
+// The selection sort's report, computed from the random values that it shows before sorting.
 #ifndef ZEPH_TESTS_SUPPORT_SELECTION_REPORT_H
 #define ZEPH_TESTS_SUPPORT_SELECTION_REPORT_H
 
@@ -31,7 +31,7 @@ std::string Listing(const std::vector<T>& values) {
   return lines;
 }
 
-/// The first `n` values listed in `report` behind `heading`: what the generator happened to give.
+/// The first `n` values listed in `report` after `heading`: the generator's draws.
 template <class T>
 std::vector<T> ValuesBehind(const std::string& report, const std::string& heading, int n) {
   std::size_t at = report.find("===Before Sorting===", report.find(heading));
@@ -53,7 +53,7 @@ std::string Sorting(std::vector<T> values) {
 
 }  // namespace detail
 
-/// What a report of `n` values is to be, given the values that `report` shows as unsorted.
+/// The expected report of `n` values, given those that `report` shows as unsorted.
 inline std::string ExpectedSelectionReport(const std::string& report, int n) {
   return "\n@@@( CZEPHSelectionSort::Test1()...BEGIN\n@@@( Interger array sorting...\n" +
          detail::Sorting(detail::ValuesBehind<int>(report, "Interger", n)) +

@@ -1,4 +1,4 @@
-// What is written to a FILE*.
+// The output written to a FILE*.
 #ifndef ZEPH_TESTS_SUPPORT_STREAM_H
 #define ZEPH_TESTS_SUPPORT_STREAM_H
 

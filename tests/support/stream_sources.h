@@ -1,4 +1,4 @@
-// Stream buffers that hand out a text in every way that a program's own might.
+// Stream buffers that supply a text in every way that a program's own might.
 #ifndef ZEPH_TESTS_SUPPORT_STREAM_SOURCES_H
 #define ZEPH_TESTS_SUPPORT_STREAM_SOURCES_H
 
@@ -10,8 +10,8 @@
 
 namespace zeph::test {
 
-/// Shows at most `portion` characters at a time; 0 shows none, as an unbuffered source. Throws in place of
-/// the refill at or behind the character counted `throwing`.
+/// Supplies at most `portion` characters at a time; 0 supplies none, as an unbuffered source.
+/// Throws instead of a refill at or after character `throwing`.
 class Source : public std::streambuf {
  public:
   static constexpr std::size_t kNever = ~std::size_t{0};
@@ -47,7 +47,7 @@ class Source : public std::streambuf {
   std::size_t portion_, throwing_, next_ = 0;
 };
 
-/// Takes all and counts how often it is flushed.
+/// Accepts everything and counts flushes.
 class FlushCounter : public std::streambuf {
  public:
   int flushes = 0;

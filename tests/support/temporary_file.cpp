@@ -40,8 +40,8 @@ constexpr int kNone = -1;
 
 void Close(int) {}
 
-/// Creates the file and gives no descriptor: the command processor cannot send a child's output to a
-/// file that is open for writing elsewhere.
+/// Creates the file without keeping a descriptor: the command processor cannot send a child's
+/// output to a file that is open for writing elsewhere.
 int Create(std::string& path) {
   static int counter = 0;
   path =
@@ -64,7 +64,7 @@ bool IsFile(const std::string& path, int descriptor) {
          named.st_dev == opened.st_dev && named.st_ino == opened.st_ino;
 }
 
-/// Creates the file and gives its descriptor.
+/// Creates the file and returns its descriptor.
 int Create(std::string& path) {
   path = TemporaryFolder() + "/zeph_XXXXXX";
   const int descriptor = mkstemp(path.data());
@@ -90,7 +90,7 @@ TemporaryFile::TemporaryFile() : descriptor_(Create(path_)) {}
 
 TemporaryFile::~TemporaryFile() {
   Close(descriptor_);
-  std::remove(path_.c_str());  // of a file without a name, this path is gone already
+  std::remove(path_.c_str());  // a file without a name has no path any more
 }
 
 std::string ReadFile(const std::string& path) {

@@ -9,11 +9,11 @@ namespace zeph::test {
 /// Where the tests write: the folder that TMPDIR (on Windows TEMP) names, else that of the test programs.
 std::string TemporaryFolder();
 
-/// A new empty file of the test's own in TemporaryFolder(). Where nothing can be written, the program says
-/// so and ends.
+/// A new empty file of the test's own in TemporaryFolder(). If none can be created, the program
+/// reports it and ends.
 ///
-/// The file is gone with the object. On Linux it has no name from the beginning, so that a test that dies
-/// leaves nothing; `Path()` is then the descriptor's, good in this process and in those that it starts.
+/// The file is deleted with the object. On Linux it never has a name, so that a crashed test leaves
+/// nothing; `Path()` is then the descriptor's, valid in this process and its children.
 class TemporaryFile {
  public:
   TemporaryFile();

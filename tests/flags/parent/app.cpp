@@ -1,4 +1,4 @@
-// A program of the parent's: something of each header, printed with every bit.
+// A program of a parent project: something from each header, printed with every bit.
 #include <ZEPHDataStructureEngine/ZEPHDataStructureEngine.h>
 
 #include <cstdio>

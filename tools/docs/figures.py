@@ -1,6 +1,6 @@
-"""Puts the tables between the marks of docs/reliability.md and docs/mutants.md, from docs/data. --check: says whether
-they are those already."""
+"""Puts the tables between the marks of the pages, from docs/data. --check: says whether they are those already."""
 import json
+import re
 import sys
 from itertools import groupby
 from pathlib import Path
@@ -14,11 +14,15 @@ def read(name):
     return json.loads(path.read_text()) if path.exists() else {}
 
 
+def cell(value):
+    return f"{value:,}" if isinstance(value, int) else str(value)
+
+
 def table(head, align, rows):
     if not rows:
         return "Not recorded since the tables are made from data: `ZEPH_RECORD=1`, then `tools/docs/figures.py`."
     lines = ["| " + " | ".join(head) + " |", "|" + "|".join(align) + "|"]
-    return "\n".join(lines + ["| " + " | ".join(str(c) for c in row) + " |" for row in rows])
+    return "\n".join(lines + ["| " + " | ".join(map(cell, row)) + " |" for row in rows])
 
 
 def steps():
@@ -95,8 +99,76 @@ def explained():
     return "\n\n".join(parts)
 
 
-PAGES = {"docs/reliability.md": {"steps": steps, "fuzz": fuzz, "by-hand": by_hand},
-         "docs/mutants.md": {"figures": mutants, "survivors": explained}}
+def proofs():
+    rows = [(p["what"], p["cases"], p["comparisons"], p["differences"], p["date"], p["commit"])
+            for p in read("proofs")["oracle"]]
+    rows.append(("all", *(sum(row[k] for row in rows) for k in (1, 2, 3)), "", ""))
+    return table(["proof", "cases", "comparisons", "differences", "date", "commit"], ["---"] + ["---:"] * 3 + ["---"] * 2,
+                 rows)
+
+
+def functions():
+    rows = [(p["what"], p["results"], p["misrounded"], p["date"], p["commit"]) for p in read("proofs")["functions"]]
+    return table(["arguments", "results compared", "misrounded", "date", "commit"],
+                 ["---", "---:", "---:", "---", "---"], rows)
+
+
+def expected(portable):
+    """The built-in digests: of the lines that are the same everywhere, or of those that ZEPH_PORTABLE_MATH decides."""
+    text = Path("tools/selftest/expected.h").read_text()
+    results = read("selftest")["results"]
+    rows = [(line.replace("_", " "), results.get(line, ""), f"`{own}`")
+            for line, own in re.findall(r'\{"([^"]+)", 0x\w+u, 0x(\w+)u\}', text)
+            if line != "large" and (":" in line) == portable]
+    return table(["line" if portable else "subsystem", "results", "digest"], ["---", "---:", "---"], rows)
+
+
+def digests():
+    return expected(False)
+
+
+def portable_digests():
+    return expected(True)
+
+
+def agreed():
+    rows = [(a["what"], a["builds"], a["date"], a["commit"]) for a in read("selftest")["agreed"]]
+    return table(["digests", "builds", "date", "commit"], ["---"] * 4, rows)
+
+
+def thresholds():
+    found = read("thresholds")
+    rows = [(row["work"], ", ".join(f"{size}: {ratio:.2f}" for size, ratio in row["sizes"].items()))
+            for row in found["rows"]]
+    return (f"Measured on {found['date']}, at commit {found['commit']}, on {found['machine']}:\n\n" +
+            table(["work", "size: time of one thread / time of two"], ["---", "---"], rows))
+
+
+def forms(name):
+    def make():
+        found = read("forms")
+        of = found["tables"][name]
+        return (f"{of['caption']} Measured on {found['date']} on {found['machine']}.\n\n" +
+                table(of["head"], ["---"] * len(of["head"]), of["rows"]))
+    return make
+
+
+def developer():
+    found = read("developer")
+    rows = [(row["what"], row.get("before", ""), row.get("now", "not measured yet"), row.get("aim", ""),
+             row.get("date", ""), row.get("commit", "")) for row in found["rows"]]
+    return (f"On {found['machine']}; \"before\" is {found['before']}. `tools/docs/developer.py --time` measures it anew.\n\n" +
+            table(["", "before", "now", "aim", "date", "commit"], ["---"] + ["---:"] * 3 + ["---"] * 2, rows))
+
+
+PAGES = {"docs/reliability.md": {"steps": steps, "proofs": proofs, "digests": digests,
+                                 "portable-digests": portable_digests, "agreed": agreed, "fuzz": fuzz,
+                                 "by-hand": by_hand},
+         "docs/mutants.md": {"figures": mutants, "survivors": explained},
+         "docs/numerics.md": {"functions": functions},
+         "docs/threads.md": {"thresholds": thresholds},
+         "src/kernels/README.md": {f"forms-{of}": forms(f"forms-{of}") for of in ("sort", "product", "elementwise")},
+         "CONTRIBUTING.md": {"developer": developer}}
 
 
 def main():

@@ -64,19 +64,18 @@ std::time_t SecondAwayFromItsTurn() {
 
 /// Randomises with a known generator; `want` is computed from the second in which it ran.
 template <class T>
-void ExpectRandomised(int sign) {
-  constexpr int kCount = 500;
+void ExpectRandomised(int sign, int count = 500) {
   for (int attempt = 0; attempt < 10; ++attempt) {
     const int first = DrawsAfterSeed(41, 1)[0];
     Seed(41);
-    std::vector<T> got(kCount + 1, T(77));
+    std::vector<T> got(static_cast<std::size_t>(count) + 1, T(77));
     const std::time_t before = SecondAwayFromItsTurn();
-    ASSERT_EQ(Tester::Randomize(got.data(), kCount, sign), 1);
+    ASSERT_EQ(Tester::Randomize(got.data(), count, sign), 1);
     if (std::time(nullptr) != before) continue;  // the second changed in between
-    Draws draws(
-        DrawsAfterSeed(static_cast<unsigned>(before) + static_cast<unsigned>(first), 2 * kCount));
-    std::vector<T> want(kCount + 1, T(77));
-    for (int i = 0; i < kCount; ++i) Fill(draws, sign, want[static_cast<std::size_t>(i)]);
+    Draws draws(DrawsAfterSeed(static_cast<unsigned>(before) + static_cast<unsigned>(first),
+                               2 * static_cast<std::size_t>(count)));
+    std::vector<T> want(static_cast<std::size_t>(count) + 1, T(77));
+    for (int i = 0; i < count; ++i) Fill(draws, sign, want[static_cast<std::size_t>(i)]);
     EXPECT_EQ(got, want);
     return;
   }
@@ -90,6 +89,10 @@ TEST(SortTester, RandomisesFromTheRuntimesGeneratorSeededWithTheTimeAndADraw) {
     ExpectRandomised<int>(sign);
     ExpectRandomised<double>(sign);
   }
+}
+
+TEST(SortTester, HalfOfTheDrawsMakeAnElementNegativeTheMiddleOneToo) {
+  ExpectRandomised<int>(1, 300'000);  // the middle one is drawn some nine times
 }
 
 TEST(SortTester, RandomisesWithinItsRanges) {

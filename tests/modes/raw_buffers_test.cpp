@@ -139,22 +139,28 @@ TEST(RawBufferModes, MergeOfSortedArrays) {
   });
 }
 
-// A NaN that no comparison of the documented steps meets.
+// A NaN behind `b`'s last element that the documented steps compare: `a` is used up before, in front of the others or
+// among them.
 TEST(RawBufferModes, MergeLooksAtNoElementThatItsStepsDoNotCompare) {
-  Doubles a(100), b(100);
-  for (std::size_t i = 0; i < 100; ++i) a[i] = static_cast<double>(i), b[i] = a[i] + 200;
-  b.back() = kNaN;
-  EXPECT_TRUE(MovesInEveryMode(
-      [&] {
-        Doubles out(200);
-        ZEPH_ArrayMergeSorted(a.data(), 100, b.data(), 100, out.data());
-        return out;
-      },
-      [&] {
-        Doubles out(200);
-        oracle::Merge(a.data(), 100, b.data(), 100, out.data());
-        return out;
-      }));
+  for (const double behind : {200.0, 1.5})
+    for (const int n : {3, 20, 98, 99, 100, 128}) {
+      Doubles a(static_cast<std::size_t>(n)), b(a);
+      for (std::size_t i = 0; i < a.size(); ++i)
+        a[i] = static_cast<double>(i), b[i] = a[i] + behind;
+      b.back() = kNaN;
+      EXPECT_TRUE(MovesInEveryMode(
+          [&] {
+            Doubles out(2 * a.size());
+            ZEPH_ArrayMergeSorted(a.data(), n, b.data(), n, out.data());
+            return out;
+          },
+          [&] {
+            Doubles out(2 * a.size());
+            oracle::Merge(a.data(), n, b.data(), n, out.data());
+            return out;
+          }))
+          << behind << " " << n;
+    }
 }
 
 TEST(RawBufferModes, AdditiveProduct) {

@@ -42,6 +42,7 @@ std::vector<T> Items(std::size_t n, T first) {
 // `stream()` gives the stream to write to; both contenders flush it, so that all is written.
 template <class T, class Stream>
 void OrderingsRow(Row& row, T first, Stream stream, double target) {
+  row.Items(0);
   auto& items = row.Keep<std::vector<T>>(Items(row.n(), first));
   const int n = static_cast<int>(row.n());
   row.Ours([&items, stream, n] {
@@ -88,6 +89,7 @@ const bool kSearches[] = {
           auto& a = row.Keep<std::vector<int>>(Items(row.n(), 0));
           auto& sum = row.Keep<int>();
           const int n = static_cast<int>(row.n());
+          row.Items(4000);
           // So many keys that a branch predictor cannot learn the ways to them.
           auto& keys = row.Keep<std::vector<int>>();
           for (double x : RandomDoubles(4000, 70, 0, n)) keys.push_back(static_cast<int>(x));

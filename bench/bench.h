@@ -55,11 +55,14 @@ struct Contender {
 class Row {
  public:
   Row(std::string family, std::string name, std::size_t n)
-      : family_(std::move(family)), name_(std::move(name)), n_(n) {}
+      : family_(std::move(family)), name_(std::move(name)), n_(n), items_(n) {}
 
   const std::string& family() const { return family_; }
   const std::string& name() const { return name_; }
   std::size_t n() const { return n_; }
+  /// The items that a call works on, for the time of one: n unless Items says otherwise; 0: none.
+  std::size_t items() const { return items_; }
+  void Items(std::size_t count) { items_ = count; }
   std::string Label() const { return family_ + "/" + name_ + "/" + std::to_string(n_); }
 
   /// An object that lives as long as the row, for the works to share.
@@ -124,7 +127,7 @@ class Row {
  private:
   friend class Runner;
   std::string family_, name_;
-  std::size_t n_;
+  std::size_t n_, items_;
   std::vector<std::shared_ptr<void>> kept_;
   std::function<void(std::size_t)> before_;
   std::function<void()> between_;

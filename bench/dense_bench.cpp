@@ -48,6 +48,7 @@ struct Matrix {
 
 /// rows x inner times inner x cols.
 void ProductRow(Row& row, std::size_t rows, std::size_t inner, std::size_t cols, double target) {
+  row.Items(rows * inner * cols);
   auto& a = row.Keep<Matrix>(rows, inner, 1);
   auto& b = row.Keep<Matrix>(inner, cols, 2);
   auto& out = row.Keep<Matrix>(rows, cols, 3);
@@ -90,6 +91,7 @@ double SquareTarget(std::size_t n) {
 /// What a caller writes: `a * b` with the storage of its result, n x n.
 void WholeProductRow(Row& row) {
   const std::size_t cells = row.n() * row.n();
+  row.Items(cells * row.n());
   const int n = static_cast<int>(row.n());
   auto& left = row.Keep<Array>(RandomDoubles(cells, 1));
   auto& right = row.Keep<Array>(RandomDoubles(cells, 2));
@@ -339,6 +341,7 @@ const bool kArrays[] = {
 const bool kRowSums[] = {
     Add("matrix", "times array", {16, 60, 250},
         [](Row& row) {
+          row.Items(row.n() * row.n());
           const int n = static_cast<int>(row.n());
           auto& m = row.Keep<Matrix>(row.n(), row.n(), 15);
           auto& ours = row.Keep<CZEPHDoubleMatrix>(n, n, m.rows.data());
@@ -360,6 +363,7 @@ const bool kRowSums[] = {
         }),
     Add("matrix", "row sums", {60, 250},
         [](Row& row) {
+          row.Items(row.n() * row.n());
           const int n = static_cast<int>(row.n());
           auto& m = row.Keep<Matrix>(row.n(), row.n(), 17);
           auto& ours = row.Keep<CZEPHMatrix>(n, n, m.cells.data());

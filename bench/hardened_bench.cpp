@@ -26,6 +26,7 @@ const bool added_scale = Add("hardened", "b[i] = a[i] * 2", {1000}, [](Row& row)
 });
 
 const bool added_matrix = Add("hardened", "sum of m[i][j]", {200}, [](Row& row) {
+  row.Items(row.n() * row.n());
   const int n = static_cast<int>(row.n());
   auto& m = row.Keep<CZEPHMatrix>(n, n);
   const auto values = RandomDoubles(row.n() * row.n(), 7);

@@ -66,6 +66,7 @@ const bool kListings[] = {
         }),
     Add("listing", "MatrixPrint", {10, 1000},
         [](Row& row) {
+          row.Items(row.n() * row.n());
           auto& a = RandomMatrix(row, 3, -1e3, 1e3);
           auto& sheet = row.Keep<Sheet>();
           const int n = static_cast<int>(row.n());
@@ -79,6 +80,7 @@ const bool kListings[] = {
 
 /// One step per cell: the time per cell stays, where the literal loop's grows with n.
 void AdditiveRow(Row& row, bool inPlace) {
+  row.Items(row.n() * row.n());
   auto& a = RandomMatrix(row, 4);
   auto& b = RandomMatrix(row, 5);
   auto& own = RandomMatrix(row, 6);
@@ -96,6 +98,7 @@ const bool kProducts[] = {
     Add("raw", "MatrixMult in place", {64, 256}, [](Row& row) { AdditiveRow(row, true); }),
     Add("raw", "MatrixTranspose", {16, 100, 1000},
         [](Row& row) {
+          row.Items(row.n() * row.n());
           auto& a = RandomMatrix(row, 7);
           auto& b = RandomMatrix(row, 8);
           const int n = static_cast<int>(row.n());
@@ -112,6 +115,7 @@ const bool kProducts[] = {
         }),
     Add("raw", "MatrixMult4", {4},
         [](Row& row) {
+          row.Items(row.n() * row.n() * row.n());
           auto& a = RandomMatrix(row, 9);
           auto& b = RandomMatrix(row, 10);
           auto& out = RandomMatrix(row, 11);
@@ -162,6 +166,7 @@ void MergeRow(Row& row, Blocks (*make)(std::size_t, unsigned long long)) {
         {{blocks.first.begin(), blocks.first.end()}, {blocks.second.begin(), blocks.second.end()}});
   }
   auto& at = row.Keep<const Pair*>();
+  row.Items(2 * n);
   auto& out = row.Keep<std::vector<T>>(2 * n);
   row.Before([&](std::size_t round) { at = &inputs[round % inputs.size()]; });
   row.Result([&] { return Numbers(out.begin(), out.end()); });
@@ -195,6 +200,7 @@ bool AddMerge(const char* name, Blocks (*make)(std::size_t, unsigned long long))
 /// A norm of a random matrix against its textbook form and, where there is one, Eigen's.
 template <class Ours, class Textbook>
 double& NormRow(Row& row, Matrix& m, Ours ours, Textbook textbook, double target = 0) {
+  row.Items(row.n() * row.n());
   auto& norm = row.Keep<double>();
   const int n = static_cast<int>(row.n());
   row.Result([&] { return Values(&norm, 1); });

@@ -119,17 +119,24 @@ std::vector<std::pair<std::string, std::vector<Group>>> Families(const std::vect
   return families;
 }
 
+/// The time of one item, mostly far below a nanosecond for arithmetic.
+std::string PerItem(const Row& row) {
+  if (row.items() == 0) return {};
+  const double seconds = row.contenders[0].best / static_cast<double>(row.items());
+  return seconds < 1e-9 ? Text("%.3f ns", seconds * 1e9) : Duration(seconds);
+}
+
 void WriteRows(std::ostream& page, const Group& group) {
   for (const Row* row : group)
     for (std::size_t i = 1; i < row->contenders.size(); ++i) {
       const Line line{row, &row->contenders[0], &row->contenders[i]};
       page << "| " << row->name() << " | " << row->n() << " | ";
       if (!Timed(*row)) {
-        page << "| " << line.peer->who << " | | not timed: " << line.peer->trouble << " | |\n";
+        page << "| | " << line.peer->who << " | | not timed: " << line.peer->trouble << " | |\n";
         continue;
       }
-      page << Duration(line.ours->best) << " | " << line.peer->who << " | "
-           << Duration(line.peer->best) << " | " << (line.Ratio() < 1 ? "_" : "**")
+      page << Duration(line.ours->best) << " | " << PerItem(*row) << " | " << line.peer->who
+           << " | " << Duration(line.peer->best) << " | " << (line.Ratio() < 1 ? "_" : "**")
            << RatioText(line.Ratio()) << (line.Ratio() < 1 ? "_" : "**") << " | ";
       if (line.peer->target > 0)
         page << RatioText(line.peer->target) << (line.Missed() ? " (missed)" : "");
@@ -141,7 +148,9 @@ const char kIntroduction[] =
     "# Performance\n\n"
     "Written by `./dev bench`. Each row is the same work, checked to give the same result, timed\n"
     "in turns with its peers in one process; the best of many rounds counts. The ratio is the\n"
-    "peer's time over ours: above 1 we are faster, and rows in italics we lose.\n\n";
+    "peer's time over ours: above 1 we are faster, and rows in italics we lose. An item is what "
+    "the\n"
+    "row has many of: an element, object, number or key and, in products, a multiplication.\n\n";
 
 const char kByHand[] = "<!-- by hand: kept when the page is written anew -->\n";
 const char kByHandEnd[] = "<!-- end of what is by hand -->\n";
@@ -205,8 +214,9 @@ bool WritePage(const std::string& folder, const std::vector<Row>& rows) {
        << ", kernels " << kernels::Active().name << ".\n\n"
        << byHand;
   for (const auto& [family, groups] : Families(rows)) {
-    page << "\n## " << family << "\n\n| case | n | ours | peer | peer's | peer / ours | target |\n"
-         << "|---|---|---|---|---|---|---|\n";
+    page << "\n## " << family
+         << "\n\n| case | n | ours | ours, an item | peer | peer's | peer / ours "
+            "| target |\n|---|---|---|---|---|---|---|---|\n";
     for (const Group& group : groups) WriteRows(page, group);
     for (const Group& group : groups) {
       if (group.size() < 3 ||

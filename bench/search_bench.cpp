@@ -44,6 +44,7 @@ struct Sought {
   int sum = 0;
 
   Sought(Row& row, std::size_t n) {
+    row.Items(1000);
     for (std::size_t i = 0; i < n; ++i) elements.push_back(static_cast<T>(3 * i));
     row.Before([this, n](std::size_t round) {
       keys.clear();

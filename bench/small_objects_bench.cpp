@@ -101,6 +101,7 @@ Numbers Content(glm::vec3& v) {
 /// Times `object = f(a, b)` with a new object each time, which dies at once.
 template <class A, class B, class F>
 Row::Options Makes(Row& row, const char* who, A a, B b, F f) {
+  row.Items(1);
   auto& left = row.Keep<A>(std::move(a));
   auto& right = row.Keep<B>(std::move(b));
   return row
@@ -118,6 +119,7 @@ Row::Options Makes(Row& row, const char* who, A a, B b, F f) {
 /// Times f(a, b), which changes `a`.
 template <class A, class B, class F>
 Row::Options Changes(Row& row, const char* who, A a, B b, F f) {
+  row.Items(1);
   auto& left = row.Keep<A>(std::move(a));
   auto& right = row.Keep<B>(std::move(b));
   return row.Peer(who, [&left, &right, f] { f(left, right); }).Result([&left] {

@@ -266,6 +266,7 @@ const bool kInts = Add("text", "ArrayDisplay int", {1000}, [](Row& row) {
 
 const bool kCells = Add("text", "MatrixPrint", {30}, [](Row& row) {
   const std::size_t n = row.n();
+  row.Items(n * n);
   auto& cells = row.Keep<std::vector<double>>(RandomDoubles(n * n, 3, -1e3, 1e3));
   auto& rows = row.Keep<std::vector<double*>>();
   for (std::size_t i = 0; i < n; ++i) rows.push_back(cells.data() + i * n);

@@ -51,6 +51,7 @@ struct Matrix {
 };
 
 void Product(Row& row) {
+  row.Items(row.n() * row.n() * row.n());
   const int n = static_cast<int>(row.n());
   auto& a = row.Keep<Matrix>(n, 1);
   auto& b = row.Keep<Matrix>(n, 2);
@@ -114,6 +115,7 @@ void Shared(Row& row, Work work) {
 }
 
 void Norm(Row& row) {
+  row.Items(row.n() * row.n());
   auto& m = row.Keep<Matrix>(static_cast<int>(row.n()), 4);
   auto& norm = row.Keep<double>(0.0);
   row.Result([&] { return Numbers{norm}; });
@@ -121,6 +123,7 @@ void Norm(Row& row) {
 }
 
 void Transposition(Row& row) {
+  row.Items(row.n() * row.n());
   auto& m = row.Keep<Matrix>(static_cast<int>(row.n()), 5);
   auto& to = row.Keep<Matrix>(static_cast<int>(row.n()), 6);
   row.Result([&] { return to.Rows(); });

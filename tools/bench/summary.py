@@ -41,10 +41,10 @@ def read(page):
         if line.startswith("## "):
             family = line[3:]
         cells = [cell.strip() for cell in line.strip("|").split("|")]
-        if line.startswith("|") and len(cells) == 7:
-            ratio = re.fullmatch(r"\*\*([\d.]+)\*\*|_([\d.]+)_", cells[5])
+        if line.startswith("|") and len(cells) == 8:
+            ratio = re.fullmatch(r"\*\*([\d.]+)\*\*|_([\d.]+)_", cells[6])
             if ratio:
-                rows.setdefault((family, cells[0], cells[1]), []).append((cells[3], float(ratio[1] or ratio[2])))
+                rows.setdefault((family, cells[0], cells[1]), []).append((cells[4], float(ratio[1] or ratio[2])))
     return rows
 
 
@@ -111,7 +111,7 @@ def summary(page):
     yield "## Words"
     yield ""
     yield ("A row is one piece of work on `n` elements (matrices: `n` by `n`; small objects: an array of `n` of them; "
-           "searches: all keys of one round), and its time is that of the whole piece, not of an element. `target` is "
+           "searches: all keys of one round), and its time is that of the whole piece; the column beside it has the time of one item. `target` is "
            "the ratio that we want at least; a row below it is marked as missed. Peers that are libraries are compiled "
            "into the program with its flags, `-O3` for the compiler's default processor; \"native\" ones with "
            "`-march=native` and fused instructions, OpenBLAS as Debian builds it, on one thread. Versions: "

@@ -18,7 +18,7 @@ void ShellSort(double* v, std::size_t n) {
     const bool zeros_only = census.nans == 0 && census.zeros == census.plus + census.minus;
     if (zeros_only && ShellSortAroundZeros(v, n, census.zeros)) return;
     if (n < kernels::SortingPaysFrom()) gap = ShellWalk(v, n, gap, kPatience);
-    if (gap == 0 || ShellSortByRuns(v, n, gap)) return;
+    if (gap == 0 || ShellSortByRuns(v, n, gap, census.nans)) return;
   }
   ShellWalk(v, n, gap, n);
 }

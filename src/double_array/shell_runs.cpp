@@ -2,18 +2,20 @@
 #include "double_array/shell_runs.h"
 
 #include <algorithm>
-#include <cstring>
 
+#include "double_array/shell_strips.h"
 #include "double_array/sorting.h"
+#include "kernels/chains.h"
 #include "kernels/memory.h"
 #include "kernels/sort.h"
 
 namespace zeph::double_array {
 namespace {
 
-constexpr std::size_t kFewest = 4;   // elements; fewer are not worth an allocation
-constexpr std::size_t kFew = 16;     // elements; fewer are sorted faster by plain insertion
-constexpr std::size_t kAbreast = 8;  // chains gathered side by side: a cache line
+constexpr std::size_t kFewest = 4;    // elements; fewer are not worth an allocation
+constexpr std::size_t kFew = 16;      // elements; fewer are sorted faster by plain insertion
+constexpr std::size_t kAbreast = 8;   // chains gathered side by side: a cache line
+constexpr std::size_t kShortest = 4;  // elements of a chain in a strip; fewer are not worth it
 
 /// Copies the elements at even indices to `even`, the others to `odd`.
 void Deal(const double* v, std::size_t n, double* even, double* odd) {
@@ -72,15 +74,36 @@ void SortChains(double* v, std::size_t n, std::size_t gap, std::size_t nested, d
   }
 }
 
+/// Whether the passes from `gap` on, while it halves evenly, are faster made one by one on chains side by
+/// side than by sorting each chain without NaN once.
+bool PaysAbreast(std::size_t gap, std::size_t nans) {
+  constexpr std::size_t kPassesOfASort = 5;
+  std::size_t passes = 1, sorts = 1;
+  for (; gap % 2 == 0; gap /= 2) ++passes;
+  for (std::size_t each = nans / gap; each > 0; each /= 2)
+    ++sorts;  // until the parts of a chain have no NaN
+  return passes <= sorts * kPassesOfASort;
+}
+
 }  // namespace
 
-bool ShellSortByRuns(double* v, std::size_t n, std::size_t gap) {
+bool ShellSortByRuns(double* v, std::size_t n, std::size_t gap, std::size_t nans) {
   // Chains side by side and as much room as one of them: (gap / 2 + 1) / gap of n, rounded up.
   const auto room = kernels::Borrow<double>(n + 2 * kAbreast + 2);
   if (!room) return false;
-  for (; gap > 0; gap /= 2) {
+  const std::size_t abreast = kernels::ChainsAbreast();
+  for (bool strips = abreast > 1; gap > 0; gap /= 2) {
     std::size_t nested = 1;
-    for (; gap % 2 == 0; gap /= 2) nested *= 2;
+    const bool pays = abreast > 1 && PaysAbreast(gap, nans);
+    if (pays && gap >= abreast) {
+      if (kernels::SortChains(v, n, gap)) continue;
+    } else if (pays && strips && n >= kShortest * abreast * gap) {
+      gap = ShellSortInStrips(v, n, gap, room.get());
+      if (gap == 0) break;
+      strips = false;
+    } else {
+      for (; gap % 2 == 0; gap /= 2) nested *= 2;
+    }
     SortChains(v, n, gap, nested, room.get());
   }
   return true;

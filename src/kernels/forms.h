@@ -12,6 +12,7 @@
   namespace level {                          \
   extern const Sorting kSorting;             \
   extern const Partitions kPartitions;       \
+  extern const Chains kChains;               \
   extern const Searching kSearching;         \
   extern const Elementwise kElementwise;     \
   extern const Magnitudes kMagnitudes;       \

@@ -22,6 +22,7 @@ struct Level {
 constexpr Table kPortable = {"portable",
                              &portable::kSorting,
                              &portable::kPartitions,
+                             &portable::kChains,
                              &portable::kSearching,
                              &portable::kElementwise,
                              &portable::kMagnitudes,
@@ -38,6 +39,7 @@ constexpr Table UseAvx2(Table table) {
   table.name = "avx2";
   table.sorting = &avx2::kSorting;
   table.partitions = &avx2::kPartitions;
+  table.chains = &avx2::kChains;
   table.searching = &avx2::kSearching;
   table.elementwise = &avx2::kElementwise;
   table.magnitudes = &avx2::kMagnitudes;
@@ -71,6 +73,7 @@ constexpr Table UseAvx512(Table table) {
   table.name = "avx512";
   table.sorting = &avx512::kSorting;
   table.partitions = &avx512::kPartitions;
+  table.chains = &avx512::kChains;
   table.searching = &avx512::kSearching;
   table.elementwise = &avx512::kElementwise;
   table.magnitudes = &avx512::kMagnitudes;

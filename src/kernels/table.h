@@ -13,6 +13,7 @@ namespace zeph::kernels {
 // The families, each described in the header beside it.
 struct Sorting;      // sort.h
 struct Partitions;   // partition.h
+struct Chains;       // chains.h
 struct Searching;    // search.h
 struct Elementwise;  // elementwise.h
 struct Magnitudes;   // largest_magnitude.h
@@ -26,6 +27,7 @@ struct Table {
   const char* name;  // "portable", "avx2", "avx512" (F, DQ, BW and VL together) or "neon"
   const Sorting* sorting;
   const Partitions* partitions;
+  const Chains* chains;
   const Searching* searching;
   const Elementwise* elementwise;
   const Magnitudes* magnitudes;

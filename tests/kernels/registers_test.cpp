@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "kernels/chains.h"
 #include "kernels/dense_product.h"
 #include "kernels/elementwise.h"
 #include "kernels/largest_magnitude.h"
@@ -78,6 +79,11 @@ std::vector<Call> CallsOf(const Table& t, Operands& o) {
       {"dot", [=, &t] { t.row_sums->dot(out, m, y, n, n); }},
       {"dense", [=, &t, &o] { t.products->dense(o.resultRows.data(), m, m, n, n, n); }},
       {"sort_doubles", [=, &t] { t.sorting->sort_doubles(x, n); }},
+      {"sort_chains",
+       [=, &t] {
+         const std::size_t gap = t.chains->abreast;
+         if (gap > 1 && n > gap) kept = t.chains->sort(x, n, gap);
+       }},
       {"bounds", [=, &t] { kept = n ? t.partitions->bounds(x, n).least : 0; }},
       {"not_less", [=, &t] { kept = static_cast<double>(t.partitions->not_less(x, n % 64, 1.0)); }},
       {"not_greater",

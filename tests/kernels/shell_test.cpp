@@ -7,8 +7,10 @@
 #include <cstdlib>
 
 #include "double_array/shell_runs.h"
+#include "double_array/shell_strips.h"
 #include "double_array/shell_zeros.h"
 #include "double_array/sorting.h"
+#include "kernels/chains.h"
 #include "kernels/memory.h"
 #include "kernels/table.h"
 #include "oracle/sorts.h"
@@ -100,10 +102,36 @@ TEST_P(ShellInEveryForm, FinishesByRunsAPassThatTheWalkGaveUp) {
         const Values want = Walked(v);
         const std::size_t gap = ShellWalk(v.data(), n, n / 2, patience);
         given_up += gap > 0;
-        ASSERT_TRUE(gap == 0 || ShellSortByRuns(v.data(), n, gap));
+        ASSERT_TRUE(gap == 0 || ShellSortByRuns(v.data(), n, gap, n / 100));
         ASSERT_TRUE(test::SameBits(v, want)) << name << ", patience " << patience;
       });
   EXPECT_GT(given_up, 100u);
+}
+
+/// So no order makes it quadratic.
+TEST(ShellStrips, GiveUpWhatIsFarFromOrder) {
+  const kernels::Table& before = kernels::Active();
+  for (const kernels::Table* table : kernels::RunnableTables()) {
+    const std::size_t strips = table->chains->abreast, rows = 500, n = strips * rows - 3;
+    if (strips == 1) continue;
+    kernels::Force(*table);
+    Values falling(n), swapped(n), room(n + strips);
+    for (std::size_t i = 0; i < n; ++i) {
+      falling[i] = -static_cast<double>(i);
+      swapped[i] =
+          static_cast<double>(i % rows) - static_cast<double>(i / rows * n);  // each strip ascends
+    }
+    for (const std::size_t gap : {1u, 2u, 3u})
+      for (const Values& v : {falling, swapped}) {
+        Values got = v;
+        EXPECT_EQ(ShellSortInStrips(got.data(), n, gap, room.data()), gap) << table->name;
+        ShellWalk(got.data(), n, gap, n);
+        Values want = v;
+        ShellWalk(want.data(), n, gap, n);
+        EXPECT_TRUE(test::SameBits(got, want)) << table->name;
+      }
+  }
+  kernels::Force(before);
 }
 
 int lent;

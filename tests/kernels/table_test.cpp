@@ -105,6 +105,7 @@ TEST_F(KernelTable, PortableOneIsTheFirstAndOfPortableFormsOnly) {
   EXPECT_EQ(first.magnitudes, &portable::kMagnitudes);
   EXPECT_EQ(first.row_sums, &portable::kRowSums);
   EXPECT_EQ(first.partitions, &portable::kPartitions);
+  EXPECT_EQ(first.chains, &portable::kChains);
   EXPECT_EQ(first.batch, &portable::kBatch);
   EXPECT_EQ(first.batch_products, &portable::kBatchProducts);
   EXPECT_EQ(first.products, &portable::kProducts);

@@ -148,9 +148,8 @@ const char kIntroduction[] =
     "# Performance\n\n"
     "Written by `./dev bench`. Each row is the same work, checked to give the same result, timed\n"
     "in turns with its peers in one process; the best of many rounds counts. The ratio is the\n"
-    "peer's time over ours: above 1 we are faster, and rows in italics we lose. An item is what "
-    "the\n"
-    "row has many of: an element, object, number or key and, in products, a multiplication.\n\n";
+    "peer's time over ours: above 1 we are faster, and rows in italics we lose. An item is one "
+    "of\nthe row's elements, objects, numbers or keys or, in products, one multiplication.\n\n";
 
 const char kByHand[] = "<!-- by hand: kept when the page is written anew -->\n";
 const char kByHandEnd[] = "<!-- end of what is by hand -->\n";

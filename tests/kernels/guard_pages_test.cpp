@@ -9,9 +9,11 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <new>
 #include <string>
 #include <vector>
 
+#include "algorithms/least_finder.h"
 #include "kernels/batch.h"
 #include "kernels/dense_product.h"
 #include "kernels/elementwise.h"
@@ -117,6 +119,17 @@ TEST_P(GuardPages, SearchesStayInside) {
               FirstLeast(v, n));
     EXPECT_EQ(std::is_sorted(numbers.begin(), numbers.end()), NoneDescends(v, n));
   });
+}
+
+TEST_P(GuardPages, ALeastFinderStaysInItsTable) {
+  using zeph::algorithms::LeastFinder;
+  for (const std::size_t n : {1u, 128u, 129u, 32'768u, 32'769u, 33'023u, 65'537u}) {
+    const auto numbers = Numbers<double>(n);
+    auto* const finder = new (a.Room<LeastFinder>(1, true)) LeastFinder(numbers.data(), n);
+    EXPECT_EQ(finder->From(0),
+              static_cast<std::size_t>(std::min_element(numbers.begin(), numbers.end()) -
+                                       numbers.begin()));
+  }
 }
 
 TEST_P(GuardPages, ArithmeticStaysInside) {

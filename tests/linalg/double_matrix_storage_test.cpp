@@ -89,6 +89,15 @@ TEST(DoubleMatrixStorage, SetDataFromItselfKeepsTheElements) {
   EXPECT_TRUE(SameBits(Elements(m), {{1, 2}, {4, 5}}));
 }
 
+TEST(DoubleMatrixStorage, SetDataFromItselfGivesAClearedMatrixStorageOfItsCounts) {
+  CZEPHDoubleMatrix m = OneToSix();
+  m.Clear();
+  EXPECT_EQ(m.SetData(m), 1);  // the elements are undefined
+  ASSERT_NE(m.m_ppData, nullptr);
+  m.SetEntry(2.5);
+  EXPECT_TRUE(SameBits(Elements(m), {{2.5, 2.5, 2.5}, {2.5, 2.5, 2.5}}));
+}
+
 TEST(DoubleMatrixStorage, SetDataMayTakeRowsOfTheMatrixItself) {
   CZEPHDoubleMatrix m = OneToSix();
   double* swapped[] = {m[1], m[0]};

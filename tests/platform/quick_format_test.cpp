@@ -51,6 +51,17 @@ bool IsQuick(const char* format, ...) {
   return zeph::platform::WriteQuickly(text, text + sizeof text, format, arguments) != nullptr;
 }
 
+/// What stands in a block of 60 after it was offered its first `room` characters.
+std::string WrittenInto(std::size_t room, const char* format, ...) {
+  std::string block(60, '#');
+  va_list list;
+  va_start(list, format);
+  zeph::platform::Arguments arguments(list);
+  va_end(list);
+  zeph::platform::WriteQuickly(block.data(), block.data() + room, format, arguments);
+  return block;
+}
+
 /// Every flag, width and precision that a format may have before its letter, and some that it may not.
 std::vector<std::string> Conversions() {
   std::vector<std::string> all;
@@ -147,6 +158,19 @@ TEST(QuickFormat, FormatsTextsAboutTheLengthOfItsBlock) {
       EXPECT_EQ(Formatted(format, text.c_str(), 42), Printed(format, text.c_str(), 42)) << size;
     EXPECT_EQ(Formatted("%s%.3f", text.c_str(), 4.25), Printed("%s%.3f", text.c_str(), 4.25))
         << size;
+  }
+}
+
+TEST(QuickFormat, WritesNothingBehindItsSpace) {
+  for (std::size_t room = 0; room <= 50; ++room) {
+    const std::string untouched(60 - room, '#');
+    for (const char* format :
+         {"%s", "%12s", "%-12s", "%40s", "%-40s", "before%30s%%", "a longer beginning%s"})
+      EXPECT_EQ(WrittenInto(room, format, "a text").substr(room), untouched) << format;
+    for (const char* format : {"%d", "%30d", "%-30d", "%d%%"})
+      EXPECT_EQ(WrittenInto(room, format, -123456).substr(room), untouched) << format;
+    for (const char* format : {"%c", "%20c", "%-20c%%"})
+      EXPECT_EQ(WrittenInto(room, format, 'x').substr(room), untouched) << format;
   }
 }
 

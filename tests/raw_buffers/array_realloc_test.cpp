@@ -47,7 +47,7 @@ TEST(RawArrayRealloc, CopiesExactlyTheDocumentedNumberForEveryPairOfSizes) {
     using T = decltype(zero);
     SCOPED_TRACE(Family<T>::kName);
     constexpr bool counts = std::is_same_v<T, int>;
-    for (int oldN = -1; oldN <= 9; ++oldN)
+    for (int oldN = -3; oldN <= 9; ++oldN)
       for (int newN = -1; newN <= 9; ++newN) {
         T* p = ZEPH_ArrayRealloc(Counting<T>(10), oldN, newN, kLabel);
         ASSERT_NE(p, nullptr);

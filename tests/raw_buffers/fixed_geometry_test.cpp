@@ -104,9 +104,8 @@ TEST(RawMatrixMultiply3, KeepsANaN) {
 }
 
 TEST(RawMatrixMult4, AgreesWithTheOracleApartAndOverlapped) {
-  for (std::uint64_t seed = 0; seed < 3000; ++seed)
-    for (const std::size_t out :
-         {std::size_t{32}, std::size_t{0}, std::size_t{16}, std::size_t{9}}) {
+  for (std::uint64_t seed = 0; seed < 400; ++seed)
+    for (std::size_t out = 0; out <= 32; ++out) {  // on `a`, across both, on `b`, apart
       auto got = Cells(48, seed), want = got;
       ZEPH_MatrixMult4(got.data(), got.data() + 16, got.data() + out);
       oracle::Mult4(want.data(), want.data() + 16, want.data() + out);

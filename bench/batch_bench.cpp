@@ -2,8 +2,8 @@
 //
 // Arrays of small objects, against loops that GLM (floats) and Eigen (doubles) inline, compiled at
 // -O3 for this processor. GLM's vectors take 12 bytes where ours take 24, and its matrices 64 where ours
-// take 72. "Moves alone" assigns our objects without arithmetic: how fast they come and go at all. At a
-// million objects, which no cache holds, that is the memory's speed.
+// take 72. "Moves alone" assigns our objects without arithmetic: the speed of reading and writing
+// them. At a million objects, which fit no cache, that is the memory's speed.
 #include "batch.h"
 
 #include <cstring>
@@ -16,7 +16,7 @@ namespace zeph::bench {
 namespace {
 
 const std::vector<std::size_t> kSizes = {1000, 1'000'000};
-constexpr double kRounding = 1e-3;  // fused operations round elsewhere
+constexpr double kRounding = 1e-3;  // fused operations round differently
 
 template <class Object>
 constexpr std::size_t kWidth = 3;
@@ -69,7 +69,7 @@ std::vector<Object> Objects(const std::vector<Number<Object>>& numbers) {
   return objects;
 }
 
-/// Moves an object, or as much of one as a number takes.
+/// Moves an object, or a part of one for results that are numbers.
 template <class Object>
 void Move(Object& from, Object& to) {
   to = from;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // How a comparison is written. A `<family>_bench.cpp` adds rows; each row is the same work done by
-// us and by whoever else one could pick, checked to give the same result before it is timed.
+// us and by the alternatives, checked to give the same result before it is timed.
 //
 //     static const bool added = Add("find", "last of n", {100, 10'000}, [](Row& row) {
 //       auto& v = row.Keep<std::vector<double>>(row.n(), 1.0);
@@ -32,21 +32,21 @@ inline void Keep(T& value) {
 #endif
 }
 
-/// The numbers a row compares; exact for int, float and double.
+/// The numbers that a row compares; exact for int, float and double.
 using Numbers = std::vector<double>;
 template <class T>
 Numbers Values(const T* first, std::size_t n) {
   return Numbers(first, first + n);
 }
 
-/// One who does a row's work.
+/// A library or loop that does a row's work.
 struct Contender {
   std::string who;
   std::function<void(std::size_t times)> work;
   std::function<Numbers()> result;  // empty: the row's
-  bool compared = true;             // false: other work, to relate the time to
+  bool compared = true;             // false: different work, timed for comparison
   double near = 0;                  // the relative difference allowed to the result; 0: same bits
-  double target = 0;                // how many times slower than us the peer is to be; 0: none
+  double target = 0;                // the peer's time over ours that we aim at; 0: none
   double best = 0;                  // seconds per call, filled by the runner
   std::string trouble;              // why it was not timed, filled by the runner
 };
@@ -74,14 +74,14 @@ class Row {
   }
 
   /// Runs before every timed call, off the clock. `round` is the same for all contenders of a
-  /// round, so that each meets the same input and none meets it often enough to learn it. A row
-  /// without it is called many times between two readings of the clock.
+  /// round, so that each gets the same input and no branch predictor can learn it. A row without it
+  /// is called many times between two readings of the clock.
   void Before(std::function<void(std::size_t round)> prepare) { before_ = std::move(prepare); }
 
   /// Runs, untimed, where another contender's turn begins.
   void Between(std::function<void()> pause) { between_ = std::move(pause); }
 
-  /// What a contender left behind, compared with ours before anything is timed.
+  /// The result of a contender, compared with ours before anything is timed.
   void Result(std::function<Numbers()> result) { result_ = std::move(result); }
 
   class Options {
@@ -89,7 +89,7 @@ class Row {
     explicit Options(Contender& contender) : contender_(&contender) {}
     Options& Target(double ratio) { return contender_->target = ratio, *this; }
     Options& Near(double relative) { return contender_->near = relative, *this; }
-    /// For a contender that does other work, which ours is to be no slower than by some factor.
+    /// For a contender that does different work, relative to which ours has a limit.
     Options& NotCompared() { return contender_->compared = false, *this; }
     /// For a contender that leaves its result elsewhere.
     Options& Result(std::function<Numbers()> result) {
@@ -119,7 +119,7 @@ class Row {
     return Options(contenders.back());
   }
 
-  /// Lets go of everything but the figures.
+  /// Releases everything except the figures.
   void Release();
 
   std::vector<Contender> contenders;  // ours first

@@ -27,7 +27,7 @@ namespace {
 
 using Array = std::vector<double>;
 
-/// A matrix both ways: rows in blocks of their own, as the library keeps them, and contiguous.
+/// A matrix in both forms: rows in blocks of their own, as the library stores them, and contiguous.
 struct Matrix {
   std::vector<Array> blocks;
   std::vector<double*> rows;
@@ -207,8 +207,7 @@ CZEPHDoubleArray& RandomArray(Row& row, unsigned long long seed) {
   return row.Keep<CZEPHDoubleArray>(static_cast<int>(row.n()), RandomDoubles(row.n(), seed).data());
 }
 
-/// What one ordered sum cannot undercut: the additions alone, one after another, of terms that were
-/// computed beforehand.
+/// The lower bound of an ordered sum: the additions alone, one after another, of precomputed terms.
 template <class Term, class Finish>
 void LatencyLimit(Row& row, double& result, Term term, Finish finish) {
   auto& terms = row.Keep<Array>(row.n());

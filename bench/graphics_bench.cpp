@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// The float 4x4 matrix and vectors, on arrays of objects that fit the nearest cache and that do
+// The float 4x4 matrix and vectors, on arrays of objects that fit the first-level cache and that do
 // not.
 //
 // "scalar library" is the same classes as scalar code in a shared library, "plain library" the same
-// source as the optimiser likes it; GLM and Eigen are inlined into the loop, "GLM library" stands
-// behind a boundary as we do.
+// source with vectorisation; GLM and Eigen are inlined into the loop, "GLM library" is called
+// across a library boundary as we are.
 #include "bench.h"
 
 #include <type_traits>
@@ -24,7 +24,7 @@ namespace zeph::bench {
 namespace {
 
 const std::vector<std::size_t> kSizes = {64, 100'000};
-constexpr double kRounding = 1e-2;  // near-singular matrices lose digits; peers round elsewhere
+constexpr double kRounding = 1e-2;  // near-singular matrices lose digits; peers round differently
 
 enum class Kind { kGeneral, kAffine, kRigid };
 
@@ -49,7 +49,7 @@ std::vector<float> Matrices(std::size_t n, Kind kind, unsigned long long seed) {
   return floats;
 }
 
-// What every row needs to know of a library's types.
+// What every row uses of a library's types.
 struct Zeph {
   using Matrix = CZEPHMatrix4x4;
   using Vector3 = CZEPHVector3D;
@@ -108,7 +108,7 @@ struct Eigen3 {
 };
 #endif
 
-// How many floats an object holds, and where.
+// The number of floats in an object, and their offsets.
 template <class T, class Object>
 constexpr std::size_t kWidth = std::is_same_v<Object, typename T::Matrix>    ? 16
                                : std::is_same_v<Object, typename T::Vector4> ? 4

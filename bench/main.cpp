@@ -45,14 +45,14 @@ void ChooseKernels(const char* name) {
 #endif
 }
 
-/// Against our AVX2 form stands OpenBLAS's: it chooses when it is loaded, so the program starts
-/// anew.
+/// Our AVX2 form is compared with OpenBLAS's: that chooses when it is loaded, so the program
+/// restarts itself.
 void ChooseOpenBlasCore([[maybe_unused]] char** argv) {
 #if defined(ZEPH_HAVE_OPENBLAS) && defined(__unix__)
   if (std::strcmp(zeph::kernels::Active().name, "avx2") != 0 || std::getenv("OPENBLAS_CORETYPE"))
     return;
   setenv("OPENBLAS_CORETYPE", "Haswell", 1);
-  execv("/proc/self/exe", argv);  // where this fails, the default core it is
+  execv("/proc/self/exe", argv);  // if this fails, the default core is used
 #endif
 }
 

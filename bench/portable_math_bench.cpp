@@ -17,7 +17,7 @@ using portable_math::SineAndCosine;
 using portable_math::SineCosine;
 using portable_math::Tangent;
 
-constexpr double kRounding = 1e-6;  // the runtime may round elsewhere; tangents are floats
+constexpr double kRounding = 1e-6;  // the runtime may round differently; tangents are floats
 constexpr double kMostTimesSlower = 1.5;
 
 template <class T, class Ours, class Runtimes>

@@ -78,7 +78,7 @@ const bool kListings[] = {
         }),
 };
 
-/// One step per cell: the time per cell stays, where the literal loop's grows with n.
+/// One step per cell: the time per cell is constant, where the literal loop's grows with n.
 void AdditiveRow(Row& row, bool inPlace) {
   row.Items(row.n() * row.n());
   auto& a = RandomMatrix(row, 4);
@@ -124,7 +124,7 @@ const bool kProducts[] = {
           row.Peer("textbook loop",
                    [&] { baseline::Multiply4(a.cells.data(), b.cells.data(), out.cells.data()); });
 #ifdef ZEPH_HAVE_GLM
-          // Stored by columns, so the factors change places.
+          // Stored by columns, so the factors are exchanged.
           row.Peer("GLM",
                    [&] {
                      const auto* x = reinterpret_cast<const glm::dmat4*>(a.cells.data());
@@ -136,7 +136,7 @@ const bool kProducts[] = {
         }),
 };
 
-/// Two ascending blocks of n elements each, by the way in which they take turns.
+/// Two ascending blocks of n elements each, by the pattern in which they alternate.
 using Blocks = std::pair<std::vector<double>, std::vector<double>>;
 Blocks RandomBlocks(std::size_t n, unsigned long long seed) {
   Blocks blocks = {RandomDoubles(n, seed, -1e9, 1e9), RandomDoubles(n, seed + 1, -1e9, 1e9)};
@@ -147,7 +147,7 @@ Blocks RandomBlocks(std::size_t n, unsigned long long seed) {
 template <std::size_t kRun>
 Blocks InRuns(std::size_t n, unsigned long long) {
   Blocks blocks;
-  const std::size_t run = kRun ? kRun : n;  // 0: one block behind the other
+  const std::size_t run = kRun ? kRun : n;  // 0: one block after the other
   for (std::size_t i = 0; i < 2 * n; ++i)
     (i / run % 2 ? blocks.second : blocks.first).push_back(static_cast<double>(i));
   blocks.first.resize(n, 2.0 * static_cast<double>(n));

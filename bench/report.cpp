@@ -52,7 +52,7 @@ bool Timed(const Row& row) {
                      [](const Contender& c) { return c.trouble.empty(); });
 }
 
-/// What /proc/cpuinfo says first of `field`.
+/// The first value of `field` in /proc/cpuinfo.
 std::string OfProcessor(const std::string& field) {
   std::ifstream info("/proc/cpuinfo");
   for (std::string line; std::getline(info, line);)
@@ -154,7 +154,7 @@ const char kIntroduction[] =
 const char kByHand[] = "<!-- by hand: kept when the page is written anew -->\n";
 const char kByHandEnd[] = "<!-- end of what is by hand -->\n";
 
-/// What people wrote into the page between the two marks, marks included.
+/// The hand-written part of the page between the two marks, with the marks.
 std::string WrittenByHand(const std::string& file) {
   std::ifstream page(file);
   const std::string text{std::istreambuf_iterator<char>(page), {}};

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What was measured, as text, as a page and as plots.
+// Writes the measurements as text, as a page and as plots.
 #ifndef ZEPH_BENCH_REPORT_H
 #define ZEPH_BENCH_REPORT_H
 

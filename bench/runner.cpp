@@ -27,7 +27,7 @@ std::vector<const Entry*> Selected(const std::string& filter) {
   std::vector<const Entry*> selected;
   for (const Entry& entry : Entries())
     if (entry.Label().find(filter) != std::string::npos) selected.push_back(&entry);
-  // Files register in the order they were linked: keep a family together.
+  // Files register in link order: keeps a family together.
   std::stable_sort(selected.begin(), selected.end(),
                    [](const Entry* a, const Entry* b) { return a->family < b->family; });
   return selected;
@@ -98,7 +98,7 @@ class Runner {
   }
 
  private:
-  /// A contender whose result differs is a mistake in the row: it says so and is not timed.
+  /// A contender with a different result is an error in the row: it is reported and not timed.
   bool Verify() {
     Numbers want;
     bool good = true;
@@ -156,7 +156,7 @@ class Runner {
 
   Row& row_;
   const Plan& plan_;
-  const Contender* turn_ = nullptr;  // whose it is
+  const Contender* turn_ = nullptr;  // the contender whose turn it is
 };
 
 std::vector<std::string> Labels(const std::string& filter) {

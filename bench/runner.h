@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Times rows: the contenders of a row take turns, and the best of many rounds counts, so that a
-// noisy machine disturbs all of them alike and the ratio least.
+// noisy machine disturbs all of them equally and their ratio least.
 #ifndef ZEPH_BENCH_RUNNER_H
 #define ZEPH_BENCH_RUNNER_H
 
@@ -16,13 +16,13 @@ namespace zeph::bench {
 struct Plan {
   std::string filter;    // rows whose label contains it; empty: all
   int rounds = 7;        // repetitions per contender, shuffled among them
-  double seconds = 0.4;  // about so much time per row
+  double seconds = 0.4;  // approximate time per row
 };
 
 /// Labels of the rows that `filter` selects, in the order they run.
 std::vector<std::string> Labels(const std::string& filter);
 
-/// Runs the selected rows; `progress` hears of each before it starts.
+/// Runs the selected rows; calls `progress` before each.
 std::vector<Row> Run(const Plan& plan,
                      const std::function<void(std::size_t done, std::size_t all,
                                               const std::string& label)>& progress);

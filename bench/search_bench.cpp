@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Searches against the plain loops. The key sits where the plain loop meets it last.
+// Searches against the plain loops. The key is where the plain loop finds it last.
 #include <algorithm>
 
 #include "algorithms.h"
@@ -53,7 +53,7 @@ struct Sought {
     });
     row.Result([this] { return Values(&sum, 1); });
   }
-  /// `find(key)` gives the index or -1.
+  /// `find(key)` returns the index or -1.
   template <class Find>
   auto All(Find find) {
     return [this, find] {

@@ -2,8 +2,8 @@
 //
 // Objects of a few elements, where calls and blocks cost more than arithmetic.
 //
-// "limit" does what the documented behaviour demands and nothing else (peers/small_limits.h);
-// the target is to take at most 1.3 times as long. Eigen and GLM are inlined into the loop.
+// "limit" does only what the documented behaviour requires (peers/small_limits.h); the target is at
+// most 1.3 times its time. Eigen and GLM are inlined into the loop.
 #include "bench.h"
 
 #include <stack>
@@ -98,7 +98,7 @@ Numbers Content(glm::vec3& v) {
 
 // --- how a row is written ---
 
-/// Times `object = f(a, b)` with a new object each time, which dies at once.
+/// Times `object = f(a, b)` with a new object each time, which is destroyed at once.
 template <class A, class B, class F>
 Row::Options Makes(Row& row, const char* who, A a, B b, F f) {
   row.Items(1);

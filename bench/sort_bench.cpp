@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// CZEPHDoubleArray's sorts: against the standard sort and its rivals, and against their own walks.
+// CZEPHDoubleArray's sorts: against the standard sort and other sorts, and against their own
+// documented steps.
 #include <algorithm>
 
 #include "algorithms.h"

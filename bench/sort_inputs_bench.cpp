@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The sorts on what keeps an ascending order from being unique (zeros of both signs, NaN), in the
-// orders that the walks are slow on: no input may take much longer than random data.
+// The sorts on elements whose ascending order is not unique (zeros of both signs, NaN), in
+// adversarial orders: no input may take much longer than random data.
 #include <algorithm>
 #include <string>
 

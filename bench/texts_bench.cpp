@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Texts and streams: against the stream's own operators and printf, and against the quickest way that the
-// standard library has, std::to_chars and std::from_chars in the hands of one who knows the format.
+// Texts and streams: against the stream's own operators and printf, and against the fastest
+// functions of the standard library, std::to_chars and std::from_chars with a known format.
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -80,7 +80,7 @@ bool AddStreamOutput(const char* name, int precision) {
 const bool kOutput = AddStreamOutput("array << 6 digits", 6);
 const bool kFullOutput = AddStreamOutput("array << 17 digits", 17);
 
-/// The numbers behind the count, by hand from a text.
+/// Reads the numbers after the count from a text, by hand.
 void ExtractByHand(const std::string& text, std::vector<double>& out) {
   const char* at = text.data();
   const char* const end = at + text.size();
@@ -208,7 +208,7 @@ const bool kFormatInt = AddTexts(
       text.assign(buffer, static_cast<std::size_t>(out - buffer));
     });
 
-/// Blocks to a file, as a listing by hand writes them; `write(out, i)` puts one item.
+/// Writes a listing to a file in blocks, by hand; `write(out, i)` writes one item.
 template <class Write>
 void ListByHand(std::FILE* f, std::size_t n, Write write) {
   char block[8192];

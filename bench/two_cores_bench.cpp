@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Two threads: against one, and against others' default of as many as there are cores.
+// Two threads: against one, and against other libraries' threads.
 #include <chrono>
 #include <cstddef>
 #include <thread>
@@ -27,7 +27,7 @@ namespace {
 
 constexpr int kThreads = 2;
 
-/// OpenBLAS's threads look out for work for a while after a call, which would cost whoever is next.
+/// OpenBLAS's threads spin for a while after a call, which would slow the next contender down.
 void LetTheOthersSleep() {
   std::this_thread::sleep_for(std::chrono::milliseconds(60));
 }
@@ -58,7 +58,7 @@ void Product(Row& row) {
   auto& out = row.Keep<Matrix>(n, 3);
   row.Between(LetTheOthersSleep);
   row.Result([&] { return out.Rows(); });
-  // With the block of the result and the move into it, which OpenBLAS is spared.
+  // Includes allocating the result and moving into it, unlike OpenBLAS.
   row.Ours([&] {
     const ZEPH_ThreadScope threads(kThreads);
     out.rows = a.rows * b.rows;
@@ -83,7 +83,7 @@ void Sort(Row& row) {
   auto& input = row.Keep<std::vector<double>>(RandomDoubles(n, 1));
   auto& a = row.Keep<CZEPHDoubleArray>(static_cast<int>(n), 0.0);
   row.Before([&](std::size_t round) {
-    // Another beginning each time, so that no branch is learnt by heart.
+    // Different beginnings each time, so that branch predictors cannot learn them.
     const std::size_t first = round * 7919 % input.size();
     std::rotate_copy(input.begin(), input.begin() + static_cast<std::ptrdiff_t>(first), input.end(),
                      a.data);

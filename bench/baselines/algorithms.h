@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What algorithms.h does, as a user would write it.
+// The functions of algorithms.h as a user would write them.
 #ifndef ZEPH_BENCH_BASELINES_ALGORITHMS_H
 #define ZEPH_BENCH_BASELINES_ALGORITHMS_H
 

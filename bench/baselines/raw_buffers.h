@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What raw_buffers.h does, as a user would write it.
+// The functions of raw_buffers.h as a user would write them.
 #ifndef ZEPH_BENCH_BASELINES_RAW_BUFFERS_H
 #define ZEPH_BENCH_BASELINES_RAW_BUFFERS_H
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The classic sorts walked step by step, as a textbook has them and as the documentation of
-// CZEPHDoubleArray and CZEPHSelectionSort does.
+// The classic sorts step by step, as in a textbook and in the documentation of CZEPHDoubleArray and
+// CZEPHSelectionSort.
 #ifndef ZEPH_BENCH_BASELINES_SORTS_H
 #define ZEPH_BENCH_BASELINES_SORTS_H
 

@@ -2,8 +2,8 @@
 //
 // A panel is a method; time runs down, a row of pixels is the array at that moment, and the colour
 // of a cell is its value. Insertion, partitioning and merging are the library's public steps; the
-// passes of bubble and Shell sort are walked by hand through Swap, since the library runs them in
-// one go. Every method must end where QuickSort does, or there is no picture.
+// passes of bubble and Shell sort are made step by step through Swap, since the library runs them
+// in one call. Every method must give the result of QuickSort, or no picture is drawn.
 #include <algorithm>
 #include <cstddef>
 #include <cstdio>

@@ -1,4 +1,4 @@
-// Reading the series: token by token, so that a bad one is named with its place.
+// Reading the series: token by token, so that a bad one is reported with its position.
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
@@ -18,7 +18,8 @@ namespace {
 
 constexpr const char* kBlanks = " \t\r\n\v\f";
 
-/// The beginning of a file, which may have no end: as much as the most numbers that are taken can need.
+/// The beginning of a file, which may be endless: as much as the greatest accepted count of numbers
+/// can take.
 std::string ReadText(const std::string& file) {
   if (std::filesystem::is_directory(file))
     RefuseInput(file + ": is a folder, not a file of numbers");
@@ -30,7 +31,7 @@ std::string ReadText(const std::string& file) {
   if (in.bad()) RefuseInput(file + ": cannot be read");
   const bool whole = static_cast<std::size_t>(in.gcount()) < text.size();
   text.resize(static_cast<std::size_t>(in.gcount()));
-  // Where the text was cut, the last number may have been too.
+  // Where the text was cut, the last number may be cut too.
   const std::size_t cut = text.find_last_of(kBlanks);
   if (!whole && cut != std::string::npos) text.resize(cut);
   return text;
@@ -53,7 +54,8 @@ std::string Shown(const std::string& token) {
   return shown + (token.size() > 20 ? "..." : "");
 }
 
-/// The number that is the whole of `token`. Streams read no NaN and no infinity, so those go by name.
+/// The number that is the whole of `token`. Streams do not read NaN and infinity, so these are
+/// recognised by name.
 bool ReadNumber(const std::string& token, double& value) {
   std::string name = token.substr(token[0] == '-' || token[0] == '+');
   for (char& c : name) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));

@@ -44,7 +44,7 @@ void ShowGrowth(double** table) {
   ZEPH_ArrayFree(row, 0, 4);
 }
 
-/// Each row as a point. What is multiplied last is what a point meets first: x, then z.
+/// Each row as a point. The last factor is applied to a point first: x, then z.
 void ShowRotation(double** table) {
   double turn[3][3];
   ZEPH_MatrixSet3(turn, 1, 0, 0, 0, 1, 0, 0, 0, 1);

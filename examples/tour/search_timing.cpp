@@ -9,18 +9,18 @@
 namespace tour {
 namespace {
 
-// A reading is a millisecond at most off: two digits hold.
+// A reading is off by a millisecond at most: two digits are significant.
 constexpr long kEnoughMilliseconds = 20;
 
-/// `x` with two digits that count.
+/// `x` with two significant digits.
 double TwoDigits(double x) {
   if (x <= 0) return x;
   const double unit = std::pow(10.0, std::floor(std::log10(x)) - 1);
   return std::round(x / unit) * unit;
 }
 
-/// Nanoseconds a call of `search(i)` takes: as many calls as give the stopwatch something to read,
-/// the best of three readings.
+/// Nanoseconds a call of `search(i)` takes: enough calls for the stopwatch to measure, the best of
+/// three readings.
 template <class Search>
 double TimeEach(Search search) {
   double best = HUGE_VAL;
@@ -31,7 +31,7 @@ double TimeEach(Search search) {
     int sum = 0;
     for (int i = 0; i < count; ++i) sum += search(i) & 1;
     const long elapsed = watch.Stop();
-    if (sum < 0) std::puts("");  // the answers are needed: no call may be left out
+    if (sum < 0) std::puts("");  // uses the results, so that no call is optimised away
     if (elapsed >= kEnoughMilliseconds || count >= (1 << 28)) {
       best = std::fmin(best, static_cast<double>(elapsed) * 1e6 / count);
       ++readings;
@@ -49,7 +49,7 @@ struct Row {
 };
 
 Row Measure(int size) {
-  // Slot 0 is the sequential search's own; the binary search runs over the slots behind it.
+  // Element 0 is the sequential search's sentinel; the binary search uses the elements after it.
   std::vector<int> slots(static_cast<std::size_t>(size) + 1);
   for (int i = 0; i <= size; ++i) slots[static_cast<std::size_t>(i)] = i;
   int* a = slots.data();

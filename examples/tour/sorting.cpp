@@ -33,7 +33,7 @@ constexpr Method kMethods[] = {
 constexpr int kSample = 200000;
 
 /// A larger array drawn from the finite ones among the numbers, each draw moved a little so that few are equal:
-/// with a NaN some methods' own steps would take minutes.
+/// with a NaN the documented steps of some methods would take minutes.
 CZEPHDoubleArray DrawSample(const CZEPHDoubleArray& numbers) {
   CZEPHDoubleArray sample(kSample, 0.0);
   std::uint32_t state = 1;

@@ -2,7 +2,7 @@
 
 namespace tour {
 
-// Each step stands in a file of its own.
+// Each step is in a file of its own.
 void ShowNumbers(const Context&);
 void ShowSorting(const Context&);
 void ShowSearching(const Context&);

@@ -1,5 +1,5 @@
-// The tour: what its steps share. Each step is a function in a file of its own, listed in
-// steps.cpp.
+// Declarations shared by the steps of the tour. Each step is a function in a file of its own,
+// listed in steps.cpp.
 #ifndef ZEPH_EXAMPLES_TOUR_TOUR_H
 #define ZEPH_EXAMPLES_TOUR_TOUR_H
 
@@ -10,10 +10,10 @@
 
 namespace tour {
 
-/// The most numbers that are taken from a file: the slowest sorts need a second for them.
+/// The most numbers that are read from a file: the slowest sorts need a second for them.
 constexpr int kMostNumbers = 20000;
 
-/// What every step is given.
+/// The input of every step.
 struct Context {
   std::string file;          // where the numbers come from
   bool ofTheNile;            // the file that comes with the tour: a flow for each year from 1871

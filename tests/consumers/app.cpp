@@ -1,4 +1,4 @@
-// The program that every consumer project builds, and a line to compare.
+// The program that every consumer project builds; prints one line to compare.
 #include <ZEPHDataStructureEngine/double_array.h>
 #include <ZEPHDataStructureEngine/raw_buffers.h>
 

@@ -1,5 +1,5 @@
-// The documented declarations alone, as strip_additions.py takes them from the headers: what a program
-// may have been written against. Not for use: it tells what our additions may not change.
+// The documented declarations alone, as strip_additions.py extracts them from the headers: what a program
+// may have been written against. Not for use: our additions must not change what such a program means.
 #ifndef ZEPH_TESTS_HEADERS_DOCUMENTED_H
 #define ZEPH_TESTS_HEADERS_DOCUMENTED_H
 

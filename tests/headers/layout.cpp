@@ -8,7 +8,7 @@
 #include "ZEPHDataStructureEngine.h"
 
 #if defined(__GNUC__) || defined(__clang__)
-// Every compiler we build for gives the offset in classes with a virtual table too.
+// Every compiler that we support gives offsets in classes with a virtual table too.
 #pragma GCC diagnostic ignored "-Winvalid-offsetof"
 #endif
 
@@ -55,7 +55,7 @@ ZEPH_SIZE(CWinApp, 2 * P);
 ZEPH_SIZE(CString, P + 24);
 static_assert(!std::is_polymorphic_v<CString>);
 
-// Where the collections' protected fields stand.
+// The offsets of the collections' protected fields.
 template <class Base>
 struct Opened : Base {
   static constexpr bool IsArray() {

@@ -1,5 +1,5 @@
-// Our containers under the ranges of C++20: they are contiguous, sized where size() is theirs to
-// give, and work with the algorithms, views and spans. Answers 0 when every value is right.
+// Our containers under the ranges of C++20: they are contiguous, sized where they have size(), and
+// work with the algorithms, views and spans. Returns 0 when every value is right.
 #include <algorithm>
 #include <iterator>
 #include <numeric>
@@ -20,7 +20,7 @@ static_assert(
 static_assert(std::is_same_v<decltype(std::span(std::declval<const CZEPHVector&>())),
                              std::span<const double>>);
 
-// No range promises to outlive its owner, so the algorithms give no iterator into a dead one.
+// The ranges are not borrowed, so the algorithms return no iterator into a destroyed one.
 static_assert(!std::ranges::borrowed_range<CZEPHDoubleArray>);
 
 namespace {

@@ -1,6 +1,5 @@
 // Compiled once for each folder of src/, with that folder's include path: it finds the headers of the
-// folders that the folder may use, and of no other. SEES_... says which those are.
-// clang-format off
+// folders that the folder may use, and of no other. SEES_... names those folders. clang-format off
 #if __has_include("platform/exactness.h") != SEES_arithmetic
 #error "platform/exactness.h is found where it should not be, or not where it should."
 #endif

@@ -84,8 +84,8 @@ def main():
     text = "".join(part(sys.argv[1], name) for name in PARTS)
     text = re.sub(r"[ \t]+\n", "\n", text)
     text = re.sub(r"\n{3,}", "\n\n", text)
-    print("// The documented declarations alone, as strip_additions.py takes them from the headers: what a program\n"
-          "// may have been written against. Not for use: it tells what our additions may not change.\n"
+    print("// The documented declarations alone, as strip_additions.py extracts them from the headers: what a program\n"
+          "// may have been written against. Not for use: our additions must not change what such a program means.\n"
           "#ifndef ZEPH_TESTS_HEADERS_DOCUMENTED_H\n#define ZEPH_TESTS_HEADERS_DOCUMENTED_H\n" + text +
           "\n#endif  // ZEPH_TESTS_HEADERS_DOCUMENTED_H")
 

@@ -28,7 +28,8 @@ class CommaLocale : public ::testing::Test {
 
 char kName[] = "x";
 
-/// `text`, whose points are decimal ones, as it is in the locale; a library with texts of its own knows none.
+/// `text` with its decimal points replaced by the locale's; a library with its own texts knows no
+/// locale.
 std::string WithCommas(std::string text) {
   if (!ZEPH_PortableMath) std::replace(text.begin(), text.end(), '.', ',');
   return text;

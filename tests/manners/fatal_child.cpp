@@ -1,4 +1,4 @@
-// Buffers output in three ways, then ends at the site that its argument names.
+// Buffers output in three ways, then ends at the fatal error that its argument names.
 #include <cstdio>
 #include <cstring>
 #include <iostream>

@@ -1,6 +1,6 @@
 // loader PLUGIN LIBRARY CASE: loads and unloads the plug-in, which brings the library along.
 //
-// This program is not linked to the library. It prints what it found, a line each.
+// This program is not linked to the library. It prints its findings, one a line.
 #include "manners/loader.h"
 
 #include <cfenv>
@@ -22,7 +22,7 @@ using namespace zeph::test;
 namespace {
 
 constexpr int kTimes = 200;
-constexpr int kFirst = 20;  // what the loader itself keeps is there after these
+constexpr int kFirst = 20;  // after these the loader has allocated what it keeps
 
 /// Bytes in use on the heap; 0 where the runtime does not say.
 std::size_t HeapInUse() {
@@ -34,7 +34,7 @@ std::size_t HeapInUse() {
   return 0;
 }
 
-/// Whether the library is still loaded, after the time that Windows needs to be rid of its threads.
+/// Whether the library is still loaded, after the time that Windows needs to end its threads.
 bool Stays(const char* library) {
 #ifdef _WIN32
   for (int tries = 0; tries < 50 && IsLoaded(library); ++tries)
@@ -89,8 +89,8 @@ int OutlivedByAThread(const char* plugin, const char* library) {
   return 0;
 }
 
-/// The rounding direction, the control registers, and the locale. Of the flags those that tell of a
-/// mistake: operations are inexact, and denormal or underflowing where their operands are.
+/// The rounding direction, the control registers, and the locale. Of the flags only those of
+/// errors: operations may be inexact, and denormal or underflowing where their operands are.
 std::string Environment() {
   unsigned sse = 0, x87 = 0;
 #if defined(__SSE2__)

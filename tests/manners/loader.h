@@ -1,4 +1,4 @@
-// Loading, asking about and unloading a shared library, on every system.
+// Loads, inspects and unloads a shared library, on every system.
 #ifndef ZEPH_TESTS_MANNERS_LOADER_H
 #define ZEPH_TESTS_MANNERS_LOADER_H
 
@@ -35,7 +35,7 @@ class Plugin {
   bool Loaded() const {
     return handle_ != nullptr;
   }
-  /// Calls the function `name`; its answer, or -1 where there is none.
+  /// Calls the function `name`; returns its result, or -1 if it does not exist.
   int Call(const char* name) const {
     int (*function)() = nullptr;
 #ifdef _WIN32
@@ -55,7 +55,8 @@ class Plugin {
 #endif
 };
 
-/// Whether this process has the library `path` loaded, by the loader's own word and by its maps.
+/// Whether this process has the library `path` loaded, according to the loader and to the process's
+/// memory maps.
 inline bool IsLoaded(const char* path) {
 #ifdef _WIN32
   return GetModuleHandleA(path) != nullptr;

@@ -1,4 +1,4 @@
-// The library holds one module object, made when it is loaded.
+// The library has one module object, constructed when it is loaded.
 #include <gtest/gtest.h>
 
 #include <cstdint>

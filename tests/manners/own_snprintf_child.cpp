@@ -9,7 +9,7 @@ namespace {
 int calls = 0;
 }
 
-/// In the place of the runtime's, for the library too.
+/// Replaces the runtime's, for the library too.
 extern "C" __attribute__((visibility("default"))) int snprintf(char* text, std::size_t room,
                                                                const char* format, ...) {
   ++calls;
@@ -27,7 +27,7 @@ int main() {
   std::fesetround(FE_UPWARD);
   ZEPH_ArrayDisplay(listing, values, 3, name);
   std::fesetround(FE_TONEAREST);
-  ZEPH_ArrayDisplay(listing, values, 3, name);  // may still ask what the runtime does
+  ZEPH_ArrayDisplay(listing, values, 3, name);  // may still examine the runtime
   calls = 0;
   ZEPH_ArrayDisplay(listing, values, 3, name);
   std::printf("%d", calls);

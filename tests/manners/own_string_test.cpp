@@ -6,7 +6,7 @@
 using namespace zeph::test;
 
 #if defined(ZEPH_TEST_SHARED) && defined(__ELF__)
-// The library's calls of its own functions are not the program's to take.
+// A program cannot intercept the library's calls to its own functions.
 TEST(OwnString, OfAProgramIsNotTakenForTheLibrarys) {
   CaptureStdout capture;
   CZEPHPermutation::Test1(stdout);

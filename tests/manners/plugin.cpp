@@ -62,7 +62,7 @@ ZEPH_PLUGIN int Use() {
   return Negate() && other && UseArrays() && UseMatrices() && UseTheKit();
 }
 
-/// Leaves threads of the library's behind, asleep.
+/// Leaves sleeping threads of the library behind.
 ZEPH_PLUGIN int UseThreads() {
   ZEPH_SetThreads(3);
   const CZEPHDoubleMatrix ones(180, 180, 1.0);

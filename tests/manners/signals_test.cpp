@@ -28,8 +28,8 @@ void Handle(int) {
   ++handled;
 }
 
-/// A signal every 200 microseconds of the clock. The handler stays when they have stopped: one that comes
-/// late would end the process.
+/// A signal every 200 microseconds of real time. The handler stays installed afterwards: a late
+/// signal would end the process.
 class Signals {
  public:
   Signals() {

@@ -1,6 +1,6 @@
-// Writes where nothing can be written: its first argument says what becomes of the standard output, the second
-// what writes. A report that ends the process ends it as elsewhere; for listings the status is what the caller
-// sees of its stream: 3 for an error, 4 for none.
+// Writes where nothing can be written: its first argument says what happens to the standard output,
+// the second what writes. A report that ends the process ends it as elsewhere; for listings the
+// status is the state of the caller's stream: 3 for an error, 4 for none.
 #include <cstdio>
 #include <cstring>
 

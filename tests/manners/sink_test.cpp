@@ -1,5 +1,5 @@
-// A standard output that is closed or full: reports and listings neither crash nor hang, and the error is the
-// caller's to see.
+// A standard output that is closed or full: reports and listings neither crash nor hang, and the
+// caller can see the error.
 #if defined(__linux__)
 #include <gtest/gtest.h>
 

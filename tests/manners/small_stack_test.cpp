@@ -1,4 +1,5 @@
-// Threads of hosts may have small stacks: what runs on 64 KiB, and the one operation that says it takes more.
+// Threads of hosts may have small stacks: the operations run on 64 KiB, except the one that is
+// documented to take more.
 #if defined(__unix__) && !defined(__EMSCRIPTEN__)
 #include "support/small_stack.h"
 #include "support/not_finite.h"
@@ -40,7 +41,8 @@ void OnSmallStack(const std::function<void()>& body) {
   ASSERT_TRUE(RunOnSmallStack(kSmall, body));
 }
 
-/// In no order, with zeros of both signs and a NaN, so that no shortcut is taken; or with few values.
+/// Unordered, with zeros of both signs and a NaN, so that no shortcut is taken; or with few
+/// distinct values.
 std::vector<double> Mixed(int n, unsigned distinct) {
   std::vector<double> v(static_cast<std::size_t>(n));
   unsigned state = 1;

@@ -1,4 +1,4 @@
-// The tests' own files: where they are, and that nothing stays of them.
+// The tests' own files: where they are, and that none remain.
 #include "support/temporary_file.h"
 
 #include <gtest/gtest.h>

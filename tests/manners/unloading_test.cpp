@@ -1,4 +1,4 @@
-// What loading, using and unloading the library leaves behind in a process: nothing.
+// Loading, using and unloading the library leaves nothing behind in a process.
 #include <gtest/gtest.h>
 
 #include <cstdlib>

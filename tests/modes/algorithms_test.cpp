@@ -23,7 +23,7 @@ void ForEachInput(const std::vector<std::size_t>& lengths, Check check) {
     }
 }
 
-/// Each value by itself.
+/// Each value separately.
 template <class Operation, class Steps>
 void CheckEach(Results kind, Operation operation, Steps steps) {
   ForEachInput({60}, [&](const Doubles& values) {

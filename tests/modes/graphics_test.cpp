@@ -24,7 +24,7 @@ Floats List(const V& v) {
   return Array(v);
 }
 
-/// Both give a matrix or a vector.
+/// Both return a matrix or a vector.
 template <class Operation, class Steps>
 void Check(const char* what, Operation operation, Steps steps) {
   SCOPED_TRACE(what);
@@ -170,7 +170,7 @@ TEST(GraphicsModes, Vectors) {
   ForEachCase(kCases / 3, 65, [](Random& random) {
     const CZEPHVector3D a = AnyVector<CZEPHVector3D>(random), b = AnyVector<CZEPHVector3D>(random);
     const CZEPHVector3D c = AnyVector<CZEPHVector3D>(random);
-    CZEPHVector4D p = AnyVector<CZEPHVector4D>(random);  // only such a one converts by its w
+    CZEPHVector4D p = AnyVector<CZEPHVector4D>(random);  // only a non-const one converts by its w
     const oracle::Vector x = Array(a), y = Array(b), z = Array(c);
     const float s = AnyFloat(random, random.Below(3) == 0);
     const double angle = AnyAngle(random);

@@ -1,4 +1,4 @@
-// Arrays on which the modes of the host show.
+// Arrays whose results depend on the host's modes.
 #ifndef ZEPH_TESTS_MODES_INPUTS_H
 #define ZEPH_TESTS_MODES_INPUTS_H
 
@@ -33,7 +33,7 @@ T Denormal(int times) {
   return static_cast<T>(times) * std::numeric_limits<T>::denorm_min();
 }
 
-/// Arrays of `n` elements; none holds a signalling NaN, which no arithmetic gives.
+/// Arrays of `n` elements; none has a signalling NaN, which arithmetic never produces.
 template <class T = double>
 std::vector<Input<T>> ModeInputs(std::size_t n, std::uint64_t seed) {
   using Limits = std::numeric_limits<T>;

@@ -139,8 +139,8 @@ TEST(RawBufferModes, MergeOfSortedArrays) {
   });
 }
 
-// A NaN behind `b`'s last element that the documented steps compare: `a` is used up before, in front of the others or
-// among them.
+// A NaN after the last element of `b` that the documented steps compare: `a` runs out earlier,
+// before the others or among them.
 TEST(RawBufferModes, MergeLooksAtNoElementThatItsStepsDoNotCompare) {
   for (const double behind : {200.0, 1.5})
     for (const int n : {3, 20, 98, 99, 100, 128}) {

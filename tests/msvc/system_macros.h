@@ -1,4 +1,4 @@
-// Macros that the system's header defines whatever a program asks of it, and the two that it need not.
+// Macros that the system's header always defines, and the two that a program can suppress.
 #define near
 #define far
 #define small char

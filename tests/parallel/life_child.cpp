@@ -1,4 +1,4 @@
-// life_child CASE: a process in which the library has threads meets what happens to processes.
+// life_child CASE: a process in which the library has threads ends, forks and so on.
 #include <atomic>
 #include <chrono>
 #include <cstdlib>
@@ -19,8 +19,8 @@ using namespace zeph::test;
 
 namespace {
 
-/// Whether the process has `threads` threads, or the system does not say. It may list one for a
-/// moment longer than its end is waited for.
+/// Whether the process has `threads` threads, or the system does not say. It may list a thread for
+/// a moment after it was joined.
 bool IsOrUnknown(int threads) {
   int there = ThreadsOfTheProcess();
   for (int tries = 0; there > threads && tries < 1000; ++tries) {
@@ -48,7 +48,7 @@ void Counts() {
   Say(IsOrUnknown(1), "and they end too");
 }
 
-/// The process ends with threads that sleep, or at work for another thread.
+/// The process ends with sleeping threads, or with threads at work for another thread.
 void EndLive() {
   ZEPH_SetThreads(4);
   static Work work;
@@ -91,7 +91,7 @@ int ChildStatus(pid_t child) {
   return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-/// What the child of a fork finds and does; its bits are its status.
+/// What the child of a fork observes and does; its findings are the bits of its status.
 int InChild(Work& work, bool ask) {
   int wrong = ZEPH_GetThreads() == 1 ? 0 : 1;
   if (!work.Right() || !IsOrUnknown(1)) wrong |= 2;
@@ -100,7 +100,7 @@ int InChild(Work& work, bool ask) {
   if (!work.Right() || !IsOrUnknown(3)) wrong |= 4;
   ZEPH_SetThreads(1);
   if (!IsOrUnknown(1)) wrong |= 8;
-  ZEPH_SetThreads(2);  // and leaves them live
+  ZEPH_SetThreads(2);  // and leaves them running
   if (!work.Right()) wrong |= 16;
   return wrong;
 }
@@ -169,7 +169,7 @@ void Signals() {
   Say(handled && pthread_equal(handler, pthread_self()), "the program's own does");
 }
 
-/// A thread that is to be cancelled gets there when its call is over.
+/// A cancelled thread gets to this point when its call is over.
 void Cancel() {
   ZEPH_SetThreads(4);
   for (int k = 0; k < 50; ++k) {

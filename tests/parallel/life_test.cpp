@@ -1,4 +1,4 @@
-// Processes in which the library has threads: they end, fork, and get signals as any other.
+// Processes in which the library has threads: they end, fork, and get signals like any other.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -12,8 +12,8 @@ using zeph::test::RunChild;
 
 namespace {
 
-// The sanitizer's allocator knows nothing of fork: a child may wait for ever for a lock that was held by
-// a thread which it does not have.
+// The sanitizer's allocator does not support fork: a child may wait forever for a lock held by a
+// thread that it does not have.
 #ifdef ZEPH_TEST_SANITIZED
 constexpr bool kForksWithThreads = false;
 #else

@@ -1,4 +1,4 @@
-// The pool by itself. The shared library hides it, so this program carries a copy of its own.
+// The pool alone. The shared library hides it, so this program contains its own copy.
 #include "parallel/pool.h"
 
 #include <gtest/gtest.h>
@@ -27,7 +27,7 @@ class Pool : public ::testing::Test {
   void TearDown() override { SetEverybodys(1); }
 };
 
-/// Has `threads` threads at work at once: each piece waits for the others to have begun.
+/// Makes `threads` threads work at once: each piece waits until the others have begun.
 void MeetInPieces(int threads) {
   std::atomic<int> there{0};
   Share(threads, static_cast<std::size_t>(threads), [&](std::size_t) {

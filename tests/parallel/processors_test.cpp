@@ -1,4 +1,4 @@
-// How many processors there are to use, by affinity and by the control groups' files.
+// The number of usable processors, by affinity and by the control groups' files.
 #include "platform/processors.h"
 
 #include <gtest/gtest.h>
@@ -22,7 +22,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A folder that looks like /sys/fs/cgroup, and the file that says where in it a process is.
+/// A folder that looks like /sys/fs/cgroup, and the file that names a process's groups.
 class Groups : public ::testing::Test {
  protected:
   Groups() {

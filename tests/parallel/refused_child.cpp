@@ -1,4 +1,5 @@
-// A process that the system gives no thread: the call for one is this program's own, and refuses.
+// A process that cannot create threads: the function that creates one is replaced here and always
+// fails.
 #include "parallel/work.h"
 
 #ifndef _WIN32

@@ -1,4 +1,4 @@
-// What is shared by rows has the same bits on any number of threads.
+// Work that is divided by rows has the same bits on any number of threads.
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -22,7 +22,7 @@ CZEPHDoubleMatrix Empty<CZEPHDoubleMatrix>(int rows, int cols) {
   return CZEPHDoubleMatrix(rows, cols, 0.0);
 }
 
-/// Numbers, with some of everything else among them.
+/// Numbers, with some of every special value among them.
 template <class Matrix>
 Matrix Generated(int rows, int cols, std::uint64_t seed) {
   Matrix m = Empty<Matrix>(rows, cols);
@@ -83,7 +83,7 @@ TEST(SharedRows, ProductsOfMatrices) {
 
 namespace {
 
-/// A matrix as the raw functions take it.
+/// A matrix in the form of the raw functions.
 struct Table {
   explicit Table(int n, std::uint64_t seed) : cells(static_cast<std::size_t>(n * n)) {
     Random random(seed);
@@ -94,7 +94,7 @@ struct Table {
   std::vector<double*> rows;
 };
 
-/// What `compute` gives with any number of threads is what it gives with one.
+/// The result of `compute` with any number of threads equals that with one.
 template <class Compute>
 void ExpectTheSame(const char* what, Compute compute) {
   ZEPH_SetThreads(1);

@@ -1,4 +1,4 @@
-// Sorts have the same outcome, to the bit, on any number of threads.
+// Sorts have the same result, to the bit, on any number of threads.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -38,7 +38,7 @@ Values Sorted(const Method& method, Values v) {
   return Values(a.data, a.data + a.size);
 }
 
-/// Numbers of threads that meet every way of dividing.
+/// Numbers of threads that reach every way of dividing.
 const std::vector<int> kThreads = Scaled<std::vector<int>>({2, 3, 4, 5, 6, 7, 8}, {2, 3, 8});
 
 void ExpectOneOutcome(const Method& method, const Values& v, const std::string& what) {

@@ -1,4 +1,4 @@
-// Work for programs that use threads: large enough to be shared, with an outcome that can be told.
+// Work for programs that use threads: large enough to be shared, with a known result.
 #ifndef ZEPH_TESTS_PARALLEL_WORK_H
 #define ZEPH_TESTS_PARALLEL_WORK_H
 
@@ -40,7 +40,7 @@ class Work {
     const ZEPH_ThreadScope alone(1);
     want_ = Product();
   }
-  /// Does it; whether its bits are those of one thread.
+  /// Computes it and returns whether its bits are those of one thread.
   bool Right() {
     const std::vector<double> got = Product();
     return std::memcmp(got.data(), want_.data(), got.size() * sizeof(double)) == 0;
@@ -59,7 +59,7 @@ class Work {
   std::vector<double> want_;
 };
 
-/// Prints "ok" or what is not.
+/// Prints "ok" or what is wrong.
 inline void Say(bool good, const char* what) {
   std::printf("%s%s\n", good ? "ok: " : "NOT: ", what);
   std::fflush(stdout);

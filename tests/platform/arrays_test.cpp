@@ -16,7 +16,7 @@ namespace {
 class Thing : public CObject {};
 Thing things[10];
 
-/// The i-th element value of an array's type; 0 gives its null.
+/// The i-th element value of an array's type; 0 returns its null.
 template <class T>
 T Element(int i) {
   if constexpr (std::is_pointer_v<T>)
@@ -25,7 +25,7 @@ T Element(int i) {
     return static_cast<T>(i);
 }
 
-/// Shows what derived classes of the framework's arrays can see.
+/// Gives access to the protected fields.
 template <class Array, class T>
 struct Shown : Array {
   using Type = T;

@@ -24,7 +24,7 @@ struct Shown : CObList {
 
 using Content = std::vector<CObject*>;
 
-/// The elements from head to tail; fails unless the way back and the count agree.
+/// The elements from head to tail; fails unless the backward links and the count agree.
 Content Walk(Shown& list) {
   Content forward, backward;
   for (POSITION at = list.GetHeadPosition(); at;) forward.push_back(list.GetNext(at));

@@ -32,7 +32,7 @@ template <class Call>
 
 }  // namespace
 
-#ifdef __GLIBC__  // which says at once that there is no such text; others write it for seconds
+#ifdef __GLIBC__  // which fails at once; other runtimes write for seconds
 namespace {
 const char* volatile kWide = "%2147483648d";  // the compiler would warn of a literal
 }

@@ -28,7 +28,7 @@ std::string Digits(const Decimal& decimal, int count) {
   return text + exponent;
 }
 
-/// Compares where there is an answer; returns whether there is.
+/// Compares the result if there is one; returns whether there is.
 bool Compare(double x, int count) {
   Decimal decimal;
   if (!RoundToDecimal(x, count, decimal)) return false;

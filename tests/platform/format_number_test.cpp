@@ -57,7 +57,7 @@ TEST(RealFormat, WritesTheDecimalPointOfTheLocaleOfAnyLength) {
 }
 
 TEST(RealFormat, LeavesEverythingToPrintfWhereTheRuntimeRoundsInItsOwnWay) {
-  const NumberConventions inexact{false, 3, ","};  // what it would write shows who wrote
+  const NumberConventions inexact{false, 3, ","};  // its different text shows who wrote
   EXPECT_EQ(Scientific(1.5, inexact), "1.5000e+00");
   EXPECT_EQ(Fixed(1.5, inexact), "1.500000");
 }

@@ -1,4 +1,4 @@
-// Texts that end where a page ends, beside one that nobody may touch.
+// Texts that end at a page boundary, before an inaccessible page.
 #include "support/guarded.h"
 
 #ifdef ZEPH_TEST_GUARDED
@@ -15,7 +15,7 @@ namespace {
 
 using zeph::test::Guarded;
 
-/// `n` letters without a zero behind them, and with one.
+/// `n` letters without a terminating zero, and with one.
 std::string_view Letters(const Guarded& pages, std::size_t n, bool atEnd) {
   return {pages.Copy(std::vector<char>(n, 'x'), atEnd), n};
 }
@@ -49,7 +49,7 @@ TEST(TextGuardPages, StringsReadWhatIsTheirsOnly) {
     }
 }
 
-/// Short texts stand in the string itself, which fills its room to the last byte and no further.
+/// Short texts are stored in the string itself, up to the last byte of its buffer and no further.
 TEST(TextGuardPages, AShortTextStaysInItsString) {
   const Guarded pages;
   for (std::size_t n = 0; n <= 40; ++n) {

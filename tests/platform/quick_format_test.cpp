@@ -1,5 +1,5 @@
-// CString::Format against the runtime's printf: the same bytes whatever the format, the numbers, the locale and
-// the direction of rounding.
+// CString::Format against the runtime's printf: the same bytes for every format, number, locale and
+// rounding direction.
 #include "platform/quick_format.h"
 
 #include <cfenv>
@@ -17,7 +17,7 @@ using namespace zeph::test;
 
 namespace {
 
-/// What the runtime writes. The formats are made at run time, so the compiler cannot look at them.
+/// The runtime's text. The formats are made at run time, so the compiler cannot check them.
 template <class... Args>
 std::string Printed(const std::string& format, Args... args) {
   const auto print = &std::snprintf;
@@ -41,7 +41,7 @@ std::string Formatted(const std::string& format, Args... args) {
   return made;
 }
 
-/// Whether the quick way takes the format.
+/// Whether the fast path accepts the format.
 bool IsQuick(const char* format, ...) {
   char text[512];
   va_list list;
@@ -146,7 +146,7 @@ TEST(QuickFormat, TakesSeveralArgumentsInTheirOrder) {
   const char* const format = "%s[%5d] = %.3f, %-8lu%c%lld %% %e%s";
   EXPECT_EQ(Formatted(format, "row", -3, 2.5, 7ul, 'c', -1ll, 1e100, ""),
             Printed(format, "row", -3, 2.5, 7ul, 'c', -1ll, 1e100, ""));
-  const char* const late = "%d %s %.3f %lf %08.3f %s";  // the fifth is not known: all starts again
+  const char* const late = "%d %s %.3f %lf %08.3f %s";  // the fifth is not supported
   EXPECT_EQ(Formatted(late, 1, "two", 3.0, 4.0, 5.0, "six"),
             Printed(late, 1, "two", 3.0, 4.0, 5.0, "six"));
 }

@@ -114,7 +114,7 @@ TEST(StreamNumber, ReportsAStreamThatCannotBeWritten) {
 
 namespace {
 
-/// Takes a number of bytes, then none; counts how often it is flushed.
+/// Accepts a number of bytes, then none; counts flushes.
 class Narrow : public std::streambuf {
  public:
   explicit Narrow(std::size_t room) : room_(room) {}
@@ -141,7 +141,7 @@ class Narrow : public std::streambuf {
   std::size_t room_;
 };
 
-/// What a stream of `room` bytes holds behind some insertions, and the states it is in.
+/// The content and states of a stream of `room` bytes after some insertions.
 struct Left {
   std::string taken;
   int flushes;

@@ -1,4 +1,4 @@
-// The digits of doubles where the standard library writes none: by printf, in any locale.
+// The digits of doubles where the standard library cannot write them: by printf, in any locale.
 #include "platform/to_chars.h"
 
 #include <gtest/gtest.h>

@@ -34,7 +34,7 @@ void ExpectCases(const HardCase (&cases)[n], Function function) {
         << Show(one.x) << ": " << Show(function(one.x));
 }
 
-/// All hard cases, by the functions as they are called and by their last step.
+/// All hard cases, by the functions themselves and by their last step.
 void ExpectHardCases() {
   for (const auto angle : {SineCosine, SineCosineInWholeNumbers}) {
     const auto sine = [&](double x) { return angle(x).sine; };
@@ -66,7 +66,7 @@ std::vector<Arguments> RandomArguments(std::size_t count) {
   return all;
 }
 
-/// The functions of all arguments, as one number.
+/// A digest of the functions of all arguments.
 std::uint64_t DigestOver(const std::vector<Arguments>& all) {
   std::uint64_t digest = 0;
   const auto take = [&](std::uint64_t bits) {

@@ -10,8 +10,7 @@ using zeph::portable_math::SeedFifteenBits;
 TEST(PortableRandom, DrawsTheNumbersOfTheCStandardsExample) {
   for (const unsigned seed : {0u, 1u, 2u, 12345u, 2147483648u, 4294967295u}) {
     SeedFifteenBits(seed);
-    std::uint64_t next =
-        seed;  // as wide as an unsigned long may be: what is above 32 bits does not count
+    std::uint64_t next = seed;  // as wide as an unsigned long may be: bits above 32 are ignored
     for (int k = 0; k < 1000; ++k) {
       next = next * 1103515245 + 12345;
       ASSERT_EQ(DrawFifteenBits(), static_cast<int>(next / 65536 % 32768)) << seed << ", " << k;

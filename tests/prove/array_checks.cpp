@@ -79,7 +79,7 @@ void CheckSorts(const Values& v, Case& seen) {
 }
 
 void CheckPartitions(const Values& v, double pivot, Case& seen) {
-  if (v.empty()) return;  // no range to part
+  if (v.empty()) return;  // no range to partition
   const int last = Last(v);
   CZEPHDoubleArray parted = ArrayOf(v);
   Values want = v;

@@ -1,8 +1,9 @@
 // The portable sine, cosine, tangent and logarithm, compared with correctly rounded results.
 //
-// The judge is MPFR. Where the runtime has a long double of 64 bits, its function is asked first:
-// as long as the result may move by 2^-60 of itself, some 16 units of its last place, without
-// another rounding, it decides. All others, and one in 1024 in any case, go to MPFR.
+// The reference is MPFR. Where the runtime has a long double with 64 bits, its function is tried
+// first: if the result may vary by 2^-60 of itself, some 16 units of its last place, without
+// changing the rounding, it decides. All others, and one in 1024 in any case, are compared with
+// MPFR.
 #include "prove/proof.h"
 
 #ifdef ZEPH_HAVE_MPFR
@@ -40,8 +41,8 @@ class Mpfr {
 
 using MpfrFunction = int (*)(mpfr_ptr, mpfr_srcptr, mpfr_rnd_t);
 
-/// `function` of x rounded to a T, which is the argument's type too. No result of ours is denormal
-/// but where the function gives its argument back.
+/// `function` of x rounded to a T, which is the argument's type too. No result is denormal except
+/// where the function returns its argument.
 template <class T>
 double Judged(MpfrFunction function, T x) {
   thread_local Mpfr argument(DBL_MANT_DIG),
@@ -51,12 +52,12 @@ double Judged(MpfrFunction function, T x) {
   return mpfr_get_d(result, MPFR_RNDN);
 }
 
-/// Compares results with the witness where that is sure, else with the judge.
+/// Compares results with the long double where that is certain, else with MPFR.
 class Comparison {
  public:
   explicit Comparison(Case& seen) : seen_(seen) {}
 
-  /// `wide` is the runtime's function of x in more digits than a T, right within `error` of it.
+  /// `wide` is the runtime's function of x with more digits than a T, correct within `error` of it.
   template <class T, class Wide>
   void Compare(const char* name, MpfrFunction function, T x, T got, Wide wide, Wide error) {
     const T low = static_cast<T>(wide * (1 - error)), high = static_cast<T>(wide * (1 + error));
@@ -82,7 +83,7 @@ class Comparison {
             0x1p-46);
   }
 
-  /// The last step of sine, cosine and logarithm, which the others leave nearly always alone.
+  /// The last step of sine, cosine and logarithm, which other arguments hardly ever reach.
   void WholeNumbers(double x) {
     const auto got = portable_math::SineCosineInWholeNumbers(x);
     const auto want = portable_math::SineCosine(x);
@@ -118,7 +119,7 @@ class Comparison {
 
 constexpr int kBlock = 1000;
 
-/// Any exponent, or one of those where the function is busiest.
+/// Any exponent, or one of the range where the function matters most.
 double Drawn(test::Random& random, int least, int most) {
   const std::uint64_t bits = random.Next();
   if (random.Below(2) == 0) {

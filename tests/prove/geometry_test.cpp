@@ -34,7 +34,7 @@ void CheckInverse(std::uint64_t k, Case& seen) {
   Describe(seen);
 }
 
-/// Twice the same values, for the library and for the literal steps.
+/// The same values twice, for the library and for the literal steps.
 struct Twice {
   double got[3][3], want[3][3];
 };

@@ -1,5 +1,5 @@
-// What keeps an ascending order from being unique, in the orders that the walks are slow on, sorted
-// by every form of the kernels.
+// Elements whose ascending order is not unique, in adversarial orders, sorted by every form of the
+// kernels.
 #include <string>
 
 #include "double_array/arrays.h"
@@ -15,8 +15,8 @@ namespace {
 
 constexpr std::uint64_t kKinds = test::kContents * test::kArrangements;
 constexpr std::uint64_t kEveryLength = 201 * kKinds;  // 0 to 200
-constexpr std::uint64_t kAnyLength = 2800;            // up to 20,000, of every kind as many
-constexpr std::size_t kQuadratic = 3000;              // the literal walks of more take too long
+constexpr std::uint64_t kAnyLength = 2800;            // up to 20,000, equally many of every kind
+constexpr std::size_t kQuadratic = 3000;              // the literal steps of more take too long
 
 Values Input(std::uint64_t k) {
   const std::uint64_t kind = k % kKinds;
@@ -63,7 +63,7 @@ class HostileProof : public ::testing::TestWithParam<std::string> {};
 
 TEST_P(HostileProof, SortsOfZerosNaNAndSlowOrders) {
   ASSERT_TRUE(kernels::Force(GetParam().c_str()));
-  // All sorts, as they are called, in the form that this processor gets: once.
+  // All sorts by their public functions, once, in the form that this processor selects.
   const bool first = GetParam() == RunnableForms().front();
   Prove(kEveryLength + kAnyLength,
         [first](std::uint64_t k, Case& seen) { CheckHostile(k, first, seen); });

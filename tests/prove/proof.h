@@ -1,5 +1,5 @@
-// What a long proof is made of: numbered inputs, on each of which the library is compared with the
-// literal steps.
+// The framework of the long proofs: numbered inputs, for each of which the library is compared with
+// the literal steps.
 #ifndef ZEPH_TESTS_PROVE_PROOF_H
 #define ZEPH_TESTS_PROVE_PROOF_H
 
@@ -13,10 +13,11 @@
 
 namespace zeph::prove {
 
-/// The comparisons on one input. GoogleTest's own do not count, and there are hundreds of millions.
+/// The comparisons on one input. GoogleTest's assertions do not count them, and there are hundreds
+/// of millions.
 class Case {
  public:
-  /// Notes one comparison; the first that fails is kept.
+  /// Records one comparison; the first that fails is kept.
   void Expect(const ::testing::AssertionResult& same, const char* what) {
     ++comparisons_;
     if (same || Failed()) return;
@@ -39,7 +40,7 @@ class Case {
   std::string differs_, input_;
 };
 
-/// What a call returns, and what it leaves behind.
+/// A call's result and the array after it.
 inline ::testing::AssertionResult Both(int got, int want, const ::testing::AssertionResult& rest) {
   if (got == want) return rest;
   return ::testing::AssertionFailure() << "returns " << got << ", not " << want;

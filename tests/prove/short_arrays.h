@@ -1,4 +1,4 @@
-// Every short array over values that compare in every way.
+// Every short array over values that cover every outcome of a comparison.
 #ifndef ZEPH_TESTS_PROVE_SHORT_ARRAYS_H
 #define ZEPH_TESTS_PROVE_SHORT_ARRAYS_H
 
@@ -38,11 +38,12 @@ struct ShortArrays {
   }
 };
 
-/// All values that differ in how they compare, at lengths that the sorts walk.
+/// All values that differ in how they compare, at lengths for which the sorts take the documented
+/// steps.
 inline ShortArrays WalkedArrays() {
   return {{-test::kInfinity, -1, -0.0, 0.0, 1, test::kInfinity, test::kNaN}, 1, 8};
 }
-/// Fewer values, at lengths from which on the sorts take their shortcuts.
+/// Fewer values, at lengths from which the sorts take their shortcuts.
 inline ShortArrays LongerArrays() {
   return {{-0.0, 0.0, 1, test::kNaN}, 9, 10};
 }

@@ -12,7 +12,7 @@ using namespace zeph::test;
 
 namespace {
 
-/// An address as a number: a pointer moved back by `lo` points nowhere.
+/// An address as a number: a pointer moved back by `lo` is not valid.
 template <class T>
 std::uintptr_t Address(T* p) {
   return reinterpret_cast<std::uintptr_t>(p);

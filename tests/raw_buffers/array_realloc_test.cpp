@@ -85,7 +85,7 @@ TEST(RawArrayRealloc, GivesAZeroedBlockForANullOne) {
   });
 }
 
-// A block that could not be had: too many elements to count, or none asked of a negative size.
+// A block that cannot be allocated: too many elements, or a negative size.
 TEST(RawArrayRealloc, AnswersNullAndKeepsTheOldBlockForSizesThatWrap) {
   ForEachElementType([](auto zero) {
     using T = decltype(zero);

@@ -1,4 +1,4 @@
-// The families of raw_buffers.h by element type, so that a test can walk all four.
+// The families of raw_buffers.h by element type, so that a test can cover all four.
 #ifndef ZEPH_TESTS_RAW_BUFFERS_FAMILIES_H
 #define ZEPH_TESTS_RAW_BUFFERS_FAMILIES_H
 
@@ -58,7 +58,7 @@ inline std::vector<AllocationEvent> OfKind(const std::vector<AllocationEvent>& e
   return chosen;
 }
 
-/// Gives back what an operation has lost on purpose, so that leak checkers stay quiet.
+/// Releases blocks that an operation leaks on purpose, so that leak checkers stay quiet.
 inline void ReleaseLost(const std::vector<AllocationEvent>& events) {
   for (const auto& event : OfKind(events, AllocationEvent::kNewArray))
     ::operator delete[](event.block);

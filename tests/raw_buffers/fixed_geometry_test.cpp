@@ -84,7 +84,7 @@ TEST(RawMatrixMultiply3, SnapsEveryPartialSum) {
 
 TEST(RawMatrixMultiply3, AgreesWithTheOracleWhereverOutLies) {
   for (std::uint64_t seed = 0; seed < 3000; ++seed) {
-    const std::size_t outs[] = {18, 0, 9, 5, 12};  // apart, a, b, across each
+    const std::size_t outs[] = {18, 0, 9, 5, 12};  // separate, a, b, overlapping each
     for (const std::size_t out : outs) {
       auto got = Cells(27, seed), want = got;
       ZEPH_MatrixMultiply3(At(got, 0), At(got, 9), At(got, out));

@@ -1,5 +1,4 @@
-// Functions on plain buffers that end where a page ends, or begin where one begins, beside pages that nobody may
-// touch.
+// Functions on plain buffers that end or begin at a page boundary, beside inaccessible pages.
 #include "support/guarded.h"
 
 #ifdef ZEPH_TEST_GUARDED
@@ -39,7 +38,7 @@ void ForEachPlace(Body body) {
     for (const int n : Lengths()) body(n, atEnd);
 }
 
-/// A square matrix whose rows lie one behind the other, the last of them at the edge.
+/// A square matrix with contiguous rows, the last of them at the boundary.
 struct Square {
   Square(const Guarded& pages, int n, bool atEnd) {
     const auto count = static_cast<std::size_t>(n);

@@ -105,7 +105,7 @@ TEST(LiteralLabels, ServeThePrintingOfMatricesAndVectors) {
   EXPECT_EQ(lines(Written([&](FILE* f) { ZEPH_MatrixPrint4(f, flat, "m"); })), 5);
 }
 
-// Null and writable labels compile as ever; these calls name no template.
+// Null and writable labels still compile; these calls use no template.
 TEST(LiteralLabels, LeaveNullAndWritableLabelsToTheDocumentedFunctions) {
   char buffer[] = "label";
   char* pointer = buffer;

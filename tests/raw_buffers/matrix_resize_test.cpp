@@ -16,7 +16,7 @@ T Cell(int i, int j) {
   return static_cast<T>(100 * (i + 1) + j);
 }
 
-/// 0..rowHi by 0..colHi, every cell telling where it is.
+/// 0..rowHi by 0..colHi, every cell encoding its position.
 template <class T>
 T** Numbered(int rowHi, int colHi) {
   T** m = Family<T>::Matrix(0, rowHi, 0, colHi);

@@ -14,7 +14,7 @@ using namespace zeph::test;
 
 namespace {
 
-/// The documented steps. Keys carry where they came from: the sign of a zero, a NaN's payload.
+/// The documented steps. Keys encode their origin: the sign of a zero, a NaN's payload.
 template <class T>
 std::vector<T> Merged(const std::vector<T>& a, const std::vector<T>& b) {
   std::vector<T> out;
@@ -50,7 +50,7 @@ TEST(RawArrayMergeSorted, MergesEverySmallPairOfIntArrays) {
 }
 
 TEST(RawArrayMergeSorted, PutsTheElementOfTheSecondArrayFirstAmongEquals) {
-  // Zeros of both signs are equal and tell where they came from.
+  // Zeros of both signs are equal and reveal their origin.
   const auto got = MergedByLibrary<double>({-0.0, 1}, {0.0, 0.0});
   EXPECT_TRUE(SameBits(got, {0.0, 0.0, -0.0, 1}));
 }

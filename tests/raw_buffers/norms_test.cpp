@@ -40,7 +40,7 @@ const NamedMatrixNorm kMatrixNorms[] = {{"one", ZEPH_MatrixOneNorm, oracle::Matr
                                         {"frob2", ZEPH_MatrixFrobNorm2, oracle::MatrixFrobNorm2},
                                         {"frob3", ZEPH_MatrixFrobNorm3, oracle::MatrixFrobNorm3}};
 
-/// Mixtures that meet each branch of the scaled step, and every special value.
+/// Mixtures that reach each branch of the scaled step, and every special value.
 std::vector<double> Mixture(int kind, std::size_t n, std::uint64_t seed) {
   switch (kind) {
     case 0:
@@ -167,7 +167,7 @@ TEST(RawMatrixNorms, AgreeWithTheOracleOnLargeMatrices) {
     }
 }
 
-// One NaN anywhere decides the outcome by its place alone.
+// A single NaN determines the result by its position alone.
 TEST(RawMatrixNorms, TreatANaNAsTheOracleDoesWhereverItStands) {
   const int side = 7;
   for (const auto& named : kMatrixNorms)

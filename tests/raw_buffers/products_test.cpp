@@ -118,7 +118,8 @@ TEST(RawMatrixMult, GivesTheLiteralCellsForEqualRowsInsideAnyOperand) {
   }
 }
 
-// Rows anywhere in a small pool: same, shifted by a few cells, equal inside out, crossing.
+// Rows anywhere in a small pool: identical, shifted by a few cells, shared within one matrix,
+// crossing.
 TEST(RawMatrixMult, GivesTheLiteralCellsForRowsThatOverlapInAnyWay) {
   Random random(11);
   for (std::uint64_t round = 0; round < 20000; ++round) {
@@ -142,7 +143,7 @@ TEST(RawMatrixMult3, OfTheIdentityWithItselfAddsTheLastColumnAndRow) {
   EXPECT_TRUE(SameBits(&out[0][0], want, 9));
 }
 
-// 3x3 matrices at any distance of each other within 24 cells.
+// 3x3 matrices at any distance from each other within 24 cells.
 TEST(RawMatrixMult3, GivesTheLiteralCellsForEveryOverlap) {
   using Matrix = double(*)[3];
   for (std::size_t a = 0; a <= 15; ++a)

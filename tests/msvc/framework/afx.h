@@ -1,11 +1,12 @@
-// Declarations of what our platform headers say of the framework's classes, so that the sources compile with
-// ZEPH_USE_MFC here as well. Written from include/platform; nothing is defined, and no program can be linked.
+// Declarations of the framework's classes as our platform headers describe them, so that the
+// sources compile with ZEPH_USE_MFC here as well. Written from include/platform; nothing is
+// defined, and no program can be linked.
 #ifndef ZEPH_TESTS_MSVC_FRAMEWORK_AFX_H
 #define ZEPH_TESTS_MSVC_FRAMEWORK_AFX_H
 
 #include <cstddef>
 
-// The framework's headers bring the system's names and macros along.
+// The framework's headers include the system's names and macros.
 using BOOL = int;
 using UINT = unsigned int;
 using WORD = unsigned short;

@@ -7,7 +7,7 @@
 struct __POSITION;
 using POSITION = __POSITION*;
 
-/// An array of the framework's; it has one class for each type of element.
+/// An array of the framework, which has one class for each element type.
 #define ZEPH_FRAMEWORK_ARRAY(Array, Element, Given)                 \
   class Array : public CObject {                                    \
    public:                                                          \

@@ -1,5 +1,5 @@
-// What the public headers take from the standard library, declared and no more: enough to parse them as
-// that system's compiler does, where its own headers are not at hand.
+// Declarations of what the public headers use of the standard library: enough to parse them as that
+// system's compiler does, where its own headers are not available.
 #ifndef ZEPH_TESTS_MSVC_STANDARD_DECLARATIONS_H
 #define ZEPH_TESTS_MSVC_STANDARD_DECLARATIONS_H
 

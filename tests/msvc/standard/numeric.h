@@ -1,4 +1,4 @@
-// What the sources with arithmetic take from the standard library beyond that, declared and no more.
+// Declarations of what the sources with arithmetic use of the standard library beyond that.
 #ifndef ZEPH_TESTS_MSVC_STANDARD_NUMERIC_H
 #define ZEPH_TESTS_MSVC_STANDARD_NUMERIC_H
 

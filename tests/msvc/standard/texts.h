@@ -1,4 +1,5 @@
-// What the sources that write and read numbers take from the standard library beyond that.
+// Declarations of what the sources that write and read numbers use of the standard library beyond
+// that.
 #ifndef ZEPH_TESTS_MSVC_STANDARD_TEXTS_H
 #define ZEPH_TESTS_MSVC_STANDARD_TEXTS_H
 

@@ -43,12 +43,15 @@ void CheckHostile(std::uint64_t k, bool everySort, Case& seen) {
       double_array::SortAsWalked(got.data(), got.size(), static_cast<std::size_t>(cutoff));
     });
   }
+  Values want = v;
+  oracle::ShellSortByChains(want);
   if (v.size() <= kQuadratic || k % 64 == 0) {
-    Values want = v;
-    oracle::ShellSort(want);
-    Expect(v, want, "ShellSort", seen,
-           [](Values& got) { double_array::ShellSort(got.data(), got.size()); });
+    Values walked = v;
+    oracle::ShellSort(walked);
+    seen.Expect(test::SameBits(want, walked), "what the passes of ShellSort leave");
   }
+  Expect(v, want, "ShellSort", seen,
+         [](Values& got) { double_array::ShellSort(got.data(), got.size()); });
   if (everySort && v.size() <= kQuadratic) CheckSorts(v, seen);
   if (seen.Failed()) seen.Describe(test::Show(v));
 }

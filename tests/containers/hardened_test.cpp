@@ -1,72 +1,138 @@
 #include "support/hardened.h"
-
-using zeph::test::ExpectPasses;
-using zeph::test::ExpectStops;
+#include "containers.h"
 
 namespace {
 
-const char kChild[] = "zeph_containers_hardened_child";
+int Equal(CObject*, CObject*) {
+  return 0;
+}
+
+struct FiveObjects : CZEPHSortableObArray {
+  FiveObjects() { SetSize(5); }
+};
 
 }  // namespace
 
 TEST(HardenedContainers, StopAtANullCompareFunction) {
   ZEPH_SKIP_UNLESS_HARDENED();
-  ExpectStops(kChild, {
-                          {"array null", "CZEPHSortableObArray::Sort: compare is null"},
-                          {"range null", "CZEPHSortableObArray::Sort: compare is null"},
-                          {"list null", "CZEPHSortableObList::Sort: compare is null"},
-                          {"position null", "CZEPHSortableObList::Sort: compare is null"},
-                      });
+  EXPECT_STOP("CZEPHSortableObArray::Sort: compare is null", FiveObjects().Sort(nullptr));
+  EXPECT_STOP("CZEPHSortableObArray::Sort: compare is null", FiveObjects().Sort(0, 0, nullptr));
+  EXPECT_STOP("CZEPHSortableObList::Sort: compare is null", CZEPHSortableObList().Sort(nullptr));
+  EXPECT_STOP("CZEPHSortableObList::Sort: compare is null",
+              CZEPHSortableObList().Sort(nullptr, 1, nullptr));
 }
 
 TEST(HardenedContainers, StopAtARangeOutsideTheArray) {
   ZEPH_SKIP_UNLESS_HARDENED();
-  ExpectStops(kChild, {
-                          {"first", "CZEPHSortableObArray::Sort: first is -1, outside 0..5"},
-                          {"count", "CZEPHSortableObArray::Sort: count is 4, outside 1..3"},
-                      });
+  EXPECT_STOP("CZEPHSortableObArray::Sort: first is -1, outside 0..5",
+              FiveObjects().Sort(-1, 2, Equal));
+  EXPECT_STOP("CZEPHSortableObArray::Sort: count is 4, outside 1..3",
+              FiveObjects().Sort(2, 4, Equal));
 }
 
 TEST(HardenedContainers, StopAtAPositionOfAnotherList) {
   ZEPH_SKIP_UNLESS_HARDENED();
-  ExpectStops(kChild, {
-                          {"foreign position",
-                           "CZEPHSortableObList::Sort: start is no position of this list"},
-                      });
+  EXPECT_STOP("CZEPHSortableObList::Sort: start is no position of this list", {
+    CZEPHSortableObList list, other;
+    list.AddTail(nullptr);
+    list.Sort(other.AddTail(nullptr), 1, Equal);
+  });
 }
 
 TEST(HardenedContainers, StopWhereANodeIsInTheListAlready) {
   ZEPH_SKIP_UNLESS_HARDENED();
-  ExpectStops(kChild,
-              {
-                  {"link twice", "CZEPHLinkList::InsertOrdered: the node is in the list already"},
-                  {"node twice", "CZEPHSortedLinkList::Insert: the node is in the list already"},
-              });
+  EXPECT_STOP("CZEPHLinkList::InsertOrdered: the node is in the list already", {
+    CZEPHLinkList<double> list;
+    auto* link = new CZEPHLink<double>(1.0);
+    list.InsertOrdered(link);
+    list.InsertOrdered(link);
+  });
+  EXPECT_STOP("CZEPHSortedLinkList::Insert: the node is in the list already", {
+    CZEPHSortedLinkList list;
+    CZEPHLinkData node(1);
+    list.Insert(&node);
+    list.Insert(&node);
+  });
 }
 
 TEST(HardenedContainers, StopWhereAChainThatWasSharedIsGone) {
   ZEPH_SKIP_UNLESS_HARDENED();
-  ExpectStops(
-      kChild,
+  EXPECT_STOP(
+      "CZEPHLinkList::RemoveAll: the first node was released by another that shared the chain", {
+        CZEPHLinkList<double> list;
+        list.InsertOrdered(new CZEPHLink<double>(1.0));
+        CZEPHLinkList<double> copy = list;
+        list.RemoveAll();
+        copy.RemoveAll();
+      });
+  EXPECT_STOP(
+      "CZEPHLinkList::GetFirstLink: the first node was released by another that shared the chain", {
+        CZEPHLinkList<double> list;
+        CZEPHLink<double>* links[] = {new CZEPHLink<double>(1.0), new CZEPHLink<double>(0.0)};
+        list.Sorting(links, 2);
+        CZEPHLinkList<double> copy = list;
+        list.RemoveAll();
+        copy.GetFirstLink();
+      });
+  EXPECT_STOP("CZEPHStack::Pop: the first node was released by another that shared the chain", {
+    int item = 0;
+    CZEPHStack stack;
+    stack.Push(&item);
+    CZEPHStack copy = stack;
+    stack.Pop();
+    copy.Pop();
+  });
+  EXPECT_STOP(
+      "CZEPHPointerStack::Peek: the first node was released by another that shared the chain", {
+        int item = 0;
+        CZEPHPointerStack stack;
+        stack.Push(&item);
+        CZEPHPointerStack copy = stack;
+        stack.Pop();
+        copy.Peek();
+      });
+  EXPECT_STOP(
+      "CZEPHPointerStack::~CZEPHPointerStack: the first node was released by another that shared "
+      "the chain",
       {
-          {"shared chain",
-           "CZEPHLinkList::RemoveAll: the first node was released by another that shared the "
-           "chain"},
-          {"shared chain read",
-           "CZEPHLinkList::GetFirstLink: the first node was released by another that shared the "
-           "chain"},
-          {"shared stack",
-           "CZEPHStack::Pop: the first node was released by another that shared the chain"},
-          {"shared stack read",
-           "CZEPHPointerStack::Peek: the first node was released by another that shared the chain"},
-          {"shared stack dies",
-           "CZEPHPointerStack::~CZEPHPointerStack: the first node was released by another that "
-           "shared the chain"},
+        int item = 0;
+        CZEPHPointerStack stack;
+        stack.Push(&item);
+        CZEPHPointerStack copy = stack;
       });
 }
 
 TEST(HardenedContainers, LetEverythingDocumentedPass) {
   ZEPH_SKIP_UNLESS_HARDENED();
-  ExpectPasses(kChild, {"whole range", "no count", "own position", "null position", "null nodes",
-                        "shared and emptied"});
+  FiveObjects().Sort(0, 5, Equal);
+  FiveObjects().Sort(-1, 0, Equal);
+  {  // own position
+    CZEPHSortableObList list;
+    const POSITION at = list.AddTail(nullptr);
+    list.Sort(at, 1, Equal);
+  }
+  {  // null position
+    CZEPHSortableObList list;
+    list.AddTail(nullptr);
+    list.Sort(nullptr, 1, Equal);
+  }
+  {  // null nodes
+    CZEPHLinkList<double>().InsertOrdered(nullptr);
+    CZEPHSortedLinkList().Insert(nullptr);
+  }
+  {  // shared and emptied
+    int item = 0;
+    CZEPHLinkList<double> list;
+    list.InsertOrdered(new CZEPHLink<double>(1.0));
+    CZEPHLinkList<double> copy = list;
+    copy.m_pHead = nullptr;
+    CZEPHPointerStack stack;
+    stack.Push(&item);
+    CZEPHPointerStack other = stack;
+    other.m_pTop = nullptr;
+    for (int i = 0; i < 3; ++i) {  // at addresses that were released
+      stack.Push(&item);
+      stack.Pop();
+    }
+  }
 }

@@ -1,82 +1,162 @@
-#include "support/hardened.h"
+#include <sstream>
 
-using zeph::test::ExpectPasses;
-using zeph::test::ExpectStops;
+#include "linalg.h"
+#include "support/hardened.h"
 
 namespace {
 
-const char kChild[] = "zeph_linalg_hardened_child";
+using zeph::test::Hidden;
+using zeph::test::Null;
+using zeph::test::Use;
+
+const CZEPHDoubleMatrix& TwoByThree() {
+  static const CZEPHDoubleMatrix matrix(2, 3, 1.0);
+  return matrix;
+}
+
+CZEPHMatrix General() {
+  const double values[] = {1, 2, 3, 4, 5, 6};
+  return CZEPHMatrix(2, 3, values);
+}
+
+CZEPHVector Vector() {
+  const double values[] = {1, 2};
+  return CZEPHVector(2, values);
+}
+
+/// Reads `text` into a 2 x 3 matrix.
+void Read(const char* text) {
+  CZEPHDoubleMatrix m(2, 3, 1.0);
+  std::istringstream is(text);
+  is >> m;
+  m.m_nRows = 2;
+}
 
 }  // namespace
 
 TEST(HardenedLinalg, StopsAtARowOutsideAMatrix) {
   ZEPH_SKIP_UNLESS_HARDENED();
-  ExpectStops(kChild,
-              {
-                  {"const row", "CZEPHDoubleMatrix::operator[]: i is 2, outside 0..1"},
-                  {"const without storage", "CZEPHDoubleMatrix::operator[]: m_ppData is null"},
-                  {"row", "CZEPHMatrix::operator[]: i is -1, outside 0..1"},
-                  {"added row", "CZEPHMatrix::operator[]: i is 2, outside 0..1"},
-                  {"row without storage", "CZEPHMatrix::operator[]: m_ppData is null"},
-              });
+  EXPECT_STOP("CZEPHDoubleMatrix::operator[]: i is 2, outside 0..1", TwoByThree()[2]);
+  EXPECT_STOP("CZEPHDoubleMatrix::operator[]: m_ppData is null", {
+    const CZEPHDoubleMatrix m;
+    m[0];
+  });
+  EXPECT_STOP("CZEPHMatrix::operator[]: i is -1, outside 0..1", General()[-1]);
+  EXPECT_STOP("CZEPHMatrix::operator[]: i is 2, outside 0..1", {
+    const CZEPHMatrix m = General();
+    m[2];
+  });
+  EXPECT_STOP("CZEPHMatrix::operator[]: m_ppData is null", {
+    CZEPHMatrix m;
+    m[0];
+  });
 }
 
 TEST(HardenedLinalg, StopsAtAStreamThatAnnouncesMoreThanTheStorageHolds) {
   ZEPH_SKIP_UNLESS_HARDENED();
-  ExpectStops(kChild,
-              {
-                  {"more rows", "operator>>(CZEPHDoubleMatrix): rows is 3, outside 0..2"},
-                  {"more columns", "operator>>(CZEPHDoubleMatrix): columns is 4, outside 0..3"},
-              });
+  EXPECT_STOP("operator>>(CZEPHDoubleMatrix): rows is 3, outside 0..2", Read("3 2  1 2 3 4 5 6"));
+  EXPECT_STOP("operator>>(CZEPHDoubleMatrix): columns is 4, outside 0..3", Read("1 4  1 2 3 4"));
 }
 
 TEST(HardenedLinalg, StopsAtAnIndexOutsideAVector) {
   ZEPH_SKIP_UNLESS_HARDENED();
-  ExpectStops(kChild, {
-                          {"element", "CZEPHVector::operator[]: i is 2, outside 0..1"},
-                          {"get", "CZEPHVector::Get: i is -1, outside 0..1"},
-                          {"const element", "CZEPHVector::operator[]: i is 2, outside 0..1"},
-                          {"freed", "CZEPHVector::operator[]: m_pData is null"},
-                      });
+  EXPECT_STOP("CZEPHVector::operator[]: i is 2, outside 0..1", Vector()[2]);
+  EXPECT_STOP("CZEPHVector::Get: i is -1, outside 0..1", Vector().Get(-1));
+  EXPECT_STOP("CZEPHVector::operator[]: i is 2, outside 0..1", {
+    const CZEPHVector v = Vector();
+    Use(v[2]);
+  });
+  EXPECT_STOP("CZEPHVector::operator[]: m_pData is null", {
+    CZEPHVector v = Vector();
+    v.Free();
+    Use(v[0]);
+  });
 }
 
 TEST(HardenedLinalg, StopsAtAColumnOutsideAMatrix) {
   ZEPH_SKIP_UNLESS_HARDENED();
-  ExpectStops(kChild, {
-                          {"pick", "CZEPHMatrix::PickCol: j is 3, outside 0..2"},
-                          {"set", "CZEPHMatrix::SetCol: j is -1, outside 0..2"},
-                      });
+  EXPECT_STOP("CZEPHMatrix::PickCol: j is 3, outside 0..2", General().PickCol(3));
+  EXPECT_STOP("CZEPHMatrix::SetCol: j is -1, outside 0..2", {
+    CZEPHVector v = Vector();
+    General().SetCol(-1, v);
+  });
 }
 
 TEST(HardenedLinalg, StopsAtAVectorThatIsTooShort) {
   ZEPH_SKIP_UNLESS_HARDENED();
-  ExpectStops(kChild,
-              {
-                  {"pick into", "CZEPHMatrix::PickCol: out.m_nSize is 1, outside 2..2147483647"},
-                  {"set from", "CZEPHMatrix::SetCol: v.m_nSize is 1, outside 2..2147483647"},
-                  {"sums", "ZEPH_SumVector: out.m_nSize is 1, outside 2..2147483647"},
-              });
+  EXPECT_STOP("CZEPHMatrix::PickCol: out.m_nSize is 1, outside 2..2147483647", {
+    CZEPHVector v(1);
+    General().PickCol(0, v);
+  });
+  EXPECT_STOP("CZEPHMatrix::SetCol: v.m_nSize is 1, outside 2..2147483647", {
+    CZEPHVector v(1);
+    General().SetCol(0, v);
+  });
+  EXPECT_STOP("ZEPH_SumVector: out.m_nSize is 1, outside 2..2147483647", {
+    CZEPHVector v(1);
+    ZEPH_SumVector(General(), v);
+  });
 }
 
 TEST(HardenedLinalg, StopsAtSmallValues) {
   ZEPH_SKIP_UNLESS_HARDENED();
-  ExpectStops(kChild, {
-                          {"cell", "CZEPHMatrix4::operator(): j is 4, outside 0..3"},
-                          {"block", "CZEPHMatrix4::CZEPHMatrix4: data is null"},
-                          {"component", "CZEPHVector3::operator[]: i is 3, outside 0..2"},
-                      });
+  EXPECT_STOP("CZEPHMatrix4::operator(): j is 4, outside 0..3", {
+    CZEPHMatrix4 m(0.0);
+    Use(m(0, Hidden(4)));
+  });
+  EXPECT_STOP("CZEPHMatrix4::CZEPHMatrix4: data is null", {
+    CZEPHMatrix4 m(Null<const double>(), CZEPHMatrix4::RowMajor);
+    Use(m);
+  });
+  EXPECT_STOP("CZEPHVector3::operator[]: i is 3, outside 0..2", {
+    CZEPHVector3 v;
+    Use(v[Hidden(3)]);
+  });
 }
 
 TEST(HardenedLinalg, StopsAtNullMessages) {
   ZEPH_SKIP_UNLESS_HARDENED();
-  ExpectStops(kChild, {
-                          {"check", "CZEPHVector::Check: message is null"},
-                          {"matrix check", "CZEPHMatrix::Check: message is null"},
-                      });
+  EXPECT_STOP("CZEPHVector::Check: message is null",
+              CZEPHVector().Check(true, static_cast<char*>(nullptr)));
+  EXPECT_STOP("CZEPHMatrix::Check: message is null",
+              CZEPHMatrix().Check(true, static_cast<char*>(nullptr)));
 }
 
 TEST(HardenedLinalg, LetsEverythingDocumentedPass) {
   ZEPH_SKIP_UNLESS_HARDENED();
-  ExpectPasses(kChild, {"fewer", "every index", "count itself", "without storage", "longer vector",
-                        "no source", "passed check"});
+  Read("1 2  1 2");
+  {  // every index
+    Use(TwoByThree()[1][2]);
+    Use(General()[1][2]);
+    Use(Vector()[1]);
+    CZEPHMatrix4 m(0.0);
+    Use(m(3, 3));
+    CZEPHVector3 v;
+    Use(v[2]);
+  }
+  {  // count itself
+    CZEPHDoubleMatrix m(2, 3, 1.0);
+    m.CheckBound(2, 3);
+  }
+  {  // without storage
+    CZEPHMatrix m;
+    CZEPHVector v, w(1);
+    m.PickCol(7);
+    m.PickCol(7, w);
+    m.SetCol(7, w);
+    General().PickCol(0, v);
+    ZEPH_SumVector(General(), v);
+  }
+  {  // longer vector
+    CZEPHVector v(9);
+    General().PickCol(2, v);
+    General().SetCol(2, v);
+    ZEPH_SumVector(General(), v);
+  }
+  {  // no source
+    CZEPHVector v(2, nullptr);
+    CZEPHMatrix m(2, 2, nullptr);
+    Use(v[1] + m[1][1]);
+  }
+  CZEPHVector().Check(false, static_cast<char*>(nullptr));
 }

@@ -1,4 +1,7 @@
-// Runs a program to its end with both output streams captured separately.
+// Runs a program to its end with both output streams captured separately. GoogleTest's EXPECT_EXIT cannot take its
+// place for fatal reports: they go to the standard output, of which it sees nothing; under Wine it starts the whole
+// test program once more for each, and under QEMU it forks the emulator. Stops of hardened builds, which write to
+// the standard error, are death tests: hardened.h.
 #ifndef ZEPH_TESTS_SUPPORT_CHILD_H
 #define ZEPH_TESTS_SUPPORT_CHILD_H
 

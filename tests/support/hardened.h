@@ -1,46 +1,67 @@
-// The behaviour of hardened builds at a broken precondition: expectations for each
-// `hardened_test.cpp`.
+// The behaviour of hardened builds at a broken precondition: for each `hardened_test.cpp`.
 #ifndef ZEPH_TESTS_SUPPORT_HARDENED_H
 #define ZEPH_TESTS_SUPPORT_HARDENED_H
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <ostream>
 #include <string>
-#include <vector>
+#include <utility>
 
 #include "support/child.h"
 
+// EXPECT_STOP(line, statement): the statement ends its process with the line alone, on the standard error.
 #ifdef ZEPH_HARDENED
 #define ZEPH_SKIP_UNLESS_HARDENED() static_cast<void>(0)
+#define EXPECT_STOP(line, ...)                                              \
+  do {                                                                      \
+    ::zeph::test::CaptureStdout printed;                                    \
+    EXPECT_DEATH(([] { __VA_ARGS__; }()), ::zeph::test::FirstLineIs(line)); \
+    EXPECT_EQ(printed.Text(), "");                                          \
+  } while (false)
 #else
 #define ZEPH_SKIP_UNLESS_HARDENED() GTEST_SKIP() << "not a build with ZEPH_HARDENED"
+#define EXPECT_STOP(line, ...) static_cast<void>([] { __VA_ARGS__; })
 #endif
 
 namespace zeph::test {
 
-struct Stop {
-  std::string site;  // the child's argument
-  std::string line;  // the line that it leaves on standard error
+/// A matcher; what follows the line is the system's report of the abort.
+class FirstLineIs {
+ public:
+  using is_gtest_matcher = void;
+  explicit FirstLineIs(std::string line) : line_(std::move(line)) {}
+  bool MatchAndExplain(const std::string& text, std::ostream*) const {
+    return text.substr(0, text.find_first_of("\r\n")) == line_;
+  }
+  void DescribeTo(std::ostream* os) const { *os << "begins with the line \"" << line_ << "\""; }
+  void DescribeNegationTo(std::ostream* os) const {
+    *os << "does not begin with the line \"" << line_ << "\"";
+  }
+
+ private:
+  std::string line_;
 };
 
-/// Each site ends the child with its line alone.
-inline void ExpectStops(const std::string& child, const std::vector<Stop>& stops) {
-  for (const Stop& stop : stops) {
-    const ChildResult result = RunChild(child, {stop.site});
-    EXPECT_NE(result.status, 0) << stop.site;
-    EXPECT_NE(result.status, 2) << stop.site << " is unknown to the child";
-    EXPECT_EQ(result.out, "") << stop.site;
-    EXPECT_EQ(result.err.substr(0, result.err.find_first_of("\r\n")), stop.line) << stop.site;
-  }
+/// Keeps a value that is computed only for its breach.
+template <class T>
+void Use(const T& value) {
+  static volatile std::uintptr_t kept;
+  kept = reinterpret_cast<std::uintptr_t>(&value);
+  (void)kept;
 }
 
-/// Each site is accepted.
-inline void ExpectPasses(const std::string& child, const std::vector<std::string>& sites) {
-  for (const std::string& site : sites) {
-    const ChildResult result = RunChild(child, {site});
-    EXPECT_EQ(result.status, 0) << site << ": " << result.err;
-    EXPECT_EQ(result.err, "") << site;
-  }
+/// A null and a number that the compiler does not see through, so that it does not warn.
+template <class T>
+T* Null() {
+  static T* volatile null = nullptr;
+  return null;
+}
+inline int Hidden(int value) {
+  static volatile int hidden;
+  hidden = value;
+  return hidden;
 }
 
 }  // namespace zeph::test

@@ -65,6 +65,24 @@ TEST(DoubleArrayHostileSorting, LeavesWhatTheStepsLeaveAtLengthsUpTo20000) {
 }
 
 /// Checks the generator: the documented steps read and exchange far more than n log n elements.
+TEST(DoubleArrayHostileSorting, KeepsOrTurnsTheOrderOfMoreZerosThanHaveAPlaceForTheirSigns) {
+  Random random(21);
+  Values v(5500);
+  for (double& x : v) x = random.Below(6) ? random.Below(2) ? 0.0 : -0.0 : random.Int(-3, 3);
+  for (const Method& method : kQuadratic) Compare(v, method, "zeros of both signs");
+}
+
+TEST(DoubleArrayHostileSorting, TakesALastZeroThatAnotherEqualsForNoLesserElement) {
+  for (const std::size_t n : {12u, 50u, 300u})
+    for (const double last : {0.0, -0.0})
+      for (const std::size_t at : {std::size_t{0}, n / 2, n - 2}) {
+        Values v(n, 3.0);
+        v[at] = -last;
+        v.back() = last;
+        for (const Method& method : kQuadratic) Compare(v, method, "two zeros, one of them last");
+      }
+}
+
 TEST(HostileInputs, KillersMakeTheLiteralQuickSortQuadratic) {
   for (std::size_t n : {500u, 1001u, 5000u})
     for (Content content : {Content::kPlain, Content::kBothZeros, Content::kHalfZeros}) {

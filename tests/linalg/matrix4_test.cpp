@@ -196,6 +196,7 @@ TEST(Matrix4, ReadsWhatItPrinted) {
 TEST(Matrix4, StaysAsItIsWhenTheTextIsNotAMatrix) {
   for (const char* text : {"", "x", "[ 1 2 3 ]", "[ 1 2 3 4 ]\n[ 1 2 3 4 ]\n[ 1 2 3 4 ]\n[ 1 2 3 4",
                            "[ 1 2 3 4 ]\n( 1 2 3 4 ]\n[ 1 2 3 4 ]\n[ 1 2 3 4 ]",
+                           "[ 1 2 3 4 ]\n[ 1 2 3 4 ]\n[ 1 2 3 4 ]\n[ 1 2 3 4 )",
                            "[ 1 2 3 4 ]\n[ 1 2 3 4 5 ]\n[ 1 2 3 4 ]\n[ 1 2 3 4 ]"}) {
     std::istringstream is(text);
     CZEPHMatrix4 m(7.0);

@@ -517,8 +517,8 @@ ZEPH_API std::istream& operator>>(std::istream& is, CZEPHDoubleArray& a);
 
 // --- additions -----------------------------------------------------------------------------------
 
-/// As the forms for constants; the result takes over the storage of a temporary operand, so that `a
-/// + b + c + d` allocates once.
+/// As the forms for constants; the result takes over the storage of a temporary operand, so that
+/// `a + b + c + d` allocates once.
 inline ZEPH_ADDED CZEPHDoubleArray operator+(CZEPHDoubleArray&& a, const CZEPHDoubleArray& b) {
   if (!a.data || !b.data) return static_cast<const CZEPHDoubleArray&>(a) + b;
   return std::move(a += b);

@@ -82,7 +82,7 @@ void ArrayStep(Bytes& in, Array& array, std::vector<T>& model, T value) {
     }
     case 3: {
       const bool outside = index < 0 || count < 0 || index + count > size;
-      if (count < 1) return;  // whether 0 elements can be taken out is not the matter here
+      if (count < 1) return;  // removing 0 elements is not tested here
       ThrowsWhere(outside, "RemoveAt", [&] { array.RemoveAt(index, count); });
       if (!outside) model.erase(model.begin() + at(index), model.begin() + at(index + count));
       return;

@@ -27,7 +27,7 @@ struct Pair {
 
   int Size() const { return static_cast<int>(model.size()); }
   double& At(int i) { return model[static_cast<std::size_t>(i)]; }
-  /// Elements that are unspecified are what they are.
+  /// Takes unspecified elements as they are.
   void TakeFrom(std::size_t first) {
     for (std::size_t i = first; i < model.size(); ++i) model[i] = array.data[i];
   }

@@ -1,4 +1,4 @@
-// Stream extractors on anything: no element outside the storage, no broken object.
+// Stream extractors on arbitrary text: no access outside the storage, no broken object.
 #include <sstream>
 
 #include "linalg.h"
@@ -13,7 +13,7 @@ using zeph::fuzz::RequireBits;
 
 constexpr int kRoom = 64;
 
-/// Reads like a program that checks every extraction.
+/// Extracts like a program that checks every extraction.
 struct Reader {
   std::istringstream stream;
   explicit Reader(const std::string& text) : stream(text) {}
@@ -30,7 +30,7 @@ void Array(const std::string& text) {
   again >> bare;
   Require(good && count < 0 ? bare.size == count : bare.size == 0,
           "an array without storage stays empty");
-  if (good && count > kRoom) return;  // room for what is announced is the caller's part
+  if (good && count > kRoom) return;  // the caller must provide room for the announced count
   CZEPHDoubleArray array(kRoom, 7.5);
   std::vector<double> want;
   for (int i = 0; good && i < count; ++i) {
@@ -70,7 +70,7 @@ void Matrix(const std::string& text) {
   is >> m;
   Require(m.m_nRows == (good ? rows : 0) && m.m_nColumns == (good ? cols : 0),
           "the counts are the stream's, 0 after a failure");
-  m.m_nRows = 8;  // all rows are to be released
+  m.m_nRows = 8;  // so that all rows are released
 }
 
 void Small(const std::string& text) {

@@ -1,5 +1,5 @@
-// One random program of operations in every form of the kernels that this machine runs: each leaves the same bits
-// as the portable one. Where the library hides its kernels there is one form, and the programs only run.
+// One random program of operations in every form of the kernels that this machine runs: each gives
+// the same bits as the portable one. Where the library hides its kernels only one form can run.
 #include <algorithm>
 #include <cstring>
 #include <string>
@@ -18,7 +18,7 @@ using zeph::fuzz::Bytes;
 
 constexpr int kMostElements = 3000, kMostCells = 40, kMostObjects = 50;
 
-/// Computed NaNs have no promised bits; all of them count as one.
+/// The bits of computed NaNs are unspecified; all of them count as equal.
 template <class T>
 void TakeUp(std::vector<std::uint64_t>& seen, const T* values, std::size_t n) {
   for (std::size_t i = 0; i < n; ++i) {

@@ -98,7 +98,7 @@ void GrownArray(Bytes& in) {
   for (int k = 0; k < 6; ++k) {
     const int count = static_cast<int>(model.size());
     for (std::size_t i = 0; i < model.size(); ++i) p[i] = model[i] = Element<T>(in);
-    const int wanted = in.Int(-1, 40);  // below, sanitizers end the program at the request
+    const int wanted = in.Int(-1, 40);  // below, sanitizers end the program
     T* next = nullptr;
     std::size_t kept = 0;
     if (in.Flag()) {

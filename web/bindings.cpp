@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the playground page calls. Plain functions over numbers and texts: a result lies in storage of
+// The functions that the playground page calls, on numbers and texts: a result stays in storage of
 // this file until the next call of the same function.
 #include <algorithm>
 #include <cmath>
@@ -59,8 +59,8 @@ ZEPH_PAGE const char* zeph_published(const char* line) {
   return text.c_str();
 }
 
-/// Walks sort `method` over `values`; the number of steps. zeph_steps gives them, three ints each
-/// (kind, i, j), and zeph_outcome what the library's own sort leaves.
+/// Runs sort `method` on `values` step by step and returns the number of steps. zeph_steps returns
+/// them, three ints each (kind, i, j), and zeph_outcome the result of the library's own sort.
 ZEPH_PAGE int zeph_trace(int method, const double* values, int count) {
   Board board(std::vector<double>(values, values + count));
   kMethods[method].trace(board);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The classic walks, step by step as documented, on a board that remembers every look and every move.
+// The classic sorts, step by step as documented, on a board that records every access.
 #ifndef ZEPH_WEB_TRACED_SORTS_H
 #define ZEPH_WEB_TRACED_SORTS_H
 
@@ -44,7 +44,7 @@ class Board {
     Record(kExchange, i, j);
     std::swap(At(i), At(j));
   }
-  /// Takes element `from` out and puts it in before what stands at `to`, further down.
+  /// Removes element `from` and inserts it before element `to`, further down.
   void Insert(int from, int to) {
     Record(kMove, from, to);
     std::rotate(m_values.begin() + to, m_values.begin() + from, m_values.begin() + from + 1);
@@ -89,7 +89,7 @@ inline void TraceList(Board& board) {
   }
 }
 
-/// Gaps n/2, n/4, ..., 1; every chain is walked down to its start.
+/// Gaps n/2, n/4, ..., 1; every chain is traversed down to its start.
 inline void TraceShell(Board& board) {
   const int n = board.Count();
   for (int gap = n / 2; gap >= 1; gap /= 2)

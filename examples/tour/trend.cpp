@@ -75,11 +75,11 @@ std::vector<double> Ticks(double lowest, double highest) {
   return ticks;
 }
 
-/// Where indices and values stand in the picture, and what its words are.
+/// The scales and labels of the picture.
 struct Frame {
   double width, height, left, lowest, highest;
   int count;
-  int first;  // what the first index is called: a year, or 1
+  int first;  // the label of the first index: a year, or 1
   const char* title;
   const char* across;
   const char* up;
@@ -112,7 +112,7 @@ void WriteAxes(std::ostream& svg, const Frame& frame) {
       << ") rotate(-90)'>" << frame.up << "</text>\n</g>\n";
 }
 
-/// The series as a line. Of a long one each pixel shows the lowest and the highest number that fall on it.
+/// The series as a line. For a long one each pixel column shows its least and greatest number.
 void WriteSeries(std::ostream& svg, const Frame& frame, const CZEPHDoubleArray& series) {
   constexpr int kMostPoints = 1600;
   const int together = std::max(1, frame.count * 2 / kMostPoints);

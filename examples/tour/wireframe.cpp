@@ -89,7 +89,7 @@ void Normalise(Solid& solid) {
   for (CZEPHVector3D& p : solid.corners) p /= radius;
 }
 
-// Whether a projected face shows its outside: its corners still run counter-clockwise.
+// Whether a projected face shows its outside: its corners are still counter-clockwise.
 bool FacesUs(const std::vector<CZEPHVector3D>& points, const std::vector<std::size_t>& face) {
   float area = 0;
   for (std::size_t i = 0; i < face.size(); ++i) {
@@ -100,7 +100,7 @@ bool FacesUs(const std::vector<CZEPHVector3D>& points, const std::vector<std::si
 }
 
 // Edges, and whether one of their faces is turned towards us. A line between hidden faces is
-// hidden; for a convex solid that is the whole truth, for others it is a good guess.
+// hidden; for a convex solid that is exact, for others approximate.
 std::map<std::pair<std::size_t, std::size_t>, bool> Edges(
     const Solid& solid, const std::vector<CZEPHVector3D>& points) {
   std::map<std::pair<std::size_t, std::size_t>, bool> edges;

@@ -1,4 +1,4 @@
-// Numbers and choices out of the bytes of a fuzzer's input.
+// Numbers and choices from the bytes of a fuzzer's input.
 #ifndef ZEPH_FUZZ_SUPPORT_BYTES_H
 #define ZEPH_FUZZ_SUPPORT_BYTES_H
 
@@ -11,7 +11,7 @@
 
 namespace zeph::fuzz {
 
-/// Reads the input front to back; behind its end everything is zero.
+/// Reads the input front to back; after its end everything is zero.
 class Bytes {
  public:
   Bytes(const std::uint8_t* data, std::size_t size) : next_(data), end_(data + size) {}
@@ -34,7 +34,7 @@ class Bytes {
     return static_cast<std::size_t>(Int(0, static_cast<int>(n) - 1));
   }
 
-  /// One byte gives a small whole number or a special value, or asks for a pattern of bits.
+  /// One byte gives a small integer or a special value, or selects a random bit pattern.
   template <class T>
   T Real() {
     const std::uint8_t kind = Byte();
@@ -70,7 +70,7 @@ class Bytes {
     for (char& c : text) c = static_cast<char>(Byte());
     return text;
   }
-  /// All that is left.
+  /// The rest of the input.
   std::string Rest() {
     std::string text(reinterpret_cast<const char*>(next_), static_cast<std::size_t>(end_ - next_));
     next_ = end_;

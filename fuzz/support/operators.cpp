@@ -1,5 +1,6 @@
 // Allocation operators for the fuzz programs. The sanitizer's own end the program where a request
-// cannot be met; these throw, as the standard's do, and leave the bookkeeping to malloc and free.
+// cannot be met; these throw, as the standard's do, and use malloc and free, which the sanitizer
+// tracks.
 #include <cstddef>
 #include <cstdlib>
 #include <new>

@@ -1,4 +1,4 @@
-// What a fuzz body does about a broken promise: it says which, and aborts.
+// How a fuzz body handles a failed check: it reports it and aborts.
 #ifndef ZEPH_FUZZ_SUPPORT_REQUIRE_H
 #define ZEPH_FUZZ_SUPPORT_REQUIRE_H
 
@@ -11,7 +11,7 @@
 
 namespace zeph::fuzz {
 
-/// The input in hand, where the caller names it.
+/// The current input, where the caller names it.
 inline std::string& CurrentInput() {
   static std::string name;
   return name;
@@ -32,7 +32,7 @@ inline void RequireText(const std::string& got, const std::string& want, const c
   if (got != want) Broken(promise, "got \"" + got + "\", want \"" + want + "\"");
 }
 
-/// Computed numbers: the same bits, any NaN for any NaN.
+/// For computed numbers: the same bits, where all NaNs are equal.
 template <class T>
 void RequireValue(T got, T want, const char* promise) {
   if (!test::SameValue(got, want))
@@ -45,7 +45,7 @@ void RequireValues(const T* got, const T* want, std::size_t n, const char* promi
       Broken(promise, "element " + std::to_string(i) + " of " + std::to_string(n) + ": got " +
                           test::Show(got[i]) + ", want " + test::Show(want[i]));
 }
-/// Moved numbers: the same bits, a NaN's too.
+/// For moved numbers: the same bits, a NaN's included.
 template <class T>
 void RequireBits(const T* got, const T* want, std::size_t n, const char* promise) {
   for (std::size_t i = 0; i < n; ++i)

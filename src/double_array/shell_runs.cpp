@@ -74,8 +74,8 @@ void SortChains(double* v, std::size_t n, std::size_t gap, std::size_t nested, d
   }
 }
 
-/// Whether the passes from `gap` on, while it halves evenly, are faster made one by one on chains side by
-/// side than by sorting each chain without NaN once.
+/// Whether making the passes from `gap` on one by one on adjacent chains, while the gap halves
+/// evenly, is faster than sorting each chain without NaN once.
 bool PaysAbreast(std::size_t gap, std::size_t nans) {
   constexpr std::size_t kPassesOfASort = 5;
   std::size_t passes = 1, sorts = 1;

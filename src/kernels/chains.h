@@ -26,9 +26,9 @@ inline std::size_t ChainsAbreast() {
 /// is passed, the runs between NaNs are sorted, equals keep their order. `gap` is at least ChainsAbreast(),
 /// which must not be 1, and less than `n`.
 ///
-/// Meant for chains that are nearly in order, as those of Shell's sort mostly are. Returns false where
-/// elements would have to move far; what was done by then are exchanges that the insertion makes as well, so
-/// any other way to sort the chains gives the same result.
+/// Meant for chains that are nearly in order, as those of Shell's sort mostly are. Returns false
+/// where elements would have to move far; the exchanges made by then are also made by the
+/// insertion, so any other way to sort the chains gives the same result.
 inline bool SortChains(double* v, std::size_t n, std::size_t gap) {
   return Active().chains->sort(v, n, gap);
 }

@@ -12,7 +12,7 @@ namespace zeph::prove {
 namespace {
 
 constexpr std::uint64_t kBatch = 64;
-constexpr std::uint64_t kShown = 5;  // of the differences
+constexpr std::uint64_t kShown = 5;  // differences
 
 std::uint64_t Every() {
   const char* every = std::getenv("ZEPH_PROVE_EVERY");

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Plain loops, which clang++ -O3 makes what it can of. Compiled without fused arithmetic, since that gives
-// other results.
+// Plain loops, optimised by clang++ -O3. Compiled without fused arithmetic, which gives other
+// results.
 #include "textbook.h"
 
 #include <cmath>

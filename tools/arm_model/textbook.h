@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The kernels as a textbook writes them down, for comparison.
+// The kernels as in a textbook, for comparison.
 #ifndef ZEPH_TOOLS_ARM_MODEL_TEXTBOOK_H
 #define ZEPH_TOOLS_ARM_MODEL_TEXTBOOK_H
 

@@ -320,7 +320,7 @@ const Kernel kKernels[] = {
 
 }  // namespace
 
-/// What runs from one mark to the other is looked at.
+/// The model examines the instructions between the marks.
 extern "C" __attribute__((noinline)) void ZephBegin() {
   asm volatile("" ::: "memory");
 }

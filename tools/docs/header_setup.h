@@ -1,5 +1,5 @@
-// How the examples of the headers are compared with what their comments state: to the last bit, but for
-// decimal fractions, which are rounded to the type at hand.
+// Compares the examples of the headers with the results stated in their comments: to the last bit,
+// except decimal fractions, which are rounded to the type.
 #ifndef ZEPH_TOOLS_DOCS_HEADER_SETUP_H
 #define ZEPH_TOOLS_DOCS_HEADER_SETUP_H
 

@@ -1,5 +1,5 @@
-// What the one-line snippets of docs/behaviours.md take for granted: headers, and how a stated
-// number is compared.
+// What the one-line snippets of docs/behaviours.md rely on: headers, and the comparison with a
+// stated number.
 #include <algorithm>
 #include <cmath>
 #include <cstdio>

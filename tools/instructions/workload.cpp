@@ -52,8 +52,9 @@ std::function<void()> Sorting(std::size_t n, Sort sort) {
   return [sort] { sort(a); };
 }
 
-/// With zeros of both signs the shared sort alone does not do: quicksort makes its partitions as far
-/// as they matter, Shell's sort follows the zeros through its passes, bubble sort keeps them in order.
+/// With zeros of both signs the shared sort alone is not sufficient: quicksort makes its partitions
+/// as far as they matter, Shell's sort follows the zeros through its passes, bubble sort keeps them
+/// in order.
 CZEPHDoubleArray Walked(std::size_t n) {
   CZEPHDoubleArray a = Array(n);
   a[0] = 0.0;

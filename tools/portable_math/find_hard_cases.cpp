@@ -1,9 +1,9 @@
-// Writes tests/portable_math/hard_cases.h: arguments whose function values come nearest to the
-// middle of two doubles (floats for the tangent), of all that a search of some seconds meets, with
-// the correctly rounded results by MPFR.
+// Writes tests/portable_math/hard_cases.h: the arguments, found in a search of some seconds, whose
+// function values are closest to the midpoint of two doubles (floats for the tangent), with the
+// correctly rounded results by MPFR.
 //
 // Where it looks: random arguments, judged by the runtime's long double first; multiples of three
-// by a power of two, x^3/6 of which can lie exactly in the middle; the doubles nearest to multiples
+// by a power of two, for which x^3/6 can be exactly at a midpoint; the doubles nearest to multiples
 // of pi/2, by continued fractions, which are hard to reduce; neighbours of powers of ten; floats
 // from 2^-12 to 2^13.
 #include <mpfr.h>
@@ -45,7 +45,8 @@ HardCase Measure(Function function, double x, int digits) {
   return result;
 }
 
-/// Whether a value known to 2^-60 of itself is too near to the middle of two doubles to be rounded.
+/// Whether a value known to 2^-60 of itself is too close to the midpoint of two doubles to be
+/// rounded.
 bool IsDoubtful(long double y) {
   return static_cast<double>(y * (1 - 0x1p-60L)) != static_cast<double>(y * (1 + 0x1p-60L));
 }

@@ -30,7 +30,7 @@ void PrintDouble(double x, const char* after) {
   std::printf("%a%s", x, after);
 }
 
-/// The leading `bits` bits of x, taken off x.
+/// Returns the leading `bits` bits of x and subtracts them from x.
 double TakeBits(Real& x, int bits) {
   Real part;
   mpfr_set_prec(part, bits);
@@ -39,7 +39,7 @@ double TakeBits(Real& x, int bits) {
   return mpfr_get_d(part, MPFR_RNDN);
 }
 
-/// x, below 2^32 and not negative, as its whole part and `words` words behind the point.
+/// x, non-negative and below 2^32, as its integer part and `words` fractional words.
 void PrintWords(Real& x, int words) {
   Real rest;
   mpfr_set(rest, x, MPFR_RNDN);
@@ -129,7 +129,7 @@ void PrintAngles() {
   std::printf("};\n");
 }
 
-/// What a mantissa near i/128 is multiplied by, in units of 1/512.
+/// The factor for a mantissa near i/128, in units of 1/512.
 unsigned Reciprocal(int i) {
   return static_cast<unsigned>((512 * 128 * 2 + i) / (2 * i));
 }

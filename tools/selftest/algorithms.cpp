@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The workload over the algorithm kit; the draws from the C runtime's random numbers come here too.
+// The workload over the algorithm kit and the random numbers.
 #include "algorithms.h"
 
 #include <algorithm>
@@ -61,7 +61,8 @@ void Searches(Report& report, Inputs& in, int n) {
   std::sort(a.begin(), a.end());
   for (int k = 0; k < 20; ++k)
     digest.Integer(CZEPHIntegralSearch::BinarySearch(a.data(), n, in.Whole(-n, n)));
-  // The recursive form is led to any index by its arguments: only where its first middle finds.
+  // The recursive form may access any index, so it is called only where its first middle is the
+  // key.
   digest.Integer(
       CZEPHIntegralSearch::BinarySearch(a.data(), 0, n, a[static_cast<std::size_t>(n / 2)]));
 }

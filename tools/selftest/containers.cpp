@@ -58,7 +58,7 @@ void SortedLinkLists(Report& report, Inputs& in, int n) {
   }
   for (const CZEPHLinkData* node = list.m_pHead; node; node = node->m_pNext) {
     digest.Integer(node->m_nKey);
-    // Which of equal keys stands where.
+    // The order of equal keys.
     for (int i = 0; i < n; ++i)
       if (nodes[static_cast<std::size_t>(i)].get() == node) digest.Integer(i);
   }

@@ -12,8 +12,8 @@ namespace zeph::selftest {
 
 /// Takes results in their order and mixes them into 64 bits.
 ///
-/// Computed values count every NaN as the same one: its sign and payload are the processor's.
-/// Moved values (sorts, copies, stated sign flips) count with their bits.
+/// In computed values all NaNs count as equal: the processor chooses their sign and payload. Moved
+/// values (sorts, copies, stated sign flips) count with their bits.
 class Digest {
  public:
   void Computed(double x) { Add(x == x ? Bits(x) : 0x7ff8000000000000u); }

@@ -5,9 +5,9 @@
 // Changing one is right in two cases only: the workload itself changed (an operation or inputs were
 // added), or a documented result changed with a new version and its changelog names it. A digest
 // that one compiler, processor or kernel form gives differently is a defect of the library: run
-// zeph-selftest --operations on both and compare. The lines behind a colon are those of glibc 2.36
-// on x86-64 and never decide, unless the library is built with ZEPH_PORTABLE_MATH: then every line
-// does, in the second column.
+// zeph-selftest --operations on both and compare. The lines with a colon are those of glibc 2.36 on
+// x86-64 and never decide, unless the library is built with ZEPH_PORTABLE_MATH: then every line
+// does, by the second column.
 #ifndef ZEPH_TOOLS_SELFTEST_EXPECTED_H
 #define ZEPH_TOOLS_SELFTEST_EXPECTED_H
 

@@ -72,7 +72,7 @@ class Inputs {
   template <class T>
   T Special() {
     using Limits = std::numeric_limits<T>;
-    // Quiet NaNs only: passing a signalling one along changes it on some processors.
+    // Quiet NaNs only: passing a signalling one changes it on some processors.
     const T values[] = {Limits::quiet_NaN(), Limits::infinity(), 0, Limits::denorm_min(),
                         Limits::max(),       Limits::min(),      1, Limits::max() / 3};
     const T value = values[Whole(0, 7)];

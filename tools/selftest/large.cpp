@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The workload over what is large enough to be shared out among threads, where they are allowed:
-// the digest is the same on any number of them.
+// The workload over operations large enough to be divided among threads, where they are allowed:
+// the digest is the same for any number of them.
 #include <cstddef>
 
 #include "algorithms.h"

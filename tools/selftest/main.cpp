@@ -59,10 +59,10 @@ const char* Verdict(Rests rests, bool matches) {
   return matches ? "runtime-dependent, the same" : "runtime-dependent, another";
 }
 
-/// How many lines differ from the published ones.
+/// The number of lines that differ from the published ones.
 struct Outcome {
   int wrong = 0;  // where they must not
-  int other = 0;  // where they rest on the runtime
+  int other = 0;  // where they depend on the runtime
 };
 
 /// Prints the report's lines.

@@ -35,7 +35,7 @@ void ReallocateFamily(Report& report, Inputs& in, int n, Alloc allocate) {
   if (!a) return;
   for (int i = 0; i <= n; ++i) a[i] = static_cast<T>(in.Whole(-999, 999));
   a = ZEPH_ArrayRealloc(a, n, n + 5, static_cast<char*>(nullptr));
-  // What lies behind the kept elements is not defined.
+  // The elements after the kept ones are undefined.
   for (int i = 0; i < n; ++i) digest.Computed(static_cast<double>(a[i]));
   a = ZEPH_ArrayResize(a, n, n + 9);
   for (int i = 0; i < n + 9; ++i) digest.Computed(static_cast<double>(a[i]));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Where the workloads put their results: a digest per operation, folded into the printed lines.
+// The results of the workloads: a digest per operation, combined into the printed lines.
 #ifndef ZEPH_TOOLS_SELFTEST_REPORT_H
 #define ZEPH_TOOLS_SELFTEST_REPORT_H
 
@@ -12,9 +12,9 @@
 
 namespace zeph::selftest {
 
-/// What an operation's bits rest on.
+/// What an operation's bits depend on.
 enum class Rests {
-  kExact,      ///< on nothing but IEEE arithmetic: the same everywhere
+  kExact,      ///< only on IEEE arithmetic: the same everywhere
   kFunctions,  ///< on the C runtime's sine, cosine, tangent or logarithm
   kTexts,      ///< on the C runtime's number formatting
   kRandom      ///< on the C runtime's random numbers

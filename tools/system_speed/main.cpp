@@ -1,5 +1,6 @@
-// Times the main loops of the library on one system, a line each: what, and the nanoseconds of the best round.
-// Two builds are compared by running them in turns on one machine (tools/dev/bench_windows.py).
+// Times the main loops of the library on one system, one a line, with the nanoseconds of the best
+// round. Two builds are compared by running them in turns on one machine
+// (tools/dev/bench_windows.py).
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
@@ -35,7 +36,7 @@ CZEPHMatrix Matrix(int n) {
 
 volatile double sink;
 
-/// The least time of `work`, with `prepare` off the clock before each round.
+/// The least time of `work`, with `prepare` untimed before each round.
 void Time(const char* what, int rounds, const std::function<void()>& prepare,
           const std::function<void()>& work) {
   using Clock = std::chrono::steady_clock;
@@ -70,7 +71,7 @@ int main() {
   Time("20000 binary searches in 1e6", 15, nothing, [&] {
     for (int i = 0, at = 0; i < 20'000; ++i) sink = a.BinarySearch(small[i], at);
   });
-  // What small objects are made of: the system's heap decides their rows.
+  // The blocks of small objects: the system's heap determines their times.
   Time("20000 blocks of 80 bytes, new and delete", 30, nothing, [&] {
     for (int i = 0; i < 20'000; ++i) {
       const std::unique_ptr<volatile double[]> block(new volatile double[10]);

@@ -44,8 +44,8 @@ need() {
     fail "installing failed; the command was: $as_root $install"
 }
 
-# show NAME COMMAND...: runs it in view where someone is looking, else into build/results/NAME.log, of which
-# what matters is shown if it fails.
+# show NAME COMMAND...: runs it visibly on a terminal, else into build/results/NAME.log, of which
+# the relevant part is shown if it fails.
 show() {
   local log=build/results/$1.log
   shift
@@ -69,7 +69,7 @@ build() {
 }
 
 # workflow PRESET...: configures, builds and tests by the workflow presets of those names; a line for each
-# counts its tests. All are run, whatever fails.
+# counts its tests. All are run even if some fail.
 workflow() {
   local preset status=0
   notice_compiler

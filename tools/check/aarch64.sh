@@ -1,6 +1,6 @@
 # The whole suite as 64-bit ARM programs under QEMU, then what a model of the processor says of the NEON kernels.
-# Long exhaustive tests run a sample, for an emulated processor takes many times as long; the million results
-# per subsystem of zeph-selftest are not sampled.
+# Long exhaustive tests run a sample, since emulation is many times slower; the million results per
+# subsystem of zeph-selftest are not sampled.
 need g++-aarch64-linux-gnu binutils-aarch64-linux-gnu qemu-user googletest clang llvm-19 python3
 status=0
 workflow aarch64 || status=1

@@ -1,5 +1,6 @@
 # What the loader sees: full RELRO, immediate binding, no executable stack, no text relocations, stack
-# protector, no detour on calls between our own functions; and two builds of this tree in different places are the same bytes.
+# protector, no indirection in calls between our own functions; and two builds of this tree in
+# different folders are byte-identical.
 need binutils
 status=0
 workflow binary || status=1

@@ -8,15 +8,16 @@ status=0
 workflow gcc-O0 gcc-O2 clang-O0 clang-O2 gcc-native clang-native || status=1
 workflow clang-digest on-gcc-O2 on-clang-O0 on-clang-O2 on-clang || status=1
 
-# One runtime serves all of this system's builds: what rests on it (sines, texts) is the same on them too.
+# All of this system's builds share one runtime: results that depend on it (sines, texts) are the
+# same on them too.
 for preset in gcc-O0 gcc-O2 release clang-O0 clang-O2 clang gcc-native clang-native; do
   build/$preset/tools/selftest/zeph-selftest
 done | grep runtime-dependent | sed -E 's/ +[0-9]+ results +/: /; s/ +runtime-dependent.*//' | sort -u >build/results/runtime.txt
 cat build/results/runtime.txt
 check "$(cut -d: -f1-2 build/results/runtime.txt | uniq -d | wc -l)" "builds on one runtime differ"
 
-# With ZEPH_PORTABLE_MATH the suite holds as well (g++, optimised), and every line decides, texts and random
-# numbers too.
+# With ZEPH_PORTABLE_MATH the suite passes as well (g++, optimised), and every line decides, also
+# texts and random numbers.
 workflow portable-math || status=1
 export WINEPREFIX=$PWD/build/portable/windows/wine WINEDEBUG=-all
 WINEPATH="Z:/usr/x86_64-w64-mingw32/lib;Z:/usr/lib/gcc/x86_64-w64-mingw32/12-posix;Z:$PWD/build/portable/windows/src"

@@ -1,5 +1,6 @@
 # Every precondition checked: the suite passes and each breach stops. A plain and a hardened part
-# link into one program, with the plain library and with the hardened one, and each keeps its manner.
+# link into one program, with the plain library and with the hardened one, and each keeps its
+# behaviour.
 need clang binutils
 build release ZEPHDataStructureEngine
 status=0
@@ -33,7 +34,7 @@ exports() { nm -D --defined-only "build/$1/src/libZEPHDataStructureEngine.so" | 
 good=0
 diff <(exports release) <(exports hardened) || good=1
 check $good "the hardened library exports the same names"
-# The page lists every line that a test provokes.
+# docs/hardened.md lists every line that a test provokes.
 provoked() {
   cat tests/*/hardened_test.cpp | tr '\n' ' ' | sed -E 's/" +"//g' |
     grep -oE 'EXPECT_STOP\( *"[^"]*"' | cut -d'"' -f2 | LC_ALL=C sort -u

@@ -1,5 +1,5 @@
-# Each public header alone, by every compiler and standard; alone behind a header that defines macros as
-# the Windows system header does; and the layout of every class. No warning anywhere.
+# Each public header alone, by every compiler and standard; alone after a header that defines macros
+# as the Windows system header does; and the layout of every class. No warning anywhere.
 need clang g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix g++-12-multilib
 work=build/headers
 mkdir -p $work

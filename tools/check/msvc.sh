@@ -1,14 +1,16 @@
 # What Visual C++ sees, by clang++ in its dialect over declarations of the standard library (tests/msvc): every
-# header in both word sizes, with the system's macros before and behind it, as a user, as a static library, as
-# the library itself and hardened; sizes and places of the fields; the names to link; every source that needs
-# nothing of the system's own header, with the code for that compiler and with that for clang in its place.
+# header in both word sizes, with the system's macros before and after it, as a user, as a static
+# library, as the library itself and hardened; sizes and offsets of the fields; the names to link;
+# every source that needs nothing of the system's own header, with the code for that compiler and
+# with that for clang-cl.
 need $packages_build clang clang-tools lld python3
 msvc() {  # msvc PROCESSOR OPTION... SOURCE
   clang++ "--target=$1-pc-windows-msvc" -fms-compatibility -fms-extensions -fms-compatibility-version=19.29 \
     -nostdinc -std=c++17 -Wall -Wextra -Wshadow -Wconversion -Werror \
     -I tests/msvc/standard -I tests/msvc -I include "${@:2}"
 }
-# As far as instructions of no processor: a function for one instruction set must not take in one for another.
+# Compiles up to code generation: a function for one instruction set must not inline one for
+# another.
 compile() {  # compile PROCESSOR OPTION... SOURCE
   msvc "$1" -c -emit-llvm -Xclang -disable-llvm-passes -o /dev/null -ffreestanding -isystem "$intrinsics" -I src \
     -DZEPH_BUILDING "${@:2}" || echo "failed: ${*}"
@@ -48,7 +50,8 @@ sources "i686, as Visual C++" i686 -DZEPH_LIKE_CL
 sources "x86_64, as clang in its place" x86_64
 
 mkdir -p build/results
-# The project itself, configured for clang in that place: what it does not know it only ignores, and says so.
+# The project itself, configured for clang-cl: options that it does not know are ignored with a
+# warning.
 status=0
 env -u CMAKE_CXX_COMPILER_LAUNCHER cmake -S . -B build/msvc -G Ninja -DCMAKE_SYSTEM_NAME=Windows -DCMAKE_SYSTEM_PROCESSOR=AMD64 \
   "-DCMAKE_CXX_COMPILER=$(dirname "$(readlink -f "$(command -v clang++)")")/clang-cl" \

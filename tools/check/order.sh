@@ -1,5 +1,6 @@
-# Whatever the order and the place: the suite shuffled, and in surroundings that a host or a build machine may have.
-# Twenty orders by default, in ZEPH_ORDERS; about eight minutes. Not part of the integration.
+# Independence of order and environment: the suite shuffled, and in environments that a host or a
+# build machine may have. Twenty orders by default, in ZEPH_ORDERS; about eight minutes. Not part of
+# the integration.
 need $packages_build $packages_test util-linux
 build release
 tests=build/release

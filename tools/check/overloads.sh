@@ -1,4 +1,4 @@
-# Documented calls choose documented functions, and the additions serve the ranges of C++20.
+# Documented calls select documented functions, and the additions work with the ranges of C++20.
 need clang clang-format python3
 mkdir -p build/overloads
 build static ZEPHDataStructureEngine
@@ -23,7 +23,7 @@ for compiler in g++ clang++; do
     check $status "tests/headers/ranges.cpp, $compiler, C++$standard"
   done
 done
-# What programs may have been written against, and what they mean by it.
+# Programs written against the documented declarations alone, and their output.
 status=0
 python3 tests/headers/strip_additions.py include | clang-format --assume-filename=tests/headers/documented.h |
   diff tests/headers/documented.h - || status=1

@@ -1,5 +1,5 @@
-# Threads of the caller's and of the library's under the thread sanitizer; and the same digests on any number of
-# threads.
+# The caller's and the library's threads under the thread sanitizer; and the same digests on any
+# number of threads.
 need clang libclang-rt-14-dev
 status=0
 workflow threads || status=1

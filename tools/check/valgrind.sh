@@ -1,5 +1,5 @@
-# The suite under memcheck: reads of what was never written, reads and writes outside blocks, leaks.
-# A scaled-down run on the static library with AVX2 kernels: valgrind does not know AVX-512.
+# The suite under memcheck: uninitialised reads, accesses outside blocks, leaks. A scaled-down run
+# on the static library with AVX2 kernels: valgrind does not know AVX-512.
 need valgrind libc6-dbg
 ZEPH_VALGRIND_KERNELS=portable
 ! grep -qw avx2 /proc/cpuinfo || ZEPH_VALGRIND_KERNELS=avx2

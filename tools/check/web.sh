@@ -1,6 +1,7 @@
 # WebAssembly, with and without SIMD128, by node: the digests, the numeric suites; then the playground page
-# in headless Chromium, from the disk, without a network. Pictures: build/web-pictures. A module has neither
-# processes nor threads, and its files and allocations are node's: the tests of those run on systems.
+# in headless Chromium, from the disk, without a network. Pictures: build/web-pictures. A module has
+# neither processes nor threads, and uses node's files and allocation: the tests of those run on
+# other systems.
 need $packages_build emscripten googletest chromium
 command -v npm >/dev/null || need npm
 status=0

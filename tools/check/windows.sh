@@ -1,7 +1,7 @@
 # The whole suite, the examples and the tour as 64-bit Windows programs under Wine, and sampled per form of the kernels;
 # the installed DLL, import library and CMake package taken by a consumer; the DLL by clang++; 32-bit Windows is
-# built, its digests and main suites run. Wine now and then loses its server or cannot start a child: a program that fails is
-# run once more, whole.
+# built, its digests and main suites run. Wine sometimes loses its server or cannot start a child: a
+# program that fails is run again.
 need python3 g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix wine64 wine googletest clang lld
 status=0
 # The kernels' tests once more with the stack 16 bytes lower, where a wide aligned move would fault.
@@ -13,8 +13,8 @@ if grep -qw avx2 /proc/cpuinfo; then forms+=(avx2); fi
 if grep -qw avx512vl /proc/cpuinfo; then forms+=(avx512); fi
 workflow "${forms[@]/#/windows-}" || status=1
 
-# No aligned move of a wide register to the stack. What the scan must find, and does not where the
-# assembler unaligns it.
+# No aligned move of a wide register to the stack. First tests that the scan finds one, and none
+# where the assembler unaligns it.
 aligned_spill() { printf 'f:\n vmovapd %%ymm0, 32(%%rsp)\n' | x86_64-w64-mingw32-as "$@" -o build/windows/spill.o -; }
 scan() { x86_64-w64-mingw32-objdump -d "$1" | python3 tools/check/aligned_spills.py; }
 wide=0
@@ -39,15 +39,15 @@ for form in "${forms[@]}"; do
   check $digest "digests of the DLL by clang++, kernels $form ($log)"
 done
 
-# Every source compiles where the framework's own classes take the place of ours. No definitions are needed.
+# Every source compiles with the framework's own classes in place of ours. Declarations suffice.
 framework=0
 list_sources | grep -E '^src/.*\.cpp$' | grep -vE '_(posix|neon)\.cpp$' |
   xargs -P "$jobs" -I{} x86_64-w64-mingw32-g++-posix -std=c++17 -fsyntax-only -Wall -Wextra -DZEPH_USE_MFC \
     -DZEPH_BUILDING -DNOMINMAX -I include -I src -I tests/msvc/framework {} || framework=1
 check $framework "every source with ZEPH_USE_MFC"
 
-# 32-bit Windows is built, and its digests and main suites are run where a Wine for it can be had. Its services keep
-# the streams of the first program open, so these are files.
+# 32-bit Windows is built, and its digests and main suites are run where a Wine for it is available.
+# Wine's services keep the streams of the first program open, so these are files.
 need libc6-i386
 fetched=0
 tools/wine32/fetch.sh || fetched=1

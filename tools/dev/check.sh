@@ -1,5 +1,5 @@
-# ./dev check [STEP...]: the steps of tools/check in their order, or those that are named; every one is run,
-# whatever fails. --list names them. A step's log is build/check/STEP.log.
+# ./dev check [STEP...]: the steps of tools/check in their order, or those that are named; all of
+# them are run even if some fail. --list names them. A step's log is build/check/STEP.log.
 check_list() { grep -vE '^ *(#|$)' tools/check/steps.txt; }
 
 case "${1:-}" in
@@ -16,7 +16,7 @@ mkdir -p build/check
 run_step() {
   local step=$1 log=build/check/$1.log start=$SECONDS status=0 counts cpu TIMEFORMAT='%U %S'
   printf '%-16s ' "$step"
-  # A shell of its own: within "||" the step's own `set -e` would be ignored.
+  # A separate shell: within "||" the step's own `set -e` would be ignored.
   { time bash -euo pipefail -c '. tools/lib.sh; . "tools/check/$0.sh"' "$step" >"$log" 2>&1 </dev/null; } \
     2>"$log.time" || status=$?
   cpu=$(awk '{t += $1 + $2} END {printf "%d", t}' "$log.time")

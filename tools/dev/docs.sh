@@ -12,12 +12,12 @@ for picture in $docs_pictures/*.svg; do
 done
 say "dev: building the playground"
 build wasm zeph_playground
-# The end of the race, in a browser without a window.
+# A picture of the playground after the race, by a headless browser.
 chromium --headless --no-sandbox --disable-gpu --hide-scrollbars --window-size=1280,1500 --virtual-time-budget=20000 \
   --screenshot=$docs_pictures/playground.png "file://$PWD/build/wasm/playground/index.html" >build/docs/playground.log 2>&1
 say "dev: writing the pages"
 rm -rf build/docs/html
-# The settings of the tree, and what depends on where and when.
+# The settings of the tree, with the output folder and the version.
 docs_settings() {
   cat docs/Doxyfile
   echo "OUTPUT_DIRECTORY = build/docs"
@@ -25,7 +25,7 @@ docs_settings() {
 }
 docs_settings | doxygen - >build/docs/doxygen.log 2>&1 || { tail -n 20 build/docs/doxygen.log >&2; fail "doxygen failed"; }
 if grep -E 'warning:|error:' build/docs/doxygen.log >&2; then fail "the documentation has gaps (above)"; fi
-# What a program includes: the installed folder, and the header over its parts.
+# Shows the include line that a program writes: the installed folder and the main header.
 sed -i -E 's,(#include &lt;)(([a-z]+)/[a-z0-9_]+|([a-z0-9_]+))\.h,\1ZEPHDataStructureEngine/\3\4.h,' build/docs/html/{class,struct}*.html
 cp -R build/wasm/playground build/docs/html/playground
 echo "build/docs/html/index.html"

@@ -1,7 +1,7 @@
 # ./dev fuzz SECONDS [TARGET]: searches with every body of fuzz/ (or one) for SECONDS each, as many at
 # a time as there are processors. Inputs that reach new code stay in build/fuzz/found/<target>; the
-# saved ones of fuzz/corpus are the start. ZEPH_FUZZ_SEED=N takes the same turns every time; without it
-# no two searches are alike. An input that breaks a promise is kept and named.
+# saved ones of fuzz/corpus are the start. ZEPH_FUZZ_SEED=N makes a search repeatable; without it no
+# two searches are alike. An input that fails is kept and named.
 seconds=${1:-}
 [[ $seconds =~ ^[0-9]+$ ]] && [ "$seconds" -gt 0 ] || fail "usage: ./dev fuzz SECONDS [TARGET]"
 need $packages_build $packages_test clang libclang-rt-14-dev

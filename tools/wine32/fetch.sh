@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Puts a 32-bit Wine into build/wine32, for the programs beside this one. Its packages are taken out of the
-# archive as they are, by lists of apt's that are kept apart: a machine need not know the architecture, nor
-# have the same versions of anything. Ends with 1 where they cannot be had.
+# Puts a 32-bit Wine into build/wine32, for the programs beside this one. Its packages are
+# downloaded from the archive with separate apt lists: the machine need not have the architecture
+# enabled, nor the same versions. Ends with status 1 where they are not available.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/../.."
 home=$PWD/build/wine32
@@ -22,10 +22,10 @@ apart=(-o APT::Architecture=i386 -o APT::Architectures=i386 -o APT::Sandbox::Use
   -o "Dir::Cache=$home" -o Dir::State::status=/dev/null)
 cd "$home"
 apt-get "${apart[@]}" update -qq
-# No fonts: with them Wine's desktop would start, find no display and start again, without end.
+# No fonts: with them Wine's desktop would start, find no display and restart forever.
 apt-get "${apart[@]}" download -qq wine32 libwine libunwind8 liblzma5
 for package in *.deb; do dpkg -x "$package" fresh; done
 rm -rf ./*.deb lists archives
-# What is the same for every architecture is the system's own.
+# Files common to all architectures are the system's own.
 cp /usr/i686-w64-mingw32/lib/zlib1.dll fresh/usr/lib/i386-linux-gnu/wine/i386-windows/
 mv fresh system

@@ -105,8 +105,9 @@ inline Columns<L> RigidInverse(const float* e) {
   const L back = -((turned.c0 * t0 + turned.c1 * t1) + turned.c2 * t2);
   if constexpr (kForm == Form::kInverse)
     return {turned.c0, turned.c1, turned.c2, L::WithLast(back, one)};
-  return {L::WithLast(m.c0, Spread<0>(back)), L::WithLast(m.c1, Spread<1>(back)),
-          L::WithLast(m.c2, Spread<2>(back)), L::WithLast(zero, one)};
+  else
+    return {L::WithLast(m.c0, Spread<0>(back)), L::WithLast(m.c1, Spread<1>(back)),
+            L::WithLast(m.c2, Spread<2>(back)), L::WithLast(zero, one)};
 }
 
 }  // namespace zeph::graphics

@@ -177,8 +177,10 @@ ZEPH_LANES __m256 Column(const __m256* left, __m256 b) {
   if constexpr (kFirstAffine)
     s0 = ThreeRows(s0), s1 = ThreeRows(s1), s2 = ThreeRows(s2), s3 = ThreeRows(s3);
   const __m256 sum = left[0] * s0 + left[1] * s1 + left[2] * s2;
-  if constexpr (kSecondAffine) return sum;
-  return sum + left[3] * s3;
+  if constexpr (kSecondAffine)
+    return sum;
+  else
+    return sum + left[3] * s3;
 }
 
 template <bool kFirstAffine, bool kSecondAffine>

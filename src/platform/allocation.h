@@ -57,10 +57,10 @@ T* NewObject(Arguments&&... arguments) {
   if (!block) return nullptr;
   try {
     return new (block) T{std::forward<Arguments>(arguments)...};
-  } catch (...) {  // GCOVR_EXCL_START: no constructor in use throws (short texts, plain records)
+  } catch (...) {  // no constructor in use throws (short texts, plain records)
     ::operator delete(block);
     throw;
-  }  // GCOVR_EXCL_STOP
+  }
 }
 
 /// The handler's part of the allocation-failure rule: the text is fetched and discarded, the

@@ -17,10 +17,8 @@ void SleepMilliseconds(std::uint32_t milliseconds) {
   timespec left{};
   left.tv_sec = static_cast<time_t>(milliseconds / 1000);
   left.tv_nsec = static_cast<long>(milliseconds % 1000) * 1000000;
-  // GCOVR_EXCL_BR_START: a signal in the middle of a sleep cannot be forced
   while (nanosleep(&left, &left) != 0 && errno == EINTR) {
   }
-  // GCOVR_EXCL_BR_STOP
 }
 
 }  // namespace zeph::platform

@@ -19,10 +19,8 @@ template <class Body>
 auto Alone(Body body) {
   struct Section {
     Section() {
-      // GCOVR_EXCL_BR_START: whether two threads collide here is chance
       while (busy.exchange(true, std::memory_order_acquire)) {
       }
-      // GCOVR_EXCL_BR_STOP
     }
     ~Section() { busy.store(false, std::memory_order_release); }
   } section;

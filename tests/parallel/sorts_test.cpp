@@ -5,6 +5,8 @@
 #include <climits>
 #include <functional>
 #include <iterator>
+#include <numeric>
+#include <string>
 #include <vector>
 
 #include "algorithms.h"
@@ -83,20 +85,54 @@ TEST(SharedSorts, EverySizeAboutThatFromWhichTheyAreShared) {
     ASSERT_NO_FATAL_FAILURE(ExpectOneOutcome(kMethods[0], RandomValues(n), std::to_string(n)));
 }
 
+namespace {
+
+void ExpectSorted(const std::vector<int>& v, const std::string& what) {
+  std::vector<int> want = v;
+  std::sort(want.begin(), want.end());
+  ForEachNumberOfThreads([&](int threads) {
+    std::vector<int> got = v;
+    CZEPHSelectionSort::Run(got.data(), static_cast<int>(got.size()));
+    ASSERT_EQ(got, want) << threads << " threads, " << what;
+  });
+}
+
+}  // namespace
+
 TEST(SharedSorts, IntsAreThoseOfTheStandardSort) {
   for (const int most : {INT_MAX, 1000, 3, 0})
     for (std::size_t n : {100'000u, 450'000u}) {
       Random random(n);
       std::vector<int> v(n);
       for (int& x : v) x = random.Int(-most, most);
-      std::vector<int> want = v;
-      std::sort(want.begin(), want.end());
-      ForEachNumberOfThreads([&](int threads) {
-        std::vector<int> got = v;
-        CZEPHSelectionSort::Run(got.data(), static_cast<int>(n));
-        ASSERT_EQ(got, want) << threads << " threads, up to " << most;
-      });
+      ExpectSorted(v, "up to " + std::to_string(most));
     }
+}
+
+/// Longer than what is shared for one pass: order is noticed by all threads, and so is its end.
+TEST(SharedSorts, IntsInOrderOrNearlySo) {
+  for (const int n : {600'000, 600'001}) {
+    std::vector<int> v(static_cast<std::size_t>(n));
+    std::iota(v.begin(), v.end(), -n / 2);
+    ExpectSorted(v, "in order");
+    std::reverse(v.begin(), v.end());
+    ExpectSorted(v, "in reverse");
+    std::swap(v[v.size() - 1], v[v.size() - 2]);
+    ExpectSorted(v, "in reverse but for the last two");
+    std::reverse(v.begin(), v.end());
+    std::swap(v[v.size() - 1], v[v.size() - 2]);
+    ExpectSorted(v, "in order but for both ends");
+  }
+}
+
+/// Too few equal elements to be counted, too many to be parted.
+TEST(SharedSorts, NearlyHalfOfTheIntsAreTheGreatest) {
+  for (const int greatest : {INT_MAX, -1'000'001}) {
+    Random random(45);
+    std::vector<int> v(300'000);
+    for (int& x : v) x = random.Below(100) < 45 ? greatest : random.Int(-1'000'000, 1'000'000);
+    ExpectSorted(v, "45 % of them " + std::to_string(greatest));
+  }
 }
 
 TEST(SharedSorts, OneValueAmongFewOthersAndFewAmongMany) {

@@ -1,72 +1,124 @@
-"""What the tests reach, from gcovr's JSON: prints what is missed and the totals; the exit status is 1
-below the thresholds.
+"""What the tests reach, from llvm-cov: prints what they miss and the totals; the exit status is 1 below the bounds.
 
-usage: coverage_report.py COVERAGE.json MINIMUM_LINES MINIMUM_BRANCHES
+usage: coverage_report.py EXPORT.lcov EXPORT.json EXCEPTIONS MINIMUM_LINES MINIMUM_BRANCHES
 
-A branch counts where the source branches: on a line with a condition. The compiler also draws an edge
-for leaving each call by an exception, on lines that decide nothing; those say nothing about the tests.
-Of a kernel form that this processor lacks nothing is counted: it is listed as unmeasured.
+A line's count is llvm-cov's own. A branch is one way of a condition at its place in a file: llvm-cov counts each
+instantiation of a template apart, and a condition on the template's constants goes one way in each; here a way
+counts as taken if any of them took it. Of a kernel form that this processor lacks nothing is counted.
 """
 import json
 import re
 import sys
+from collections import defaultdict
 from pathlib import Path
 
-CONDITION = re.compile(r"\b(if|for|while|switch|case|default)\b|\?|&&|\|\|")
-SPECIAL = re.compile(r"\bif\s+constexpr\b|^\s*//|^\s*template\s*<|&&\s*\w+[,)]|\w&&"
-                     r"|_mm\d*_\w+\([^?]*\?")  # an immediate operand is a constant
+FLAGS = {"avx2": "avx2", "avx512": "avx512f"}
 
 
-def processor_has(form):
-    flags = {"avx2": "avx2", "avx512": "avx512f"}[form]
-    info = Path("/proc/cpuinfo")
-    return info.is_file() and re.search(rf"\b{flags}\b", info.read_text()) is not None
+def source(name):
+    """`name` within the tree (headers are met by way of links), or None: not the library's."""
+    path = Path(name).resolve()
+    if not path.is_relative_to(Path.cwd()):
+        return None
+    path = path.relative_to(Path.cwd())
+    return path if path.parts[0] in ("src", "include") else None
 
 
-def decides(line):
-    return CONDITION.search(line) is not None and SPECIAL.search(line) is None
+def lacking(path):
+    form = re.search(r"_(avx2|avx512)\.", path.name)
+    return form and not re.search(rf"\b{FLAGS[form.group(1)]}\b", Path("/proc/cpuinfo").read_text())
 
 
-def ranges(numbers):
-    return ", ".join(map(str, numbers))
+def read_lines(report):
+    reached, path = defaultdict(dict), None
+    for record in Path(report).read_text().splitlines():
+        kind, _, value = record.partition(":")
+        if kind == "SF":
+            path = source(value)
+        elif kind == "DA" and path:
+            line, count = map(int, value.split(",")[:2])
+            reached[path][line] = reached[path].get(line, 0) + count
+    return reached
+
+
+def read_functions(report):
+    """Of each file the branches, [times true, times false] by place, and the last line of what begins on a line."""
+    taken, ends = defaultdict(lambda: defaultdict(lambda: [0, 0])), defaultdict(dict)
+    for function in json.loads(Path(report).read_text())["data"][0]["functions"]:
+        paths = [source(name) for name in function["filenames"]]
+        if paths[0]:
+            first, _, last, *_ = function["regions"][0]
+            ends[paths[0]][first] = max(last, ends[paths[0]].get(first, 0))
+        for line, column, end, end_column, yes, no, file, *_ in function["branches"]:
+            if path := paths[file]:
+                way = taken[path][line, column, end_column if end == line else None]
+                way[0] += yes
+                way[1] += no
+    return taken, ends
+
+
+class Exceptions:
+    """Lines `FILE [+N] | TEXT | WHY`: of the lines of FILE that read TEXT, N behind each, and a function that
+    begins there, nothing is counted."""
+
+    def __init__(self, path):
+        self.entries = [re.fullmatch(r"(\S+)(?: \+(\d+))? \| (.+?) \| (.+)", line).groups()
+                        for line in Path(path).read_text().splitlines() if not line.startswith("#")]
+        self.used = set()
+
+    def lines(self, path, text, ends):
+        """The numbers of all excepted lines of the file, whose lines are `text`."""
+        found = set()
+        for entry in self.entries:
+            file, more, wanted, _ = entry
+            if file != str(path):
+                continue
+            for number, line in enumerate(text, 1):
+                if line.strip() == wanted:
+                    found.update(range(number, max(number + int(more or 0), ends.get(number, 0)) + 1))
+                    self.used.add(entry)
+        return found
+
+    def unused(self, measured):
+        return [entry for entry in self.entries if entry not in self.used and Path(entry[0]) in measured]
 
 
 def main():
-    data = json.loads(Path(sys.argv[1]).read_text())
-    least_lines, least_branches = float(sys.argv[2]), float(sys.argv[3])
-    lines = met_lines = branches = met_branches = 0
-    for entry in sorted(data["files"], key=lambda f: f["file"]):
-        name = entry["file"]
-        form = re.search(r"_(avx2|avx512)\.", name)
-        if form and not processor_has(form.group(1)):
-            print(f"unmeasured: {name} (this processor lacks it)")
+    lines = read_lines(sys.argv[1])
+    branches, ends = read_functions(sys.argv[2])
+    exceptions = Exceptions(sys.argv[3])
+    least = [float(bound) for bound in sys.argv[4:6]]
+    counts = {"lines": [0, 0], "branches": [0, 0]}
+    measured = set()
+    for path in sorted(lines):
+        if lacking(path):
+            print(f"unmeasured: {path} (this processor lacks it)")
             continue
-        source = Path(name).read_text().splitlines()
-        missed, partial = [], []
-        for line in entry["lines"]:
-            if line.get("gcovr/noncode") or line.get("gcovr/excluded"):
-                continue
-            number = line["line_number"]
-            lines += 1
-            met_lines += line["count"] > 0
-            if line["count"] == 0:
-                missed.append(number)
-            if line["count"] == 0 or not decides(source[number - 1]):
-                continue
-            counted = [b for b in line["branches"] if not b["throw"]]
-            hit = sum(b["count"] > 0 for b in counted)
-            branches += len(counted)
-            met_branches += hit
-            if hit < len(counted):
-                partial.append(f"{number} ({hit} of {len(counted)})")
-        if missed:
-            print(f"{name}: lines not reached: {ranges(missed)}")
-        if partial:
-            print(f"{name}: branches not taken: {ranges(partial)}")
-    line_rate, branch_rate = 100 * met_lines / lines, 100 * met_branches / branches
-    print(f"lines    {met_lines} of {lines}: {line_rate:.2f}% (at least {least_lines:g}%)")
-    print(f"branches {met_branches} of {branches}: {branch_rate:.2f}% (at least {least_branches:g}%)")
-    return 0 if line_rate >= least_lines and branch_rate >= least_branches else 1
+        measured.add(path)
+        text = path.read_text().splitlines()
+        excepted = exceptions.lines(path, text, ends[path])
+        for number, count in sorted(lines[path].items()):
+            if number not in excepted:
+                counts["lines"][0] += count > 0
+                counts["lines"][1] += 1
+                if count == 0:
+                    print(f"{path}:{number}: not reached: {text[number - 1].strip()}")
+        for (number, column, end), ways in sorted(branches[path].items(), key=lambda item: item[0][:2]):
+            if number not in excepted:
+                counts["branches"][0] += sum(way > 0 for way in ways)
+                counts["branches"][1] += 2
+                for way, value in zip(ways, ("true", "false")):
+                    if way == 0 and lines[path].get(number):
+                        condition = text[number - 1][column - 1:end and end - 1]
+                        print(f"{path}:{number}: never {value}: {condition}")
+    good = True
+    for (what, (met, all_)), bound in zip(counts.items(), least):
+        print(f"{what:8} {met} of {all_}: {100 * met / all_:.2f}% (at least {bound:g}%)")
+        good = good and 100 * met >= bound * all_
+    for file, _, wanted, _ in exceptions.unused(measured):
+        print(f"an exception that stands for nothing: {file}: {wanted}")
+        good = False
+    return 0 if good else 1
 
 
 if __name__ == "__main__":

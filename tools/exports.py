@@ -60,7 +60,7 @@ def demangle(symbols):
 
 
 def headers_of_names():
-    """Which header declares a class or a free function, by a look at the header's own text and its parts'."""
+    """Which header declares a class or a free function, by the text of the header and its parts."""
     places = {}
     for header in HEADERS:
         parts = [f"{ROOT}/include/{header}.h"] + sorted(glob.glob(f"{ROOT}/include/{header}/*.h"))
@@ -96,7 +96,7 @@ def manifest_text(names):
 
 
 def windows_arguments():
-    """What makes clang read the headers as MinGW's compiler does."""
+    """The options that make clang read the headers as MinGW's compiler does."""
     search = subprocess.run(["x86_64-w64-mingw32-g++-posix", "-x", "c++", "-E", "-v", os.devnull],
                             check=True, capture_output=True, text=True).stderr
     folders = re.findall(r"^ (/\S*/(?:c\+\+\S*|x86_64-w64-mingw32/include))$", search, re.M)

@@ -3,8 +3,8 @@
 
 usage: compare_uses.py --compiler CXX [--flag=FLAG ...] --library LIB --documented documented.h --work FOLDER
 
-Each use must compile against both and write the same. They go in a few large sources; only where one of
-those fails is each of its uses compiled by itself.
+Each use must compile against both and write the same. They are compiled in a few large
+sources; only where one of those fails is each of its uses compiled separately.
 """
 import argparse
 import concurrent.futures

@@ -4,7 +4,7 @@
 
 QEMU runs one call of a kernel instruction by instruction; what it ran, in that order, goes through llvm-mca, which
 knows each instruction's latency and pipes, how wide the processor decodes, and which result waits for which. It
-takes every branch for foreseen and every line for cached, so a table of it is a model and no measurement.
+assumes that every branch is predicted and every line cached, so its tables are a model and no measurement.
 
     model.py PROGRAM [--kernel NAME]... [--page FILE | --check]
 """

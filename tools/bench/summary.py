@@ -9,7 +9,7 @@ import subprocess
 import sys
 
 BEGIN, END = "<!-- summary: written by tools/bench/summary.py -->\n", "<!-- end of the summary -->\n"
-# What is measured beside libraries: our own yardsticks, which nobody could pick instead.
+# What is measured besides libraries: our own yardsticks, which are no alternatives for users.
 YARDSTICKS = {
     "the walk": "the documented steps one by one, as the interface describes them",
     "the loop": "the plain loop that a program would write, -O3",

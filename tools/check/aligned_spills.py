@@ -7,7 +7,7 @@ status 1 where there are any, 2 where no wide register is seen at all.
 import re
 import sys
 
-# vmovaps, vmovapd, vmovdqa, vmovdqa32, vmovdqa64, vmovntps ...: those that insist on alignment.
+# vmovaps, vmovapd, vmovdqa, vmovdqa32, vmovdqa64, vmovntps ...: those that require alignment.
 ALIGNED = re.compile(r"\bv?mov(ap[sd]|dqa(32|64)?|nt(p[sd]|dqa?))\b")
 WIDE = re.compile(r"%([yz])mm")
 STACK = re.compile(r"\(%([re])(sp|bp)")
@@ -28,7 +28,7 @@ def functions(lines):
 
 
 def alignment(body):
-    """What the function aligns its stack pointer to; 16 if it takes it as it comes."""
+    """The alignment of the function's stack pointer; 16 if it does not align it itself."""
     masks = [int(match.group(1), 16) for match in map(REALIGNMENT.search, body) if match]
     return max((mask & -mask for mask in masks), default=16)
 

@@ -44,7 +44,7 @@ class Reader:
 
 
 def linked(name, virtual):
-    """A destructor as it is called: clang++ names the one that destroys virtual bases along."""
+    """A destructor by the name that is called: clang++ names the one that also destroys virtual bases."""
     match = re.fullmatch(r"\?\?_D(.*@@)Q([A-Z]+)XXZ", name)
     return "??1%s%s%s@XZ" % (match.group(1), "U" if virtual else "Q", match.group(2)) if match else name
 

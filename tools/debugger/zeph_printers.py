@@ -5,9 +5,10 @@ import gdb.printing
 
 MOST_NODES = 1000  # a damaged list must not hang the debugger
 
-# Compilers describe a class with virtual functions only in the file that holds its virtual table. Those are
-# the library's own, and a release describes nothing: to the program's debug information the classes are then
-# incomplete. So their fields stand here, in the order in which they follow the pointer to the virtual table.
+# Compilers describe a class with virtual functions only in the file that holds its virtual table.
+# Those files are the library's, and a release has no debug information: in the program's the
+# classes are then incomplete. So their fields are listed here, in the order in which they follow
+# the pointer to the virtual table.
 ARRAY_FIELDS = {"m_nSize": "count", "m_nMaxSize": "count", "m_nGrowBy": "count"}
 LIST_FIELDS = {"m_pNodeHead": "void *", "m_pNodeTail": "void *", "m_nCount": "count"}
 LAYOUT = {
@@ -63,7 +64,7 @@ def member(value, name):
 
 
 def places(kind, base=0):
-    """Where the fields of a complete class stand, those of its bases included."""
+    """The offsets of the fields of a complete class, including those of its bases."""
     for field in kind.fields():
         if not hasattr(field, "bitpos"):
             continue

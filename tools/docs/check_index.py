@@ -3,7 +3,7 @@
 
 usage: check_index.py INDEX.tag MANIFEST
 
-Every exported function stands in the index, with as many overloads as are exported. What a class has
+Every exported function is in the index, with as many overloads as are exported. What a class has
 without a declaration of its own (destructors, assignments, constructors that the compiler makes) need not.
 """
 import re

@@ -79,7 +79,7 @@ def describe(texts, site, form):
 
 
 def identity(row):
-    """What tells a mutant of the last run again, though lines may have moved."""
+    """Identifies a mutant of the last run, even if lines have moved."""
     return (row[3], *row[5:])
 
 

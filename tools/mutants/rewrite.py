@@ -7,7 +7,7 @@ COPIED = ["CMakeLists.txt", "cmake", "include", "src", "tests", "fuzz", "tools/i
 
 
 def put(path, data):
-    """Leaves a file alone that is the same, so that it is not built again."""
+    """Does not touch an unchanged file, so that it is not rebuilt."""
     path.parent.mkdir(parents=True, exist_ok=True)
     if not path.exists() or path.read_bytes() != data:
         path.write_bytes(data)

@@ -39,7 +39,7 @@ def entry(path, line, what, how, why):
 
 
 def out_of_date(found):
-    """Those whose line stands in its file no more."""
+    """Those whose line is no longer in its file."""
     lines = {path: {text.strip() for text in Path(path).read_text().splitlines()} if Path(path).exists() else set()
              for path in {s.path for s in found}}
     return [s for s in found if s.line not in lines[s.path]]

@@ -109,7 +109,7 @@ double Twice(Kind kind) {
 /// The passes mix what a NaN keeps apart, and have to be made; many zeros take their time as bytes.
 double ForShell(Kind kind) {
   if (Hostile(kind)) return 30;
-  if (HasNan(kind)) return 7;
+  if (HasNan(kind)) return 8;
   return kind.content == Content::kHalfZeros ? 2.5 : 2;
 }
 

@@ -146,7 +146,7 @@ ZEPH_API double* ZEPH_ArrayResize(double* old, int oldCount, int newCount);
 // m + nrl, row i's block is m[i] + ncl. Rows need not be adjacent in memory.
 
 /// A new matrix of `rows` by `cols` doubles, 0-based, every element 0.0; null when it cannot be
-/// had.
+/// allocated.
 ///
 /// @param name  ignored, may be null.
 ///

@@ -79,7 +79,7 @@ inline bool RequireLive(const char* operation, const char* lower, const void* bl
 }
 #endif
 
-/// An array that is released was allocated with that lower bound and not released before.
+/// Requires that a released array was allocated with that lower bound and not released before.
 template <class T>
 void RequireArray([[maybe_unused]] const char* operation, [[maybe_unused]] T* p,
                   [[maybe_unused]] int lo) {
@@ -89,7 +89,8 @@ void RequireArray([[maybe_unused]] const char* operation, [[maybe_unused]] T* p,
 #endif
 }
 
-/// A matrix that is released was allocated with these lower bounds, has these rows, and was not released before.
+/// Requires that a released matrix was allocated with these lower bounds, has these rows, and was
+/// not released before.
 template <class T>
 void RequireMatrix([[maybe_unused]] const char* operation, [[maybe_unused]] T** m,
                    [[maybe_unused]] int nrl, [[maybe_unused]] int nrh, [[maybe_unused]] int ncl) {
@@ -102,8 +103,8 @@ void RequireMatrix([[maybe_unused]] const char* operation, [[maybe_unused]] T** 
 #endif
 }
 
-/// A 0-based block from which `copied` elements, because of an old size, are read has them. Blocks of the
-/// program's own are not known, and pass.
+/// Requires that a 0-based block has the `copied` elements that are read because of its old size.
+/// The program's own blocks are unknown and pass.
 template <class T>
 void RequireOldSize([[maybe_unused]] const char* operation, [[maybe_unused]] const char* argument,
                     [[maybe_unused]] const T* old, [[maybe_unused]] int oldSize,
@@ -117,8 +118,8 @@ void RequireOldSize([[maybe_unused]] const char* operation, [[maybe_unused]] con
 #endif
 }
 
-/// A matrix that is copied from, and released, has rows and columns up to these. Tables of the program's own are
-/// not known, and pass.
+/// Requires that a matrix that is copied and released has rows and columns up to these. The
+/// program's own tables are unknown and pass.
 template <class T>
 void RequireOldBounds([[maybe_unused]] const char* operation, [[maybe_unused]] T** old,
                       [[maybe_unused]] int oldRowHi, [[maybe_unused]] int oldColHi) {
@@ -134,7 +135,7 @@ void RequireOldBounds([[maybe_unused]] const char* operation, [[maybe_unused]] T
 #endif
 }
 
-/// Two blocks have no element in common.
+/// Requires that two blocks do not overlap.
 template <class T>
 void RequireApart([[maybe_unused]] const char* operation, [[maybe_unused]] const T* out,
                   [[maybe_unused]] long long outCount, [[maybe_unused]] const T* in,

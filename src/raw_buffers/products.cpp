@@ -11,11 +11,11 @@ namespace {
 
 using kernels::Overlap;
 
-// The additive routine assigns out[i][j] = b[k][j] + a[i][k] for every k, so the last k decides:
-// within a cell's walk over k nothing but the cell itself is written, hence where neither operand
-// of the last step is the cell, both hold what they held before the walk, and one step gives the
-// cell. Where the last step reads the cell, the step before it matters, and so on back to the first
-// step that does not; from there the walk runs forward as documented.
+// The additive routine assigns out[i][j] = b[k][j] + a[i][k] for every k, so the last k determines
+// the result: the loop over k writes only the cell itself, so where neither operand of the last
+// step is the cell, both still have their old values, and that step alone gives the cell. Where the
+// last step reads the cell, the step before it matters too, and so on back to the first step that
+// does not; from there the steps run forward as documented.
 
 struct Operands {
   const double* a;   // row i of a
@@ -37,12 +37,12 @@ void AssignCell(const Operands& in, int j, double* cell) {
   for (; k < in.count; ++k) *cell = Step(in, k, j);
 }
 
-/// out[j] = b[j] + x for rows that share nothing.
+/// out[j] = b[j] + x for rows that do not overlap.
 void AddScalar(const double* __restrict b, double x, double* __restrict out, std::size_t count) {
   for (std::size_t j = 0; j < count; ++j) out[j] = b[j] + x;
 }
 
-/// The index of `cell` in the row, or `count` when it lies elsewhere.
+/// The index of `cell` in the row, or `count` if it is not in the row.
 std::size_t IndexIn(const double* row, std::size_t count, const double* cell) {
   if (!Overlap(row, count, cell, 1)) return count;
   return static_cast<std::size_t>(cell - row);
@@ -56,8 +56,8 @@ void AssignRow(const Operands& in, double* out, int cols) {
     for (int j = 0; j < cols; ++j) AssignCell(in, j, out + j);
     return;
   }
-  // Only the last element of a's row may lie in the row written: the cells before it read what it
-  // was, those after it what it has become.
+  // Only the last element of a's row may be in the row written: the cells before it use its old
+  // value, those after it the new one.
   const std::size_t own = IndexIn(out, count, lastA);
   AddScalar(lastB, *lastA, out, own);
   if (own == count) return;
@@ -67,8 +67,8 @@ void AssignRow(const Operands& in, double* out, int cols) {
 
 constexpr int k3 = 3;
 
-/// As AssignRow for one row of the 3x3 routine, whose walk runs over j inside k: all of the row's
-/// cells change between two steps of one of them, so any overlap takes the whole walk.
+/// As AssignRow for one row of the 3x3 routine, which loops over j inside k: all cells of the row
+/// change between two steps of one of them, so any overlap takes all the steps.
 void AssignRow3(const double* a, const double (*b)[k3], double* out) {
   const bool apart = !Overlap(out, k3, a + (k3 - 1), 1) && !Overlap(out, k3, b[k3 - 1], k3);
   for (int k = apart ? k3 - 1 : 0; k < k3; ++k)

@@ -46,8 +46,8 @@ void CopyRows(int n, Rows from, Rows to, int row, int end) {
                col + std::min(kTile, n - col));
 }
 
-/// By tiles: the lines of memory that a tile reads stay at hand until all of each is used. With
-/// nothing shared the order of the copies does not show; where `apart` is false it is row by row.
+/// By tiles: the cache lines that a tile reads stay cached until all of each is used. Without
+/// overlap the order of the copies does not matter; where `apart` is false it is row by row.
 template <class Rows>
 void Transpose(int n, Rows from, Rows to, bool apart) {
   constexpr int kTile = 16;
@@ -61,8 +61,8 @@ void Transpose(int n, Rows from, Rows to, bool apart) {
   });
 }
 
-/// In place, or with a row that takes its own place: not allowed, yet harmless to get right. Rows
-/// that share cells in another way are not looked for: the order of their copies is nobody's.
+/// In place, or with a row that is its own destination: not allowed, but easy to handle as
+/// documented. Other overlaps are not detected: the order of their copies is unspecified.
 bool SharesRows(int n, double* const* a, double* const* b) {
   for (int i = 0; i < n; ++i)
     if (a[i] == b[i]) return true;
@@ -91,7 +91,7 @@ void ZEPH_MatrixTranspose(int n, double** a, double** b) {
 
 void ZEPH_MatrixSetIdentity(int n, double** m) {
   RequireRows(__func__, "m", m, 0, n);
-  // Two passes, not one: rows may be shared, and then keep every one of their ones.
+  // Two passes, not one: rows may be shared, and then each must keep all its ones.
   for (int i = 0; i < n; ++i) std::fill_n(m[i], n, 0.0);
   for (int i = 0; i < n; ++i) m[i][i] = 1.0;
 }

@@ -46,7 +46,7 @@
 // that exactly p[lo] .. p[hi] are valid, whatever `lo` is. p + lo is the block; for lo = 1 the
 // element p[0] does not exist.
 
-/// A new array of doubles with the indices lo..hi, every element 0.0; null when it cannot be had.
+/// A new array of doubles with the indices lo..hi, every element 0.0; null if allocation fails.
 ///
 /// @param name  the caller's label for the array: ignored, may be null.
 /// @param lo    lowest index, any int.

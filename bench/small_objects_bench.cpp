@@ -77,6 +77,15 @@ Numbers Content(limit::Matrix4& m) {
 Numbers Content(limit::Vector3& v) {
   return {v.x, v.y, v.z};
 }
+Numbers Content(limit::Float3& v) {
+  return Values(&v.x, 3);
+}
+Numbers Content(limit::Float4& v) {
+  return Values(&v.x, 4);
+}
+Numbers Content(limit::Float4x4& m) {
+  return Values(m.e, 16);
+}
 #ifdef ZEPH_HAVE_EIGEN
 using EigenRows = Eigen::Matrix<double, Eigen::Dynamic, Eigen::Dynamic, Eigen::RowMajor>;
 template <class T>
@@ -340,31 +349,39 @@ glm::mat4 GlmMatrix(const std::vector<float>& p) {
         [](Row& row) {
           const auto a = Floats(16, 5), b = Floats(16, 6);
           Makes(row, "ours", CZEPHMatrix4x4(a.data()), CZEPHMatrix4x4(b.data()), times);
+          Makes(row, "limit", limit::Float4x4(a.data()), limit::Float4x4(b.data()), times)
+              .Target(kLimit);
           ZEPH_GLM_ROW(GlmMatrix(a), GlmMatrix(b), times);
         }) &&
     Add("small objects", "float 4x4 times vector", {4},
         [](Row& row) {
           const auto a = Floats(16, 5);
           Makes(row, "ours", CZEPHMatrix4x4(a.data()), CZEPHVector4D(1, 2, 3, 4), times);
+          Makes(row, "limit", limit::Float4x4(a.data()), limit::Float4(1, 2, 3, 4), times)
+              .Target(kLimit);
           ZEPH_GLM_ROW(GlmMatrix(a), glm::vec4(1, 2, 3, 4), times);
         }) &&
     Add("small objects", "float 3-vector cross", {3},
         [](Row& row) {
-          Makes(row, "ours", CZEPHVector3D(1, 2, 3), CZEPHVector3D(3, -2, 1),
-                [](auto& p, auto& q) { return p.CrossProduct(q); });
+          const auto cross = [](auto& p, auto& q) { return p.CrossProduct(q); };
+          Makes(row, "ours", CZEPHVector3D(1, 2, 3), CZEPHVector3D(3, -2, 1), cross);
+          Makes(row, "limit", limit::Float3(1, 2, 3), limit::Float3(3, -2, 1), cross)
+              .Target(kLimit);
           ZEPH_GLM_ROW(glm::vec3(1, 2, 3), glm::vec3(3, -2, 1),
                        [](auto& p, auto& q) { return glm::cross(p, q); });
         }) &&
     Add("small objects", "float 3-vector dot", {3},
         [](Row& row) {
-          Makes(row, "ours", CZEPHVector3D(1, 2, 3), CZEPHVector3D(3, -2, 1),
-                [](auto& p, auto& q) { return p.DotProduct(q); });
+          const auto dot = [](auto& p, auto& q) { return p.DotProduct(q); };
+          Makes(row, "ours", CZEPHVector3D(1, 2, 3), CZEPHVector3D(3, -2, 1), dot);
+          Makes(row, "limit", limit::Float3(1, 2, 3), limit::Float3(3, -2, 1), dot).Target(kLimit);
           ZEPH_GLM_ROW(glm::vec3(1, 2, 3), glm::vec3(3, -2, 1),
                        [](auto& p, auto& q) { return glm::dot(p, q); });
         }) &&
     Add("small objects", "float 3-vector normalised", {3}, [](Row& row) {
-      Makes(row, "ours", CZEPHVector3D(1, 2, 3), 0,
-            [](auto& p, auto&) { return p.GetNormalized(); });
+      const auto normalised = [](auto& p, auto&) { return p.GetNormalized(); };
+      Makes(row, "ours", CZEPHVector3D(1, 2, 3), 0, normalised);
+      Makes(row, "limit", limit::Float3(1, 2, 3), 0, normalised).Target(kLimit);
       ZEPH_GLM_ROW(glm::vec3(1, 2, 3), 0, [](auto& p, auto&) { return glm::normalize(p); });
     });
 

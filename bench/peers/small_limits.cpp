@@ -2,8 +2,14 @@
 #include "peers/small_limits.h"
 
 #include <cmath>
+#include <cstdlib>
 
 namespace zeph::bench::limit {
+
+/// What an operation does where sizes differ is no part of its cost; asking is.
+static void RequireSame(int a, int b) {
+  if (a != b) std::abort();
+}
 
 Array::Array(int n) : size(n), data(new double[static_cast<unsigned>(n)]) {}
 Array::Array(int n, double value) : Array(n) {
@@ -17,14 +23,18 @@ Array::~Array() {
   delete[] data;
 }
 Array Array::operator+(const Array& other) const {
+  RequireSame(size, other.size);
   Array sum(size);
   for (int i = 0; i < size; ++i) sum.data[i] = data[i] + other.data[i];
   return sum;
 }
-void Array::operator+=(const Array& other) {
+Array& Array::operator+=(const Array& other) {
+  RequireSame(size, other.size);
   for (int i = 0; i < size; ++i) data[i] += other.data[i];
+  return *this;
 }
 Array Array::operator=(const Array& other) {
+  RequireSame(size, other.size);
   for (int i = 0; i < size; ++i) data[i] = other.data[i];
   return Array(size, data);
 }
@@ -35,13 +45,13 @@ double Array::MaxNorm() const {
   return largest;
 }
 double Array::OneNorm() const {
-  double sum = 0;
-  for (int i = 0; i < size; ++i) sum += std::fabs(data[i]);
+  double sum = std::fabs(data[0]);
+  for (int i = 1; i < size; ++i) sum += std::fabs(data[i]);
   return sum;
 }
 double Array::Dot(const Array& other) const {
-  double sum = 0;
-  for (int i = 0; i < size; ++i) sum += data[i] * other.data[i];
+  double sum = data[0] * other.data[0];
+  for (int i = 1; i < size; ++i) sum += data[i] * other.data[i];
   return sum;
 }
 
@@ -61,6 +71,7 @@ Matrix::~Matrix() {
   delete[] rows;
 }
 Matrix Matrix::operator*(const Matrix& other) const {
+  RequireSame(size, other.size);
   Matrix product(size);
   for (int i = 0; i < size; ++i) {
     double* out = product.rows[i];
@@ -71,6 +82,7 @@ Matrix Matrix::operator*(const Matrix& other) const {
   return product;
 }
 Matrix Matrix::operator=(const Matrix& other) {
+  RequireSame(size, other.size);
   for (int i = 0; i < size; ++i)
     for (int j = 0; j < size; ++j) rows[i][j] = other.rows[i][j];
   return *this;
@@ -113,6 +125,40 @@ Vector3 operator+(const Vector3& a, const Vector3& b) {
 }
 Vector3 operator*(const Vector3& v, const double& s) {
   return Vector3(v.x * s, v.y * s, v.z * s);
+}
+
+float Float3::DotProduct(const Float3& other) const {
+  return x * other.x + y * other.y + z * other.z;
+}
+Float3 Float3::CrossProduct(const Float3& other) const {
+  return Float3(y * other.z - z * other.y, z * other.x - x * other.z, x * other.y - y * other.x);
+}
+Float3 Float3::GetNormalized() const {
+  const float length = std::sqrt(x * x + y * y + z * z);
+  if (length == 0 || length == 1) return *this;
+  const float scale = 1 / length;
+  return Float3(x * scale, y * scale, z * scale);
+}
+
+/// The rows measured take the general path; they pay for asking.
+static void RequireGeneral(const float* e) {
+  if (e[3] == 0 && e[7] == 0 && e[11] == 0 && e[15] == 1) std::abort();
+}
+Float4x4 Float4x4::operator*(const Float4x4& other) const {
+  RequireGeneral(e);
+  RequireGeneral(other.e);
+  Float4x4 r;
+  for (int j = 0; j < 4; ++j)
+    for (int i = 0; i < 4; ++i)
+      r.e[i + 4 * j] = e[i] * other.e[4 * j] + e[i + 4] * other.e[4 * j + 1] +
+                       e[i + 8] * other.e[4 * j + 2] + e[i + 12] * other.e[4 * j + 3];
+  return r;
+}
+Float4 Float4x4::operator*(Float4 v) const {
+  RequireGeneral(e);
+  float r[4];
+  for (int i = 0; i < 4; ++i) r[i] = e[i] * v.x + e[i + 4] * v.y + e[i + 8] * v.z + e[i + 12] * v.w;
+  return Float4(r[0], r[1], r[2], r[3]);
 }
 
 struct Node {

@@ -3,9 +3,12 @@
 // The limits of the rows on small objects: the least that the documented behaviour demands of a
 // library. Objects made, read and destroyed by calls, each element written once, blocks
 // from the allocation operators (a row each and a table for a matrix), a copy returned where one is
-// documented, counters where objects are counted. No check, no choice of a form, no virtual call.
+// documented, counters where objects are counted, bottom rows read where they choose the path, sizes compared where that is documented, sums that
+// begin with their first term. No other check, no choice of a form, no virtual call.
 #ifndef ZEPH_BENCH_PEERS_SMALL_LIMITS_H
 #define ZEPH_BENCH_PEERS_SMALL_LIMITS_H
+
+#include <cstring>
 
 #ifdef _WIN32
 #define ZEPH_LIMIT __declspec(dllexport)
@@ -22,7 +25,7 @@ struct ZEPH_LIMIT Array {
   Array(const Array& other);
   ~Array();
   Array operator+(const Array& other) const;
-  void operator+=(const Array& other);
+  Array& operator+=(const Array& other);
   Array operator=(const Array& other);
   double MaxNorm() const;
   double OneNorm() const;
@@ -67,6 +70,32 @@ struct ZEPH_LIMIT Vector3 {
 };
 ZEPH_LIMIT Vector3 operator+(const Vector3& a, const Vector3& b);
 ZEPH_LIMIT Vector3 operator*(const Vector3& v, const double& s);
+
+/// Vectors and matrices of floats, which programs may derive from.
+struct ZEPH_LIMIT Float3 {
+  Float3(float newX, float newY, float newZ) : x(newX), y(newY), z(newZ) {}
+  Float3(const Float3& other) : x(other.x), y(other.y), z(other.z) {}
+  virtual ~Float3() {}
+  float DotProduct(const Float3& other) const;
+  Float3 CrossProduct(const Float3& other) const;
+  Float3 GetNormalized() const;
+  float x, y, z;
+};
+struct ZEPH_LIMIT Float4 {
+  Float4(float newX, float newY, float newZ, float newW) : x(newX), y(newY), z(newZ), w(newW) {}
+  Float4(const Float4& other) : x(other.x), y(other.y), z(other.z), w(other.w) {}
+  virtual ~Float4() {}
+  float x, y, z, w;
+};
+struct ZEPH_LIMIT Float4x4 {
+  Float4x4() {}  // NOLINT: whoever makes one fills it
+  explicit Float4x4(const float* from) { std::memcpy(e, from, sizeof e); }
+  Float4x4(const Float4x4& other) : Float4x4(other.e) {}
+  virtual ~Float4x4() {}
+  Float4x4 operator*(const Float4x4& other) const;
+  Float4 operator*(Float4 v) const;
+  float e[16];
+};
 
 struct Node;
 struct ZEPH_LIMIT Stack {

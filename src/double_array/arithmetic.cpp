@@ -5,6 +5,7 @@
 #include "double_array/elements.h"
 #include "frame/fatal_report.h"
 #include "kernels/overlap.h"
+#include "kernels/target.h"
 #include "parallel/elementwise.h"
 #include "platform/allocation.h"
 #include "platform/exactness.h"
@@ -13,8 +14,12 @@
 namespace zeph::double_array {
 namespace {
 
+/// Not inlined, so that operators on arrays of the same size stay short.
+[[noreturn]] ZEPH_NOINLINE void StopForSizes(const char* message) {
+  frame::FatalReport(message, std::cout);
+}
 void RequireSameSize(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b, const char* message) {
-  if (a.size != b.size) frame::FatalReport(message, std::cout);
+  if (a.size != b.size) StopForSizes(message);
 }
 void RequireSameSizeToAdd(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
   RequireSameSize(a, b, "bad vector sizes");
@@ -42,12 +47,32 @@ CZEPHDoubleArray Combine(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
   return Make(a, [&](double* out, std::size_t n) { op(out, a.data, b.data, n); });
 }
 
-/// data[i] = op(data[i], other[i]) for rising i. `data` is public and may point into another
-/// array's block; where the two then overlap with an offset, elements are computed one at a time.
+/// a.data[i] = op(a.data[i], b.data[i]) for rising i, where both have storage. `data` is public and may point
+/// into another array's block; where the two then overlap with an offset, elements are computed one at a time.
 template <kernels::Elementwise::Binary op>
-void UpdateInOrder(double* data, const double* other, std::size_t n) {
-  if (data == other || !kernels::Overlap(data, n, other, n)) return op(data, data, other, n);
-  for (std::size_t i = 0; i < n; ++i) op(data + i, data + i, other + i, 1);
+ZEPH_NOINLINE CZEPHDoubleArray& UpdateMany(CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {
+  const std::size_t n = Count(b);
+  if (a.data == b.data || !kernels::Overlap(a.data, n, b.data, n))
+    op(a.data, a.data, b.data, n);
+  else
+    for (std::size_t i = 0; i < n; ++i) op(a.data + i, a.data + i, b.data + i, 1);
+  return a;
+}
+
+/// The same; value(x, y) is what `op` computes of two elements. Up to four elements need no call. They are computed
+/// in pairs, for which an overlap matters only where it is by one element.
+template <kernels::Elementwise::Binary op, class Value>
+CZEPHDoubleArray& Update(CZEPHDoubleArray& a, const CZEPHDoubleArray& b, Value value) {
+  double* const x = a.data;
+  const double* const y = b.data;
+  if (!x || !y || b.size < 1) return a;
+  if (b.size > 4 || x == y + 1) return UpdateMany<op>(a, b);
+  kernels::InPairs(static_cast<std::size_t>(b.size), [=](std::size_t first, auto size) {
+    double values[size.value];
+    for (std::size_t i = 0; i < size.value; ++i) values[i] = value(x[first + i], y[first + i]);
+    for (std::size_t i = 0; i < size.value; ++i) x[first + i] = values[i];
+  });
+  return a;
 }
 
 }  // namespace
@@ -57,14 +82,12 @@ using namespace zeph::double_array;
 
 CZEPHDoubleArray& CZEPHDoubleArray::operator+=(const CZEPHDoubleArray& other) {
   RequireSameSizeToAdd(*this, other);
-  if (data) UpdateInOrder<zeph::parallel::Add>(data, other.data, Count(other));
-  return *this;
+  return Update<zeph::parallel::Add>(*this, other, [](double x, double y) { return x + y; });
 }
 
 CZEPHDoubleArray& CZEPHDoubleArray::operator-=(const CZEPHDoubleArray& other) {
   RequireSameSizeToSubtract(*this, other);
-  if (data) UpdateInOrder<zeph::parallel::Subtract>(data, other.data, Count(other));
-  return *this;
+  return Update<zeph::parallel::Subtract>(*this, other, [](double x, double y) { return x - y; });
 }
 
 CZEPHDoubleArray operator+(const CZEPHDoubleArray& a, const CZEPHDoubleArray& b) {

@@ -10,6 +10,7 @@
 #include <cstring>
 
 #include "kernels/elementwise.h"
+#include "kernels/target.h"
 #include "platform/exactness.h"
 
 namespace zeph::kernels {
@@ -22,16 +23,24 @@ struct Size {
   static constexpr std::size_t value = k;
 };
 
-/// Splits up to kFew elements into chunks of 16, 8, 4, 2 and 1: body(first, Size<k>()). They do not
+/// Splits up to four elements into pairs and a last one: body(first, Size<k>()).
+template <class Body>
+ZEPH_ALWAYS_INLINE void InPairs(std::size_t n, Body body) {
+  if (n >= 2) body(0, Size<2>());
+  if (n == 4) return body(2, Size<2>());
+  // Not written as element 0 or 2: g++ would then compute element 0 once for both cases, and no pair at once.
+  if (n & 1) body(n - 1, Size<1>());
+}
+
+/// Splits up to kFew elements into chunks of 8, 4, 2 and 1: body(first, Size<k>()). They do not
 /// overlap, so that the next operation's loads match the stores, which is faster than loading parts
 /// of two stores.
 template <class Body>
-inline void InChunks(std::size_t n, Body body) {
+ZEPH_ALWAYS_INLINE void InChunks(std::size_t n, Body body) {
+  if (n <= 4) return InPairs(n, body);
   std::size_t i = 0;
-  if (n >= 4) {
-    for (; i + 8 <= n; i += 8) body(i, Size<8>());
-    if (n & 4) body(i, Size<4>()), i += 4;
-  }
+  for (; i + 8 <= n; i += 8) body(i, Size<8>());
+  if (n & 4) body(i, Size<4>()), i += 4;
   if (n & 2) body(i, Size<2>()), i += 2;
   if (n & 1) body(i, Size<1>());
 }
@@ -39,8 +48,8 @@ inline void InChunks(std::size_t n, Body body) {
 /// out[i] = value(i) for up to kFew elements. A chunk is computed before it is stored, so that
 /// `out` may be an operand.
 template <class Value>
-inline void Few(double* out, std::size_t n, Value value) {
-  InChunks(n, [&](std::size_t first, auto size) {
+ZEPH_ALWAYS_INLINE void Few(double* out, std::size_t n, Value value) {
+  InChunks(n, [=](std::size_t first, auto size) {
     double values[size.value];
     for (std::size_t i = 0; i < size.value; ++i) values[i] = value(first + i);
     for (std::size_t i = 0; i < size.value; ++i) out[first + i] = values[i];

@@ -5,6 +5,7 @@
 
 #include "kernels/few.h"
 #include "kernels/overlap.h"
+#include "kernels/target.h"
 #include "parallel/rows.h"
 #include "platform/allocation.h"
 #include "platform/exactness.h"
@@ -29,19 +30,35 @@ void NarrowProduct(double* const* out, const double* const* a, const double* con
   }
 }
 
-/// The products of matrices of up to 4 x 4, for which the set-up of the dense kernel takes longer.
-using Narrow = void (*)(double* const*, const double* const*, const double* const*, int, int);
+/// Matrices of up to so many columns have loops of their own, since the set-up of the others takes longer.
 constexpr int kNarrow = 4;
-constexpr Narrow kNarrowProducts[] = {nullptr, NarrowProduct<1>, NarrowProduct<2>, NarrowProduct<3>,
-                                      NarrowProduct<4>};
+/// The products, of up to 4 x 4.
+using Product = void (*)(double* const*, const double* const*, const double* const*, int, int);
+constexpr Product kNarrowProducts[] = {nullptr, NarrowProduct<1>, NarrowProduct<2>,
+                                       NarrowProduct<3>, NarrowProduct<4>};
+
+/// copy(row, source) for the rows that both sides have; gives their number.
+template <class RowCopy>
+int CopyRows(double* const* to, const double* const* from, int rows, RowCopy copy) {
+  int i = 0;
+  for (; i < rows && to[i] && from[i]; ++i) copy(to[i], from[i]);
+  return i;
+}
+template <std::size_t kCols>
+int NarrowCopy(double* const* to, const double* const* from, int rows) {
+  return CopyRows(to, from, rows,
+                  [](double* row, const double* source) { kernels::Copy(row, source, kCols); });
+}
+ZEPH_NOINLINE int WideCopy(double* const* to, const double* const* from, int rows,
+                           std::size_t cols) {
+  return CopyRows(to, from, rows,
+                  [cols](double* row, const double* source) { kernels::Copy(row, source, cols); });
+}
+using RowsCopy = int (*)(double* const*, const double* const*, int);
+constexpr RowsCopy kNarrowCopies[] = {nullptr, NarrowCopy<1>, NarrowCopy<2>, NarrowCopy<3>,
+                                      NarrowCopy<4>};
 
 }  // namespace
-
-double** NewTable(int rows) {
-  double** const table = platform::NewArray<double*>(rows);
-  platform::RememberBlock({table, table, 0, rows});
-  return table;
-}
 
 void NewRows(double** table, int rows, int cols) {
   int i = 0;
@@ -54,18 +71,6 @@ void NewRows(double** table, int rows, int cols) {
     std::fill(table + i, table + rows, nullptr);
     throw;
   }
-}
-
-void ReleaseRows(double* const* table, int rows) {
-  for (int i = 0; i < rows; ++i) {
-    platform::ForgetBlock(table[i]);
-    delete[] table[i];
-  }
-}
-
-void ReleaseTable(double** table) {
-  platform::ForgetBlock(table);
-  delete[] table;
 }
 
 bool ReadsFrom(double* const* source, int count, int read, double** table, int rows, int cols) {
@@ -94,13 +99,12 @@ void Fill(double* const* table, int first, int rows, int cols, double value) {
 
 int Copy(double* const* to, const double* const* from, int rows, int cols) {
   if (!to || !from) return 0;
-  int i = 0;
-  for (; i < rows && to[i] && from[i]; ++i) kernels::Copy(to[i], from[i], Elements(cols));
-  return i;
+  if (0 < cols && cols <= kNarrow) return kNarrowCopies[cols](to, from, rows);
+  return WideCopy(to, from, rows, Elements(cols));
 }
 
 /// Sets the existing rows from `first` on to 0.0. Not inlined: copies seldom need it.
-static void ZeroFrom(double* const* to, int first, int rows, int cols) {
+ZEPH_NOINLINE static void ZeroFrom(double* const* to, int first, int rows, int cols) {
   Fill(to, first, StoredRows(to, rows), cols, 0.0);
 }
 

@@ -12,22 +12,36 @@
 #include <cstddef>
 
 #include "kernels/elementwise.h"
+#include "platform/allocation.h"
+#include "platform/live_blocks.h"
 
 namespace zeph::linalg {
 
 /// A table of `rows` pointers with undefined values. Exhaustion passes to the caller; so does a
 /// negative count.
-double** NewTable(int rows);
+inline double** NewTable(int rows) {
+  double** const table = platform::NewArray<double*>(rows);
+  platform::RememberBlock({table, table, 0, rows});
+  return table;
+}
 
 /// Gives each row of a fresh table a block of `cols` elements with undefined values. Exhaustion
 /// passes to the caller and makes the remaining rows null.
 void NewRows(double** table, int rows, int cols);
 
 /// Releases the first `rows` rows, if `rows` is positive. The table itself stays.
-void ReleaseRows(double* const* table, int rows);
+inline void ReleaseRows(double* const* table, int rows) {
+  for (int i = 0; i < rows; ++i) {
+    platform::ForgetBlock(table[i]);
+    delete[] table[i];
+  }
+}
 
 /// Releases the table itself.
-void ReleaseTable(double** table);
+inline void ReleaseTable(double** table) {
+  platform::ForgetBlock(table);
+  delete[] table;
+}
 
 /// The number of rows that exist: those before the first null one, at most `rows`; 0 without a
 /// table.

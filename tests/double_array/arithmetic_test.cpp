@@ -151,21 +151,21 @@ TEST(DoubleArrayArithmetic, EveryOperatorAllocatesOnceAndSwallowsExhaustion) {
 }
 
 TEST(DoubleArrayArithmetic, AnOperandAimedIntoTheOthersBlockIsTakenElementByElement) {
-  constexpr int kElements = 37;
-  for (const int shift : {-5, -4, -1, 1, 3, 4, 7})
-    for (const bool add : {true, false}) {
-      std::vector<double> block(kElements + 20);
-      for (std::size_t i = 0; i < block.size(); ++i) block[i] = static_cast<double>(i * i % 17);
-      std::vector<double> want = block;
-      double* const to = want.data() + 10;
-      for (int i = 0; i < kElements; ++i) add ? to[i] += to[i + shift] : to[i] -= to[i + shift];
+  for (const int elements : {1, 2, 3, 4, 5, 8, 37})
+    for (const int shift : {-5, -4, -2, -1, 1, 2, 3, 4, 7})
+      for (const bool add : {true, false}) {
+        std::vector<double> block(57);
+        for (std::size_t i = 0; i < block.size(); ++i) block[i] = static_cast<double>(i * i % 17);
+        std::vector<double> want = block;
+        double* const to = want.data() + 10;
+        for (int i = 0; i < elements; ++i) add ? to[i] += to[i + shift] : to[i] -= to[i + shift];
 
-      CZEPHDoubleArray a, b;
-      a.size = b.size = kElements;
-      a.data = block.data() + 10;
-      b.data = a.data + shift;
-      add ? a += b : a -= b;
-      a.data = b.data = nullptr;  // the block belongs to neither
-      EXPECT_EQ(block, want) << "shift " << shift << (add ? ", +=" : ", -=");
-    }
+        CZEPHDoubleArray a, b;
+        a.size = b.size = elements;
+        a.data = block.data() + 10;
+        b.data = a.data + shift;
+        add ? a += b : a -= b;
+        a.data = b.data = nullptr;  // the block belongs to neither
+        EXPECT_EQ(block, want) << elements << ", shift " << shift << (add ? ", +=" : ", -=");
+      }
 }

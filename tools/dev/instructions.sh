@@ -21,7 +21,7 @@ counted=build/results/instructions.txt
   echo "# Instructions of tools/instructions/workload.cpp, by ./dev instructions --update."
   echo "# $compiler"
   for form in portable avx2; do
-    for family in $("$program" --list); do
+    for family in $("$program" --list "$form"); do
       printf '%-9s %-18s %12s\n' "$form" "$family" "$(count "$form" "$family")"
     done
   done

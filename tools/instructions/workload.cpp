@@ -1,9 +1,9 @@
 // A fixed piece of work per family of operations, for counting instructions
 // (tools/check/instructions.sh).
 //
-//     zeph_instructions --list | zeph_instructions FORM FAMILY
+//     zeph_instructions --list FORM | zeph_instructions FORM FAMILY
 //
-// Only what runs inside ZephWorkload is counted; inputs are made before it.
+// What no kernel has a part in is listed for the portable form alone. Only what runs inside ZephWorkload is counted; inputs are made before it.
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -44,6 +44,7 @@ CZEPHMatrix Matrix(int n) {
 struct Family {
   const char* name;
   std::function<void()> (*prepare)();
+  bool kernels = true;  // false: the same whatever the form
 };
 
 template <class Sort>
@@ -60,6 +61,25 @@ CZEPHDoubleArray Walked(std::size_t n) {
   a[0] = 0.0;
   a[1] = -0.0;
   return a;
+}
+
+// What programs do with objects of a few elements, by the thousand.
+
+template <class Work>
+std::function<void()> Small(Work once) {
+  return [once] {
+    for (int i = 0; i < 1'000; ++i) once();
+  };
+}
+
+CZEPHVector Vector(std::size_t n) {
+  return CZEPHVector(static_cast<int>(n), Numbers(n).data());
+}
+
+CZEPHMatrix4x4 Turned() {
+  CZEPHMatrix4x4 m;
+  m.SetRotationAxis(30, CZEPHVector3D(1, 2, 3));
+  return m;
 }
 
 const Family kFamilies[] = {
@@ -102,7 +122,8 @@ const Family kFamilies[] = {
          for (double x : keys) a.BinarySearch(x, at);
          sink = at;
        };
-     }},
+     },
+     false},
     {"merge",
      []() -> std::function<void()> {
        static CZEPHDoubleArray a = Array(20'000), b = Array(20'000), out(40'000, 0.0);
@@ -130,49 +151,6 @@ const Family kFamilies[] = {
        static CZEPHMatrix a = Matrix(200);
        return [] { sink = ZEPH_SumVector(a)[199]; };
      }},
-    {"small-arrays",
-     []() -> std::function<void()> {
-       static CZEPHDoubleArray a = Array(4), b = Array(4);
-       static CZEPHVector u(4, a.data), v(4, b.data);
-       return [] {
-         for (int i = 0; i < 1'000; ++i) {
-           CZEPHDoubleArray sum = a + b;
-           sum += a;
-           sink = sum.MaxNorm() + sum.OneNorm() + ZEPH_ArrayDotProduct(sum, a);
-           CZEPHVector total = u + v;
-           total = u;
-           sink = total[3] + CZEPHDoubleArray(10, 1.0)[9];
-         }
-       };
-     }},
-    {"small-matrices",
-     []() -> std::function<void()> {
-       static CZEPHMatrix a = Matrix(4), b = Matrix(4), c = Matrix(4);
-       return [] {
-         for (int i = 0; i < 500; ++i) {
-           c = a * b;
-           c = a;
-         }
-         sink = c[3][3];
-       };
-     }},
-    {"small-classes",
-     []() -> std::function<void()> {
-       static CZEPHMatrix4 a(0.5), b(a);
-       static CZEPHMatrix4x4 e, f;
-       return [] {
-         CZEPHVector3 p(1, 2, 3), q(3, 1, 2);
-         CZEPHStack stack;
-         for (int i = 0; i < 1'000; ++i) {
-           CZEPHMatrix4 product = a * b, copy = product;
-           CZEPHVector3 sum = p + q * 0.5;
-           CZEPHVector4D moved = e * f * CZEPHVector4D(1, 2, 3, 1);
-           stack.Push(&copy);
-           stack.Pop();
-           sink = copy.m_data[5] + sum.m_x + moved.x;
-         }
-       };
-     }},
     {"batches",
      []() -> std::function<void()> {
        static std::vector<CZEPHVector3D> v(1'000, CZEPHVector3D(1, 2, 3));
@@ -190,6 +168,131 @@ const Family kFamilies[] = {
          sink = low.x;
        };
      }},
+    {"array-made", [] { return Small([] { sink = CZEPHDoubleArray(10, 1.0)[9]; }); }, false},
+    {"array-sum",
+     [] {
+       static CZEPHDoubleArray a = Array(4), b = Array(4);
+       return Small([] {
+         CZEPHDoubleArray sum = a + b;
+         sink = sum[3];
+       });
+     },
+     false},
+    {"array-added",
+     [] {
+       static CZEPHDoubleArray a = Array(4), b = Array(4);
+       return Small([] { a += b; });
+     },
+     false},
+    {"array-norms",
+     [] {
+       static CZEPHDoubleArray a = Array(4);
+       return Small([] { sink = a.MaxNorm() + a.OneNorm() + ZEPH_ArrayDotProduct(a, a); });
+     },
+     false},
+    {"vector-sum",
+     [] {
+       static CZEPHVector u = Vector(4), v = Vector(4);
+       return Small([] {
+         CZEPHVector sum = u + v;
+         sink = sum[3];
+       });
+     },
+     false},
+    {"vector-assigned",
+     [] {
+       static CZEPHVector u = Vector(4), v = Vector(4);
+       return Small([] { u = v; });
+     },
+     false},
+    {"matrix-product",
+     [] {
+       static CZEPHMatrix a = Matrix(4), b = Matrix(4);
+       return Small([] {
+         CZEPHMatrix product = a * b;
+         sink = product[3][3];
+       });
+     },
+     false},
+    {"product-assigned",
+     [] {
+       static CZEPHMatrix a = Matrix(4), b = Matrix(4), r = Matrix(4);
+       return Small([] { r = a * b; });
+     },
+     false},
+    {"matrix-assigned",
+     [] {
+       static CZEPHMatrix a = Matrix(4), r = Matrix(4);
+       return Small([] { r = a; });
+     },
+     false},
+    {"double-4x4",
+     [] {
+       static CZEPHMatrix4 a(0.5), b(a);
+       return Small([] {
+         CZEPHMatrix4 product = a * b;
+         sink = product.m_data[5];
+       });
+     },
+     false},
+    {"double-4x4-copied",
+     [] {
+       static CZEPHMatrix4 a(0.5);
+       return Small([] {
+         CZEPHMatrix4 copy = a;
+         sink = copy.m_data[5];
+       });
+     },
+     false},
+    {"double-vector",
+     [] {
+       static CZEPHVector3 p(1, 2, 3), q(3, 1, 2);
+       return Small([] {
+         CZEPHVector3 sum = p + q * 0.5;
+         sink = sum.m_x;
+       });
+     },
+     false},
+    {"float-4x4",
+     [] {
+       static CZEPHMatrix4x4 e = Turned(), f = Turned();
+       return Small([] { sink = (e * f).GetEntry(5); });
+     },
+     false},
+    {"float-4x4-vector",
+     [] {
+       static CZEPHMatrix4x4 e = Turned();
+       static CZEPHVector4D v(1, 2, 3, 1);
+       return Small([] { sink = (e * v).x; });
+     },
+     false},
+    {"float-cross",
+     [] {
+       static CZEPHVector3D v(1, 2, 3), w(3, 1, 2);
+       return Small([] { sink = v.CrossProduct(w).x; });
+     },
+     false},
+    {"float-dot",
+     [] {
+       static CZEPHVector3D v(1, 2, 3), w(3, 1, 2);
+       return Small([] { sink = v.DotProduct(w); });
+     },
+     false},
+    {"float-normalised",
+     [] {
+       static CZEPHVector3D v(1, 2, 3);
+       return Small([] { sink = v.GetNormalized().x; });
+     },
+     false},
+    {"stack-pair",
+     [] {
+       static CZEPHStack stack;
+       return Small([] {
+         stack.Push(&stack);
+         sink = stack.Pop() == &stack;
+       });
+     },
+     false},
     {"inverse",
      []() -> std::function<void()> {
        static CZEPHMatrix4x4 m;
@@ -198,28 +301,23 @@ const Family kFamilies[] = {
        return [] {
          for (int i = 0; i < 2'000; ++i) sink = (m.GetInverse() * m).GetEntry(5);
        };
-     }},
-    {"vectors",
-     []() -> std::function<void()> {
-       return [] {
-         CZEPHVector3D v(1, 2, 3);
-         for (int i = 0; i < 2'000; ++i) v = v.CrossProduct(CZEPHVector3D(3, 1, 2)).GetNormalized();
-         sink = v.x;
-       };
-     }},
+     },
+     false},
     {"raw-matrices",
      []() -> std::function<void()> {
        return [] {
          for (int i = 0; i < 20; ++i)
            ZEPH_MatrixFree(ZEPH_MatrixAllocDouble("m", 1, 50, 1, 50), 1, 50, 1, 50);
        };
-     }},
+     },
+     false},
     {"listing",
      []() -> std::function<void()> {
        static std::vector<double> values = Numbers(1'000);
        static CString text;
        return [] { ZEPH_ArrayDisplay(text, values.data(), 0, 999, "a"); };
-     }},
+     },
+     false},
     {"selection-sort",
      []() -> std::function<void()> {
        static std::vector<int> values;
@@ -234,7 +332,8 @@ const Family kFamilies[] = {
          while (stack.Pop()) {
          }
        };
-     }},
+     },
+     false},
 };
 
 }  // namespace
@@ -245,8 +344,9 @@ extern "C" __attribute__((noinline)) void ZephWorkload() {
 }
 
 int main(int argc, char** argv) {
-  if (argc == 2 && std::strcmp(argv[1], "--list") == 0) {
-    for (const Family& family : kFamilies) std::puts(family.name);
+  if (argc == 3 && std::strcmp(argv[1], "--list") == 0) {
+    for (const Family& family : kFamilies)
+      if (family.kernels || std::strcmp(argv[2], "portable") == 0) std::puts(family.name);
     return 0;
   }
   if (argc != 3) return 2;

@@ -35,11 +35,12 @@ run_step() {
   failed=$((failed + $(echo "$counts" | awk '{print $3}')))
 }
 
-# record STEP STATUS SECONDS COUNTS: into docs/data, with ZEPH_RECORD=1, for the tables of docs/reliability.md.
+# record STEP STATUS SECONDS COUNTS: with ZEPH_RECORD=1 into docs/data, and thereby into docs/reliability.md.
 record() {
   [ -n "${ZEPH_RECORD:-}" ] || return 0
   python3 -B tools/docs/record.py check "$1" "outcome=$([ "$2" = 0 ] && echo ok || echo failed)" "seconds=$3" \
     "passed=${4%% *}" "failed=$(echo "$4" | awk '{print $3}')"
+  python3 -B tools/docs/figures.py
 }
 
 for step in "$@"; do run_step "$step"; done

@@ -7,11 +7,19 @@ import sys
 import time
 from pathlib import Path
 
+
+def git(*words):
+    return subprocess.run(["git", *words], stdout=subprocess.PIPE, text=True).stdout.strip()
+
+
+
 file, entry, *pairs = sys.argv[1:]
 path = Path("docs/data") / (file + ".json")
 data = json.loads(path.read_text()) if path.exists() else {}
-commit = subprocess.run(["git", "describe", "--always", "--dirty=+", "--exclude=*"], stdout=subprocess.PIPE, text=True)
-data[entry] = {"date": time.strftime("%Y-%m-%d", time.gmtime()), "commit": commit.stdout.strip()}
+# A + where something was changed since; the pages that this very run writes do not count.
+changed = git("status", "--porcelain", "--untracked-files=no", "--", ".", ":!docs")
+commit = git("describe", "--always", "--exclude=*") + ("+" if changed else "")
+data[entry] = {"date": time.strftime("%Y-%m-%d", time.gmtime()), "commit": commit}
 data[entry].update(pair.split("=", 1) for pair in pairs)
 path.parent.mkdir(parents=True, exist_ok=True)
 path.write_text(json.dumps(data, indent=1, ensure_ascii=False, sort_keys=True) + "\n")

@@ -12,7 +12,6 @@ def git(*words):
     return subprocess.run(["git", *words], stdout=subprocess.PIPE, text=True).stdout.strip()
 
 
-
 file, entry, *pairs = sys.argv[1:]
 path = Path("docs/data") / (file + ".json")
 data = json.loads(path.read_text()) if path.exists() else {}

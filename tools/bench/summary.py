@@ -41,7 +41,7 @@ PRESCRIBED = {
     "array a += b": "a call; sizes are compared; operands that overlap with an offset are added in order",
     "vector c = a + b": BLOCK + "; sizes are compared",
     "vector a = b": "assignment returns a copy: a block and its release each time",
-    "MaxNorm": "a call; a NaN in front stays and any other is skipped, so no maximum may be taken of any two elements",
+    "MaxNorm": "a call; a NaN in front stays, any other is skipped",
     "OneNorm": "a call; the elements are added in order",
     "dot product": "a call; the products are added in order",
     "matrix c = a * b": "a block for each row and one for the table; each element is summed in order",

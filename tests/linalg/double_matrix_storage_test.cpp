@@ -132,6 +132,16 @@ TEST(DoubleMatrixStorage, SetDataHoldsTheOldStorageOnlyForASourceThatReadsIt) {
   delete[] second;
 }
 
+TEST(DoubleMatrixStorage, SetDataReleasesTheOldStorageThatItReadsFrom) {
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
+  CZEPHDoubleMatrix m = OneToSix();
+  const long before = LiveBlocks();
+  double* swapped[] = {m[1], m[0]};
+  EXPECT_EQ(m.SetData(2, 3, swapped), 1);
+  EXPECT_EQ(m.SetData(2, 3, m.m_ppData), 1);
+  EXPECT_EQ(LiveBlocks(), before);
+}
+
 TEST(DoubleMatrixStorage, SetDataMayTakeRowsOfTheMatrixItselfInAnyOrder) {
   constexpr int kRows = 40;
   for (int stride : {1, 3, 7, 39}) {

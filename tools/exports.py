@@ -7,8 +7,9 @@ LIBRARY is the .so or the .dll. The manifest lists the demangled names, one a li
 it and the exports must be the same set. The headers, read for the library's system by clang's syntax
 tree, decide too: every documented function is exported in every variant that callers may need,
 none of our additions is, and nothing is that the headers do not declare. Additions that must be exported carry a version
-of their own. --update rewrites the
-manifest.
+of their own. --update rewrites the manifest.
+
+abidiff compares two builds, and no linker's map or symbols file knows what the headers promise.
 """
 import glob
 import json

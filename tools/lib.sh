@@ -108,6 +108,13 @@ passed=0 failed=0
 check() {
   if [ "$1" = 0 ]; then passed=$((passed + 1)); else failed=$((failed + 1)); echo "failed: $2"; fi
 }
+# try WHAT COMMAND...: a verdict on the command.
+try() {
+  local what=$1 status=0
+  shift
+  "$@" || status=$?
+  check $status "$what"
+}
 verdicts() {
   echo "$passed passed, $failed failed"
   [ $failed = 0 ]

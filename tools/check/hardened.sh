@@ -22,25 +22,19 @@ for compiler in g++ clang++; do
   for level in -O0 -O2; do
     for library in build/release/src build/hardened/src; do
       for order in "plain hardened" "hardened plain"; do
-        good=0
-        mixed $compiler $level $library $order || good=1
-        check $good "$compiler $level with $library, $order"
+        try "$compiler $level with $library, $order" mixed $compiler $level $library $order
       done
     done
   done
 done
 # The same names are exported, so either library can stand in for the other.
 exports() { nm -D --defined-only "build/$1/src/libZEPHDataStructureEngine.so" | awk '{print $NF}' | sort; }
-good=0
-diff <(exports release) <(exports hardened) || good=1
-check $good "the hardened library exports the same names"
+try "the hardened library exports the same names" diff <(exports release) <(exports hardened)
 # docs/hardened.md lists every line that a test provokes.
 provoked() {
   cat tests/*/hardened_test.cpp | tr '\n' ' ' | sed -E 's/" +"//g' |
     grep -oE 'EXPECT_STOP\( *"[^"]*"' | cut -d'"' -f2 | LC_ALL=C sort -u
 }
-good=0
-diff <(sed -n '/^## The lines/,/^## /p' docs/hardened.md | sed -n '/^```/,/^```/p' | sed '1d;$d') <(provoked) ||
-  good=1
-check $good "docs/hardened.md lists the lines that the tests provoke"
+try "docs/hardened.md lists the lines that the tests provoke" \
+  diff <(sed -n '/^## The lines/,/^## /p' docs/hardened.md | sed -n '/^```/,/^```/p' | sed '1d;$d') <(provoked)
 verdicts && exit $status

@@ -8,11 +8,7 @@ i686="g++-12 -m32 -idirafter /usr/include/x86_64-linux-gnu"
 
 # compiles WHAT SOURCE COMPILER...: one verdict.
 compiles() {
-  local what=$1 source=$2
-  shift 2
-  local status=0
-  "$@" -fsyntax-only $warnings -I include "$source" || status=1
-  check $status "$what: $*"
+  try "$1: ${*:3}" "${@:3}" -fsyntax-only $warnings -I include "$2"
 }
 
 cat >$work/windows_macros.h <<'TEXT'

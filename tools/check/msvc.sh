@@ -32,17 +32,13 @@ sources() {
 for processor in x86_64 i686; do
   for use in ZEPH_USED ZEPH_STATIC ZEPH_BUILDING ZEPH_HARDENED; do
     for macros in BEHIND FIRST; do
-      status=0
-      msvc $processor -fsyntax-only -D$use -DZEPH_MACROS_$macros tests/msvc/all_headers.cpp || status=1
-      check $status "$processor, $use, macros of the system $macros"
+      try "$processor, $use, macros of the system $macros" \
+        msvc $processor -fsyntax-only -D$use -DZEPH_MACROS_$macros tests/msvc/all_headers.cpp
     done
   done
-  status=0
-  msvc $processor -fsyntax-only tests/headers/layout.cpp || status=1
-  check $status "$processor, layout"
-  status=0
-  python3 tools/check/msvc_names.py $processor | diff tools/manifests/msvc-$processor.txt - || status=1
-  check $status "$processor, names to link"
+  try "$processor, layout" msvc $processor -fsyntax-only tests/headers/layout.cpp
+  try "$processor, names to link" \
+    diff tools/manifests/msvc-$processor.txt <(python3 tools/check/msvc_names.py $processor)
 done
 like_cl=(-DZEPH_LIKE_CL -mavx2 -mpopcnt -mavx512f -mavx512bw -mavx512dq -mavx512vl)  # it takes every intrinsic
 sources "x86_64, as Visual C++" x86_64 "${like_cl[@]}"

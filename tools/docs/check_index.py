@@ -5,6 +5,7 @@ usage: check_index.py INDEX.tag MANIFEST
 
 Every exported function is in the index, with as many overloads as are exported. What a class has
 without a declaration of its own (destructors, assignments, constructors that the compiler makes) need not.
+Doxygen warns of a declaration without a comment, not of one that it did not understand and left out.
 """
 import re
 import sys

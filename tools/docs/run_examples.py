@@ -11,6 +11,9 @@ ends in an expression and "is NUMBER" or "gives NUMBER" follows, the number is c
 that the lines take for granted are declared in tools/docs/line_names.txt, a heading at a time. What cannot be run (it ends
 the process, or shows a form only) stands in tools/docs/line_exceptions.txt with the reason. Every line of
 docs/behaviours.md names a test, and the tests that it names exist.
+
+Tools that run the snippets of Markdown pages are for languages that are interpreted; none takes what prose
+states behind an expression.
 """
 import argparse
 import concurrent.futures

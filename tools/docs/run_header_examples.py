@@ -12,6 +12,9 @@ for each header. What a report prints, which begins with "(empty line)", is no e
 
 Every exported name must be used by an example: of a function or member one overload, of a free operator each.
 The programs' own symbols tell, so a name that stands in a comment only does not count.
+
+Doxygen takes examples into its pages, but compiles none; doctest's and Catch's macros would have to stand in the
+headers.
 """
 import argparse
 import concurrent.futures

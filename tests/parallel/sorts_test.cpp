@@ -115,6 +115,10 @@ TEST(SharedSorts, IntsInOrderOrNearlySo) {
     std::vector<int> v(static_cast<std::size_t>(n));
     std::iota(v.begin(), v.end(), -n / 2);
     ExpectSorted(v, "in order");
+    std::vector<int> turned =
+        v;  // in order but at the end of one of the parts that threads look at
+    std::rotate(turned.begin(), turned.begin() + 3 * 16'384, turned.begin() + 8 * 16'384);
+    ExpectSorted(turned, "in order within parts");
     std::reverse(v.begin(), v.end());
     ExpectSorted(v, "in reverse");
     std::swap(v[v.size() - 1], v[v.size() - 2]);

@@ -256,13 +256,14 @@ void VectorsOfFour(float* out, const float* v, std::size_t stride, const float* 
 
 // --- products ---
 
-template <int k>
+/// Entry k of each column in those of its lanes that are in `kRows`, and 0 in the others.
+template <__mmask16 kRows, int k>
 ZEPH_AVX512_INLINE __m512 Spread(__m512 columns) {
-  return _mm512_permute_ps(columns, k * 0x55);
+  return _mm512_maskz_permute_ps(kRows, columns, k * 0x55);
 }
 
 /// Lanes of an affine left factor's bottom row are masked out, so that their sums raise no
-/// exception.
+/// exception: where they are moved, as compilers may multiply all lanes and choose afterwards.
 template <bool kFirstAffine, bool kSecondAffine>
 ZEPH_AVX512 void ProductsOf(float* out, const float* m, std::size_t stride, const float* e,
                             std::size_t n) {
@@ -276,13 +277,13 @@ ZEPH_AVX512 void ProductsOf(float* out, const float* m, std::size_t stride, cons
   auto* to = reinterpret_cast<char*>(out);
   for (std::size_t i = 0; i < n; ++i, from += stride, to += stride) {
     const __m512 b = _mm512_loadu_ps(from);
-    __m512 sum = _mm512_add_ps(_mm512_maskz_mul_ps(kRows, c0, Spread<0>(b)),
-                               _mm512_maskz_mul_ps(kRows, c1, Spread<1>(b)));
-    sum = _mm512_add_ps(sum, _mm512_maskz_mul_ps(kRows, c2, Spread<2>(b)));
+    __m512 sum = _mm512_add_ps(_mm512_mul_ps(c0, Spread<kRows, 0>(b)),
+                               _mm512_mul_ps(c1, Spread<kRows, 1>(b)));
+    sum = _mm512_add_ps(sum, _mm512_mul_ps(c2, Spread<kRows, 2>(b)));
     if constexpr (kSecondAffine)  // adds the last column
       sum = _mm512_mask_add_ps(sum, kLastColumn, sum, c3);
     else
-      sum = _mm512_add_ps(sum, _mm512_maskz_mul_ps(kRows, c3, Spread<3>(b)));
+      sum = _mm512_add_ps(sum, _mm512_mul_ps(c3, Spread<kRows, 3>(b)));
     if constexpr (kFirstAffine) sum = _mm512_mask_blend_ps(kRows, kSecondAffine ? one : b, sum);
     _mm512_storeu_ps(to, sum);
   }

@@ -22,25 +22,32 @@ constexpr std::size_t RequestBytes(std::int64_t count, std::size_t elementSize) 
   return n > SIZE_MAX / elementSize ? SIZE_MAX : static_cast<std::size_t>(n) * elementSize;
 }
 
-/// The pointer that an allocation operator returned, null included. An application's own operator
-/// may return null, as old ones do; compilers assume that none does, and would remove the tests. Where the
-/// compiler allows it, the pointer stays in a register: storing and loading it takes longer than filling a small block.
-inline void* PerhapsNull(void* block) {
+/// `value`, of which the compiler knows nothing from here on. Where the compiler allows it, it stays in a
+/// register: storing and loading it takes longer than filling a small block.
+template <class T>
+T Opaque(T value) {
 #if (defined(__GNUC__) || defined(__clang__)) && !defined(__clang_analyzer__)  // a leak to it
-  __asm__("" : "+r"(block));
-  return block;
+  __asm__("" : "+r"(value));
+  return value;
 #else
-  void* volatile kept = block;
+  T volatile kept = value;
   return kept;
 #endif
 }
 
+/// The pointer that an allocation operator returned, null included. An application's own operator
+/// may return null, as old ones do; compilers assume that none does, and would remove the tests.
+inline void* PerhapsNull(void* block) {
+  return Opaque(block);
+}
+
 /// A block for `count` elements, uninitialised, to be released with `delete[]`; null where the
-/// application's operator returns null. Its exceptions pass to the caller.
+/// application's operator returns null. Its exceptions pass to the caller. Compilers that see a count that
+/// cannot be had would warn, in whichever program links them with -flto.
 template <class T>
 T* NewArrayOrNull(std::int64_t count) {
   static_assert(std::is_trivially_destructible_v<T>, "released without destructor calls");
-  return static_cast<T*>(PerhapsNull(::operator new[](RequestBytes(count, sizeof(T)))));
+  return static_cast<T*>(PerhapsNull(::operator new[](Opaque(RequestBytes(count, sizeof(T))))));
 }
 
 /// Throws std::bad_alloc.

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "kernels/batch.h"
+#include "kernels/chains.h"
 #include "kernels/dense_product.h"
 #include "kernels/elementwise.h"
 #include "kernels/largest_magnitude.h"
@@ -347,6 +348,7 @@ const Sorting kSorting = {OrderIsUnique,  SortAll<double>,   SortAll<int>,   Spl
                           SplitLess<int>, Ascends<double>,   Ascends<int>,   Merge<double>,
                           Merge<int>,     TakeFront<double>, TakeFront<int>, 0};
 const Partitions kPartitions = {Count, Part, NotLess, NotGreater, FindBounds};
+const Chains kChains = {[](double*, std::size_t, std::size_t) { return false; }, 1};
 const Searching kSearching = {FindFirst, FindLast, FirstLeast, NoneDescends};
 const Elementwise kElementwise = {Add, Subtract, Multiply, Scale, SubtractFrom, Fill};
 const Magnitudes kMagnitudes = {Largest, LargestOrNaN};
@@ -357,8 +359,8 @@ const BatchProducts kBatchProducts = {FloatProducts, ProductsOf<double>};
 
 }  // namespace
 
-const kernels::Table kTextbook = {"textbook",    &kSorting,      &kPartitions, &kSearching,
-                                  &kElementwise, &kMagnitudes,   &kRowSums,    &kProducts,
-                                  &kBatch,       &kBatchProducts};
+const kernels::Table kTextbook = {"textbook",  &kSorting,     &kPartitions,   &kChains,
+                                  &kSearching, &kElementwise, &kMagnitudes,   &kRowSums,
+                                  &kProducts,  &kBatch,       &kBatchProducts};
 
 }  // namespace zeph::arm_model

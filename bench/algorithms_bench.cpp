@@ -90,7 +90,7 @@ const bool kSearches[] = {
           auto& sum = row.Keep<int>();
           const int n = static_cast<int>(row.n());
           row.Items(4000);
-          // So many keys that a branch predictor cannot learn the ways to them.
+          // Enough keys that a branch predictor cannot learn the path to each.
           auto& keys = row.Keep<std::vector<int>>();
           for (double x : RandomDoubles(4000, 70, 0, n)) keys.push_back(static_cast<int>(x));
           row.Result([&] { return Values(&sum, 1); });

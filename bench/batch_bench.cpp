@@ -55,7 +55,8 @@ double* First(double& x) {
 template <class Object>
 using Number = std::remove_pointer_t<decltype(First(std::declval<Object&>()))>;
 
-/// The numbers of `n` objects, moderate and far from zero, so that peers may round as they do.
+/// The numbers of `n` objects, moderate and far from zero, so that differences in rounding stay
+/// small.
 template <class T>
 std::vector<T> Components(std::size_t n, unsigned long long seed) {
   const auto numbers = RandomDoubles(n, seed, 0.5, 2);
@@ -69,7 +70,7 @@ std::vector<Object> Objects(const std::vector<Number<Object>>& numbers) {
   return objects;
 }
 
-/// Moves an object, or a part of one for results that are numbers.
+/// Copies an object, or its first component where the result is a number.
 template <class Object>
 void Move(Object& from, Object& to) {
   to = from;
@@ -123,7 +124,7 @@ void Compare(Row& row, const char* who, int read, Ours ours, Peer peer) {
                if (read > 1) *First(moved[i]) = *First(o.b[i]);
              }
            })
-      .Result(result);  // not the operation's: its time alone is compared
+      .Result(result);  // not what the operation computes: only its time is compared
 }
 
 const CZEPHMatrix4x4& Affine() {

@@ -89,7 +89,7 @@ class Row {
     explicit Options(Contender& contender) : contender_(&contender) {}
     Options& Target(double ratio) { return contender_->target = ratio, *this; }
     Options& Near(double relative) { return contender_->near = relative, *this; }
-    /// For a contender that does different work, relative to which ours has a limit.
+    /// For a contender that does different work: only its time is compared.
     Options& NotCompared() { return contender_->compared = false, *this; }
     /// For a contender that leaves its result elsewhere.
     Options& Result(std::function<Numbers()> result) {

@@ -45,8 +45,8 @@ void ChooseKernels(const char* name) {
 #endif
 }
 
-/// Our AVX2 form is compared with OpenBLAS's: that chooses when it is loaded, so the program
-/// restarts itself.
+/// Our AVX2 form is compared with OpenBLAS's. OpenBLAS chooses its form when it is loaded, so the
+/// program restarts itself.
 void ChooseOpenBlasCore([[maybe_unused]] char** argv) {
 #if defined(ZEPH_HAVE_OPENBLAS) && defined(__unix__)
   if (std::strcmp(zeph::kernels::Active().name, "avx2") != 0 || std::getenv("OPENBLAS_CORETYPE"))

@@ -160,7 +160,7 @@ void MergeRow(Row& row, Blocks (*make)(std::size_t, unsigned long long)) {
   const std::size_t n = row.n();
   using Pair = std::pair<std::vector<T>, std::vector<T>>;
   auto& inputs = row.Keep<std::vector<Pair>>();
-  for (std::size_t k = 0; k < (n < 1000 ? 512 : 8); ++k) {  // more than can be learned
+  for (std::size_t k = 0; k < (n < 1000 ? 512 : 8); ++k) {  // more than a branch predictor learns
     const Blocks blocks = make(n, 1000 * k);
     inputs.push_back(
         {{blocks.first.begin(), blocks.first.end()}, {blocks.second.begin(), blocks.second.end()}});

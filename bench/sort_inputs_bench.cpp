@@ -94,7 +94,7 @@ bool AddKinds(const char* family, const std::vector<std::size_t>& sizes, Sort so
     for (int content = 0; content < test::kContents; ++content) {
       const Kind kind = {static_cast<Content>(content), static_cast<Arrangement>(arrangement)};
       if (kind.content == Content::kPlain && kind.arrangement != Arrangement::kInterleaved)
-        continue;  // beside the other plain orders
+        continue;  // measured with the other plain orders
       const double slower = limit(kind);
       Add(family, NameOf(kind).c_str(), sizes,
           [=](Row& row) { AgainstRandom(row, kind, sort, slower, peers); });
@@ -106,7 +106,8 @@ double Twice(Kind kind) {
   return Hostile(kind) ? 30 : 2;
 }
 
-/// The passes mix what a NaN keeps apart, and have to be made; many zeros take their time as bytes.
+/// With NaNs the passes themselves have to be run, as they move elements across the NaNs; many
+/// zeros are followed as bytes, which takes time.
 double ForShell(Kind kind) {
   if (Hostile(kind)) return 30;
   if (HasNan(kind)) return 8;

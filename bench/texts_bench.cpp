@@ -232,12 +232,20 @@ char* PutLabel(char* out, std::size_t i) {
 
 char kLabel[] = "series";
 
+/// Lists the kept elements of `a` on the sheet that is returned.
+template <class T>
+Sheet& ListOurs(Row& row, std::vector<T>& a) {
+  auto& sheet = row.Keep<Sheet>();
+  row.Result([&sheet] { return sheet.Content(); });
+  row.Ours([&sheet, &a] {
+    ZEPH_ArrayDisplay(sheet.Rewound(), a.data(), static_cast<int>(a.size()), kLabel);
+  });
+  return sheet;
+}
+
 const bool kDoubles = Add("text", "ArrayDisplay double", {1000}, [](Row& row) {
   auto& a = row.Keep<std::vector<double>>(RandomDoubles(row.n(), 1, -1e6, 1e6));
-  auto& sheet = row.Keep<Sheet>();
-  const int n = static_cast<int>(row.n());
-  row.Result([&] { return sheet.Content(); });
-  row.Ours([&, n] { ZEPH_ArrayDisplay(sheet.Rewound(), a.data(), n, kLabel); });
+  auto& sheet = ListOurs(row, a);
   row.Peer("std::to_chars", [&] {
     ListByHand(sheet.Rewound(), a.size(), [&](char* out, std::size_t i) {
       out = PutLabel(out, i);
@@ -250,10 +258,7 @@ const bool kDoubles = Add("text", "ArrayDisplay double", {1000}, [](Row& row) {
 const bool kInts = Add("text", "ArrayDisplay int", {1000}, [](Row& row) {
   auto& a = row.Keep<std::vector<int>>();
   for (const double x : RandomDoubles(row.n(), 2, -1e5, 1e5)) a.push_back(static_cast<int>(x));
-  auto& sheet = row.Keep<Sheet>();
-  const int n = static_cast<int>(row.n());
-  row.Result([&] { return sheet.Content(); });
-  row.Ours([&, n] { ZEPH_ArrayDisplay(sheet.Rewound(), a.data(), n, kLabel); });
+  auto& sheet = ListOurs(row, a);
   row.Peer("std::to_chars", [&] {
     ListByHand(sheet.Rewound(), a.size(), [&](char* out, std::size_t i) {
       char* const number = PutLabel(out, i);

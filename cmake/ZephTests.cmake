@@ -18,7 +18,7 @@ function(zeph_run_test_program program label)
       PASS_REGULAR_EXPRESSION "\\[  PASSED  \\]" FAIL_REGULAR_EXPRESSION "\\[  FAILED  \\]")
   elseif(CMAKE_CROSSCOMPILING_EMULATOR)
     add_test(NAME ${program} COMMAND ${program})
-    set_tests_properties(${program} PROPERTIES TIMEOUT 3600 FIXTURES_REQUIRED emulator ${properties})
+    set_tests_properties(${program} PROPERTIES TIMEOUT 900 FIXTURES_REQUIRED emulator ${properties})
   else()
     gtest_discover_tests(${program} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 600 ${properties})
     # Threads of hosts have stacks as small as this.
@@ -28,15 +28,23 @@ function(zeph_run_test_program program label)
     endif()
   endif()
   # Under valgrind, on the static library: the programs' own allocation operators stay in force; what is
-  # under them is watched.
+  # under them is watched. It does not know AVX-512.
   if(NOT ZEPH_SHARED AND ZEPH_VALGRIND)
     add_test(NAME memcheck.${program} COMMAND ${ZEPH_VALGRIND} --quiet --error-exitcode=99 --leak-check=full
       --errors-for-leak-kinds=definite --suppressions=${PROJECT_SOURCE_DIR}/tools/check/valgrind.supp
       --soname-synonyms=somalloc=nouserintercepts $<TARGET_FILE:${program}>)
-    set_tests_properties(memcheck.${program} PROPERTIES TIMEOUT 3600 ${properties} LABELS memcheck)
+    set_tests_properties(memcheck.${program} PROPERTIES TIMEOUT 1200 ${properties} LABELS memcheck
+      ENVIRONMENT_MODIFICATION "ZEPH_TEST_KERNELS=set:${zeph_watched_kernels}")
   endif()
 endfunction()
 find_program(ZEPH_VALGRIND valgrind)
+set(zeph_watched_kernels portable)
+if(EXISTS /proc/cpuinfo)
+  file(STRINGS /proc/cpuinfo flags REGEX " avx2 " LIMIT_COUNT 1)
+  if(flags)
+    set(zeph_watched_kernels avx2)
+  endif()
+endif()
 
 # A locale with a decimal comma, and one whose point has two bytes, made where the system has none, so that
 # the tests of such locales run.

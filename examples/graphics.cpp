@@ -1,4 +1,4 @@
-// Graphics: a point is turned, moved and brought back.
+// Graphics: a point is rotated, translated and brought back.
 #include <cstdio>
 
 #include <ZEPHDataStructureEngine/graphics.h>
@@ -12,7 +12,7 @@ int main() {
   CZEPHMatrix4x4 turn, move;
   turn.SetRotationZ(90);
   move.SetTranslation(CZEPHVector3D(5, 0, 0));
-  CZEPHMatrix4x4 place = move * turn;  // turned first, then moved
+  CZEPHMatrix4x4 place = move * turn;  // rotated first, then translated
 
   CZEPHVector3D p = place * CZEPHVector4D(1, 2, 3, 1);
   Print("there", p);

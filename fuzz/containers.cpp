@@ -64,7 +64,7 @@ void ArrayStep(Bytes& in, Array& array, std::vector<T>& model, T value) {
   const auto at = [](int i) { return static_cast<std::ptrdiff_t>(i); };
   switch (in.Int(0, 7)) {
     case 0:
-      Require(array.Add(value) == size, "Add gives the index");
+      Require(array.Add(value) == size, "Add returns the index");
       return model.push_back(value);
     case 1:
       ThrowsWhere(index < 0, "SetAtGrow", [&] { array.SetAtGrow(index, value); });
@@ -303,7 +303,7 @@ void KeyedListAndStack(Bytes& in) {
     const auto place = std::find_if(model.begin(), model.end(),
                                     [key](const CZEPHLinkData* n) { return n->m_nKey >= key; });
     CZEPHLinkData* present = place != model.end() && (*place)->m_nKey == key ? *place : nullptr;
-    Require(list.Find(key) == present, "Find gives the first node of the key");
+    Require(list.Find(key) == present, "Find returns the first node with the key");
     switch (in.Int(0, 3)) {
       case 0:
         nodes.emplace_back(key);

@@ -197,7 +197,7 @@ void Step(Bytes& in, Pair& a, Pair& b) {
     case 2: {
       if (a.Size() != 0 && a.Size() != b.Size()) return;
       if (a.Size() == 0) {
-        a.array.Resize(0, 0);  // a block held for no element would be lost
+        a.array.Resize(0, 0);  // a block held with size 0 would leak
         if (&a != &b) a.sorted = 0;
       }
       a.array = b.array;
@@ -218,7 +218,7 @@ void Step(Bytes& in, Pair& a, Pair& b) {
       std::swap(a.At(i), a.At(j));
       a.array[i] = a.At(i) = in.Double();
       RequireBits(&a.array[j], &a.At(j), 1, "Swap");
-      Require(a.array.CheckBound(a.Size()) == 1, "CheckBound lets the size pass");
+      Require(a.array.CheckBound(a.Size()) == 1, "CheckBound accepts the size");
       return;
     }
     case 5:

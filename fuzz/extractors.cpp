@@ -43,8 +43,8 @@ void Array(const std::string& text) {
   Require(array.size == (good ? count : 0), "the count is the stream's, 0 after a failure");
   RequireBits(array.data, want.data(), want.size(), "the elements are the stream's");
   for (int i = static_cast<int>(want.size()) + 1; i < kRoom; ++i)
-    Require(array.data[i] == 7.5, "nothing is written behind the elements");
-  Require(static_cast<bool>(is) == good, "the stream tells a failure");
+    Require(array.data[i] == 7.5, "nothing is written after the elements");
+  Require(static_cast<bool>(is) == good, "the stream reports a failure");
 }
 
 void Matrix(const std::string& text) {
@@ -77,7 +77,7 @@ void Small(const std::string& text) {
   CZEPHVector3 v(1, 2, 3);
   std::istringstream is(text);
   if (!(is >> v)) {
-    Require(v.x() == 1 && v.y() == 2 && v.z() == 3, "a failure leaves the vector as it was");
+    Require(v.x() == 1 && v.y() == 2 && v.z() == 3, "a failure leaves the vector unchanged");
   } else {
     std::ostringstream out;
     out.precision(17);
@@ -89,7 +89,7 @@ void Small(const std::string& text) {
   CZEPHMatrix4 m(4.0);
   std::istringstream all(text);
   if (all >> m) return;
-  for (const double x : m.m_data) Require(x == 4.0, "a failure leaves the matrix as it was");
+  for (const double x : m.m_data) Require(x == 4.0, "a failure leaves the matrix unchanged");
 }
 
 void Long(const std::string& text) {
@@ -99,7 +99,7 @@ void Long(const std::string& text) {
   is >> got;
   same >> want;
   Require(static_cast<bool>(is) == static_cast<bool>(same), "a 32-bit long is read as an int");
-  if (is) Require(got == want, "a 32-bit long is the int that stands there");
+  if (is) Require(got == want, "a 32-bit long holds the int that is stored there");
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "ZEPHDataStructureEngine.h"
 #include "batch.h"
 #include "support/bytes.h"
+#include "support/forms.h"
 #include "support/modes.h"
 #include "support/not_finite.h"
 #include "support/require.h"
@@ -16,7 +17,7 @@ namespace {
 
 using zeph::fuzz::Bytes;
 
-constexpr int kMostElements = 3000, kMostCells = 40, kMostObjects = 50;
+constexpr int kMostElements = 3000, kFewElements = 200, kMostCells = 40, kMostObjects = 50;
 
 /// The bits of computed NaNs are unspecified; all of them count as equal.
 template <class T>
@@ -37,7 +38,7 @@ void TakeUp(std::vector<std::uint64_t>& seen, CZEPHDoubleArray& a) {
 }
 
 void OnAnArray(Bytes& in, std::vector<std::uint64_t>& seen) {
-  std::vector<double> values = in.Doubles(kMostElements);
+  std::vector<double> values = in.Doubles(kMostElements, kFewElements);
   if (values.empty()) values.push_back(in.Double());
   const int n = static_cast<int>(values.size());
   CZEPHDoubleArray a(n, values.data()), b(n, in.ExactlyDoubles(values.size()).data());
@@ -129,7 +130,7 @@ void OnMatrices(Bytes& in, std::vector<std::uint64_t>& seen) {
 }
 
 void OnInts(Bytes& in, std::vector<std::uint64_t>& seen) {
-  std::vector<int> v(in.Below(kMostElements) + 2);
+  std::vector<int> v(in.Size(kMostElements, kFewElements) + 2);
   const int span = in.Int(1, 1000);
   zeph::test::Random random(in.Word(2));
   for (int& x : v) x = random.Int(-span, span);
@@ -191,7 +192,9 @@ void OnObjects(Bytes& in, std::vector<std::uint64_t>& seen) {
   for (const CZEPHMatrix4x4& each : matrices) TakeUp(seen, each.entries, 16);
 }
 
-std::vector<std::uint64_t> Run(const unsigned char* data, std::size_t size) {
+}  // namespace
+
+std::vector<std::uint64_t> zeph::fuzz::ResultsOf(const unsigned char* data, std::size_t size) {
   std::vector<std::uint64_t> seen;
   Bytes in(data, size);
   for (int programs = 0; programs < 4 && !in.Empty(); ++programs) switch (in.Int(0, 3)) {
@@ -211,13 +214,11 @@ std::vector<std::uint64_t> Run(const unsigned char* data, std::size_t size) {
   return seen;
 }
 
-}  // namespace
-
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
   std::vector<std::uint64_t> first;
   bool others = false;
   zeph::test::ForEachForm([&](const std::string& name) {
-    const std::vector<std::uint64_t> seen = Run(data, size);
+    const std::vector<std::uint64_t> seen = zeph::fuzz::ResultsOf(data, size);
     if (!others)
       first = seen;
     else if (seen != first)

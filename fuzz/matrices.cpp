@@ -7,11 +7,10 @@
 
 namespace {
 
-using zeph::fuzz::Broken;
 using zeph::fuzz::Bytes;
 using zeph::fuzz::Require;
 using zeph::fuzz::RequireValue;
-using zeph::test::Elements;
+using zeph::fuzz::RequireValues;
 using zeph::test::Rows;
 
 struct Model {
@@ -27,7 +26,7 @@ Model Read(Bytes& in, int rows, int cols) {
   return m;
 }
 Model Read(Bytes& in, int least) {
-  const int most = in.Flag() ? 6 : 40;
+  const int most = in.Flag() ? 6 : in.Long() ? 40 : 14;
   const int rows = in.Int(least, most);
   return Read(in, rows, in.Int(least, most));
 }
@@ -35,8 +34,9 @@ Model Read(Bytes& in, int least) {
 template <class Matrix>
 void Check(const Matrix& m, const Model& want, const char* promise) {
   Require(m.m_nRows == want.rows && m.m_nColumns == want.cols, "the counts are the model's");
-  if (const auto same = zeph::test::SameValues(Elements(m), want.cells); !same)
-    Broken(promise, same.message());
+  Require(m.m_ppData || want.cells.empty(), "cells have a table of rows");
+  for (std::size_t i = 0; i < want.cells.size(); ++i)
+    RequireValues(m.m_ppData[i], want.cells[i].data(), want.cells[i].size(), promise);
 }
 
 Model Product(const Model& a, const Model& b) {
@@ -71,10 +71,10 @@ void Step(Bytes& in, Double& a, Double& b) {
       return;
     }
     case 2: {
-      const int rows = in.Int(a.model.rows, 20);  // fewer would leave rows unreleased
+      if (a.model.rows > 20) return;  // fewer would leave rows unreleased
+      const int rows = in.Int(a.model.rows, 20);
       const int cols = in.Int(0, 20);
       const double x = in.Flag() ? 0.0 : in.Double();
-      if (rows < a.model.rows) return;
       Require((x == 0.0 ? a.matrix.Create(rows, cols) : a.matrix.SetData(rows, cols, x)) == 1,
               "SetData(value)");
       a.model = {rows, cols,
@@ -115,7 +115,7 @@ void Step(Bytes& in, Double& a, Double& b) {
       Model column{a.model.cols, 1, {}};
       for (const double y : v.cells[0]) column.cells.push_back({y});
       const Model want = Product(a.model, column);
-      Require(got.GetSize() == a.model.rows, "m * v has an element a row");
+      Require(got.GetSize() == a.model.rows, "m * v has one element per row");
       for (int i = 0; i < a.model.rows; ++i)
         RequireValue(got[i], want.cells[static_cast<std::size_t>(i)][0], "m * v");
       return;
@@ -153,7 +153,7 @@ void Columns(Bytes& in, General& a) {
   CZEPHVector v = a.matrix.PickCol(j);
   std::vector<double> want;
   for (const auto& row : a.model.cells) want.push_back(row[column]);
-  zeph::fuzz::RequireValues(v.data(), want.data(), want.size(), "PickCol");  // of computed NaNs too
+  RequireValues(v.data(), want.data(), want.size(), "PickCol");  // of computed NaNs too
   const std::vector<double> fresh = in.ExactlyDoubles(want.size());
   CZEPHVector source = zeph::test::ToVector(fresh);
   a.matrix.SetCol(j, source);

@@ -29,7 +29,7 @@ T Element(Bytes& in) {
 template <class T>
 bool Same(T a, T b) {
   if constexpr (std::is_floating_point_v<T>) {
-    return zeph::test::SameBits(a, b);
+    return zeph::test::Bits(a) == zeph::test::Bits(b);
   } else {
     return a == b;
   }
@@ -208,7 +208,8 @@ void Measure(Bytes& in) {
       RequireBits(&turned[i * side + j], &cells[j * side + i], 1, "MatrixTranspose");
 }
 
-/// out[i][j] = b[k][j] + a[i][k], the last k staying; `out` may share rows with `a` and `b`.
+/// out[i][j] = b[k][j] + a[i][k], of which the last k remains; `out` may share rows with `a` and
+/// `b`.
 void AddLast(Bytes& in) {
   const int rows = in.Int(1, 6);
   const int inner = in.Int(1, 6);

@@ -65,7 +65,7 @@ void SortPiece(Bytes& in, CZEPHDoubleArray& a, Doubles& v) {
       if (right - left < 2) return;
       const double got = a.MedianOf3(left, right);
       const double want = oracle::MedianOf3(v, left, right);
-      RequireBits(&got, &want, 1, "MedianOf3 gives the pivot of its steps");
+      RequireBits(&got, &want, 1, "MedianOf3 returns the pivot of its steps");
       Require(a.QuickPartition(left, right, got) == oracle::QuickPartition(v, left, right, want),
               "QuickPartition gives the place of its steps");
     }

@@ -156,7 +156,7 @@ void Orderings(Bytes& in) {
   CZEPHPermutation::Run(items.data(), k, n, got);
   std::string want;
   oracle::Permute(copy.data(), k, n, oracle::Form::kString, want);
-  RequireText(Bytewise(got), want, "the orderings");
+  RequireText(Bytewise(got), want, "the permutations");
   RequireText(items, copy, "the items are back in place");
 }
 

@@ -39,7 +39,7 @@ ZEPH_API double ZEPH_MathAbs(const double& x);
 /// Brings `v` into [lo, hi]: raises it to `lo` if below, then lowers it to `hi` if above.
 ///
 /// The second test sees the outcome of the first, so with `lo > hi` a low `v` ends as `hi`, where
-/// ZEPH_MathClamped gives `lo`. A NaN `v` stays. A NaN bound binds nothing.
+/// ZEPH_MathClamped gives `lo`. A NaN `v` stays. A NaN bound has no effect.
 ///
 ///     double v = 7.0;
 ///     ZEPH_MathClamp(v, 0.0, 5.0);  // v is 5.0
@@ -110,8 +110,8 @@ ZEPH_API double ZEPH_MathRoundOff(double value, int places);
 
 /// `x` rounded to the nearest int, halves upward: 2.5 gives 3, -2.5 gives -2, -2.7 gives -3.
 ///
-/// A negative whole number goes one down: -2.0 gives -3. Outside int, and for NaN, the result is
-/// the most negative int.
+/// A negative whole number is lowered by one: -2.0 gives -3. Outside int, and for NaN, the result
+/// is the most negative int.
 ///
 ///     ZEPH_RoundOffToInt(2.5);   // 3
 ///     ZEPH_RoundOffToInt(-2.0);  // -3
@@ -197,7 +197,7 @@ ZEPH_API void ZEPH_MathGetExponent(double& value, double ignored, int exponent);
 ///
 /// `s` points to the items, of which positions `k` to `n - 1` are permuted (callers pass `k` = 0)
 /// and positions 0 to `n - 1` are listed. They are permuted in place and are back in their order
-/// when the call ends, by an exception too. Nothing else is checked: there must be `n` items.
+/// when the call ends, even by an exception. Nothing else is checked: there must be `n` items.
 /// `k = n - 1` lists the sequence as it stands; `k >= n` lists nothing.
 ///
 /// All forms return 1, or 0 (and do nothing) when `s` or the stream is null. Output errors are not
@@ -246,7 +246,7 @@ class ZEPH_API CZEPHPermutation {
 
 // ---- Integer searches ---------------------------------------------------------------------------
 
-/// Searches in arrays of int, by index. Static operations only; objects hold nothing.
+/// Searches in arrays of int, by index. Static operations only; objects have no data.
 ///
 /// All of them return an index, -1 for a miss, and -1000 for a null array (and, where there is a
 /// count, for one below 1). Nothing is allocated.

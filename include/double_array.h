@@ -198,8 +198,8 @@ class ZEPH_API CZEPHDoubleArray {
   /// One pass short: elements 0 and 1 end up exchanged when the last element was strictly below all
   /// others (3 2 1 gives 2 1 3), and up to two elements are not sorted at all. The flag is 1 all
   /// the same. Stable: zeros of both signs keep their order. A NaN stays in its place and divides
-  /// the array: the elements between two NaNs are sorted among themselves. Costs O(n log n) for the
-  /// result of the O(n^2) exchanges.
+  /// the array: the elements between two NaNs are sorted among themselves. The result is that of
+  /// the O(n^2) exchanges, in O(n log n).
   ///
   ///     double v[] = {3, 2, 1};
   ///     CZEPHDoubleArray a(3, v);
@@ -210,7 +210,7 @@ class ZEPH_API CZEPHDoubleArray {
   ///
   /// A key moves in front of the equal keys before it, so zeros of both signs end up in reverse
   /// order. A NaN stays in its place and divides the array: the elements between two NaNs are
-  /// sorted among themselves. Costs O(n log n) for the result of inserting one by one.
+  /// sorted among themselves. The result is that of inserting one by one, in O(n log n).
   ///
   ///     double v[] = {3, 2, 1};
   ///     CZEPHDoubleArray a(3, v);
@@ -227,9 +227,9 @@ class ZEPH_API CZEPHDoubleArray {
 
   /// Insertion sort through a linked list (CZEPHLinkList); sets `sorted` to 1.
   ///
-  /// Each value goes in front of the first one that it is not above: zeros of both signs end up in
-  /// reverse order, and a NaN goes to the front, where all later values are put before it. Costs
-  /// O(n log n) for the result of inserting one by one; no nodes are allocated.
+  /// Each value goes before the first one that it is not greater than: zeros of both signs end up
+  /// in reverse order, and a NaN goes to the front, where all later values go before it. The result
+  /// is that of inserting one by one, in O(n log n) and without allocating a node.
   ///
   ///     double v[] = {3, 2, 1};
   ///     CZEPHDoubleArray a(3, v);
@@ -301,7 +301,7 @@ class ZEPH_API CZEPHDoubleArray {
   int QuickPartition(int left, int right, double pivot);
 
   /// Sorts a piece of up to three elements by compare and exchange; of a longer piece only elements
-  /// `left`, `right` - 1 and `right` are looked at.
+  /// `left`, `right` - 1 and `right` are read.
   ///
   ///     double v[] = {9, 3, 5};
   ///     CZEPHDoubleArray a(3, v);

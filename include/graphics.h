@@ -587,7 +587,7 @@ class ZEPH_API CZEPHVector4D {
 ///     2.0f * CZEPHVector4D(1, 2, 3, 4);  // (2, 4, 6, 8)
 ZEPH_API CZEPHVector4D operator*(float s, const CZEPHVector4D& v);
 
-/// Three floats in a row and nothing else: an array of three floats can be handled as one.
+/// Three contiguous floats and nothing else: an array of three floats can be handled as one.
 ///
 ///     CZEPHVector3S a, b;
 ///     a.x = 1, a.y = 2, a.z = 3;
@@ -860,7 +860,7 @@ class ZEPH_API CZEPHMatrix4x4 {
   void SetRotationX(double angle);
   void SetRotationY(double angle);
   void SetRotationZ(double angle);
-  /// The rotation about `axis`, normalised first, by `angle` degrees; turns a vector to the same
+  /// The rotation about `axis`, normalised first, by `angle` degrees; rotates a vector to the same
   /// bits as CZEPHVector3D::GetRotatedAxis does. A zero axis gives a scale by the cosine.
   ///
   ///     CZEPHMatrix4x4 m;

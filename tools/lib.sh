@@ -94,28 +94,24 @@ notice_compiler() {
   echo "${CXX:-c++}" >build/compiler
 }
 
-# Every C++ source of the tree, a line each.
-list_sources() {
-  if git rev-parse --git-dir >/dev/null 2>&1; then
-    git ls-files --cached --others --exclude-standard '*.h' '*.cpp'
-  else
-    find include src tests examples bench fuzz tools \( -name '*.h' -o -name '*.cpp' \)
-  fi
-}
-
 # check STATUS WHAT: a verdict of a step's own, for verdicts to count.
 passed=0 failed=0
 check() {
   if [ "$1" = 0 ]; then passed=$((passed + 1)); else failed=$((failed + 1)); echo "failed: $2"; fi
 }
-# try WHAT COMMAND...: a verdict on the command.
-try() {
-  local what=$1 status=0
-  shift
-  "$@" || status=$?
-  check $status "$what"
-}
 verdicts() {
   echo "$passed passed, $failed failed"
   [ $failed = 0 ]
+}
+
+# step NAME: what steps.txt says of it; then its script, which may set `status` and call `check`.
+step() {
+  local name=$1 packages workflows status=0
+  shift
+  IFS='|' read -r _ _ packages workflows < <(grep "^$name " tools/check/steps.txt)
+  need $packages
+  [ -z "$workflows" ] || workflow $workflows || status=1
+  if [ -f "tools/check/$name.sh" ]; then . "tools/check/$name.sh"; fi
+  [ $((passed + failed)) = 0 ] || verdicts || status=1
+  return $status
 }

@@ -19,8 +19,8 @@ void Fill(double* out, double s, int n);
 void CopyAddCopy(Array& out, const Array& a, const Array& b);
 void CopyAddCopy(Array& out, const Array& a, const Array& b, const Array& c, const Array& d);
 
-/// a[0] + a[1] + ...: only the additions, each depending on the one before: the least time that any
-/// sum in this order takes.
+/// a[0] + a[1] + ...: the additions alone, each depending on the one before: a lower bound for
+/// any sum in this order.
 double ChainOfSums(const double* a, int n);
 double Dot(const double* a, const double* b, int n);
 double OneNorm(const double* a, int n);

@@ -6,7 +6,7 @@
 
 namespace zeph::bench::limit {
 
-/// What an operation does where sizes differ is no part of its cost; asking is.
+/// Comparing the sizes is part of an operation's cost; what happens where they differ is not.
 static void RequireSame(int a, int b) {
   if (a != b) std::abort();
 }
@@ -140,7 +140,7 @@ Float3 Float3::GetNormalized() const {
   return Float3(x * scale, y * scale, z * scale);
 }
 
-/// The rows measured take the general path; they pay for asking.
+/// The rows measured take the general path, and pay for the test that selects it.
 static void RequireGeneral(const float* e) {
   if (e[3] == 0 && e[7] == 0 && e[11] == 0 && e[15] == 1) std::abort();
 }

@@ -30,13 +30,14 @@ double** ReadTable(const CZEPHDoubleArray& numbers) {
 void ShowGrowth(double** table) {
   double* row = ZEPH_ArrayAllocDouble("row", 0, 2);
   std::copy_n(table[1] + 1, 3, row);
-  row = ZEPH_ArrayResize(row, 3, 5);  // counts: two zeros join
+  row = ZEPH_ArrayResize(row, 3, 5);  // counts: two zeros are appended
   std::puts("the first row, 0-based, after ZEPH_ArrayResize(row, 3, 5):");
   ZEPH_ArrayDisplay(stdout, row, 0, 4, "row");
 
   double** grown = ZEPH_MatrixAllocDouble("grown", kRows, 3);
   for (int i = 0; i < kRows; ++i) std::copy_n(table[i + 1] + 1, 3, grown[i]);
-  grown = ZEPH_MatrixResize(grown, kRows - 1, 2, kRows, 3);  // highest indices: one more of each
+  grown =
+      ZEPH_MatrixResize(grown, kRows - 1, 2, kRows, 3);  // highest indices: one more row and column
   std::puts("the table, 0-based, after ZEPH_MatrixResize(m, 3, 2, 4, 3):");
   ZEPH_MatrixPrint(stdout, kRows + 1, 4, grown, "grown");
 

@@ -9,7 +9,7 @@
 namespace tour {
 namespace {
 
-/// Turns about the z axis, against the clock.
+/// Rotates about the z axis, counter-clockwise.
 CZEPHMatrix4 RotationAboutZ(double degrees) {
   const double angle = ZEPH_MathDegToRad(degrees);
   CZEPHMatrix4 m;

@@ -1,4 +1,4 @@
-// A solid as lines: turned by Euler angles, moved away from the eye, projected in perspective and
+// A solid as lines: rotated by Euler angles, moved away from the eye, projected in perspective and
 // orthographically, side by side.
 #include <algorithm>
 #include <cmath>
@@ -131,7 +131,7 @@ void DrawLines(std::ostream& svg, const Solid& solid, const std::vector<CZEPHVec
   svg << "</g>\n";
 }
 
-// The solid through one projection; `place` turns and moves it in front of the eye.
+// The solid through one projection; `place` rotates it and moves it in front of the eye.
 void DrawPanel(std::ostream& svg, const Solid& solid, const CZEPHMatrix4x4& projection,
                const CZEPHMatrix4x4& place, const char* caption, int left) {
   const CZEPHMatrix4x4 all = projection * place;
@@ -156,7 +156,7 @@ void DrawWireframe(const Context& context) {
   move.SetTranslation(CZEPHVector3D(0, 0, -2.6f));
   perspective.SetPerspective(50, 1, 0.1f, 10);
   ortho.SetOrtho(-1.2f, 1.2f, -1.2f, 1.2f, 0.1f, 10);
-  const CZEPHMatrix4x4 place = move * turn;  // turned first, then moved
+  const CZEPHMatrix4x4 place = move * turn;  // rotated first, then translated
 
   const std::string path = context.outputFolder + "/wireframe.svg";
   std::ofstream svg(path);

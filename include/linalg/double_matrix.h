@@ -207,8 +207,8 @@ class ZEPH_API CZEPHDoubleMatrix {
  public:
   // Added: inline, documented in docs/additions.md.
 
-  /// Takes the storage and counts of `other`, which becomes empty; from a matrix without storage as
-  /// the copy.
+  /// Takes the storage and counts of `other`, which becomes empty. A matrix without storage is
+  /// copied.
   ZEPH_ADDED CZEPHDoubleMatrix(CZEPHDoubleMatrix&& other) noexcept
       : m_nRows(other.m_nRows), m_nColumns(other.m_nColumns), m_ppData(other.m_ppData) {
     if (m_ppData) {

@@ -52,7 +52,8 @@ int ZEPH_MathGetRightMostDigit(int n) {
 
 void ZEPH_MathIntegerDivision(int a, int b, int& quotient, int& remainder) {
   ZEPH_REQUIRE(__func__, b != 0, "b is 0");
-  ZEPH_REQUIRE(__func__, a != INT_MIN || b != -1, "a is INT_MIN and b is -1, the quotient no int");
+  ZEPH_REQUIRE(__func__, a != INT_MIN || b != -1,
+               "a is INT_MIN and b is -1: the quotient overflows");
   const std::div_t result = std::div(a, b);
   quotient = result.quot;
   remainder = result.rem;

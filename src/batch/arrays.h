@@ -38,7 +38,7 @@ void RequireOut([[maybe_unused]] const char* operation, [[maybe_unused]] const A
   ZEPH_REQUIRE_POINTER(operation, out);
   [[maybe_unused]] const bool itself =
       static_cast<const void*>(in) == static_cast<const void*>(out);
-  ZEPH_REQUIRE(operation, itself || !Overlap(in, out, n), "out overlaps an array that is read");
+  ZEPH_REQUIRE(operation, itself || !Overlap(in, out, n), "out overlaps an input");
 }
 
 }  // namespace zeph::batch

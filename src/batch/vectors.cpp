@@ -46,7 +46,7 @@ void Dot(const V* a, const V* b, T* out, int n) {
   ZEPH_REQUIRE_POINTER("ZEPH_BatchDot", b);
   ZEPH_REQUIRE_POINTER("ZEPH_BatchDot", out);
   ZEPH_REQUIRE("ZEPH_BatchDot", !Overlap(a, out, n) && !Overlap(b, out, n),
-               "out overlaps an array that is read");
+               "out overlaps an input");
   Kernels(out).dot(out, First(a), First(b), sizeof *a, Count(n));
 }
 
@@ -60,7 +60,7 @@ void Cross(const V* a, const V* b, V* out, int n) {
   Kernels(First(out)).cross(First(out), First(a), First(b), sizeof *out, Count(n));
 }
 
-/// The kernels return values, and do not tell zeros apart: the result is the first zero in the
+/// The kernels do not tell 0.0 and -0.0 apart: where a bound is zero, it is the first zero in the
 /// array.
 template <class V, class T>
 void TakeFirstZeros(T* bound, const V* points, int n) {

@@ -7,18 +7,17 @@
 #include <cstdint>
 #include <utility>
 
-#include "containers.h"
-
 namespace zeph::containers {
 
-/// Sorts nodes without NaN into the order that inserting them one by one gives: ascending, with
+/// Sorts nodes (with m_value and m_pNext) without NaN into the order that inserting them one by one gives: ascending, with
 /// later nodes first among equals.
 ///
 /// Method: ranks within groups of 16, merges in a table of 256 entries on the stack, then a
 /// bottom-up merge sort of the resulting chains. No branch depends on the values.
+template <class Node>
 class ChainSorter {
  public:
-  using Node = CZEPHLink<double>;
+  using Value = decltype(Node::m_value);
 
   void Add(Node* node) {
     entries_[count_++] = {node->m_value, node};
@@ -36,13 +35,13 @@ class ChainSorter {
  private:
   static constexpr std::size_t kGroup = 16, kTable = 256;
   struct Entry {
-    double value;
+    Value value;
     Node* node;
   };
 
   /// Whether a newer value goes after an older one. This is the documented comparison and the only
   /// one used, so results agree where the processor treats denormals as zeros.
-  static bool Passes(double newer, double older) { return newer > older; }
+  static bool Passes(Value newer, Value older) { return newer > older; }
 
   static Node* Either(bool first, Node* a, Node* b) {
     const std::uintptr_t mask = std::uintptr_t{0} - first;

@@ -3,26 +3,12 @@
 
 #include "containers.h"
 #include "containers/chain_sorter.h"
+#include "containers/ordered_walk.h"
 #include "platform/live_blocks.h"
 #include "platform/standard_streams.h"
 
 namespace zeph::containers {
 namespace {
-
-const double& KeyOf(const CZEPHLink<double>& node) {
-  return node.m_value;
-}
-int KeyOf(const CZEPHLinkData& node) {
-  return node.m_nKey;
-}
-
-/// The link (the head pointer or a node's next pointer) at which the ordered walk for `node` stops,
-/// starting from `*link`.
-template <class Node>
-Node** StopOf(const Node& node, Node** link) {
-  while (*link && KeyOf(node) > KeyOf(**link)) link = &(*link)->m_pNext;
-  return link;
-}
 
 /// Hardened builds insist that `node` is not in the list yet: it would be linked to itself.
 template <class Node>
@@ -44,24 +30,6 @@ void InsertOrdered(const char* operation, Node*& head, Node* node) {
   *link = node;
 }
 
-/// Merges the ascending chain `fresh` into the list at `head` and returns the new head. Every node
-/// of `fresh` goes where its ordered walk stops. Each walk starts where the one before stopped: its
-/// node is not smaller, so it would pass all the nodes that were passed before.
-template <class Node>
-Node* Merge(Node* fresh, Node* head) {
-  if (!head) return fresh;
-  Node** link = &head;
-  while (fresh) {
-    Node* node = fresh;
-    fresh = node->m_pNext;
-    link = StopOf(*node, link);
-    node->m_pNext = *link;
-    *link = node;
-    link = &node->m_pNext;
-  }
-  return head;
-}
-
 }  // namespace
 }  // namespace zeph::containers
 
@@ -78,7 +46,7 @@ void CZEPHLinkList<T>::InsertOrdered(CZEPHLink<T>* link) {
 template <class T>
 void CZEPHLinkList<T>::Sorting(CZEPHLink<T>** links, int count) {
   if (!links) return;
-  zeph::containers::ChainSorter run;
+  zeph::containers::ChainSorter<CZEPHLink<T>> run;
   for (int i = 0; i < count; ++i) {
     CZEPHLink<T>* link = links[i];
     if (!link) continue;

@@ -47,7 +47,7 @@ void CZEPHSortableObList::Sort(POSITION start, int count, int (*compare)(CObject
   if (!m_pNodeHead || !start) return;
   auto* node = reinterpret_cast<CNode*>(start);
   ZEPH_REQUIRE("CZEPHSortableObList::Sort", IsLinked(m_pNodeHead, node),
-               "start is no position of this list");
+               "start is not a position in this list");
   const CNode* boundary = node->pPrev;
   for (auto left = static_cast<unsigned>(count); node && left > 0; node = node->pNext, --left)
     InsertBack<CNode>(node, boundary, compare);

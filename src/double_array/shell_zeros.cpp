@@ -241,8 +241,8 @@ class Cells {
     return {std::min<std::size_t>(*first, range.end), *last + 1 > gap ? *last + 1 - gap : 0};
   }
 
-  /// Moves the zeros of every chain to its place and the following ones, in order. Chain k is that
-  /// of the k-th element of the range.
+  /// Moves the zeros of chain k, which begins at element k of the range, to places[k] and the
+  /// chain's following places, in their order.
   void Move(Disorder range, std::size_t gap, Count* places) {
     std::fill(scratch_ + range.begin, scratch_ + range.end, kNegative);
     const auto step = static_cast<Count>(gap);

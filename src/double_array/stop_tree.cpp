@@ -13,8 +13,8 @@ namespace {
 constexpr double kInf = std::numeric_limits<double>::infinity();
 using kernels::Bounds;
 
-/// Whether an element within the bounds may stop the upward scan (some may be not below the pivot),
-/// or the downward scan.
+/// Whether an element within the bounds may stop the upward scan (kUp), by not being below the
+/// pivot, or the downward one.
 template <bool kUp>
 bool MayStop(const Bounds& bounds, double pivot) {
   return kUp ? !(bounds.greatest < pivot) : !(bounds.least > pivot);

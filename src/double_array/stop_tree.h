@@ -62,7 +62,7 @@ class StopTree {
   kernels::Bounds* level_[kMostLevels];
   std::size_t nodes_[kMostLevels];
   kernels::Bounds own_[kOwnLeaves + kOwnLeaves / 8 + kOwnLeaves / 64 + 1];
-  kernels::Borrowed<kernels::Bounds> borrowed_{nullptr, std::free};
+  kernels::Borrowed<kernels::Bounds> borrowed_;
 };
 
 }  // namespace zeph::double_array

@@ -8,7 +8,7 @@
 
 namespace zeph::graphics {
 
-/// Sine and cosine of an angle in degrees, taken in double, then rounded.
+/// Sine and cosine of an angle in degrees, computed in double, then rounded to float.
 struct FloatTurn {
   float sine, cosine;
 };

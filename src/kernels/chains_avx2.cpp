@@ -27,7 +27,7 @@ ZEPH_WIDE Vector Load(const double* v) {
 ZEPH_WIDE void Store(double* v, Vector x) {
   _mm256_storeu_pd(v, x);
 }
-/// All bits of the first `count` lanes, of all for 4 and more.
+/// All bits of the first `count` lanes, of all lanes from 4 on.
 ZEPH_WIDE __m256i FirstLanes(std::size_t count) {
   return _mm256_cmpgt_epi64(_mm256_set1_epi64x(static_cast<long long>(count)),
                             _mm256_setr_epi64x(0, 1, 2, 3));

@@ -27,7 +27,7 @@ ZEPH_WIDE Vector Load(const double* v) {
 ZEPH_WIDE void Store(double* v, Vector x) {
   _mm512_storeu_pd(v, x);
 }
-/// The first `count` lanes, all for 8 and more.
+/// A mask of the first `count` lanes, of all from 8 on.
 ZEPH_WIDE __mmask8 FirstLanes(std::size_t count) {
   return static_cast<__mmask8>(count >= kLanes ? 0xFF : (1u << count) - 1);
 }

@@ -6,5 +6,6 @@
 namespace zeph::kernels {
 
 std::atomic<void* (*)(std::size_t)> detail::borrow{std::malloc};
+std::atomic<void (*)(void*)> detail::give_back{std::free};
 
 }  // namespace zeph::kernels

@@ -63,8 +63,8 @@ void TakeEight(const T*& from, T*& out) {
   out += kEight;
 }
 
-/// x < y and x <= y without exceptions: the documented steps may never compare a NaN that is
-/// present.
+/// x < y and x <= y without raising exceptions: the blocks may hold a NaN that the documented steps
+/// never compare.
 inline bool QuietLess(double x, double y) {
   return std::isless(x, y);
 }

@@ -166,7 +166,7 @@ ZEPH_WIDE void Transpose(__m256i* r) {
   r[7] = _mm256_permute2x128_si256(upper[3], lower[3], 0x31);
 }
 
-/// The first `count` lanes; all for 8 and more, none below 1.
+/// A mask of the first `count` lanes: of all from 8 on, of none below 1.
 ZEPH_WIDE __mmask8 FirstLanes(int count) {
   return static_cast<__mmask8>(count >= kLanes ? 0xFF : count < 0 ? 0 : (1 << count) - 1);
 }

@@ -5,7 +5,7 @@
 #define ZEPH_SRC_KERNELS_TARGET_H
 
 // Visual C++ itself: no attributes, and every intrinsic in every function. With ZEPH_LIKE_CL clang
-// compiles, for a check, the code that this compiler would.
+// compiles the code meant for Visual C++, as a check.
 #if defined(_MSC_VER) && (!defined(__clang__) || defined(ZEPH_LIKE_CL))
 #define ZEPH_CL 1
 #else

@@ -75,12 +75,12 @@ int CZEPHDoubleMatrix::SetData(int rows, int cols, double value) {
 }
 
 int CZEPHDoubleMatrix::SetData(int rows, int cols, double** source) {
-  // Where `source` is this matrix's table or contains its rows, these are kept until they are
+  // Where `source` lies in this matrix's table or contains its rows, these are kept until they are
   // copied; then the rows that AllocMemory would have released are released. Rows past the new
   // count are never released.
   CZEPHDoubleMatrix held;
   const int releasable = std::min(m_nRows, rows);
-  if (ReadsFrom(source, rows, cols, m_ppData, releasable, m_nColumns)) {
+  if (ReadsFrom(source, rows, cols, m_ppData, m_nRows, releasable, m_nColumns)) {
     std::swap(held.m_ppData, m_ppData);
     held.m_nRows = releasable;
   }

@@ -37,7 +37,7 @@ using Product = void (*)(double* const*, const double* const*, const double* con
 constexpr Product kNarrowProducts[] = {nullptr, NarrowProduct<1>, NarrowProduct<2>,
                                        NarrowProduct<3>, NarrowProduct<4>};
 
-/// copy(row, source) for the rows that both sides have; gives their number.
+/// copy(row, source) for the rows that both sides have; returns their number.
 template <class RowCopy>
 int CopyRows(double* const* to, const double* const* from, int rows, RowCopy copy) {
   int i = 0;
@@ -73,10 +73,11 @@ void NewRows(double** table, int rows, int cols) {
   }
 }
 
-bool ReadsFrom(double* const* source, int count, int read, double** table, int rows, int cols) {
+bool ReadsFrom(double* const* source, int count, int read, double** table, int rows, int released,
+               int cols) {
   if (!source || !table || count <= 0 || rows <= 0) return false;
   if (kernels::Overlap<double*>(source, Elements(count), table, Elements(rows))) return true;
-  double** const end = table + StoredRows(table, rows);
+  double** const end = table + StoredRows(table, released);
   const std::less<const double*> before;
   if (!std::is_sorted(table, end, before)) std::sort(table, end, before);
   // Only the last row that begins before the end of the range can overlap it.

@@ -17,8 +17,8 @@
 
 namespace zeph::linalg {
 
-/// A table of `rows` pointers with undefined values. Exhaustion passes to the caller; so does a
-/// negative count.
+/// A table of `rows` pointers with undefined values. The exception passes to the caller where
+/// memory runs out or the count is negative.
 inline double** NewTable(int rows) {
   double** const table = platform::NewArray<double*>(rows);
   platform::RememberBlock({table, table, 0, rows});
@@ -50,10 +50,11 @@ int StoredRows(const double* const* table, int rows);
 /// Sets rows `first` to `rows` - 1.
 void Fill(double* const* table, int first, int rows, int cols, double value);
 
-/// Whether the first `count` rows of `source`, read for `read` elements each, touch the first `rows`
-/// rows of `table`, of `cols` elements each, or the table itself. Where they do not, the table's
-/// rows may be reordered.
-bool ReadsFrom(double* const* source, int count, int read, double** table, int rows, int cols);
+/// Whether the first `count` rows of `source`, read for `read` elements each, overlap the table of
+/// `rows` pointers, or the first `released` of its rows, of `cols` elements each. Where they do
+/// not, the table's rows may be reordered.
+bool ReadsFrom(double* const* source, int count, int read, double** table, int rows, int released,
+               int cols);
 
 /// Copies the elements of the rows that both sides have; the two may be the same table. Returns the
 /// number of those rows.

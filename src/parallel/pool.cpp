@@ -140,6 +140,11 @@ void InChild() {
   pool.mutex.Unlock();
 }
 
+/// Once; static objects that are older than the library's own may ask first. The mutex is held.
+void HandleForks() {
+  if (!pool.atFork) pool.atFork = platform::AtFork(BeforeFork, InParent, InChild);
+}
+
 /// Starts workers until there are `wanted` or the system refuses one. The mutex is held.
 void StartWorkers(int wanted) {
   while (pool.workers < wanted && !pool.refused) {
@@ -201,13 +206,19 @@ void End() {
 // threads. (On Windows the other threads of an ending process are gone by now and may have held the
 // mutex; and a library is not unloaded before its threads have ended.)
 #ifndef _WIN32
-struct Closing {
-  ~Closing() {
+struct Lifetime {
+  /// The fork handlers are there before any thread can call: a fork while one registers them would
+  /// leave the child a mutex that nobody unlocks.
+  Lifetime() {
+    const Locked lock(pool.mutex);
+    HandleForks();
+  }
+  ~Lifetime() {
     const Locked lock(pool.mutex);
     pool.closed = true;
     End();
   }
-} closing;
+} lifetime;
 #endif
 
 }  // namespace
@@ -225,7 +236,7 @@ void detail::ShareByPointer(int threads, std::size_t pieces, void (*run)(void*, 
 
 void AllowWorkers() {
   const Locked lock(pool.mutex);
-  if (!pool.atFork) pool.atFork = platform::AtFork(BeforeFork, InParent, InChild);
+  HandleForks();
   pool.refused = !pool.atFork;
 }
 

@@ -26,8 +26,8 @@ inline bool OrderIsUnique(const double* v, std::size_t n) {
   return MayShare(n, kPassPays) ? detail::OrderIsUnique(v, n) : kernels::OrderIsUnique(v, n);
 }
 
-/// kernels::SortAscending. The result is the same, since it is unique. No heap, and some 32 KiB of
-/// stack when shared.
+/// kernels::SortAscending. The result is the same, since it is unique. Allocates nothing; takes
+/// some 32 KiB of stack when it runs in parallel.
 template <class T>
 void SortAscending(T* v, std::size_t n) {
   MayShare(n, kSortPays) ? detail::Sort(v, n) : kernels::SortAscending(v, n);

@@ -42,8 +42,9 @@ inline void* PerhapsNull(void* block) {
 }
 
 /// A block for `count` elements, uninitialised, to be released with `delete[]`; null where the
-/// application's operator returns null. Its exceptions pass to the caller. Compilers that see a count that
-/// cannot be had would warn, in whichever program links them with -flto.
+/// application's operator returns null. Its exceptions pass to the caller. The count is hidden from
+/// the compiler: where it saw an impossible one it would warn, in every program that is linked with
+/// -flto.
 template <class T>
 T* NewArrayOrNull(std::int64_t count) {
   static_assert(std::is_trivially_destructible_v<T>, "released without destructor calls");

@@ -4,6 +4,7 @@
 #include <atomic>
 
 #include "platform/thread_key.h"
+#include "platform/threads.h"
 
 namespace zeph::platform {
 namespace {
@@ -14,15 +15,20 @@ std::atomic<bool> busy{false};  // held for a few instructions while `all` is re
 ThreadData* all = nullptr;
 std::atomic<bool> closed{false};
 
+void Enter() {
+  while (busy.exchange(true, std::memory_order_acquire)) {
+  }
+}
+void Exit() {
+  busy.store(false, std::memory_order_release);
+}
+
 /// Runs `body` while no other thread is in such a section.
 template <class Body>
 auto Alone(Body body) {
   struct Section {
-    Section() {
-      while (busy.exchange(true, std::memory_order_acquire)) {
-      }
-    }
-    ~Section() { busy.store(false, std::memory_order_release); }
+    Section() { Enter(); }
+    ~Section() { Exit(); }
   } section;
   return body();
 }
@@ -77,11 +83,23 @@ struct Key {
   }
 };
 
+/// A fork waits until nobody is in a section: its child has no thread that would leave it.
+/// Registered when the library is loaded, before any thread can call.
+struct Forks {
+  Forks() { static_cast<void>(AtFork(Enter, Exit, Exit)); }
+} forks;
+
+/// Opens the key at the first call: in a section, since a fork meanwhile would leave the child a
+/// key that is opened for ever.
+void OpenOnce() {
+  Alone([] { static const Key key; });
+}
+
 }  // namespace
 
 ThreadData* MyThreadData(ThreadData* (*make)()) {
   if (closed) return nullptr;
-  static const Key key;
+  if (!open) OpenOnce();
   if (!open) return nullptr;
   if (void* const mine = ThreadValue()) return static_cast<ThreadData*>(mine);
   ThreadData* const made = make();

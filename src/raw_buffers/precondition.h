@@ -74,7 +74,7 @@ inline bool RequireLive(const char* operation, const char* lower, const void* bl
     ZEPH_StopOutside(operation, lower, lo, found.lo, found.lo);
   if (platform::IsReleased(block)) ZEPH_Stop(operation, "the block was released before");
   if (platform::AllBlocksAreKnown())
-    ZEPH_Stop(operation, "the block is none that this library gave");
+    ZEPH_Stop(operation, "the block was not allocated by this library");
   return false;
 }
 #endif

@@ -67,8 +67,8 @@ void AssignRow(const Operands& in, double* out, int cols) {
 
 constexpr int k3 = 3;
 
-/// As AssignRow for one row of the 3x3 routine, which loops over j inside k: all cells of the row
-/// change between two steps of one of them, so any overlap takes all the steps.
+/// As AssignRow, for a row of the 3x3 routine. That loops over j inside k, so between two steps of
+/// one cell every other cell of the row changes: with any overlap, all steps are taken.
 void AssignRow3(const double* a, const double (*b)[k3], double* out) {
   const bool apart = !Overlap(out, k3, a + (k3 - 1), 1) && !Overlap(out, k3, b[k3 - 1], k3);
   for (int k = apart ? k3 - 1 : 0; k < k3; ++k)

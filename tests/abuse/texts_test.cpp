@@ -25,11 +25,12 @@ std::vector<std::string> HostileLabels() {
           "",         std::string(Scaled<std::size_t>(1'000'000, 100'000), 'L')};
 }
 
-TEST(AbuseLabels, AreWrittenAsTheyAre) {
+TEST(AbuseLabels, AreWrittenVerbatim) {
   double v[] = {1.5, -2.0, 3.0};
   int w[] = {4, -5};
   double* rows[] = {v, v, v};
   for (std::string label : HostileLabels()) {
+    SCOPED_TRACE(::testing::Message() << "label " << label);
     char* name = label.data();
     CString listed;
     ZEPH_ArrayDisplay(listed, v, 3, name);
@@ -80,7 +81,7 @@ const Announced kAnnounced[] = {
     {"1 0x10", 0},
 };
 
-TEST(AbuseExtractors, AnArrayTakesWhatTheStreamHoldsAndNothingElse) {
+TEST(AbuseExtractors, AnArrayStoresOnlyWhatTheStreamHolds) {
   for (const auto& given : kAnnounced) {
     if (std::string(given.text) == "1 0x10") continue;  // libraries differ on hexadecimal digits
     SCOPED_TRACE(given.text);
@@ -92,17 +93,17 @@ TEST(AbuseExtractors, AnArrayTakesWhatTheStreamHoldsAndNothingElse) {
   }
 }
 
-TEST(AbuseExtractors, WithoutStorageEveryCountIsRefused) {
+TEST(AbuseExtractors, RefuseEveryCountWithoutStorage) {
   for (const char* text : {"2147483647 1", "1 1", "1000000000"}) {
     CZEPHDoubleArray a;
     std::istringstream is(text);
     is >> a;
-    EXPECT_EQ(a.size, 0);
+    EXPECT_EQ(a.size, 0) << "text " << text;
     CZEPHDoubleMatrix m;
     std::istringstream twice("2147483647 2147483647 1");
     twice >> m;
-    EXPECT_EQ(m.m_nRows, 0);
-    EXPECT_EQ(m.m_nColumns, 0);
+    EXPECT_EQ(m.m_nRows, 0) << "text " << text;
+    EXPECT_EQ(m.m_nColumns, 0) << "text " << text;
   }
 }
 
@@ -118,7 +119,7 @@ TEST(AbuseExtractors, AMatrixCutShortBecomesEmpty) {
   }
 }
 
-TEST(AbuseExtractors, GarbageOfEveryLengthLeavesObjectsWhole) {
+TEST(AbuseExtractors, LeaveObjectsUsableAfterGarbageOfEveryLength) {
   Random random(21);
   for (std::size_t k = 0; k < Scaled(20'000); ++k) {
     std::string text;
@@ -137,10 +138,11 @@ TEST(AbuseExtractors, GarbageOfEveryLengthLeavesObjectsWhole) {
   }
 }
 
-TEST(AbuseSizes, NoCountIsTooLargeToBeRefused) {
+TEST(AbuseSizes, HugeCountsAreRefused) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
-  FailAllocation failing(1, true);  // gigabytes are refused here
   for (const int n : {INT_MAX, INT_MAX - 1, 1 << 30}) {
+    SCOPED_TRACE(::testing::Message() << "n " << n);
+    FailAllocation failing(1, true);  // gigabytes are refused here
     EXPECT_EQ(ZEPH_ArrayAllocDouble(nullptr, 0, n - 1), nullptr);
     EXPECT_EQ(ZEPH_ArrayAllocInt(nullptr, INT_MIN, INT_MIN + n - 1), nullptr);
     EXPECT_EQ(ZEPH_MatrixAllocDouble(nullptr, n, n), nullptr);
@@ -157,6 +159,7 @@ TEST(AbuseSizes, NoCountIsTooLargeToBeRefused) {
 
 TEST(AbuseSizes, NegativeAndInvertedRangesAreEmpty) {
   for (const int n : {-1, -2, INT_MIN + 1, INT_MIN}) {
+    SCOPED_TRACE(::testing::Message() << "n " << n);
     EXPECT_EQ(ZEPH_ArrayAllocDouble(nullptr, 0, n), nullptr);
     EXPECT_EQ(ZEPH_ArrayAllocDouble(nullptr, INT_MAX, n), nullptr);
     EXPECT_EQ(ZEPH_MatrixAllocInt(nullptr, n, 3), nullptr);
@@ -174,7 +177,7 @@ TEST(AbuseSizes, NegativeAndInvertedRangesAreEmpty) {
   }
   for (const int at : {INT_MIN, -1, 0, INT_MAX}) {  // one element anywhere
     double* p = ZEPH_ArrayAllocDouble(nullptr, at, at);
-    ASSERT_NE(p, nullptr);
+    ASSERT_NE(p, nullptr) << "at " << at;
     ZEPH_ArrayFree(p, at, at);
   }
 }

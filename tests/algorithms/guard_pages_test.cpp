@@ -21,10 +21,11 @@ std::vector<T> Falling(std::size_t n) {
   return v;
 }
 
-TEST(AlgorithmGuardPages, SearchesAndSortsStayInside) {
+TEST(AlgorithmGuardPages, SearchesAndSortsStayInBounds) {
   const Guarded pages;
   for (const bool atEnd : {true, false})
     for (std::size_t n = 1; n <= 600; n += 1 + n / 30) {
+      SCOPED_TRACE(::testing::Message() << "atEnd " << atEnd << ", n " << n);
       const int count = static_cast<int>(n);
       int* a = pages.Copy(Falling<int>(n), atEnd);
       EXPECT_EQ(1, CZEPHSelectionSort::Run(a, count));
@@ -42,16 +43,18 @@ TEST(AlgorithmGuardPages, SearchesAndSortsStayInside) {
     }
 }
 
-TEST(AlgorithmGuardPages, OrderingsAreListedFromTheirItemsOnly) {
+TEST(AlgorithmGuardPages, PermutationsStayInBounds) {
   const Guarded pages;
   for (const bool atEnd : {true, false})
     for (std::size_t n = 1; n <= 5; ++n) {
       const int count = static_cast<int>(n);
       CString text;
-      EXPECT_EQ(
-          1, CZEPHPermutation::Run(pages.Copy(std::vector<char>(n, 'z'), atEnd), 0, count, text));
-      EXPECT_EQ('z', text.GetAt(0));
-      EXPECT_EQ(1, CZEPHPermutation::Run(pages.Copy(Falling<int>(n), atEnd), 0, count, text));
+      EXPECT_EQ(1,
+                CZEPHPermutation::Run(pages.Copy(std::vector<char>(n, 'z'), atEnd), 0, count, text))
+          << "atEnd " << atEnd << ", n " << n;
+      EXPECT_EQ('z', text.GetAt(0)) << "atEnd " << atEnd << ", n " << n;
+      EXPECT_EQ(1, CZEPHPermutation::Run(pages.Copy(Falling<int>(n), atEnd), 0, count, text))
+          << "atEnd " << atEnd << ", n " << n;
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstdint>
 #include <cstdio>
 #include <regex>
 #include <sstream>
@@ -35,12 +36,12 @@ void ExpectLines(const std::string& text, const std::string& patterns) {
     EXPECT_TRUE(std::regex_match(line, std::regex(want))) << line << " is not " << want;
   }
   EXPECT_FALSE(std::getline(lines, line)) << "one more line: " << line;
-  EXPECT_EQ(text.empty() ? '\0' : text.back(), '\n');
+  EXPECT_EQ(text.empty() ? '\0' : text.back(), '\n') << "the last line has no end";
 }
 
 }  // namespace
 
-TEST(IntegralSearch, ComparesByACharacter) {
+TEST(IntegralSearch, ComparesWithALessEqualOrGreaterSign) {
   EXPECT_EQ(Comparing::Compare(3, 3), '=');
   EXPECT_EQ(Comparing::Compare(4, 3), '>');
   EXPECT_EQ(Comparing::Compare(INT_MIN, INT_MAX), '<');
@@ -49,12 +50,12 @@ TEST(IntegralSearch, ComparesByACharacter) {
 TEST(IntegralSearch, RefusesANullArrayOrACountBelowOne) {
   int a[] = {1, 2};
   for (const int n : {1, 0, -1, INT_MIN}) {
-    EXPECT_EQ(Search::SequentialSearch(nullptr, n, 1), -1000);
-    EXPECT_EQ(Search::BinarySearch(nullptr, n, 1), -1000);
+    EXPECT_EQ(Search::SequentialSearch(nullptr, n, 1), -1000) << "n " << n;
+    EXPECT_EQ(Search::BinarySearch(nullptr, n, 1), -1000) << "n " << n;
   }
   for (const int n : {0, -1, INT_MIN}) {
-    EXPECT_EQ(Search::SequentialSearch(a, n, 7), -1000);
-    EXPECT_EQ(Search::BinarySearch(a, n, 1), -1000);
+    EXPECT_EQ(Search::SequentialSearch(a, n, 7), -1000) << "n " << n;
+    EXPECT_EQ(Search::BinarySearch(a, n, 1), -1000) << "n " << n;
   }
   EXPECT_EQ(a[0], 1);
   EXPECT_EQ(Search::BinarySearch(nullptr, 0, 1, 1), -1000);
@@ -78,12 +79,13 @@ TEST(IntegralSearchSequential, AgreesWithTheOracleOnEveryLength) {
       for (int& x : a) x = random.Int(0, n);
       std::vector<int> b = a;
       const int key = random.Int(0, n);
-      EXPECT_EQ(Search::SequentialSearch(a.data(), n, key), oracle::SequentialSearch(b, n, key));
-      EXPECT_EQ(a, b);
+      EXPECT_EQ(Search::SequentialSearch(a.data(), n, key), oracle::SequentialSearch(b, n, key))
+          << "n " << n << ", times " << times;
+      EXPECT_EQ(a, b) << "n " << n << ", times " << times;
     }
 }
 
-TEST(IntegralSearchBasic, FindsTheDemonstrationsKeys) {
+TEST(IntegralSearchBasic, FindsTheKeysOfTheDemonstration) {
   auto a = Demonstration();
   EXPECT_EQ(Search::BinarySearch(a.data(), 10, 7), 3);
   EXPECT_EQ(Search::BinarySearch(a.data(), 10, 9), -1);
@@ -95,12 +97,13 @@ TEST(IntegralSearchBasic, AgreesWithTheOracleOnEverySmallArray) {
       const auto before = a;
       for (int key = 0; key <= 6; ++key)
         EXPECT_EQ(Search::BinarySearch(a.data(), static_cast<int>(n), key),
-                  oracle::BinarySearch(a, static_cast<int>(n), key));
-      EXPECT_EQ(a, before);
+                  oracle::BinarySearch(a, static_cast<int>(n), key))
+            << "n " << n << ", key " << key;
+      EXPECT_EQ(a, before) << "n " << n;
     });
 }
 
-TEST(IntegralSearchRecursive, FindsOnlyWhatTheExchangedArgumentsLeadTo) {
+TEST(IntegralSearchRecursive, FindsOnlyKeysReachedWithSwappedArguments) {
   auto a = Demonstration();
   EXPECT_EQ(Search::BinarySearch(a.data(), 0, 9, 10), 4);
   EXPECT_EQ(Search::BinarySearch(a.data(), 5, 4, 10), -1);
@@ -114,13 +117,13 @@ TEST(IntegralSearchRecursive, CanEndAtAnUnrelatedIndex) {
   EXPECT_EQ(Search::BinarySearch(a, 0, 3, 2), 2);
 }
 
-TEST(IntegralSearchRecursive, AnswersMinusOneWhereItsArgumentsRecur) {
+TEST(IntegralSearchRecursive, ReturnsMinusOneWhereItWouldRecurForever) {
   // (0, 1, 0), (0, 1, 1), (1, 1, 1), (1, 1, 0), and (0, 1, 0) again.
   int a[] = {-5, 100};
   EXPECT_EQ(Search::BinarySearch(a, 0, 1, 0), -1);
 }
 
-TEST(IntegralSearchRecursive, AgreesWithTheOracleOnOffsetArrays) {
+TEST(IntegralSearchRecursive, AgreesWithTheOracleOnAnyIndexRange) {
   struct Outside {};
   constexpr int kReach = 64;
   Random random(7);
@@ -148,14 +151,54 @@ TEST(IntegralSearchRecursive, AgreesWithTheOracleOnOffsetArrays) {
     const auto before = cells;
     EXPECT_EQ(Search::BinarySearch(cells.data() + kReach, low, high, key), want)
         << low << ", " << high << ", " << key;
-    EXPECT_EQ(cells, before);
+    EXPECT_EQ(cells, before) << "times " << times;
   }
   EXPECT_GT(found, 500);
   EXPECT_GT(missed, 500);
   EXPECT_GT(recurred, 20);
 }
 
-TEST(IntegralSearchRecursive, TakesMillionsOfStepsInConstantStack) {
+// Indices whose sum is no int. Few processors can address an array that begins so far before its elements.
+TEST(IntegralSearchRecursive, TakesTheMiddleOfIndicesAtTheEdgesOfInt) {
+  if (sizeof(void*) < 8) GTEST_SKIP() << "no room for these indices";
+  for (const std::int64_t first : {std::int64_t{INT_MAX} - 9, std::int64_t{INT_MIN}}) {
+    for (int at = 0; at < 10; ++at) {
+      std::vector<int> cells(10);
+      const auto low = static_cast<int>(first), high = static_cast<int>(first + 9);
+      const int middle = static_cast<int>((first + first + 9) / 2);
+      cells[static_cast<std::size_t>(middle - first)] = at;  // the first that is read
+      const auto base = reinterpret_cast<std::uintptr_t>(cells.data()) -
+                        static_cast<std::uintptr_t>(first) * sizeof(int);
+      EXPECT_EQ(Search::BinarySearch(reinterpret_cast<int*>(base), low, high, at), middle)
+          << low << " to " << high;
+    }
+  }
+}
+
+TEST(IntegralSearchBasic, AgreesWithTheOracleOnLongerArraysAndExtremeNumbers) {
+  Random random(11);
+  for (int n = 1; n <= 70; ++n)
+    for (int times = 0; times < 30; ++times) {
+      std::vector<int> a(static_cast<std::size_t>(n));
+      for (int& x : a)
+        x = times % 3          ? random.Int(-n, n)
+            : random.Int(0, 1) ? INT_MAX - random.Int(0, 2)
+                               : INT_MIN + random.Int(0, 2);
+      if (times % 2) std::sort(a.begin(), a.end());  // the steps are those of any array
+      for (const int key : {a[0], a.back(), random.Int(-n, n), INT_MIN, INT_MAX, 0}) {
+        EXPECT_EQ(Search::BinarySearch(a.data(), n, key), oracle::BinarySearch(a, n, key))
+            << "n " << n << ", key " << key;
+        std::vector<int> b = a, ours = a;
+        ours.push_back(key / 2), b.push_back(key / 2);
+        EXPECT_EQ(Search::SequentialSearch(ours.data(), n, key),
+                  oracle::SequentialSearch(b, n, key))
+            << "n " << n << ", key " << key;
+        EXPECT_EQ(ours, b);
+      }
+    }
+}
+
+TEST(IntegralSearchRecursive, RecursMillionsOfTimesInConstantStack) {
   // With elements that are all too great the arguments move down by one index every three steps.
   constexpr int kSteps = 1000000;
   std::vector<int> cells(kSteps + 1, INT_MAX);
@@ -163,7 +206,7 @@ TEST(IntegralSearchRecursive, TakesMillionsOfStepsInConstantStack) {
   EXPECT_EQ(Search::BinarySearch(cells.data() + kSteps, 0, 0, 0), -kSteps);
 }
 
-TEST(IntegralSearch, ReportsItsDemonstration) {
+TEST(IntegralSearch, PrintsItsDemonstrationReport) {
   const std::string text = Written([](FILE* f) { EXPECT_EQ(Search::Test1(f), 1); });
   const int sizes[] = {0,   10,  20,  30,  40,  50,  60,  70,  80,  90,
                        100, 200, 300, 400, 500, 600, 700, 800, 900, 1000};
@@ -200,7 +243,7 @@ TEST(IntegralSearch, ReportsItsDemonstration) {
   ExpectLines(text, pattern);
 }
 
-TEST(IntegralSearch, LabelsTheKeySevenAsSix) {
+TEST(IntegralSearch, DemonstrationLabelsTheKeySevenAsSix) {
   const std::string text = Written([](FILE* f) { Search::Test1(f); });
   EXPECT_NE(text.find("Find 6  at : 3 (3)\n"), std::string::npos);
   EXPECT_EQ(text.find("Find 7 "), std::string::npos);
@@ -219,11 +262,11 @@ TEST(IntegralSearch, DividesTheTotalByTheRepetitionsInSinglePrecision) {
   EXPECT_LE(each, static_cast<float>(total) / 300000.0f + 1e-6f);
 }
 
-TEST(IntegralSearch, ReportsNothingToANullStream) {
+TEST(IntegralSearch, PrintsNothingToANullStream) {
   EXPECT_EQ(Search::Test1(nullptr), 0);
 }
 
-TEST(IntegralSearch, ObjectsHoldNothing) {
+TEST(IntegralSearch, HasNoDataMembers) {
   Search a, b(a);
   a = b;
   EXPECT_EQ(sizeof(Search), sizeof(void*));

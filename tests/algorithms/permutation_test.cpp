@@ -39,11 +39,11 @@ void ExpectAgreement(const std::vector<T>& buffer, std::size_t first, int k, int
   std::string want;
   oracle::Permute(literal.data() + first, k, n, oracle::Form::kStream, want);
   EXPECT_EQ(ToStream(ours.data() + first, k, n), want) << "k=" << k << " n=" << n;
-  EXPECT_EQ(ours, buffer);
+  EXPECT_EQ(ours, buffer) << "the items have moved, k=" << k << " n=" << n;
   want = "kept ";
   oracle::Permute(literal.data() + first, k, n, oracle::Form::kString, want);
   EXPECT_EQ(ToString(ours.data() + first, k, n), want) << "k=" << k << " n=" << n;
-  EXPECT_EQ(ours, buffer);
+  EXPECT_EQ(ours, buffer) << "the items have moved, k=" << k << " n=" << n;
 }
 
 std::vector<char> Letters(std::size_t n) {
@@ -66,7 +66,7 @@ TEST(Permutation, ListsThreeCharactersInItsOwnOrder) {
   EXPECT_EQ(std::string(s, 3), "abc");
 }
 
-TEST(Permutation, RunsCharactersTogetherInAString) {
+TEST(Permutation, WritesCharactersWithoutSeparatorsToAString) {
   char s[] = {'a', 'b'};
   EXPECT_EQ(ToString(s, 0, 2), "kept ab \nba \n");
 }
@@ -77,7 +77,7 @@ TEST(Permutation, ListsNumbersTheSameWayInBothForms) {
   EXPECT_EQ(ToString(s, 0, 2), "kept 1 -20 \n-20 1 \n");
 }
 
-TEST(Permutation, OfOneItemIsTheItemAndOfNoneIsNothing) {
+TEST(Permutation, ListsOneItemAsItselfAndNoItemsAsNothing) {
   char s[] = {'x'};
   EXPECT_EQ(ToStream(s, 0, 1), "x \n");
   EXPECT_EQ(ToStream(s, 0, 0), "");
@@ -85,7 +85,7 @@ TEST(Permutation, OfOneItemIsTheItemAndOfNoneIsNothing) {
   EXPECT_EQ(ToStream(s, INT_MAX, 3), "");
 }
 
-TEST(Permutation, WithoutItemsBehindTheLastPositionWritesAnEmptyLine) {
+TEST(Permutation, WritesAnEmptyLineWhereTheLastPositionIsBeforeTheItems) {
   char s[] = {'x'};
   EXPECT_EQ(ToStream(s, -1, 0), "\n");
   EXPECT_EQ(ToString(s, -1, 0), "kept  \n");
@@ -93,7 +93,7 @@ TEST(Permutation, WithoutItemsBehindTheLastPositionWritesAnEmptyLine) {
   EXPECT_EQ(ToStream(s, 0, INT_MIN), "");
 }
 
-TEST(Permutation, OfNothingAnswersZero) {
+TEST(Permutation, ReturnsZeroForNullArguments) {
   char s[] = {'a', 'b'};
   int v[] = {1, 2};
   CString out("kept");
@@ -132,7 +132,8 @@ TEST(Permutation, TakesAnyByteAndAnyNumber) {
 }
 
 TEST(Permutation, ListsLinesOfAnyLength) {
-  // Around the lengths at which a draft, then a block, no longer holds a line.
+  // Around the lengths at which a line no longer fits the library's buffers, a draft of a line and
+  // then a block.
   for (const int n : {14, 15, 16, 17, 254, 255, 256, 257, 258, 512, 5461, 32768, 70000})
     for (int back = 1; back <= 3; ++back) {
       ExpectAgreement(Letters(static_cast<std::size_t>(n)), 0, n - back, n);
@@ -140,12 +141,12 @@ TEST(Permutation, ListsLinesOfAnyLength) {
     }
 }
 
-TEST(Permutation, CrossesManyBlocksWithoutLosingALine) {
+TEST(Permutation, LosesNoLineAcrossOutputBlocks) {
   ExpectAgreement(Letters(8), 0, 0, 8);
   ExpectAgreement(Numbers(8), 0, 0, 8);
 }
 
-TEST(Permutation, WritesBetweenWhatTheCallerWrites) {
+TEST(Permutation, KeepsItsPlaceBetweenTheCallersOwnOutput) {
   const std::string text = Written([](FILE* f) {
     char s[] = {'a', 'b'};
     std::fputs("before ", f);
@@ -155,7 +156,7 @@ TEST(Permutation, WritesBetweenWhatTheCallerWrites) {
   EXPECT_EQ(text, "before a b \nb a \nafter");
 }
 
-TEST(Permutation, NeedsNoHeapForAStream) {
+TEST(Permutation, AllocatesNothingForAStream) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   std::vector<int> numbers = Numbers(7);
   Written([&](FILE* f) {
@@ -186,14 +187,15 @@ TEST(Permutation, LeavesTheItemsInOrderWhenMemoryRunsOut) {
         },
         [&](long k) {
           EXPECT_EQ(letters, before) << k;
-          EXPECT_TRUE(Bytes(out) == whole.substr(0, static_cast<std::size_t>(out.GetLength())));
+          EXPECT_TRUE(Bytes(out) == whole.substr(0, static_cast<std::size_t>(out.GetLength())))
+              << how;
         });
-    EXPECT_GE(failures, 2);
-    EXPECT_TRUE(Bytes(out) == whole);
+    EXPECT_GE(failures, 2) << how;
+    EXPECT_TRUE(Bytes(out) == whole) << how;
   }
 }
 
-TEST(Permutation, ReportsItsDemonstration) {
+TEST(Permutation, PrintsItsDemonstrationReport) {
   const auto lines = [](auto s, int n, oracle::Form form) {
     std::string out;
     oracle::Permute(s.data(), 0, n, form, out);
@@ -219,16 +221,16 @@ TEST(Permutation, ReportsItsDemonstration) {
   EXPECT_EQ(Written([](FILE* f) { EXPECT_EQ(CZEPHPermutation::Test1(f), 1); }), want);
 }
 
-TEST(Permutation, ClosesItsReportBeforeTheIntegerPart) {
+TEST(Permutation, PrintsTheEndBannerBeforeTheIntegerPart) {
   const std::string text = Written([](FILE* f) { CZEPHPermutation::Test1(f); });
   EXPECT_LT(text.find("...END\n"), text.find("...Integer permutation test"));
 }
 
-TEST(Permutation, ReportsNothingToANullStream) {
+TEST(Permutation, PrintsNothingToANullStream) {
   EXPECT_EQ(CZEPHPermutation::Test1(nullptr), 0);
 }
 
-TEST(Permutation, ObjectsHoldNothing) {
+TEST(Permutation, HasNoDataMembers) {
   CZEPHPermutation a, b(a);
   a = b;
   EXPECT_EQ(sizeof(CZEPHPermutation), sizeof(void*));

@@ -9,19 +9,21 @@
 
 using namespace zeph::test;
 
-TEST(MathRandom, IsTheRuntimesGeneratorOrOurOwnInFifteenBits) {
+TEST(MathRandom, DrawsFifteenBitsFromTheRuntimesOrThePortableGenerator) {
   const auto draws = DrawsAfterSeed(7, 1000);
   for (const int n : {0, -5, INT_MIN}) {
     Seed(7);
-    for (const int draw : draws) EXPECT_EQ(ZEPH_MathRandom(n), draw);
+    for (const int draw : draws)
+      EXPECT_EQ(ZEPH_MathRandom(n), draw) << "n " << n << ", draw " << draw;
   }
   for (const int n : {1, 2, 6, 32767, 32768, INT_MAX}) {
     Seed(7);
-    for (const int draw : draws) EXPECT_EQ(ZEPH_MathRandom(n), draw % n);
+    for (const int draw : draws)
+      EXPECT_EQ(ZEPH_MathRandom(n), draw % n) << "n " << n << ", draw " << draw;
   }
 }
 
-TEST(MathRandom, CoversTheWholeSpanOfFifteenBits) {
+TEST(MathRandom, CoversAllFifteenBits) {
   int lowest = 32767, highest = 0;
   for (const int draw : DrawsAfterSeed(7, 20000)) {
     lowest = std::min(lowest, draw);
@@ -41,7 +43,7 @@ TEST(MathRandom, DrawsBetweenTwoBoundsInEitherOrder) {
       const double span = hi - lo;
       const double product = static_cast<double>(draw) * span;
       const double quotient = product / 32767.0;
-      EXPECT_SAME_VALUE(ZEPH_MathRandom(lo, hi), quotient + lo);
+      EXPECT_SAME_VALUE(ZEPH_MathRandom(lo, hi), quotient + lo) << "draw " << draw;
     }
   }
 }
@@ -53,8 +55,8 @@ TEST(MathRandomInit, SeedsWithTheTimeInSeconds) {
     const int first = ZEPH_MathRandom(0), second = ZEPH_MathRandom(0);
     if (std::time(nullptr) != before) continue;  // the second changed in between
     const auto draws = DrawsAfterSeed(static_cast<unsigned>(before), 2);
-    EXPECT_EQ(first, draws[0]);
-    EXPECT_EQ(second, draws[1]);
+    EXPECT_EQ(first, draws[0]) << "attempt " << attempt;
+    EXPECT_EQ(second, draws[1]) << "attempt " << attempt;
     return;
   }
   FAIL() << "no attempt stayed within a second";
@@ -64,10 +66,11 @@ TEST(MathRandomSeed, StartsTheSequenceOfTheSeed) {
   for (const unsigned seed : {0u, 1u, 12345u, 4294967295u}) {
     const auto draws = DrawsAfterSeed(seed, 50);
     ZEPH_MathRandomSeed(seed);
-    for (const int draw : draws) EXPECT_EQ(ZEPH_MathRandom(0), draw);
+    for (const int draw : draws)
+      EXPECT_EQ(ZEPH_MathRandom(0), draw) << "seed " << seed << ", draw " << draw;
   }
 }
 
-TEST(MathIsPortable, SaysWhatThePackageSays) {
+TEST(MathIsPortable, AgreesWithThePackagesVariable) {
   EXPECT_EQ(ZEPH_MathIsPortable(), ZEPH_PortableMath ? 1 : 0);
 }

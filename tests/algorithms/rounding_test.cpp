@@ -9,6 +9,7 @@
 #include "support/bits.h"
 #include "support/not_finite.h"
 #include "support/numbers.h"
+#include "support/scale.h"
 
 using namespace zeph::test;
 
@@ -29,7 +30,7 @@ std::vector<double> Candidates() {
 }
 }  // namespace
 
-TEST(MathRoundOff, RoundsToDecimalsAndToTens) {
+TEST(MathRoundOff, RoundsToDecimalPlacesAndToPowersOfTen) {
   EXPECT_SAME_BITS(ZEPH_MathRoundOff(2.3456, 2), 2.35);
   EXPECT_SAME_BITS(ZEPH_MathRoundOff(0.5, 0), 1.0);
   EXPECT_SAME_BITS(ZEPH_MathRoundOff(1234, -2), 1200.0);
@@ -40,7 +41,7 @@ TEST(MathRoundOff, TruncatesNegativeValuesTowardZero) {
   EXPECT_EQ(ZEPH_MathRoundOff(-2.4, 0), -1.0);
 }
 
-TEST(MathRoundOff, GivesTheMostNegativeIntBeyondInt) {
+TEST(MathRoundOff, ReturnsIntMinOutOfRange) {
   for (const double x : {kNaN, kInfinity, -kInfinity, 3e9, -3e9, 2147483647.5})
     EXPECT_EQ(ZEPH_MathRoundOff(x, 0), -2147483648.0) << x;
   EXPECT_EQ(ZEPH_MathRoundOff(2147483646.5, 0), 2147483647.0);
@@ -51,18 +52,21 @@ TEST(MathRoundOff, MultipliesPowersOfTenInOneFixedOrder) {
   // 1e-9 times an int makes the rounding of the power visible.
   for (int places = -340; places <= 340; ++places)
     for (const double x : {1.0, 1.5, 123456.0, 4.9e-320})
-      EXPECT_SAME_VALUE(ZEPH_MathRoundOff(x, places), oracle::RoundOff(x, places));
+      EXPECT_SAME_VALUE(ZEPH_MathRoundOff(x, places), oracle::RoundOff(x, places))
+          << "places " << places << ", x " << x;
   for (const int places : {INT_MIN, INT_MIN + 1, INT_MAX})
-    EXPECT_SAME_VALUE(ZEPH_MathRoundOff(1.0, places), oracle::RoundOff(1.0, places));
+    EXPECT_SAME_VALUE(ZEPH_MathRoundOff(1.0, places), oracle::RoundOff(1.0, places))
+        << "places " << places;
 }
 
 TEST(MathRoundOff, AgreesWithTheOracle) {
   for (const double x : Candidates())
     for (int places = -12; places <= 12; ++places)
-      EXPECT_SAME_VALUE(ZEPH_MathRoundOff(x, places), oracle::RoundOff(x, places));
+      EXPECT_SAME_VALUE(ZEPH_MathRoundOff(x, places), oracle::RoundOff(x, places))
+          << "x " << x << ", places " << places;
 }
 
-TEST(RoundOffToInt, RoundsToTheNearestWithHalvesUpward) {
+TEST(RoundOffToInt, RoundsToNearestWithHalvesUp) {
   EXPECT_EQ(ZEPH_RoundOffToInt(2.5), 3);
   EXPECT_EQ(ZEPH_RoundOffToInt(2.4), 2);
   EXPECT_EQ(ZEPH_RoundOffToInt(-2.5), -2);
@@ -71,13 +75,13 @@ TEST(RoundOffToInt, RoundsToTheNearestWithHalvesUpward) {
   EXPECT_EQ(ZEPH_RoundOffToInt(-0.0), 0);
 }
 
-TEST(RoundOffToInt, TakesANegativeWholeNumberOneDown) {
+TEST(RoundOffToInt, LowersANegativeWholeNumberByOne) {
   EXPECT_EQ(ZEPH_RoundOffToInt(-2.0), -3);
   EXPECT_EQ(ZEPH_RoundOffToInt(-1.0), -2);
   EXPECT_EQ(ZEPH_RoundOffToInt(2.0), 2);
 }
 
-TEST(RoundOffToInt, GivesTheMostNegativeIntBeyondInt) {
+TEST(RoundOffToInt, ReturnsIntMinOutOfRange) {
   for (const double x : {kNaN, kInfinity, -kInfinity, 1e300, -1e300, 2147483648.0, -2147483648.0})
     EXPECT_EQ(ZEPH_RoundOffToInt(x), INT_MIN) << x;
   EXPECT_EQ(ZEPH_RoundOffToInt(2147483647.0), INT_MAX);
@@ -86,4 +90,32 @@ TEST(RoundOffToInt, GivesTheMostNegativeIntBeyondInt) {
 TEST(RoundOffToInt, AgreesWithTheOracle) {
   for (const double x : Candidates())
     EXPECT_EQ(ZEPH_RoundOffToInt(x), oracle::RoundOffToInt(x)) << Show(x);
+}
+
+// Around every half and whole number of units, where one rounding too many or too few decides.
+TEST(MathRoundOff, AgreesWithTheOracleAroundHalvesOfEveryUnit) {
+  Random random(9);
+  for (int places = -15; places <= 15; ++places) {
+    const double unit = std::pow(10.0, -places);
+    for (int k = 0; k < Scaled(200, 30); ++k) {
+      const double whole = k < 20 ? k - 10 : random.Int(-2'000'000, 2'000'000);
+      for (const double part : {0.0, 0.5}) {
+        double x = (whole + part) * unit;
+        for (int step = 0; step < 3; ++step) x = std::nextafter(x, -kInfinity);
+        for (int step = 0; step < 7; ++step, x = std::nextafter(x, kInfinity))
+          ASSERT_TRUE(SameValue(ZEPH_MathRoundOff(x, places), oracle::RoundOff(x, places)))
+              << "x " << Show(x) << ", places " << places;
+      }
+    }
+  }
+}
+
+TEST(RoundOffToInt, AgreesWithTheOracleAroundEveryHalf) {
+  Random random(10);
+  for (int k = 0; k < 3000; ++k) {
+    double x = (k < 100 ? k - 50 : random.Int(INT_MIN, INT_MAX)) + (k % 2 ? 0.5 : 0.0);
+    for (int step = 0; step < 3; ++step) x = std::nextafter(x, -kInfinity);
+    for (int step = 0; step < 7; ++step, x = std::nextafter(x, kInfinity))
+      ASSERT_EQ(ZEPH_RoundOffToInt(x), oracle::RoundOffToInt(x)) << Show(x);
+  }
 }

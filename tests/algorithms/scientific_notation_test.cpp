@@ -35,7 +35,7 @@ std::vector<double> Values() {
 
 }  // namespace
 
-TEST(ScientificNotationBase, LeavesTheAskedDigitsBeforeThePoint) {
+TEST(ScientificNotationBase, KeepsTheRequestedDigitsBeforeThePoint) {
   EXPECT_EQ(ZEPH_MathGetScientificNotationBase(0.05, 2), -2);
   EXPECT_EQ(ZEPH_MathGetScientificNotationBase(0.5, 2), -1);
   EXPECT_EQ(ZEPH_MathGetScientificNotationBase(1.0, 2), 0);
@@ -46,18 +46,18 @@ TEST(ScientificNotationBase, LeavesTheAskedDigitsBeforeThePoint) {
   EXPECT_EQ(ZEPH_MathGetScientificNotationBase(-12345, 2), 3);
 }
 
-TEST(ScientificNotationBase, KeepsADigitMoreForAPowerOfTen) {
+TEST(ScientificNotationBase, KeepsOneMoreDigitForAPowerOfTen) {
   EXPECT_EQ(ZEPH_MathGetScientificNotationBase(1000, 2), 1);
   EXPECT_EQ(ZEPH_MathGetScientificNotationValue(1000, 1), 100.0);
 }
 
-TEST(ScientificNotationBase, OfZeroInfinityAndNaNIsTheMostNegativeInt) {
+TEST(ScientificNotationBase, OfZeroInfinityAndNaNIsIntMin) {
   for (const double x : {0.0, -0.0, HUGE_VAL, -HUGE_VAL, std::nan("")})
     for (const int digits : {0, 2, -5, 127, -127})
       EXPECT_EQ(ZEPH_MathGetScientificNotationBase(x, Byte(digits)), INT_MIN) << x;
 }
 
-TEST(ScientificNotationBase, TakesTheDigitsAsASignedByte) {
+TEST(ScientificNotationBase, ReadsTheDigitCountAsASignedByte) {
   EXPECT_EQ(ZEPH_MathGetScientificNotationBase(12345, Byte(-3)), 8);
   EXPECT_EQ(ZEPH_MathGetScientificNotationBase(12345, Byte(-128)), 133);
 }
@@ -75,15 +75,17 @@ TEST(ScientificNotationValue, DividesByThePowerOrByItsInverse) {
   EXPECT_SAME_BITS(ZEPH_MathGetScientificNotationValue(0.05, -2), 0.05 / (1.0 / 100.0));
   for (const double x : Values())
     for (const int e : {INT_MIN, -400, -308, -23, -5, -1, 0, 1, 5, 22, 23, 30, 308, 400, INT_MAX})
-      EXPECT_SAME_VALUE(ZEPH_MathGetScientificNotationValue(x, e), oracle::Mantissa(x, e));
+      EXPECT_SAME_VALUE(ZEPH_MathGetScientificNotationValue(x, e), oracle::Mantissa(x, e))
+          << "x " << x << ", e " << e;
 }
 
 TEST(ScientificNotationValue, MultipliesPowersOfTenInOneFixedOrder) {
   for (int e = -330; e <= 330; ++e)
-    EXPECT_SAME_VALUE(ZEPH_MathGetScientificNotationValue(1.0, e), oracle::Mantissa(1.0, e));
+    EXPECT_SAME_VALUE(ZEPH_MathGetScientificNotationValue(1.0, e), oracle::Mantissa(1.0, e))
+        << "e " << e;
 }
 
-TEST(ScientificNotationText, StandsTheLettersXEBetweenTheNumbers) {
+TEST(ScientificNotationText, SeparatesMantissaAndExponentByXE) {
   int exponent = 0;
   double mantissa = 0;
   const CString text = ZEPH_MathToScientificNotation(12345.678, exponent, mantissa, 2, 3);
@@ -100,16 +102,17 @@ TEST(ScientificNotationText, AgreesWithTheOracle) {
       for (const int decimals : {0, 3, 12})
         EXPECT_EQ(Text(x, digits, decimals),
                   oracle::ScientificText(x, static_cast<signed char>(digits),
-                                         static_cast<signed char>(decimals)));
+                                         static_cast<signed char>(decimals)))
+            << "x " << x << ", digits " << digits << ", decimals " << decimals;
 }
 
-TEST(ScientificNotationText, HoldsTheLongestNumbersThereAre) {
+TEST(ScientificNotationText, HoldsTheLongestNumbers) {
   // Digits 127 leaves the largest double unsplit up to 10^127 and long above.
   EXPECT_EQ(Text(1e308, 127, 127), oracle::ScientificText(1e308, 127, 127));
   EXPECT_EQ(Text(std::numeric_limits<double>::max(), 127, 127).size(), 127u + 1 + 127 + 5);
 }
 
-TEST(ScientificNotationText, GivesBothResultsBeforeItRunsOutOfMemory) {
+TEST(ScientificNotationText, SetsBothResultsBeforeItAllocates) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   for (const Failure how : {Failure::kBadAlloc, Failure::kMemoryException}) {
     const long before = LiveBlocks();
@@ -129,9 +132,9 @@ TEST(ScientificNotationText, GivesBothResultsBeforeItRunsOutOfMemory) {
         },
         [&](long k) {
           EXPECT_EQ(exponent, 3) << k;
-          EXPECT_SAME_BITS(mantissa, 12.345678);
+          EXPECT_SAME_BITS(mantissa, 12.345678) << how;
         });
-    EXPECT_GE(failures, 1);
-    EXPECT_EQ(LiveBlocks(), before);
+    EXPECT_GE(failures, 1) << how;
+    EXPECT_EQ(LiveBlocks(), before) << how;
   }
 }

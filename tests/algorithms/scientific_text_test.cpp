@@ -19,7 +19,7 @@ using zeph::algorithms::RuntimesScientificText;
 
 namespace {}  // namespace
 
-TEST(ScientificText, OfOurOwnIsTheSameOnEverySystem) {
+TEST(ScientificText, PortableFormIsTheSameOnEverySystem) {
   EXPECT_STREQ(PortableScientificText(12.345678, 3, 3), "12.346xE3");
   EXPECT_STREQ(PortableScientificText(-2.5, -7, 0), "-2xE-7");
   EXPECT_STREQ(PortableScientificText(0.5, 0, 1), "0.5xE0");
@@ -32,13 +32,13 @@ TEST(ScientificText, OfOurOwnIsTheSameOnEverySystem) {
             309 + 1 + 127 + 3);
 }
 
-TEST(ScientificText, OfTheRuntimeIsWhatItsPrintfWrites) {
+TEST(ScientificText, RuntimeFormIsWhatPrintfWrites) {
   char want[64];
   std::snprintf(want, sizeof want, "%.3lfxE%d", -2.0625, 7);
   EXPECT_STREQ(RuntimesScientificText(-2.0625, 7, 3), want);
 }
 
-TEST(ScientificText, PassesExhaustionOn) {
+TEST(ScientificText, PropagatesMemoryExhaustion) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   const long before = LiveBlocks();
   const long failures = FailEachAllocation(
@@ -55,7 +55,7 @@ TEST(ScientificText, PassesExhaustionOn) {
 }
 
 #ifdef __GLIBC__
-TEST(ScientificText, IsTheSameInBothWaysOnGlibc) {
+TEST(ScientificText, BothFormsAgreeOnGlibc) {
   std::vector<double> values = SpecialValues<double>();
   for (const double x : Awkward(300, 8)) values.push_back(x);
   // A negative count is not a valid format: printf does not consume the number, and takes it for

@@ -21,26 +21,26 @@
 
 using namespace zeph::test;
 
-TEST(SelectionSortOfInts, Ascends) {
+TEST(SelectionSortOfInts, SortsInAscendingOrder) {
   int a[] = {3, 1, 2};
   EXPECT_EQ(CZEPHSelectionSort::Run(a, 3), 1);
   EXPECT_EQ(std::vector<int>(a, a + 3), (std::vector<int>{1, 2, 3}));
 }
 
-TEST(SelectionSortOfInts, LeavesElementsBehindTheCountAlone) {
+TEST(SelectionSortOfInts, LeavesElementsAfterTheCountAlone) {
   int a[] = {3, 1, 2, 0, -5};
   EXPECT_EQ(CZEPHSelectionSort::Run(a, 3), 1);
   EXPECT_EQ(std::vector<int>(a, a + 5), (std::vector<int>{1, 2, 3, 0, -5}));
 }
 
-// From 32,768 elements on the minima of blocks of more than 128 are kept.
-TEST(SelectionSortOfDoubles, SortsWholeNumbersThatAreMoreThanTheBlocksAreMadeFor) {
+// From 32,768 elements on, the sort keeps the minima of blocks of more than 128 elements.
+TEST(SelectionSortOfDoubles, SortsMoreWholeNumbersThanFitItsUsualBlocks) {
   Random random(8);
   for (const int n : {32767, 32768, 32769, 40000, 70001}) {
     std::vector<double> a(static_cast<std::size_t>(n));
     for (double& x : a) x = random.Int(-1000000, 1000000);
     std::vector<double> b = a;
-    EXPECT_EQ(CZEPHSelectionSort::Run(a.data(), n), 1);
+    EXPECT_EQ(CZEPHSelectionSort::Run(a.data(), n), 1) << "n " << n;
     for (double& x : b)
       if (x == 0) x = 0.0;
     std::sort(b.begin(), b.end());
@@ -52,8 +52,8 @@ TEST(SelectionSort, DoesNothingWithoutElements) {
   int a[] = {3, 1};
   double b[] = {3.5, 1.5};
   for (const int n : {0, -1, INT_MIN}) {
-    EXPECT_EQ(CZEPHSelectionSort::Run(a, n), 0);
-    EXPECT_EQ(CZEPHSelectionSort::Run(b, n), 0);
+    EXPECT_EQ(CZEPHSelectionSort::Run(a, n), 0) << "n " << n;
+    EXPECT_EQ(CZEPHSelectionSort::Run(b, n), 0) << "n " << n;
   }
   EXPECT_EQ(CZEPHSelectionSort::Run(static_cast<int*>(nullptr), 2), 0);
   EXPECT_EQ(CZEPHSelectionSort::Run(static_cast<double*>(nullptr), 2), 0);
@@ -69,14 +69,14 @@ TEST(SelectionSortOfInts, AgreesWithTheOracle) {
       for (int& x : a) x = random.Int(-span, span);
       if (n > 2) a[static_cast<std::size_t>(n) / 2] = INT_MIN;
       std::vector<int> b = a;
-      EXPECT_EQ(CZEPHSelectionSort::Run(a.data(), n), 1);
+      EXPECT_EQ(CZEPHSelectionSort::Run(a.data(), n), 1) << "n " << n << ", span " << span;
       oracle::SelectionSort(b);
-      EXPECT_EQ(a, b);
-      EXPECT_TRUE(std::is_sorted(a.begin(), a.end()));
+      EXPECT_EQ(a, b) << "n " << n << ", span " << span;
+      EXPECT_TRUE(std::is_sorted(a.begin(), a.end())) << "n " << n << ", span " << span;
     }
 }
 
-TEST(SelectionSortOfDoubles, ExchangesThroughAnInt) {
+TEST(SelectionSortOfDoubles, TruncatesTheElementsItExchangesToInt) {
   double a[] = {2.5, 1.25};
   EXPECT_EQ(CZEPHSelectionSort::Run(a, 2), 1);
   EXPECT_SAME_BITS(a[0], 1.25);
@@ -86,7 +86,7 @@ TEST(SelectionSortOfDoubles, ExchangesThroughAnInt) {
   EXPECT_SAME_BITS(single[0], 3.0);
 }
 
-TEST(SelectionSortOfDoubles, DisplacesWhatNoIntHoldsAsTheMostNegativeInt) {
+TEST(SelectionSortOfDoubles, StoresIntMinForExchangedElementsOutOfRange) {
   double a[] = {1e300, 1.0};
   CZEPHSelectionSort::Run(a, 2);
   EXPECT_EQ(a[0], 1.0);
@@ -100,7 +100,8 @@ TEST(SelectionSortOfDoubles, AgreesWithTheOracle) {
   for (const auto& order : Orders())
     for (const std::size_t n : {1u, 2u, 3u, 4u, 7u, 30u, 200u}) {
       std::vector<double> a = order.make(n, n), b = a;
-      EXPECT_EQ(CZEPHSelectionSort::Run(a.data(), static_cast<int>(n)), 1);
+      EXPECT_EQ(CZEPHSelectionSort::Run(a.data(), static_cast<int>(n)), 1)
+          << order.name << ", n " << n;
       oracle::SelectionSort(b);
       EXPECT_TRUE(SameBits(a, b)) << order.name << " n=" << n;
     }
@@ -109,12 +110,12 @@ TEST(SelectionSortOfDoubles, AgreesWithTheOracle) {
       std::vector<double> b = a;
       CZEPHSelectionSort::Run(a.data(), static_cast<int>(n));
       oracle::SelectionSort(b);
-      EXPECT_TRUE(SameBits(a, b));
+      EXPECT_TRUE(SameBits(a, b)) << "n " << n;
     });
 }
 
 TEST(SelectionSortOfDoubles, AgreesWithTheOracleOnLongArrays) {
-  // Long enough for several sizes of the blocks whose least elements are kept.
+  // Long enough for several sizes of the blocks whose minima are kept.
   for (const std::size_t n : {1000u, 16'384u, 17'000u}) {
     if (n > 1000 && !kFullScale) continue;
     for (const auto& order : Orders()) {
@@ -127,7 +128,7 @@ TEST(SelectionSortOfDoubles, AgreesWithTheOracleOnLongArrays) {
   }
 }
 
-TEST(SelectionSort, AnnouncesItselfOnlyWhereItIsMade) {
+TEST(SelectionSort, WritesItsBannerOnConstructionButNotOnCopying) {
   const std::string text = Written([](FILE* f) {
     CZEPHSelectionSort made(f);
     CZEPHSelectionSort copy(made);
@@ -138,17 +139,17 @@ TEST(SelectionSort, AnnouncesItselfOnlyWhereItIsMade) {
   EXPECT_EQ(sizeof silent, sizeof(void*));
 }
 
-TEST(SelectionSort, AnnouncesItselfOnTheStandardOutputByDefault) {
+TEST(SelectionSort, PrintsItsBannerToTheStandardOutputByDefault) {
   CaptureStdout capture;
   CZEPHSelectionSort made;
   EXPECT_EQ(capture.Text(), "@@@( Selection Sorting Algorithm...by CZEPHSelectionSort\n");
 }
 
-TEST(SelectionSort, ReportsItsDemonstration) {
+TEST(SelectionSort, PrintsItsDemonstrationReport) {
   for (const int n : {0, 1, 2, 12, 105}) {
     const std::string text =
-        Written([n](FILE* f) { EXPECT_EQ(CZEPHSelectionSort::Test1(n, f), 1); });
-    EXPECT_EQ(text, ExpectedSelectionReport(text, n));
+        Written([n](FILE* f) { EXPECT_EQ(CZEPHSelectionSort::Test1(n, f), 1) << "n " << n; });
+    EXPECT_EQ(text, ExpectedSelectionReport(text, n)) << "n " << n;
   }
 }
 
@@ -157,15 +158,16 @@ TEST(SelectionSort, DemonstratesNegativeValuesToo) {
   EXPECT_NE(text.find("]= -"), std::string::npos);
 }
 
-TEST(SelectionSort, ReportsNothingToANullStream) {
+TEST(SelectionSort, PrintsNothingToANullStream) {
   EXPECT_EQ(CZEPHSelectionSort::Test1(5, nullptr), 0);
 }
 
-TEST(SelectionSort, PassesExhaustionOnBehindTheTextSoFar) {
+TEST(SelectionSort, PropagatesMemoryExhaustionAndKeepsTheTextWritten) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   const std::string opening =
       "\n@@@( CZEPHSelectionSort::Test1()...BEGIN\n@@@( Interger array sorting...\n";
   for (const Failure how : {Failure::kBadAlloc, Failure::kMemoryException}) {
+    SCOPED_TRACE(::testing::Message() << how);
     const TemporaryFile file;
     const long live = LiveBlocks();
     FILE* f = std::fopen(file.Path().c_str(), "wb");
@@ -191,7 +193,7 @@ TEST(SelectionSort, PassesExhaustionOnBehindTheTextSoFar) {
   }
 }
 
-TEST(SelectionSort, RefusesANegativeCountAsAnAllocationTooLarge) {
+TEST(SelectionSort, ThrowsBadAllocForANegativeCount) {
   const std::string text =
       Written([](FILE* f) { EXPECT_THROW(CZEPHSelectionSort::Test1(-1, f), std::bad_alloc); });
   EXPECT_EQ(text, "\n@@@( CZEPHSelectionSort::Test1()...BEGIN\n@@@( Interger array sorting...\n");

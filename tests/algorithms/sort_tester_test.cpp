@@ -70,13 +70,13 @@ void ExpectRandomised(int sign, int count = 500) {
     Seed(41);
     std::vector<T> got(static_cast<std::size_t>(count) + 1, T(77));
     const std::time_t before = SecondAwayFromItsTurn();
-    ASSERT_EQ(Tester::Randomize(got.data(), count, sign), 1);
+    ASSERT_EQ(Tester::Randomize(got.data(), count, sign), 1) << "attempt " << attempt;
     if (std::time(nullptr) != before) continue;  // the second changed in between
     Draws draws(DrawsAfterSeed(static_cast<unsigned>(before) + static_cast<unsigned>(first),
                                2 * static_cast<std::size_t>(count)));
     std::vector<T> want(static_cast<std::size_t>(count) + 1, T(77));
     for (int i = 0; i < count; ++i) Fill(draws, sign, want[static_cast<std::size_t>(i)]);
-    EXPECT_EQ(got, want);
+    EXPECT_EQ(got, want) << "attempt " << attempt;
     return;
   }
   FAIL() << "no attempt stayed within a second";
@@ -84,14 +84,14 @@ void ExpectRandomised(int sign, int count = 500) {
 
 }  // namespace
 
-TEST(SortTester, RandomisesFromTheRuntimesGeneratorSeededWithTheTimeAndADraw) {
+TEST(SortTester, SeedsTheRuntimesGeneratorWithTheTimeAndADraw) {
   for (const int sign : {0, 1, -1}) {
     ExpectRandomised<int>(sign);
     ExpectRandomised<double>(sign);
   }
 }
 
-TEST(SortTester, HalfOfTheDrawsMakeAnElementNegativeTheMiddleOneToo) {
+TEST(SortTester, DrawsFromTheMiddleOfTheRangeUpMakeAnElementNegative) {
   ExpectRandomised<int>(1, 300'000);  // the middle one is drawn some nine times
 }
 
@@ -111,17 +111,17 @@ TEST(SortTester, RandomisesWithinItsRanges) {
   EXPECT_NEAR(static_cast<double>(negatives(doubles)), 2500, 500);
   for (const double x : doubles)
     if (x == 0) {
-      EXPECT_SAME_BITS(x, 0.0);
+      EXPECT_SAME_BITS(x, 0.0) << "x " << x;
     }
 }
 
-TEST(SortTester, RandomisesNothingWithoutElements) {
+TEST(SortTester, DoesNothingWithoutElements) {
   int a[] = {3};
   double b[] = {3.5};
   Seed(41);
   for (const int n : {0, -1, INT_MIN}) {
-    EXPECT_EQ(Tester::Randomize(a, n, 1), 0);
-    EXPECT_EQ(Tester::Randomize(b, n, 1), 0);
+    EXPECT_EQ(Tester::Randomize(a, n, 1), 0) << "n " << n;
+    EXPECT_EQ(Tester::Randomize(b, n, 1), 0) << "n " << n;
   }
   EXPECT_EQ(Tester::Randomize(static_cast<int*>(nullptr), 1, 1), 0);
   EXPECT_EQ(Tester::Randomize(static_cast<double*>(nullptr), 1, 1), 0);
@@ -131,7 +131,7 @@ TEST(SortTester, RandomisesNothingWithoutElements) {
   EXPECT_EQ(next, DrawsAfterSeed(41, 1)[0]);  // the generator was not used
 }
 
-TEST(SortTester, DemonstratesOnTheStandardOutputWhateverStreamIsGiven) {
+TEST(SortTester, PrintsItsDemonstrationToTheStandardOutputWhateverStreamIsGiven) {
   std::string demonstration;
   const std::string text = Written([&](FILE* f) {
     CaptureStdout capture;
@@ -144,15 +144,37 @@ TEST(SortTester, DemonstratesOnTheStandardOutputWhateverStreamIsGiven) {
   EXPECT_EQ(demonstration, ExpectedSelectionReport(demonstration, 9));
 }
 
+TEST(SortTester, PrintsItsDemonstrationForAnyCount) {
+  for (const int n : {-1, INT_MIN}) {
+    CaptureStdout capture;
+    const std::string text = Written([&](FILE* f) {
+      EXPECT_THROW(Tester::Run(Tester::SELECTION_SORT, n, f), std::bad_alloc) << n;
+    });
+    EXPECT_EQ(text,
+              "\n@@@( Run Sorting Test...\n@@@( Selection Sorting Algorithm...by "
+              "CZEPHSelectionSort\n");
+    EXPECT_EQ(capture.Text(),
+              "\n@@@( CZEPHSelectionSort::Test1()...BEGIN\n@@@( Interger array sorting...\n");
+  }
+  for (const int n : {0, 1, 101}) {
+    CaptureStdout capture;
+    Written([&](FILE* f) { EXPECT_EQ(Tester::Run(Tester::SELECTION_SORT, n, f), 1) << n; });
+    const std::string demonstration = capture.Text();
+    EXPECT_EQ(demonstration, ExpectedSelectionReport(demonstration, n)) << n;
+  }
+}
+
 TEST(SortTester, ReportsAnUndefinedMethodByItsNumber) {
   for (const int method : {1, -7, INT_MAX, INT_MIN}) {
     CaptureStdout capture;
     const std::string text = Written([&](FILE* f) {
-      EXPECT_EQ(Tester::Run(static_cast<Tester::SORT_METHOD_TYPE>(method), 10, f), 1);
+      EXPECT_EQ(Tester::Run(static_cast<Tester::SORT_METHOD_TYPE>(method), 10, f), 1)
+          << "method " << method;
     });
-    EXPECT_EQ(capture.Text(), "");
+    EXPECT_EQ(capture.Text(), "") << "method " << method;
     EXPECT_EQ(text, "\n@@@( Run Sorting Test...\n@@@@( ERROR: undefined sorting method: " +
-                        std::to_string(method) + "\n");
+                        std::to_string(method) + "\n")
+        << "method " << method;
   }
 }
 
@@ -162,9 +184,21 @@ TEST(SortTester, DoesNothingWithANullStream) {
   EXPECT_EQ(capture.Text(), "");
 }
 
-TEST(SortTester, ObjectsHoldNothing) {
+TEST(SortTester, HasNoDataMembers) {
   Tester a, b(a);
   a = b;
   EXPECT_EQ(sizeof(Tester), sizeof(void*));
   EXPECT_TRUE((std::is_same_v<std::underlying_type_t<Tester::SORT_METHOD_TYPE>, int>));
+}
+
+TEST(SortTester, ADrawnZeroIsNeverNegative) {
+  std::vector<double> values(400'000);  // some forty zeros, half of them negated
+  Tester::Randomize(values.data(), static_cast<int>(values.size()), 1);
+  int zeros = 0;
+  for (const double x : values)
+    if (x == 0) {
+      ++zeros;
+      EXPECT_SAME_BITS(x, 0.0);
+    }
+  EXPECT_GT(zeros, 0);
 }

@@ -36,7 +36,7 @@ CZEPHDSTimer StartedSecondsAgo(std::int64_t seconds) {
 
 }  // namespace
 
-TEST(Stopwatch, NeverStartedGivesMinusAThousandWithoutReadingTheClock) {
+TEST(Stopwatch, ReturnsMinusAThousandWithoutReadingTheClockIfNeverStarted) {
   CZEPHDSTimer watch;
   std::memset(&watch.stop, 0x5A, sizeof watch.stop);
   ZEPH_TimeOfDay untouched;
@@ -63,7 +63,7 @@ TEST(Stopwatch, MeasuresFromStartToEachStop) {
   EXPECT_EQ(second, Reading(watch.start, watch.stop));
 }
 
-TEST(Stopwatch, BeginAndEndAreStartAndStop) {
+TEST(Stopwatch, BeginAndEndAreSynonymsOfStartAndStop) {
   CZEPHDSTimer watch;
   watch.Begin();
   EXPECT_EQ(watch.elapsed, 0);
@@ -74,7 +74,20 @@ TEST(Stopwatch, BeginAndEndAreStartAndStop) {
   EXPECT_GE(reading, 5000);
 }
 
-TEST(Stopwatch, HoldsAReadingUntilItIsStoppedAgain) {
+TEST(Stopwatch, EveryStartForgetsTheReading) {
+  for (const std::int64_t seconds : {-5, 0, 5}) {
+    CZEPHDSTimer started = StartedSecondsAgo(seconds), begun = StartedSecondsAgo(seconds);
+    started.Stop(), begun.End();
+    started.Start(), begun.Begin();
+    EXPECT_EQ(started.elapsed, 0) << seconds;
+    EXPECT_EQ(begun.elapsed, 0) << seconds;
+    started.start.time -= 7, begun.start.time -= 7;
+    EXPECT_GE(started.GetProcessTime(), 7000) << seconds;
+    EXPECT_GE(begun.GetProcessTime(), 7000) << seconds;
+  }
+}
+
+TEST(Stopwatch, KeepsItsReadingUntilTheNextStop) {
   CZEPHDSTimer watch = StartedSecondsAgo(1);
   const long first = watch.GetProcessTime();  // running: it stops the watch
   EXPECT_GE(first, 1000);
@@ -83,12 +96,13 @@ TEST(Stopwatch, HoldsAReadingUntilItIsStoppedAgain) {
   EXPECT_GT(watch.Stop(), first);
 }
 
-TEST(Stopwatch, ReckonsMillisecondsBelowTheSecond) {
+TEST(Stopwatch, CountsTheMillisecondsWithinTheSecond) {
   for (const int millitm : {0, 1, 499, 995, 999}) {
     CZEPHDSTimer watch = StartedSecondsAgo(1);
     watch.start.millitm = static_cast<unsigned short>(millitm);
     const long reading = watch.Stop();
-    EXPECT_EQ(reading, (watch.stop.time - watch.start.time) * 1000 - millitm + watch.stop.millitm);
+    EXPECT_EQ(reading, (watch.stop.time - watch.start.time) * 1000 - millitm + watch.stop.millitm)
+        << "millitm " << millitm;
   }
 }
 
@@ -103,7 +117,7 @@ TEST(Stopwatch, CountsSecondsModuloTwoToThe32) {
   EXPECT_GE(StartedSecondsAgo((std::int64_t{1} << 32) + 3).Stop(), 3000);
 }
 
-TEST(Stopwatch, KeepsANegativeReadingOfASteppedClockUntilTheNextStart) {
+TEST(Stopwatch, KeepsANegativeReadingUntilTheNextStart) {
   CZEPHDSTimer watch = StartedSecondsAgo(-100);  // as if the clock had been set back
   const long reading = watch.Stop();
   EXPECT_LT(reading, -99000);
@@ -129,7 +143,7 @@ TEST(Stopwatch, CopiesBothRecordsAndTheReading) {
   }
 }
 
-TEST(Stopwatch, ReportsItsDemonstration) {
+TEST(Stopwatch, PrintsItsDemonstrationReport) {
   const auto before = std::chrono::steady_clock::now();
   const std::string text = Written([](FILE* f) { EXPECT_EQ(CZEPHDSTimer::Test1(20, f), 1); });
   EXPECT_GE(std::chrono::steady_clock::now() - before, std::chrono::milliseconds(19));
@@ -146,14 +160,14 @@ TEST(Stopwatch, ReportsItsDemonstration) {
   EXPECT_LT(reading, 5000);
 }
 
-TEST(Stopwatch, DemonstratesNoWaitingAtAll) {
+TEST(Stopwatch, DemonstratesAWaitOfZero) {
   const auto before = std::chrono::steady_clock::now();
   const std::string text = Written([](FILE* f) { EXPECT_EQ(CZEPHDSTimer::Test1(0, f), 1); });
   EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(30));
   EXPECT_EQ(text.rfind("@@@( CZEPHDSTimer::Test1()...BEGIN\n...Processing time = ", 0), 0u) << text;
 }
 
-TEST(Stopwatch, NeitherReportsNorSleepsForANullStream) {
+TEST(Stopwatch, NeitherPrintsNorSleepsForANullStream) {
   const auto before = std::chrono::steady_clock::now();
   EXPECT_EQ(CZEPHDSTimer::Test1(60000, nullptr), 0);
   EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(30));

@@ -1,6 +1,7 @@
 // The box around points against its definition.
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <string>
 
 #include "batch/inputs.h"
@@ -16,7 +17,7 @@ std::vector<T> Box(const std::vector<T>& values) {
   std::vector<T> box(6);
   for (std::size_t c = 0; c < 3; ++c) box[c] = box[3 + c] = values[c];
   for (std::size_t k = 3; k < values.size(); ++k) {
-    volatile T x = values[k];  // compared and moved, never a minimum instruction
+    volatile T x = values[k];  // compared and moved, never by a minimum instruction
     if (x < box[k % 3]) std::memcpy(&box[k % 3], &values[k], sizeof(T));
     if (x > box[3 + k % 3]) std::memcpy(&box[3 + k % 3], &values[k], sizeof(T));
   }
@@ -60,7 +61,7 @@ TEST(BatchBounds, FollowTheDocumentedStepsOfDoubles) {
   CheckBounds<CZEPHVector3>();
 }
 
-TEST(BatchBounds, KeepANaNOfTheFirstPointAndPassOthersOver) {
+TEST(BatchBounds, KeepANaNInTheFirstPointAndIgnoreOthers) {
   const float nan = kNaNF;
   std::vector<CZEPHVector3D> points(20, CZEPHVector3D(1, 2, 3));
   points[0].x = nan;
@@ -73,7 +74,8 @@ TEST(BatchBounds, KeepANaNOfTheFirstPointAndPassOthersOver) {
   EXPECT_EQ(high.y, 2);
 }
 
-/// More points than two vectors of any form hold: lanes meet their first zeros in another order than the points.
+/// More points than two registers of any form hold: the lanes meet their first zeros in another
+/// order than the points do.
 template <class V>
 void CheckFirstZeros() {
   using T = Component<V>;
@@ -91,17 +93,106 @@ void CheckFirstZeros() {
     }
 }
 
-TEST(BatchBounds, LeaveTheFirstOfZerosOfBothSigns) {
+TEST(BatchBounds, KeepTheFirstOfZerosOfBothSigns) {
   CheckFirstZeros<CZEPHVector3D>();
   CheckFirstZeros<CZEPHVector3>();
 }
 
-TEST(BatchBounds, OfNoPointsAreNone) {
+TEST(BatchBounds, OfNoPointsChangeNothingAndReturnZero) {
   CZEPHVector3D low(1, 2, 3), high(4, 5, 6);
   EXPECT_EQ(ZEPH_BatchBounds(nullptr, 0, low, high), 0);
   EXPECT_EQ(ZEPH_BatchBounds(&low, -1, low, high), 0);
   EXPECT_EQ(low.x, 1);
   EXPECT_EQ(high.z, 6);
+  CZEPHVector3 lowD(1, 2, 3), highD(4, 5, 6);
+  EXPECT_EQ(ZEPH_BatchBounds(nullptr, 0, lowD, highD), 0);
+  EXPECT_EQ(ZEPH_BatchBounds(&lowD, -2147483647 - 1, lowD, highD), 0);
+  EXPECT_EQ(lowD, CZEPHVector3(1, 2, 3));
+  EXPECT_EQ(highD, CZEPHVector3(4, 5, 6));
+}
+
+template <class V>
+void CheckOneObjectForBoth() {
+  for (const int n : {1, 2, 3, 30}) {
+    auto points = Objects<V>(Moderate<Component<V>>(3 * static_cast<std::size_t>(n), 6));
+    auto want = BatchBox(points);
+    V both;
+    EXPECT_EQ(ZEPH_BatchBounds(points.data(), n, both, both), 1);  // high is written last
+    want.erase(want.begin(), want.begin() + 3);
+    EXPECT_TRUE(SameBits(Values(std::vector<V>{both}), want)) << n;
+    ZEPH_BatchBounds(points.data(), n, points[0], points[0]);
+    EXPECT_TRUE(SameBits(Values(std::vector<V>{points[0]}), want)) << n;
+  }
+}
+
+TEST(BatchBounds, BothMayBeOneObjectWhichThenHoldsTheUpperCorner) {
+  CheckOneObjectForBoth<CZEPHVector3D>();
+  CheckOneObjectForBoth<CZEPHVector3>();
+}
+
+/// The extreme of each component at each place in turn, the others all alike.
+template <class V>
+void CheckEveryPlace() {
+  using T = Component<V>;
+  for (const int n : {1, 2, 3, 7, 8, 9, 16, 17, 33, 70})
+    for (int at = 0; at < n; ++at)
+      for (std::size_t c = 0; c < 3; ++c)
+        for (const T other : {T(1), T(-1)})
+          for (const T extreme : {T(-5), T(5), T(0), -T(0)}) {
+            std::vector<T> values(3 * static_cast<std::size_t>(n), other);
+            values[3 * static_cast<std::size_t>(at) + c] = extreme;
+            const auto points = Objects<V>(values);
+            ASSERT_TRUE(SameBits(BatchBox(points), Box(values))) << n << " at " << at;
+          }
+}
+
+/// The first zero of both signs in each component, at every place behind others.
+template <class V>
+void CheckFirstZeroOfEachComponent() {
+  using T = Component<V>;
+  for (const int n : {2, 3, 9, 40})
+    for (int at = 0; at < n; ++at)
+      for (std::size_t c = 0; c < 3; ++c)
+        for (const T zero : {T(0), -T(0)})
+          for (const T side : {T(1), T(-1)}) {
+            std::vector<T> values(3 * static_cast<std::size_t>(n), side);
+            for (int i = at; i < n; ++i)
+              values[3 * static_cast<std::size_t>(i) + c] = i == at ? zero : -zero;
+            const auto points = Objects<V>(values);
+            ForEachForm([&](const std::string& form) {
+              ASSERT_TRUE(SameBits(BatchBox(points), Box(values))) << form << n << " at " << at;
+            });
+          }
+}
+
+TEST(BatchBounds, KeepTheFirstZeroOfEachComponentAtEveryIndex) {
+  CheckFirstZeroOfEachComponent<CZEPHVector3D>();
+  CheckFirstZeroOfEachComponent<CZEPHVector3>();
+}
+
+TEST(BatchBounds, FindAnExtremeAtEveryIndex) {
+  CheckEveryPlace<CZEPHVector3D>();
+  CheckEveryPlace<CZEPHVector3>();
+}
+
+template <class V>
+void CheckNaN() {
+  using T = Component<V>;
+  const T nan =
+      FromBits<T>(static_cast<BitsOf<T>>(Bits(std::numeric_limits<T>::quiet_NaN()) | 0x123u));
+  for (const int n : {1, 2, 5, 9, 17, 40})
+    for (std::size_t c = 0; c < 3; ++c)
+      for (int at = 0; at < n; ++at) {
+        auto values = Moderate<T>(3 * static_cast<std::size_t>(n), 8);
+        values[3 * static_cast<std::size_t>(at) + c] = at % 2 ? -nan : nan;
+        const auto points = Objects<V>(values);
+        ASSERT_TRUE(SameBits(BatchBox(points), Box(values))) << n << " at " << at;
+      }
+}
+
+TEST(BatchBounds, KeepTheBitsOfANaNInAnyComponentOfTheFirstPoint) {
+  CheckNaN<CZEPHVector3D>();
+  CheckNaN<CZEPHVector3>();
 }
 
 TEST(BatchBounds, MayLieAmongThePoints) {

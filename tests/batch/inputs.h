@@ -58,6 +58,7 @@ std::vector<Component<Object>> Values(std::vector<Object> objects) {
 /// Kinds of components: anything, moderate ones, units and zeros of both signs, denormals, and ones
 /// whose products overflow.
 enum class Kind { kAwkward, kModerate, kUnits, kDenormal, kHuge };
+constexpr const char* kKindNames[] = {"awkward", "moderate", "units", "denormal", "huge"};
 constexpr Kind kKinds[] = {Kind::kAwkward, Kind::kModerate, Kind::kUnits, Kind::kDenormal,
                            Kind::kHuge};
 

@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <limits>
 #include <string>
 
 #include "batch/inputs.h"
 #include "support/modes.h"
+#include "support/scale.h"
 
 namespace zeph::test {
 namespace {
@@ -52,13 +54,13 @@ void CheckInPlace(const Operation<Object>& operation, const std::vector<Object>&
   const int n = static_cast<int>(a.size());
   auto over = a;
   operation.batch(over.data(), b.data(), over.data(), n);
-  ASSERT_TRUE(SameValues(Flat(over), want));
+  ASSERT_TRUE(SameValues(Flat(over), want)) << "over the first operand";
   over = b;
   operation.batch(a.data(), over.data(), over.data(), n);
-  ASSERT_TRUE(SameValues(Flat(over), want));
+  ASSERT_TRUE(SameValues(Flat(over), want)) << "over the second operand";
   over = a;
   operation.batch(over.data(), over.data(), over.data(), n);
-  ASSERT_TRUE(SameValues(Flat(over), OneByOne(operation, a, a)));
+  ASSERT_TRUE(SameValues(Flat(over), OneByOne(operation, a, a))) << "one array for all three";
 }
 template <class In, class Out>
 void CheckInPlace(const Operation<In, Out>&, const std::vector<In>&, const std::vector<In>&) {}
@@ -70,7 +72,7 @@ void Check(const std::string& name, const Operation<In, Out>& operation, bool un
     SCOPED_TRACE(form);
     for (const Kind kind : kKinds)
       for (const int n : AllSizes()) {
-        SCOPED_TRACE("kind " + std::to_string(static_cast<int>(kind)) + " n=" + std::to_string(n));
+        SCOPED_TRACE(::testing::Message() << kKindNames[static_cast<int>(kind)] << ", n " << n);
         const auto size = static_cast<std::size_t>(n);
         const auto a = Generated<In>(kind, size, 1 + size);
         const auto b = unary ? a : Generated<In>(kind, size, 1000 + size);
@@ -80,7 +82,7 @@ void Check(const std::string& name, const Operation<In, Out>& operation, bool un
   });
   for (const Kind kind : kKinds)
     for (const int n : kSomeSizes) {
-      SCOPED_TRACE("kind " + std::to_string(static_cast<int>(kind)) + " n=" + std::to_string(n));
+      SCOPED_TRACE(::testing::Message() << kKindNames[static_cast<int>(kind)] << ", n " << n);
       const auto size = static_cast<std::size_t>(n);
       const auto a = Generated<In>(kind, size, 2000 + size);
       const auto b = Generated<In>(kind, size, 3000 + size);
@@ -106,6 +108,14 @@ std::vector<CZEPHMatrix4x4> SomeMatrices() {
   CZEPHMatrix4x4 nearly;
   nearly.entries[7] = std::numeric_limits<float>::denorm_min();
   matrices.push_back(nearly);
+  for (const float corner :
+       {1.5f, -3.0f}) {  // w is denormal, by the corner alone or by every entry
+    matrices.push_back(Generated<CZEPHMatrix4x4>(Kind::kDenormal, 1, 53)[0]);
+    matrices.back().entries[15] = corner * std::numeric_limits<float>::min() / 4;
+    CZEPHMatrix4x4 small;
+    small.entries[15] = corner * std::numeric_limits<float>::min() / 4;
+    matrices.push_back(small);
+  }
   return matrices;
 }
 
@@ -133,13 +143,13 @@ TEST(Batch, TransformsDirectionsAsGetRotatedVector3D) {
       [](const CZEPHMatrix4x4& m, const CZEPHVector3D& v) { return m.GetRotatedVector3D(v); });
 }
 
-TEST(Batch, TransformsVectorsAsTheProduct) {
+TEST(Batch, TransformsVectorsAsTheOperatorDoes) {
   CheckByMatrix<CZEPHVector4D>(
       ZEPH_BatchTransformVectors,
       [](const CZEPHMatrix4x4& m, const CZEPHVector4D& v) { return m * v; });
 }
 
-TEST(Batch, MultipliesIntoMatricesAsTheProduct) {
+TEST(Batch, MultipliesMatricesAsTheOperatorDoes) {
   // Runs of affine matrices and of others, in the array too.
   const auto batch = [](const CZEPHMatrix4x4& m, const CZEPHMatrix4x4* a, CZEPHMatrix4x4* out,
                         int n) { ZEPH_BatchMultiply(m, a, out, n); };
@@ -162,7 +172,56 @@ TEST(Batch, MultipliesIntoMatricesAsTheProduct) {
     }
 }
 
-TEST(Batch, MultipliesIntoDoubleMatricesAsTheProduct) {
+/// Special entries one at a time in every place of either factor, with bottom rows of every kind.
+TEST(Batch, MeetsSpecialEntriesInAnyPlaceAsTheOperatorsDo) {
+  const float specials[] = {kNaNF,
+                            kInfinityF,
+                            -kInfinityF,
+                            -0.0f,
+                            std::numeric_limits<float>::denorm_min(),
+                            std::numeric_limits<float>::max()};
+  CZEPHMatrix4x4 affine, projection;
+  affine.SetRotationAxis(30, CZEPHVector3D(1, 2, 3));
+  affine.SetTranslationPart(CZEPHVector3D(4, -5, 6));
+  projection.SetPerspective(-1, 2, -3, 1, 1, 10);
+  std::vector<CZEPHMatrix4x4> factors;
+  for (const CZEPHMatrix4x4& m : {affine, projection}) {
+    factors.push_back(m);
+    for (int at = 0; at < 16; ++at)
+      for (const float special : specials) {
+        factors.push_back(m);
+        factors.back().entries[at] = special;
+      }
+  }
+  std::vector<CZEPHMatrix4x4> others;
+  for (std::size_t k = 0; k < factors.size(); k += Scaled<std::size_t>(1, 9))
+    others.push_back(factors[k]);
+  const auto points = Objects<CZEPHVector3D>(Awkward<float>(3 * 20, 70));
+  const auto vectors = Objects<CZEPHVector4D>(Awkward<float>(4 * 20, 71));
+  ForEachForm([&](const std::string& form) {
+    for (const CZEPHMatrix4x4& m : factors) {
+      std::vector<CZEPHMatrix4x4> got(others.size()), want;
+      ZEPH_BatchMultiply(m, others.data(), got.data(), static_cast<int>(others.size()));
+      for (const CZEPHMatrix4x4& a : others) want.push_back(m * a);
+      ASSERT_TRUE(SameValues(Values(got), Values(want))) << form;
+      std::vector<CZEPHVector3D> moved(20), wantMoved, turned(20), wantTurned;
+      std::vector<CZEPHVector4D> product(20), wantProduct;
+      ZEPH_BatchTransformPoints(m, points.data(), moved.data(), 20);
+      ZEPH_BatchTransformDirections(m, points.data(), turned.data(), 20);
+      ZEPH_BatchTransformVectors(m, vectors.data(), product.data(), 20);
+      for (std::size_t i = 0; i < 20; ++i) {
+        wantMoved.push_back(CZEPHVector3D(m * CZEPHVector4D(points[i])));
+        wantTurned.push_back(m.GetRotatedVector3D(points[i]));
+        wantProduct.push_back(m * vectors[i]);
+      }
+      ASSERT_TRUE(SameValues(Values(moved), Values(wantMoved))) << form;
+      ASSERT_TRUE(SameValues(Values(turned), Values(wantTurned))) << form;
+      ASSERT_TRUE(SameValues(Values(product), Values(wantProduct))) << form;
+    }
+  });
+}
+
+TEST(Batch, MultipliesDoubleMatricesAsTheOperatorDoes) {
   for (const Kind kind : kKinds) {
     const CZEPHMatrix4 m = Generated<CZEPHMatrix4>(kind, 1, 60)[0];
     Check(
@@ -188,6 +247,18 @@ TEST(Batch, RotatesAboutAnAxisAsGetRotatedAxis) {
                   return a.GetRotatedAxis(angle, axis);
                 }},
             true);
+}
+
+TEST(Batch, RotatesByTinyAnglesAsTheClassDoes) {
+  const auto in = Objects<CZEPHVector3D>(Awkward<float>(3 * 67, 9));
+  const CZEPHVector3D axis(1, -2, 3);
+  for (const double angle : {5e-324, -5e-324, 1e-310, 1e-200, -1e-31, 1e-30, 1e-20, -1e-9, 1e-5,
+                             360.0, 1e300, std::numeric_limits<double>::infinity()}) {
+    std::vector<CZEPHVector3D> got(in.size()), want;
+    for (const CZEPHVector3D& v : in) want.push_back(v.GetRotatedAxis(angle, axis));
+    ZEPH_BatchRotateAxis(angle, axis, in.data(), got.data(), 67);
+    EXPECT_TRUE(SameValues(Values(got), Values(want))) << angle;
+  }
 }
 
 TEST(Batch, AnAngleOfZeroCopiesEveryBit) {

@@ -35,7 +35,7 @@ TYPED_TEST(GrowthArray, StartsEmptyWithGrowthSizeMinusOne) {
   EXPECT_TRUE(array.IsEmpty());
 }
 
-TYPED_TEST(GrowthArray, KeepsTheBaseSettingUntilAGrowthSizeIsSet) {
+TYPED_TEST(GrowthArray, KeepsTheBaseClassesSettingUntilAGrowthSizeIsSet) {
   TypeParam array;
   array.SetSize(10);
   EXPECT_EQ(array.m_nGrowBy, 0);
@@ -44,7 +44,7 @@ TYPED_TEST(GrowthArray, KeepsTheBaseSettingUntilAGrowthSizeIsSet) {
   EXPECT_EQ(array[9], 0u);
 }
 
-TYPED_TEST(GrowthArray, PassesTheGrowthSizeOnWithEverySize) {
+TYPED_TEST(GrowthArray, PassesTheGrowthSizeToTheBaseInSetSize) {
   TypeParam array;
   array.SetGrowthSize(64);
   EXPECT_EQ(array.m_nGrowthSize, 64);
@@ -63,16 +63,16 @@ TYPED_TEST(GrowthArray, AGrowthSizeBelowZeroKeepsTheSettingAndZeroResetsIt) {
   array.SetSize(1);
   for (int n : {-1, -7, INT_MIN}) {
     array.SetGrowthSize(n);
-    EXPECT_EQ(array.m_nGrowthSize, n);
+    EXPECT_EQ(array.m_nGrowthSize, n) << "n " << n;
     array.SetSize(2);
-    EXPECT_EQ(array.m_nGrowBy, 64);
+    EXPECT_EQ(array.m_nGrowBy, 64) << "n " << n;
   }
   array.SetGrowthSize(0);
   array.SetSize(3);
   EXPECT_EQ(array.m_nGrowBy, 0);
 }
 
-TYPED_TEST(GrowthArray, KeepsElementsWhileItGrowsAndReleasesAtZero) {
+TYPED_TEST(GrowthArray, KeepsElementsWhileGrowingAndReleasesStorageAtSizeZero) {
   TypeParam array;
   array.SetGrowthSize(4);
   array.SetSize(3);
@@ -93,10 +93,24 @@ TYPED_TEST(GrowthArray, RefusesANegativeSize) {
   EXPECT_EQ(array.GetSize(), 3);
 }
 
-TYPED_TEST(GrowthArray, TheBaseGrowsByTheRememberedSizeOnceItWasPassed) {
+TYPED_TEST(GrowthArray, TheBaseGrowsByTheGrowthSizePassedBefore) {
   TypeParam array;
   array.SetGrowthSize(16);
   array.SetSize(16);
   array.Add(1);
   EXPECT_EQ(array.m_nMaxSize, 32);
+}
+
+TYPED_TEST(GrowthArray, PassesTheGrowthSizeForSmallerAndEqualSizesToo) {
+  TypeParam array;
+  array.SetSize(10);
+  array.SetGrowthSize(5);
+  array.SetSize(10);
+  EXPECT_EQ(array.m_nGrowBy, 5);
+  array.SetGrowthSize(7);
+  array.SetSize(3);
+  EXPECT_EQ(array.m_nGrowBy, 7);
+  array.SetGrowthSize(9);
+  array.SetSize(0);
+  EXPECT_EQ(array.m_nGrowBy, 9);
 }

@@ -30,16 +30,38 @@ TEST(HardenedContainers, StopAtARangeOutsideTheArray) {
               FiveObjects().Sort(2, 4, Equal));
 }
 
-TEST(HardenedContainers, StopAtAPositionOfAnotherList) {
+TEST(HardenedContainers, StopInStableSortsAsInTheOthers) {
   ZEPH_SKIP_UNLESS_HARDENED();
-  EXPECT_STOP("CZEPHSortableObList::Sort: start is no position of this list", {
+  EXPECT_STOP("CZEPHSortableObArray::SortStable: compare is null",
+              FiveObjects().SortStable(nullptr));
+  EXPECT_STOP("CZEPHSortableObArray::SortStable: compare is null",
+              FiveObjects().SortStable(0, 0, nullptr));
+  EXPECT_STOP("CZEPHSortableObList::SortStable: compare is null",
+              CZEPHSortableObList().SortStable(nullptr));
+  EXPECT_STOP("CZEPHSortableObList::SortStable: compare is null",
+              CZEPHSortableObList().SortStable(nullptr, 1, nullptr));
+  EXPECT_STOP("CZEPHSortableObArray::SortStable: first is -1, outside 0..5",
+              FiveObjects().SortStable(-1, 2, Equal));
+  EXPECT_STOP("CZEPHSortableObArray::SortStable: first is 6, outside 0..5",
+              FiveObjects().SortStable(6, 1, Equal));
+  EXPECT_STOP("CZEPHSortableObArray::SortStable: count is 4, outside 1..3",
+              FiveObjects().SortStable(2, 4, Equal));
+  EXPECT_STOP("CZEPHSortableObArray::Sort: first is 6, outside 0..5",
+              FiveObjects().Sort(6, 1, Equal));
+  EXPECT_STOP("CZEPHSortableObArray::Sort: count is 1, outside 1..0",
+              FiveObjects().Sort(5, 1, Equal));
+}
+
+TEST(HardenedContainers, StopAtAPositionInAnotherList) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  EXPECT_STOP("CZEPHSortableObList::Sort: start is not a position in this list", {
     CZEPHSortableObList list, other;
     list.AddTail(nullptr);
     list.Sort(other.AddTail(nullptr), 1, Equal);
   });
 }
 
-TEST(HardenedContainers, StopWhereANodeIsInTheListAlready) {
+TEST(HardenedContainers, StopWhereANodeIsAlreadyInTheList) {
   ZEPH_SKIP_UNLESS_HARDENED();
   EXPECT_STOP("CZEPHLinkList::InsertOrdered: the node is in the list already", {
     CZEPHLinkList<double> list;
@@ -55,7 +77,7 @@ TEST(HardenedContainers, StopWhereANodeIsInTheListAlready) {
   });
 }
 
-TEST(HardenedContainers, StopWhereAChainThatWasSharedIsGone) {
+TEST(HardenedContainers, StopWhereASharedChainWasReleased) {
   ZEPH_SKIP_UNLESS_HARDENED();
   EXPECT_STOP(
       "CZEPHLinkList::RemoveAll: the first node was released by another that shared the chain", {
@@ -74,23 +96,6 @@ TEST(HardenedContainers, StopWhereAChainThatWasSharedIsGone) {
         list.RemoveAll();
         copy.GetFirstLink();
       });
-  EXPECT_STOP("CZEPHStack::Pop: the first node was released by another that shared the chain", {
-    int item = 0;
-    CZEPHStack stack;
-    stack.Push(&item);
-    CZEPHStack copy = stack;
-    stack.Pop();
-    copy.Pop();
-  });
-  EXPECT_STOP(
-      "CZEPHPointerStack::Peek: the first node was released by another that shared the chain", {
-        int item = 0;
-        CZEPHPointerStack stack;
-        stack.Push(&item);
-        CZEPHPointerStack copy = stack;
-        stack.Pop();
-        copy.Peek();
-      });
   EXPECT_STOP(
       "CZEPHPointerStack::~CZEPHPointerStack: the first node was released by another that shared "
       "the chain",
@@ -102,7 +107,7 @@ TEST(HardenedContainers, StopWhereAChainThatWasSharedIsGone) {
       });
 }
 
-TEST(HardenedContainers, LetEverythingDocumentedPass) {
+TEST(HardenedContainers, AllowEverythingDocumented) {
   ZEPH_SKIP_UNLESS_HARDENED();
   FiveObjects().Sort(0, 5, Equal);
   FiveObjects().Sort(-1, 0, Equal);
@@ -135,4 +140,67 @@ TEST(HardenedContainers, LetEverythingDocumentedPass) {
       stack.Pop();
     }
   }
+}
+
+TEST(HardenedContainers, StopAtEveryBreachOfEveryOperation) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  EXPECT_STOP("CZEPHSortableObArray::Sort: compare is null", FiveObjects().Sort(nullptr));
+  EXPECT_STOP("CZEPHSortableObArray::Sort: compare is null", FiveObjects().Sort(0, 2, nullptr));
+  EXPECT_STOP("CZEPHSortableObArray::Sort: first is -1, outside 0..5",
+              FiveObjects().Sort(-1, 2, Equal));
+  EXPECT_STOP("CZEPHSortableObArray::Sort: first is 6, outside 0..5",
+              FiveObjects().Sort(6, 2, Equal));
+  EXPECT_STOP("CZEPHSortableObArray::Sort: count is 6, outside 1..5",
+              FiveObjects().Sort(0, 6, Equal));
+  EXPECT_STOP("CZEPHSortableObList::Sort: compare is null", CZEPHSortableObList().Sort(nullptr));
+  EXPECT_STOP("CZEPHSortableObList::Sort: compare is null",
+              CZEPHSortableObList().Sort(nullptr, 2, nullptr));
+  EXPECT_STOP("CZEPHSortableObArray::SortStable: compare is null",
+              FiveObjects().SortStable(nullptr));
+  EXPECT_STOP("CZEPHSortableObArray::SortStable: compare is null",
+              FiveObjects().SortStable(0, 2, nullptr));
+  EXPECT_STOP("CZEPHSortableObArray::SortStable: first is -1, outside 0..5",
+              FiveObjects().SortStable(-1, 2, Equal));
+  EXPECT_STOP("CZEPHSortableObArray::SortStable: first is 6, outside 0..5",
+              FiveObjects().SortStable(6, 2, Equal));
+  EXPECT_STOP("CZEPHSortableObArray::SortStable: count is 6, outside 1..5",
+              FiveObjects().SortStable(0, 6, Equal));
+  EXPECT_STOP("CZEPHSortableObList::SortStable: compare is null",
+              CZEPHSortableObList().SortStable(nullptr));
+  EXPECT_STOP("CZEPHSortableObList::SortStable: compare is null",
+              CZEPHSortableObList().SortStable(nullptr, 2, nullptr));
+  EXPECT_STOP("CZEPHStack::Pop: the first node was released by another that shared the chain", {
+    int item = 0;
+    CZEPHStack stack;
+    stack.Push(&item);
+    CZEPHStack copy = stack;
+    stack.Pop();
+    copy.Pop();
+  });
+  EXPECT_STOP("CZEPHStack::Peek: the first node was released by another that shared the chain", {
+    int item = 0;
+    CZEPHStack stack;
+    stack.Push(&item);
+    CZEPHStack copy = stack;
+    stack.Pop();
+    copy.Peek();
+  });
+  EXPECT_STOP(
+      "CZEPHPointerStack::Pop: the first node was released by another that shared the chain", {
+        int item = 0;
+        CZEPHPointerStack stack;
+        stack.Push(&item);
+        CZEPHPointerStack copy = stack;
+        stack.Pop();
+        copy.Pop();
+      });
+  EXPECT_STOP(
+      "CZEPHPointerStack::Peek: the first node was released by another that shared the chain", {
+        int item = 0;
+        CZEPHPointerStack stack;
+        stack.Push(&item);
+        CZEPHPointerStack copy = stack;
+        stack.Pop();
+        copy.Peek();
+      });
 }

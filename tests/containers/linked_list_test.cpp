@@ -1,5 +1,8 @@
+#include <algorithm>
 #include <iostream>
+#include <limits>
 #include <memory>
+#include <sstream>
 #include <utility>
 #include <vector>
 
@@ -8,8 +11,10 @@
 #include "support/allocation.h"
 #include "support/bits.h"
 #include "support/child.h"
+#include "support/modes.h"
 #include "support/not_finite.h"
 #include "support/numbers.h"
+#include "support/other_bytes.h"
 #include "support/scale.h"
 
 using namespace zeph;
@@ -83,7 +88,7 @@ TEST(LinkList, KeepsValuesInAscendingOrder) {
   EXPECT_EQ(ValuesOf(list), (std::vector<double>{1, 2, 3}));
 }
 
-TEST(LinkList, PutsTheLaterOfTwoEqualsFirst) {
+TEST(LinkList, PutsTheLaterOfTwoEqualValuesFirst) {
   List list;
   auto* a = new Link(5);
   auto* b = new Link(5);
@@ -94,13 +99,13 @@ TEST(LinkList, PutsTheLaterOfTwoEqualsFirst) {
   EXPECT_EQ(a->m_pNext, nullptr);
 }
 
-TEST(LinkList, PutsANaNAtTheHeadWhereItHoldsBackWhatFollows) {
+TEST(LinkList, PutsANaNAtTheHeadAndLaterValuesBeforeIt) {
   List list;
   for (double x : {1.0, kNaN, 5.0, 4.0}) list.InsertOrdered(new Link(x));
   EXPECT_TRUE(SameBits(ValuesOf(list), {4, 5, kNaN, 1}));
 }
 
-TEST(LinkList, SortsAWholeTableOfNodes) {
+TEST(LinkList, SortsATableOfNodes) {
   List list;
   std::vector<Link*> links = {new Link(4), new Link(2), new Link(9), new Link(2)};
   list.Sorting(links.data(), 4);
@@ -125,7 +130,7 @@ TEST(LinkList, SortingAgreesWithInsertionAroundTheSizesOfItsTables) {
       }
 }
 
-TEST(LinkList, SortingAddsToTheListAsItStands) {
+TEST(LinkList, SortingInsertsIntoTheExistingList) {
   List list;
   for (double x : {2.0, 7.0}) list.InsertOrdered(new Link(x));
   Link* links[] = {new Link(9), new Link(1), new Link(7)};
@@ -134,7 +139,7 @@ TEST(LinkList, SortingAddsToTheListAsItStands) {
   EXPECT_EQ(list.m_pHead->m_pNext->m_pNext, links[2]);
 }
 
-TEST(LinkList, SortingLinksEveryNodeWhereInsertionOneByOneDoes) {
+TEST(LinkList, SortingLinksEveryNodeAsInsertingOneByOneDoes) {
   const std::vector<double> alphabet = {-1, -0.0, 0.0, 1, kNaN};
   for (std::size_t n = 0; n <= Scaled<std::size_t>(7, 5); ++n)
     ForEachArray(alphabet, n, [n](const std::vector<double>& values) {
@@ -148,7 +153,7 @@ TEST(LinkList, SortingLinksEveryNodeWhereInsertionOneByOneDoes) {
     }
 }
 
-TEST(LinkList, SortingFollowsTheWalkThroughAChainThatIsNotAscending) {
+TEST(LinkList, SortingMatchesInsertionIntoAnUnsortedChain) {
   zeph::test::Random random(4);
   for (int round = 0; round < 2000; ++round) {
     const auto chain = static_cast<std::size_t>(random.Int(0, 6));
@@ -169,11 +174,11 @@ TEST(LinkList, SortingFollowsTheWalkThroughAChainThatIsNotAscending) {
     list.Sorting(table.data(), static_cast<int>(table.size()));
     const auto got = ChainOf(list.m_pHead, nodes);
     list.m_pHead = nullptr;
-    ASSERT_EQ(got, ChainOf(want, wanted));
+    ASSERT_EQ(got, ChainOf(want, wanted)) << "round " << round;
   }
 }
 
-TEST(LinkList, SortsAHundredThousandNodesWithoutQuadraticWalks) {
+TEST(LinkList, SortsAHundredThousandNodesInLessThanQuadraticTime) {
   std::vector<double> values = Moderate(100000, 3);
   std::vector<Link> nodes = NodesOf(values);
   std::vector<Link*> table;
@@ -184,6 +189,192 @@ TEST(LinkList, SortsAHundredThousandNodesWithoutQuadraticWalks) {
   const std::vector<double> got = ValuesOf(list);
   list.m_pHead = nullptr;
   EXPECT_TRUE(SameBits(got, values));
+}
+
+TEST(LinkList, SortsIntoALongListInOneWalk) {
+  constexpr std::size_t kHeld = 100'000;
+  std::vector<double> values = Moderate(2 * kHeld, 4);
+  std::sort(values.begin(), values.begin() + kHeld);
+  std::vector<Link> nodes = NodesOf(values);
+  std::vector<Link*> table;
+  for (std::size_t i = 0; i < kHeld; ++i) {
+    if (i > 0) nodes[i - 1].m_pNext = &nodes[i];
+    table.push_back(&nodes[kHeld + i]);
+  }
+  List list;
+  list.m_pHead = &nodes[0];
+  list.Sorting(table.data(), static_cast<int>(kHeld));
+  std::sort(values.begin(), values.end());
+  const std::vector<double> got = ValuesOf(list);
+  list.m_pHead = nullptr;
+  EXPECT_TRUE(SameBits(got, values));
+}
+
+TEST(LinkList, SortsTheNodesBetweenSeveralNaNs) {
+  zeph::test::Random random(78);
+  for (const std::size_t n : {40u, 300u, 1100u})
+    for (const std::size_t nans : {2u, 3u, 9u}) {
+      std::vector<double> values(n);
+      for (double& x : values) x = random.Int(-20, 20);
+      for (std::size_t i = 0; i < nans; ++i) values[random.Below(n)] = i % 2 ? kNaN : -kNaN;
+      ASSERT_NO_FATAL_FAILURE(CompareSorting(values, 0));
+      ASSERT_NO_FATAL_FAILURE(CompareSorting(values, n / 2));
+    }
+}
+
+TEST(LinkList, SortsByItsComparisonInEveryFloatingPointMode) {
+  for (const std::size_t n : {20u, 300u, 700u}) {
+    zeph::test::Random random(n);
+    std::vector<double> values(n);
+    for (double& x : values)
+      x = random.Below(3) ? static_cast<double>(random.Int(-3, 3)) * 5e-324 : random.Int(-2, 2);
+    const auto places = [](const Link* head, const std::vector<Link>& nodes) {
+      std::vector<double> order;
+      for (const std::ptrdiff_t at : ChainOf(head, nodes)) order.push_back(static_cast<double>(at));
+      return order;
+    };
+    EXPECT_TRUE(MovesInEveryMode(
+        [&] {
+          std::vector<Link> nodes = NodesOf(values);
+          std::vector<Link*> table;
+          for (Link& node : nodes) table.push_back(&node);
+          List list;
+          list.Sorting(table.data(), static_cast<int>(n));
+          Link* const head = list.m_pHead;
+          list.m_pHead = nullptr;
+          return places(head, nodes);
+        },
+        [&] {
+          std::vector<Link> nodes = NodesOf(values);
+          Link* head = nullptr;
+          for (Link& node : nodes) oracle::InsertOrdered(head, &node, Greater);
+          return places(head, nodes);
+        }));
+  }
+}
+
+TEST(LinkList, SortingReadsNoMoreEntriesThanTheCount) {
+  Link one(1), two(2), three(3);
+  Link* table[] = {&two, &three, &one};
+  List list;
+  list.Sorting(table, 2);
+  EXPECT_EQ(ValuesOf(list), (std::vector<double>{2, 3}));
+  EXPECT_EQ(one.m_pNext, nullptr);
+  EXPECT_EQ(table[0], &two);  // the table is only read
+  EXPECT_EQ(table[1], &three);
+  list.m_pHead = nullptr;
+}
+
+TEST(LinkList, InsertsNodesThatStillPointToOldSuccessors) {
+  for (std::size_t n : {1u, 2u, 3u, 16u, 40u, 300u}) {
+    std::vector<double> values = Moderate(n, n);
+    std::vector<Link> nodes = NodesOf(values);
+    std::vector<Link*> table;
+    for (Link& node : nodes) table.push_back(&node);
+    const auto expectSorted = [&](List& list) {
+      std::vector<double> want = values;
+      std::sort(want.begin(), want.end());
+      const auto order = ChainOf(list.m_pHead, nodes);
+      list.m_pHead = nullptr;
+      ASSERT_EQ(order.size(), n);
+      for (std::size_t i = 0; i < n; ++i)
+        EXPECT_EQ(values[static_cast<std::size_t>(order[i])], want[i]);
+    };
+    // Every node but one has a successor in a list, each time another.
+    for (std::size_t round = 0; round < 4; ++round) {
+      for (Link& node : nodes) node.m_pNext = &nodes[(round * 7) % n];
+      List sorted;
+      sorted.Sorting(table.data(), static_cast<int>(n));
+      ASSERT_NO_FATAL_FAILURE(expectSorted(sorted));
+      for (Link& node : nodes) node.m_pNext = &nodes[(round * 5) % n];
+      List inserted;
+      for (Link* link : table) inserted.InsertOrdered(link);
+      ASSERT_NO_FATAL_FAILURE(expectSorted(inserted));
+      // A NaN alone becomes the head in front of nothing.
+      Link nan(kNaN);
+      nan.m_pNext = &nodes[0];
+      Link* one[] = {&nan};
+      List ofNaN;
+      ofNaN.Sorting(one, 1);
+      EXPECT_EQ(nan.m_pNext, nullptr);
+      ofNaN.m_pHead = nullptr;
+    }
+  }
+  CZEPHLinkData first(1), last(2);
+  last.m_pNext = &first;
+  CZEPHSortedLinkList list;
+  list.Insert(&first);
+  list.Insert(&last);
+  EXPECT_EQ(first.m_pNext, &last);
+  EXPECT_EQ(last.m_pNext, nullptr);
+  list.Remove(2);
+  EXPECT_EQ(first.m_pNext, nullptr);
+  list.Remove(1);
+  last.m_pNext = &first;
+  list.Insert(&last);
+  EXPECT_EQ(last.m_pNext, nullptr);
+}
+
+TEST(LinkList, GetFirstLinkReturnsTheNodesInOrder) {
+  List list;
+  for (double x : {3.0, 1.0, 2.0, 2.0}) list.InsertOrdered(new Link(x));
+  for (double x : {1.0, 2.0, 2.0, 3.0}) {
+    const std::unique_ptr<Link> first(list.GetFirstLink());
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(first->m_value, x);
+  }
+  EXPECT_EQ(list.m_pHead, nullptr);
+  EXPECT_EQ(list.GetFirstLink(), nullptr);
+  list.RemoveAll();
+}
+
+TEST(LinkList, SelfAssignmentKeepsASharedChain) {
+  Link node(1), next(2);
+  node.m_pNext = &next;
+  node = *&node;
+  EXPECT_EQ(node.m_pNext, &next);
+  EXPECT_EQ(node.m_value, 1.0);
+  List list;
+  list.m_pHead = &node;
+  list = *&list;
+  EXPECT_EQ(list.m_pHead, &node);
+  list.m_pHead = nullptr;
+}
+
+TEST(LinkList, AssignmentCopiesNullPointersToo) {
+  Link with(1), without(2);
+  with.m_pNext = &without;
+  with = without;
+  EXPECT_EQ(with.m_value, 2.0);
+  EXPECT_EQ(with.m_pNext, nullptr);
+  List full, empty;
+  full.m_pHead = &with;
+  full = empty;
+  EXPECT_EQ(full.m_pHead, nullptr);
+  CZEPHLinkData next(1), last(2);
+  next.m_pNext = &last;
+  next = last;
+  EXPECT_EQ(next.m_nKey, 2);
+  EXPECT_EQ(next.m_pNext, nullptr);
+  CZEPHSortedLinkList keys, none;
+  keys.Insert(&last);
+  keys = none;
+  EXPECT_EQ(keys.m_pHead, nullptr);
+  const CZEPHSortedLinkList copy(none);
+  EXPECT_EQ(copy.m_pHead, nullptr);
+}
+
+TEST(LinkList, StartsEmptyInDirtyMemory) {
+  OverOtherBytes<List> list;
+  EXPECT_EQ(list->m_pHead, nullptr);
+  OverOtherBytes<CZEPHSortedLinkList> sorted;
+  EXPECT_EQ(sorted->m_pHead, nullptr);
+  OverOtherBytes<Link> link(+[](void* place) { return new (place) Link(2.5); });
+  EXPECT_EQ(link->m_value, 2.5);
+  EXPECT_EQ(link->m_pNext, nullptr);
+  OverOtherBytes<CZEPHLinkData> data(+[](void* place) { return new (place) CZEPHLinkData(7); });
+  EXPECT_EQ(data->m_nKey, 7);
+  EXPECT_EQ(data->m_pNext, nullptr);
 }
 
 TEST(LinkList, IgnoresCountsBelowOneAndNulls) {
@@ -198,7 +389,7 @@ TEST(LinkList, IgnoresCountsBelowOneAndNulls) {
   EXPECT_EQ(ValuesOf(list), std::vector<double>{1});
 }
 
-TEST(LinkList, HandsOutItsFirstNode) {
+TEST(LinkList, GetFirstLinkUnlinksTheFirstNode) {
   List list;
   EXPECT_EQ(list.GetFirstLink(), nullptr);
   EXPECT_EQ(list.m_pHead, nullptr);
@@ -211,7 +402,7 @@ TEST(LinkList, HandsOutItsFirstNode) {
   EXPECT_EQ(list.m_pHead, two);
 }
 
-TEST(LinkList, ReleasesItsNodesOnceAndAllocatesNone) {
+TEST(LinkList, ReleasesEachNodeOnceAndAllocatesNone) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   const long before = LiveBlocks();
   {
@@ -257,14 +448,14 @@ TEST(SortedLinkList, KeepsKeysInAscendingOrderAsTheOracleDoes) {
       oracle::InsertOrdered(want, &wanted[i], GreaterKey);
     }
     for (const auto* node = list.m_pHead; node || want; node = node->m_pNext) {
-      ASSERT_TRUE(node && want);
-      ASSERT_EQ(node - nodes.data(), want - wanted.data());
+      ASSERT_TRUE(node && want) << "round " << round;
+      ASSERT_EQ(node - nodes.data(), want - wanted.data()) << "round " << round;
       want = want->m_pNext;
     }
   }
 }
 
-TEST(SortedLinkList, FindsTheFirstNodeOfAKey) {
+TEST(SortedLinkList, FindsTheFirstNodeWithAKey) {
   CZEPHSortedLinkList list;
   EXPECT_EQ(list.Find(1), nullptr);
   CZEPHLinkData one(1), three(3), five(5), again(3);
@@ -277,13 +468,36 @@ TEST(SortedLinkList, FindsTheFirstNodeOfAKey) {
   EXPECT_EQ(KeysOf(list), (std::vector<int>{1, 3, 3, 5}));
 }
 
+TEST(SortedLinkList, FindsAndRemovesTheFirstOfEqualKeysInEveryShortList) {
+  for (std::size_t n = 0; n <= 6; ++n)
+    ForEachArray<int>({0, 1, 2}, n, [n](const std::vector<int>& keys) {
+      if (!std::is_sorted(keys.begin(), keys.end())) return;
+      for (int key = -1; key <= 3; ++key) {
+        std::vector<CZEPHLinkData> nodes(keys.begin(), keys.end());
+        CZEPHSortedLinkList list;
+        for (std::size_t i = n; i-- > 0;) list.Insert(&nodes[i]);  // each in front of its equals
+        const auto at =
+            static_cast<std::size_t>(std::find(keys.begin(), keys.end(), key) - keys.begin());
+        ASSERT_EQ(list.Find(key), at < n ? &nodes[at] : nullptr);
+        list.Remove(key);
+        std::size_t i = 0;
+        for (const auto* node = list.m_pHead; node; node = node->m_pNext, ++i) {
+          if (i == at) ++i;
+          ASSERT_LT(i, n);
+          ASSERT_EQ(node, &nodes[i]);
+        }
+        ASSERT_EQ(i + (i == at && at < n), n);
+      }
+    });
+}
+
 TEST(SortedLinkList, EndsItsSearchAtTheFirstGreaterKey) {
   CZEPHLinkData nine(9), two(2);
-  nine.m_pNext = &two;  // a chain that no insertion makes
+  nine.m_pNext = &two;  // a chain in an order that insertion never gives
   CZEPHSortedLinkList list;
   list.m_pHead = &nine;
   EXPECT_EQ(list.Find(2), nullptr);
-  list.Remove(2);  // the removal does not stop there
+  list.Remove(2);  // Remove does not stop there
   EXPECT_EQ(KeysOf(list), std::vector<int>{9});
 }
 
@@ -296,6 +510,37 @@ TEST(SortedLinkList, UnlinksWithoutReleasing) {
   EXPECT_EQ(one.m_pNext, &two);  // left as it was
   list.Remove(3);
   EXPECT_EQ(KeysOf(list), std::vector<int>{2});
+}
+
+TEST(SortedLinkList, RemovesOnlyTheFirstOfEqualKeys) {
+  CZEPHLinkData one(1), two(2), again(2), last(2), three(3);
+  CZEPHSortedLinkList list;
+  for (CZEPHLinkData* node : {&last, &again, &two, &three, &one}) list.Insert(node);
+  list.Remove(2);
+  EXPECT_EQ(list.m_pHead, &one);
+  EXPECT_EQ(one.m_pNext, &again);
+  EXPECT_EQ(again.m_pNext, &last);
+  EXPECT_EQ(two.m_pNext, &again);  // left as it was
+  EXPECT_EQ(KeysOf(list), (std::vector<int>{1, 2, 2, 3}));
+  list.Remove(1);
+  list.Remove(2);
+  EXPECT_EQ(list.m_pHead, &last);
+  list.Remove(3);
+  list.Remove(2);
+  EXPECT_EQ(list.m_pHead, nullptr);
+}
+
+TEST(SortedLinkList, OrdersAndFindsTheExtremeIntKeys) {
+  constexpr int kLeast = std::numeric_limits<int>::min(), kMost = std::numeric_limits<int>::max();
+  CZEPHLinkData least(kLeast), zero(0), most(kMost);
+  CZEPHSortedLinkList list;
+  for (CZEPHLinkData* node : {&zero, &most, &least}) list.Insert(node);
+  EXPECT_EQ(KeysOf(list), (std::vector<int>{kLeast, 0, kMost}));
+  EXPECT_EQ(list.Find(kLeast), &least);
+  EXPECT_EQ(list.Find(kMost), &most);
+  EXPECT_EQ(list.Find(kLeast + 1), nullptr);
+  list.Remove(kMost);
+  EXPECT_EQ(KeysOf(list), (std::vector<int>{kLeast, 0}));
 }
 
 TEST(SortedLinkList, RemovingAnAbsentKeyDoesNothing) {
@@ -332,6 +577,25 @@ TEST(SortedLinkList, WritesItsKeysToTheStandardOutput) {
   one.DisplayLink();
   negative.DisplayLink();
   EXPECT_EQ(capture.Text(), "List (first-->last): \nList (first-->last): 1 3 \n1 -2147483648 ");
+}
+
+TEST(SortedLinkList, FlushesAfterAListingButNotAfterASingleNode) {
+  struct Counting : std::stringbuf {
+    int flushes = 0;
+    int sync() override { return ++flushes, 0; }
+  } buffer;
+  std::streambuf* const before = std::cout.rdbuf(&buffer);
+  CZEPHSortedLinkList list;
+  CZEPHLinkData one(1), two(2);
+  list.Insert(&two);
+  list.Insert(&one);
+  list.DisplayList();
+  const int ofTheList = buffer.flushes;
+  one.DisplayLink();
+  std::cout.rdbuf(before);
+  EXPECT_EQ(buffer.str(), "List (first-->last): 1 2 \n1 ");
+  EXPECT_EQ(ofTheList, 1);
+  EXPECT_EQ(buffer.flushes, 1);
 }
 
 TEST(SortedLinkList, WritesItsKeysInDecimalWhateverTheBaseOfTheStream) {

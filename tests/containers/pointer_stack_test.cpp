@@ -6,6 +6,7 @@
 
 #include "containers.h"
 #include "support/allocation.h"
+#include "support/other_bytes.h"
 
 using namespace zeph::test;
 
@@ -35,12 +36,18 @@ TYPED_TEST_SUITE(Stack, Kinds, KindName);
 
 }  // namespace
 
-TYPED_TEST(Stack, IsOnePointerWithoutVirtualOperations) {
+TYPED_TEST(Stack, IsASinglePointerWithoutVirtualFunctions) {
   EXPECT_EQ(sizeof(TypeParam), sizeof(void*));
   EXPECT_FALSE(std::is_polymorphic_v<TypeParam>);
 }
 
-TYPED_TEST(Stack, AnswersNullWhileEmpty) {
+TYPED_TEST(Stack, StartsEmptyInDirtyMemory) {
+  OverOtherBytes<TypeParam> stack;
+  EXPECT_EQ(stack->m_pTop, nullptr);
+  EXPECT_EQ(stack->Pop(), nullptr);
+}
+
+TYPED_TEST(Stack, ReturnsNullWhileEmpty) {
   TypeParam stack;
   EXPECT_EQ(stack.m_pTop, nullptr);
   EXPECT_EQ(stack.Pop(), nullptr);
@@ -48,7 +55,7 @@ TYPED_TEST(Stack, AnswersNullWhileEmpty) {
   EXPECT_EQ(stack.m_pTop, nullptr);
 }
 
-TYPED_TEST(Stack, GivesTheLastPushedFirst) {
+TYPED_TEST(Stack, PopsTheLastPushedFirst) {
   TypeParam stack;
   stack.Push(&a);
   stack.Push(&b);
@@ -59,7 +66,7 @@ TYPED_TEST(Stack, GivesTheLastPushedFirst) {
   EXPECT_EQ(stack.Pop(), nullptr);
 }
 
-TYPED_TEST(Stack, PeekLeavesTheTopWhereItIs) {
+TYPED_TEST(Stack, PeekLeavesTheTopInPlace) {
   TypeParam stack;
   stack.Push(&a);
   stack.Push(&b);
@@ -71,7 +78,7 @@ TYPED_TEST(Stack, PeekLeavesTheTopWhereItIs) {
   stack.Pop();
 }
 
-TYPED_TEST(Stack, HoldsNullsThatLookLikeItsEnd) {
+TYPED_TEST(Stack, HoldsNullsWhichLookLikeAnEmptyStack) {
   TypeParam stack;
   stack.Push(&a);
   stack.Push(nullptr);
@@ -81,7 +88,7 @@ TYPED_TEST(Stack, HoldsNullsThatLookLikeItsEnd) {
   EXPECT_EQ(stack.Pop(), &a);
 }
 
-TYPED_TEST(Stack, ChainsItsNodesDownward) {
+TYPED_TEST(Stack, LinksEachNodeToTheOneBelow) {
   TypeParam stack;
   stack.Push(&a);
   stack.Push(&b);
@@ -120,7 +127,7 @@ TYPED_TEST(Stack, AssignmentDoesNotReleaseTheNodesHeldBefore) {
   Release(held);
 }
 
-TYPED_TEST(Stack, TakesOneNodeAPushAndReleasesOneAPop) {
+TYPED_TEST(Stack, AllocatesOneNodePerPushAndReleasesOnePerPop) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   TypeParam stack;
   RecordAllocations record;
@@ -136,7 +143,7 @@ TYPED_TEST(Stack, TakesOneNodeAPushAndReleasesOneAPop) {
   EXPECT_EQ(events[1].block, events[0].block);
 }
 
-TYPED_TEST(Stack, StaysAsItWasWhenThePushThrows) {
+TYPED_TEST(Stack, StaysUnchangedWhenPushThrows) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   TypeParam stack;
   stack.Push(&a);
@@ -157,7 +164,7 @@ TYPED_TEST(Stack, StaysAsItWasWhenThePushThrows) {
   EXPECT_EQ(stack.Pop(), nullptr);
 }
 
-TYPED_TEST(Stack, DropsTheChainWhenTheAllocationYieldsNull) {
+TYPED_TEST(Stack, LosesItsNodesWhenTheAllocationReturnsNull) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   TypeParam stack;
   stack.Push(&a);

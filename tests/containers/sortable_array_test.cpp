@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <cmath>
 
 #include "containers/sortable_support.h"
 #include "oracle/object_sorts.h"
@@ -51,7 +52,7 @@ TEST(SortableArray, AddsNoFieldToItsBase) {
   EXPECT_EQ(sizeof(CZEPHSortableObArray), sizeof(CObArray));
 }
 
-TEST(SortableArray, LeavesNoneAndOneElementWithoutAComparison) {
+TEST(SortableArray, DoesNotCompareFewerThanTwoElements) {
   CZEPHSortableObArray array;
   EXPECT_TRUE(Traced([&] { array.Sort(ByKey); }).empty());
   const Items items = Items::OfKeys({5});
@@ -60,7 +61,7 @@ TEST(SortableArray, LeavesNoneAndOneElementWithoutAComparison) {
   EXPECT_EQ(ObjectsOf(array), items.Pointers());
 }
 
-TEST(SortableArray, SortsFiveElementsByTheGapsFourAndOne) {
+TEST(SortableArray, SortsFiveElementsWithTheGapsFourAndOne) {
   const Items items = Items::OfKeys({5, 4, 3, 2, 1});
   CZEPHSortableObArray array;
   Fill(array, items.Pointers());
@@ -99,9 +100,9 @@ TEST(SortableArray, SortsEveryOrderOfUpToSevenElements) {
       Objects want = order;
       oracle::ShellSortObjects(want, 0, static_cast<int>(n), ByKey);
       array.Sort(ByKey);
-      ASSERT_EQ(ObjectsOf(array), want);
+      ASSERT_EQ(ObjectsOf(array), want) << "n " << n;
       const auto keys = Keys(ObjectsOf(array));
-      ASSERT_TRUE(std::is_sorted(keys.begin(), keys.end()));
+      ASSERT_TRUE(std::is_sorted(keys.begin(), keys.end())) << "n " << n;
     } while (std::next_permutation(order.begin(), order.end()));
   }
 }
@@ -135,7 +136,7 @@ TEST(SortableArray, SortsEveryRangeAsTheStepsSay) {
         });
         const auto trace = Traced([&] { array.Sort(first, count, temper.compare); });
         ASSERT_EQ(ObjectsOf(array), want) << temper.name << ' ' << first << ' ' << count;
-        ASSERT_EQ(trace, wanted);
+        ASSERT_EQ(trace, wanted) << "first " << first << ", count " << count;
       }
   }
 }
@@ -145,14 +146,14 @@ TEST(SortableArray, ACountBelowOneSortsNothing) {
   CZEPHSortableObArray array;
   Fill(array, items.Pointers());
   for (int count : {0, -1, INT_MIN}) {
-    EXPECT_TRUE(Traced([&] { array.Sort(0, count, ByKey); }).empty());
-    EXPECT_TRUE(Traced([&] { array.Sort(INT_MIN, count, ByKey); }).empty());
+    EXPECT_TRUE(Traced([&] { array.Sort(0, count, ByKey); }).empty()) << "count " << count;
+    EXPECT_TRUE(Traced([&] { array.Sort(INT_MIN, count, ByKey); }).empty()) << "count " << count;
   }
   EXPECT_EQ(ObjectsOf(array), items.Pointers());
 }
 
 #ifndef ZEPH_HARDENED
-TEST(SortableArray, ARangeReachesElementsDroppedByASmallerSize) {
+TEST(SortableArray, ARangeMayReachElementsBeyondTheSize) {
   const Items items = Items::OfKeys({5, 4, 3, 2, 1});
   CZEPHSortableObArray array;
   Fill(array, items.Pointers());
@@ -173,6 +174,11 @@ TEST(SortableArray, ARangeBeyondTheStorageSortsWhatLiesInside) {
   };
   EXPECT_EQ(sorted(3, 100), (std::vector<int>{5, 4, 3, 1, 2}));
   EXPECT_EQ(sorted(0, INT_MAX), (std::vector<int>{1, 2, 3, 4, 5}));
+  EXPECT_EQ(sorted(1, INT_MAX), (std::vector<int>{5, 1, 2, 3, 4}));
+  EXPECT_EQ(sorted(4, INT_MAX), (std::vector<int>{5, 4, 3, 2, 1}));
+  EXPECT_EQ(sorted(3, INT_MAX - 2), (std::vector<int>{5, 4, 3, 1, 2}));
+  EXPECT_EQ(sorted(INT_MAX, 1), (std::vector<int>{5, 4, 3, 2, 1}));
+  EXPECT_EQ(sorted(-INT_MAX, INT_MAX), (std::vector<int>{5, 4, 3, 2, 1}));
   EXPECT_EQ(sorted(-2, 4), (std::vector<int>{4, 5, 3, 2, 1}));
   EXPECT_EQ(sorted(INT_MAX, INT_MAX), (std::vector<int>{5, 4, 3, 2, 1}));
   EXPECT_EQ(sorted(INT_MIN, INT_MAX), (std::vector<int>{5, 4, 3, 2, 1}));
@@ -182,7 +188,7 @@ TEST(SortableArray, ARangeBeyondTheStorageSortsWhatLiesInside) {
 }
 #endif
 
-TEST(SortableArray, StopsWhereACompareFunctionTakesTheElementsAway) {
+TEST(SortableArray, StopsIfTheCompareFunctionRemovesTheElements) {
   const Items items(200, 1000, 3);
   CZEPHSortableObArray array;
   victim = &array;
@@ -191,16 +197,16 @@ TEST(SortableArray, StopsWhereACompareFunctionTakesTheElementsAway) {
       Fill(array, items.Pointers());
       calls_left = call;
       array.Sort(misbehave);
-      EXPECT_LE(calls_left, 0);
+      EXPECT_LE(calls_left, 0) << "call " << call;
       Fill(array, items.Pointers());
       array.FreeExtra();
       calls_left = call;
       array.Sort(0, 200, misbehave);
-      EXPECT_LE(calls_left, 0);
+      EXPECT_LE(calls_left, 0) << "call " << call;
     }
 }
 
-TEST(SortableArray, ExchangesNothingOnceAnElementOfThePairIsGone) {
+TEST(SortableArray, ExchangesNothingIfTheCompareFunctionRemovedOneOfThePair) {
   const Items items = Items::OfKeys({2, 1});
   CZEPHSortableObArray array;
   victim = &array;
@@ -211,7 +217,78 @@ TEST(SortableArray, ExchangesNothingOnceAnElementOfThePairIsGone) {
   EXPECT_EQ(array.GetAt(0), items.Pointers()[0]);
 }
 
-TEST(SortableArray, WholeSortFollowsTheStorageWhenItMoves) {
+/// What the documented steps leave, and how many comparisons they make, where the `call`-th
+/// comparison takes elements away: `left(size)` of them stay, and none where the sort stops at once.
+template <class Left>
+int StepsUntilGone(Objects& v, std::size_t first, int count, int call, Left left) {
+  int calls = 0;
+  std::size_t there = v.size();
+  try {
+    int h = 1;
+    while (h <= count) h = 3 * h + 1;
+    for (h /= 3; h >= 1; h /= 3)
+      for (int i = 0; i < count - h; ++i)
+        for (int j = i; j >= 0; j -= h) {
+          const std::size_t low = first + static_cast<std::size_t>(j);
+          const std::size_t high = low + static_cast<std::size_t>(h);
+          if (high >= there) throw 0;
+          const bool swaps = ItemOf(v[high]).key < ItemOf(v[low]).key;
+          if (++calls == call) there = left(there);
+          if (!swaps) break;
+          if (high >= there) throw 0;
+          std::swap(v[high], v[low]);
+        }
+  } catch (int) {
+  }
+  return calls;
+}
+
+TEST(SortableArray, StopsAtTheFirstStepWhoseElementWasRemoved) {
+  for (const int call : {1, 2, 3, 7, 20, 40}) {
+    const Items items(16, 1000, static_cast<std::uint64_t>(call));
+    CZEPHSortableObArray array;
+    victim = &array;
+    Fill(array, items.Pointers());
+    Objects want = items.Pointers();
+    const int steps = StepsUntilGone(want, 0, 16, call, [](std::size_t n) { return n / 2; });
+    calls_left = call;
+    array.Sort(Shrinks);
+    EXPECT_EQ(call - calls_left, steps) << call;
+    want.resize(steps < call ? 16 : 8);
+    EXPECT_EQ(Ids(ObjectsOf(array)), Ids(want)) << call;
+  }
+}
+
+TEST(SortableArray, SortingARangeStopsWhenTheStorageMoves) {
+  for (const auto misbehave : {Moves, Releases})
+    for (const int call : {1, 2, 3, 7, 20, 40}) {
+      const Items items(20, 1000, static_cast<std::uint64_t>(call));
+      CZEPHSortableObArray array;
+      victim = &array;
+      Fill(array, items.Pointers());
+      array.FreeExtra();
+      Objects want = items.Pointers();
+      const int steps = StepsUntilGone(want, 2, 16, call, [](std::size_t n) { return n - n; });
+      calls_left = call;
+      array.Sort(2, 16, misbehave);
+      EXPECT_EQ(call - calls_left, steps) << call;
+      if (misbehave == Moves) {
+        EXPECT_EQ(Ids(ObjectsOf(array)), Ids(want)) << call;
+      }
+    }
+}
+
+TEST(SortableArray, StaysWithinTheComparisonBoundOfKnuthsGaps) {
+  for (const std::size_t n : {1000u, 10'000u}) {
+    const Items items(n, 1 << 30, n);
+    CZEPHSortableObArray array;
+    Fill(array, items.Pointers());
+    const auto calls = static_cast<double>(Traced([&] { array.Sort(ByKey); }).size());
+    EXPECT_LE(calls, 3.0 * std::pow(static_cast<double>(n), 1.3)) << n;
+  }
+}
+
+TEST(SortableArray, FollowsTheStorageWhenTheCompareFunctionMovesIt) {
   const Items items(200, 1000, 3);
   CZEPHSortableObArray array;
   Fill(array, items.Pointers());
@@ -231,9 +308,10 @@ TEST(SortableArray, KeepsItsElementsWhenTheCompareFunctionThrows) {
   for (int call = 1; call < 500; call += 7) {
     Fill(array, items.Pointers());
     calls_left = call;
-    EXPECT_THROW(array.Sort(Throws), int);
+    EXPECT_THROW(array.Sort(Throws), int) << "call " << call;
     Objects want = items.Pointers(), got = ObjectsOf(array);
-    EXPECT_TRUE(std::is_permutation(got.begin(), got.end(), want.begin(), want.end()));
+    EXPECT_TRUE(std::is_permutation(got.begin(), got.end(), want.begin(), want.end()))
+        << "call " << call;
   }
 }
 

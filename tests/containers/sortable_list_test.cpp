@@ -47,13 +47,13 @@ int Throws(CObject* a, CObject* b) {
 
 }  // namespace
 
-TEST(SortableList, AddsNoFieldToItsBaseAndTakesTenNodesAtATime) {
+TEST(SortableList, AddsNoFieldToItsBaseAndAllocatesTenNodesAtATime) {
   EXPECT_EQ(sizeof(CZEPHSortableObList), sizeof(CObList));
   EXPECT_EQ(List().m_nBlockSize, 10);
   EXPECT_EQ(List(33).m_nBlockSize, 33);
 }
 
-TEST(SortableList, LeavesNoneAndOneElementWithoutAComparison) {
+TEST(SortableList, DoesNotCompareFewerThanTwoElements) {
   CZEPHSortableObList list;
   EXPECT_TRUE(Traced([&] { list.Sort(ByKey); }).empty());
   const Items items = Items::OfKeys({5});
@@ -70,7 +70,7 @@ TEST(SortableList, KeepsTheOrderOfEqualElements) {
   EXPECT_EQ(Ids(ObjectsOf(list)), (std::vector<int>{1, 3, 0, 2, 4}));
 }
 
-TEST(SortableList, PositionsStayAndHoldOtherData) {
+TEST(SortableList, KeepsPositionsAndMovesTheirData) {
   const Items items = Items::OfKeys({3, 1, 2});
   CZEPHSortableObList list;
   Fill(list, items.Pointers());
@@ -95,7 +95,7 @@ TEST(SortableList, TakesTheDocumentedStepsForEveryCompareFunction) {
         const auto trace = Traced([&] { list.Sort(temper.compare); });
         ASSERT_EQ(Ids(ObjectsOf(list)), Ids(want)) << temper.name << " n=" << n;
         ASSERT_EQ(trace, wanted) << temper.name << " n=" << n;
-        ASSERT_EQ(Positions(list), before);
+        ASSERT_EQ(Positions(list), before) << "n " << n << ", distinct " << distinct;
       }
 }
 
@@ -108,7 +108,7 @@ TEST(SortableList, AgreesWithTheStandardStableSort) {
     std::stable_sort(want.begin(), want.end(),
                      [](CObject* a, CObject* b) { return ByKey(a, b) < 0; });
     list.Sort(ByKey);
-    EXPECT_EQ(Ids(ObjectsOf(list)), Ids(want));
+    EXPECT_EQ(Ids(ObjectsOf(list)), Ids(want)) << "distinct " << distinct;
   }
 }
 
@@ -134,7 +134,7 @@ TEST(SortableList, SortsEveryRangeAsTheStepsSay) {
         });
         const auto trace = Traced([&] { list.Sort(list.FindIndex(first), count, temper.compare); });
         ASSERT_EQ(ObjectsOf(list), want) << temper.name << ' ' << first << ' ' << count;
-        ASSERT_EQ(trace, wanted);
+        ASSERT_EQ(trace, wanted) << "first " << first << ", count " << count;
       }
 }
 
@@ -146,7 +146,7 @@ TEST(SortableList, ANegativeCountRunsToTheEnd) {
   EXPECT_EQ(Keys(ObjectsOf(list)), (std::vector<int>{6, 5, 1, 2, 3, 4}));
 }
 
-TEST(SortableList, DoesNothingWithoutElementsOrWithoutAStart) {
+TEST(SortableList, DoesNothingWithoutElementsOrAStartPosition) {
   const Items items = Items::OfKeys({2, 1});
   CZEPHSortableObList list;
   list.Sort(nullptr, 5, ByKey);
@@ -162,9 +162,10 @@ TEST(SortableList, KeepsItsElementsWhenTheCompareFunctionThrows) {
   for (int call = 1; call < 500; call += 7) {
     Fill(list, items.Pointers());
     calls_left = call;
-    EXPECT_THROW(list.Sort(Throws), int);
+    EXPECT_THROW(list.Sort(Throws), int) << "call " << call;
     Objects want = items.Pointers(), got = ObjectsOf(list);
-    EXPECT_TRUE(std::is_permutation(got.begin(), got.end(), want.begin(), want.end()));
+    EXPECT_TRUE(std::is_permutation(got.begin(), got.end(), want.begin(), want.end()))
+        << "call " << call;
   }
 }
 

@@ -2,6 +2,7 @@
 #ifndef ZEPH_TESTS_CONTAINERS_SORTABLE_SUPPORT_H
 #define ZEPH_TESTS_CONTAINERS_SORTABLE_SUPPORT_H
 
+#include <climits>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -70,6 +71,16 @@ inline int Capricious(CObject* a, CObject* b) {
   return static_cast<int>(Whim() >> 33) % 5 - 2;
 }
 
+inline int ByTheExtremes(CObject* a, CObject* b) {  // no other number than these tells an order
+  Note(a, b);
+  const int order = ItemOf(a).key - ItemOf(b).key;
+  return order < 0 ? INT_MIN : order > 0 ? INT_MAX : 0;
+}
+inline int ByLargeSteps(CObject* a, CObject* b) {  // zeros in the low bits
+  Note(a, b);
+  return (ItemOf(a).key - ItemOf(b).key) % 100 * (1 << 24);
+}
+
 struct Temper {
   const char* name;
   int (*compare)(CObject*, CObject*);
@@ -78,6 +89,8 @@ inline const std::vector<Temper>& Tempers() {
   static const std::vector<Temper> tempers = {
       {"by key", ByKey},
       {"descending", Descending},
+      {"by the extremes", ByTheExtremes},
+      {"by large steps", ByLargeSteps},
       {"always before", AlwaysBefore},
       {"always after", AlwaysAfter},
       {"always equal", AlwaysEqual},

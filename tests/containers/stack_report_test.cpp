@@ -52,11 +52,11 @@ TEST(StackReport, PrintsAnyNumberOfItems) {
   EXPECT_EQ(Report(12000), want + kEnd);
 }
 
-TEST(StackReport, PrintsTheBannersOnlyForACountBelowOne) {
-  for (int count : {0, -1, INT_MIN}) EXPECT_EQ(Report(count), kBegin + kEnd);
+TEST(StackReport, PrintsOnlyTheBannersForACountBelowOne) {
+  for (int count : {0, -1, INT_MIN}) EXPECT_EQ(Report(count), kBegin + kEnd) << "count " << count;
 }
 
-TEST(StackReport, AnswersZeroToANullStream) {
+TEST(StackReport, ReturnsZeroForANullStream) {
   const long before = AllocationCount();
   EXPECT_EQ(CZEPHPointerStack::Test1(3, nullptr), 0);
   EXPECT_EQ(AllocationCount(), before);
@@ -71,7 +71,7 @@ TEST(StackReport, ReleasesEverything) {
   EXPECT_EQ(LiveBlocks(), live);
 }
 
-TEST(StackReport, PassesExhaustionOnWithoutLeaving) {
+TEST(StackReport, PropagatesMemoryExhaustionAndLeaksNothing) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   for (Failure how : {Failure::kBadAlloc, Failure::kMemoryException}) {
     long runs = 0;
@@ -92,15 +92,15 @@ TEST(StackReport, PassesExhaustionOnWithoutLeaving) {
             }
           },
           [&](long k) {
-            EXPECT_EQ(passed, k);
+            EXPECT_EQ(passed, k) << how;
             EXPECT_EQ(LiveBlocks(), live) << "allocation " << k;
           });
     });
-    EXPECT_EQ(runs, 6);  // a string and a node for each item
+    EXPECT_EQ(runs, 6) << how;  // a string and a node for each item
   }
 }
 
-TEST(StackReport, EndsAtTheFirstNullThatAnAllocationYields) {
+TEST(StackReport, StopsPoppingAtTheFirstNullFromAnAllocation) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   std::size_t left = 0;
   // A string without storage is pushed as null, at which popping ends; one string stays below it.
@@ -110,7 +110,7 @@ TEST(StackReport, EndsAtTheFirstNullThatAnAllocationYields) {
   EXPECT_EQ(left, 1u);
   EXPECT_EQ(ReportWithoutAllocation(5, left), kBegin + kEnd);
   EXPECT_EQ(left, 3u);  // two strings and the lower node
-  // A missing node drops the chain, with its strings.
+  // A node that cannot be allocated loses the chain, with its strings.
   EXPECT_EQ(ReportWithoutAllocation(4, left), kBegin + "Pop:#ITEM2\n" + kEnd);
   EXPECT_EQ(left, 3u);
   EXPECT_EQ(ReportWithoutAllocation(6, left), kBegin + kEnd);

@@ -36,6 +36,7 @@ void ExpectNew(const CZEPHDoubleArray& got, const Values& want) {
 
 TEST(DoubleArrayArithmetic, WorksElementByElement) {
   for (std::size_t n : Lengths()) {
+    SCOPED_TRACE(::testing::Message() << "n " << n);
     const Values v = Awkward(n, 1), w = Awkward(n, 2);
     const CZEPHDoubleArray a = ArrayOf(v), b = ArrayOf(w);
     ExpectNew(a + b, Combined(v, w, std::plus<>()));
@@ -52,7 +53,7 @@ TEST(DoubleArrayArithmetic, WorksElementByElement) {
   }
 }
 
-TEST(DoubleArrayArithmetic, ScalesByAFactor) {
+TEST(DoubleArrayArithmetic, MultipliesByAScalar) {
   for (std::size_t n : Lengths())
     for (double s : {3.0, -0.0, 1e300, kInfinity, kNaN}) {
       const Values v = Awkward(n, 3), factors(n, s);
@@ -90,7 +91,7 @@ TEST(DoubleArrayArithmetic, AnArrayMayBeBothOperands) {
   EXPECT_TRUE(SameBits(ElementsOf(a), {0, 0, 0}));
 }
 
-TEST(DoubleArrayArithmetic, TheProductTakesItsCountFromTheLeft) {
+TEST(DoubleArrayArithmetic, TheProductHasTheSizeOfItsLeftOperand) {
   EXPECT_TRUE(SameBits(ElementsOf(ArrayOf({1, 2}) * ArrayOf({3, 4, 5})), {3, 8}));
 }
 
@@ -129,7 +130,7 @@ TEST(DoubleArrayArithmetic, OperandsWithoutStorageAddNothing) {
   }
 }
 
-TEST(DoubleArrayArithmetic, EveryOperatorAllocatesOnceAndSwallowsExhaustion) {
+TEST(DoubleArrayArithmetic, EveryOperatorAllocatesOnceAndSwallowsMemoryExhaustion) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   const CZEPHDoubleArray a = ArrayOf({1, 2}), b = ArrayOf({3, 4});
   const std::vector<std::function<CZEPHDoubleArray()>> operators = {
@@ -137,6 +138,7 @@ TEST(DoubleArrayArithmetic, EveryOperatorAllocatesOnceAndSwallowsExhaustion) {
       [&] { return a * 2; }, [&] { return a / 2; }, [&] { return -a; },    [&] { return +a; }};
   for (const auto& apply : operators)
     for (Failure how : {Failure::kBadAlloc, Failure::kMemoryException}) {
+      SCOPED_TRACE(::testing::Message() << how);
       const long live = LiveBlocks();
       const long asked = AllocationCount();
       apply();
@@ -150,7 +152,7 @@ TEST(DoubleArrayArithmetic, EveryOperatorAllocatesOnceAndSwallowsExhaustion) {
     }
 }
 
-TEST(DoubleArrayArithmetic, AnOperandAimedIntoTheOthersBlockIsTakenElementByElement) {
+TEST(DoubleArrayArithmetic, OverlappingOperandsAreReadElementByElement) {
   for (const int elements : {1, 2, 3, 4, 5, 8, 37})
     for (const int shift : {-5, -4, -2, -1, 1, 2, 3, 4, 7})
       for (const bool add : {true, false}) {

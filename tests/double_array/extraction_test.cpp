@@ -12,6 +12,7 @@
 #include "oracle/extraction.h"
 #include "support/locales.h"
 #include "support/modes.h"
+#include "support/scale.h"
 #include "support/stream_sources.h"
 
 using namespace zeph::test;
@@ -282,19 +283,20 @@ const Supply kSupplies[] = {{0}, {1}, {2}, {3}, {7}, {31}, {100000}};
 
 }  // namespace
 
-TEST(DoubleArrayExtraction, LeavesWhatTheStreamsExtractorLeavesAfterEachPiece) {
+TEST(DoubleArrayExtraction, AgreesWithTheStreamsExtractorForEveryToken) {
   const Settings settings;
   for (const char* piece : kPieces)
     for (const char* separator : kSeparators)
       for (const char* frame : {"1 ", "2 ", "3 1 ", "2 1"})
         for (const Supply& supply : kSupplies)
-          ASSERT_TRUE(SameOutcome(frame + std::string(piece) + separator + "7 ", supply, settings));
+          ASSERT_TRUE(SameOutcome(frame + std::string(piece) + separator + "7 ", supply, settings))
+              << "piece " << piece << ", separator " << separator << ", frame " << frame;
 }
 
-TEST(DoubleArrayExtraction, LeavesWhatTheStreamsExtractorLeavesInAllSettings) {
+TEST(DoubleArrayExtraction, AgreesWithTheStreamsExtractorInEverySetting) {
   const std::vector<Settings> all = AllSettings();
   Random random(11);
-  for (int round = 0; round < 4000; ++round) {
+  for (int round = 0; round < Scaled(4000, 400); ++round) {
     const std::string text = Text(random, round % 5);
     const Supply& supply = kSupplies[random.Below(std::size(kSupplies))];
     for (const Settings& settings : all)
@@ -302,7 +304,7 @@ TEST(DoubleArrayExtraction, LeavesWhatTheStreamsExtractorLeavesInAllSettings) {
   }
 }
 
-TEST(DoubleArrayExtraction, LeavesTheSameWhereverTheBufferAndTheTextEnd) {
+TEST(DoubleArrayExtraction, AgreesWhereverTheBufferAndTheTextEnd) {
   Random random(12);
   for (int round = 0; round < 60; ++round) {
     const std::string text = Text(random, round % 4);
@@ -313,11 +315,11 @@ TEST(DoubleArrayExtraction, LeavesTheSameWhereverTheBufferAndTheTextEnd) {
   }
 }
 
-TEST(DoubleArrayExtraction, LeavesTheSameWhereTheSourceBreaks) {
+TEST(DoubleArrayExtraction, AgreesWhereTheSourceThrows) {
   Random random(13);
   Settings strict;
   strict.exceptions = std::ios_base::badbit;
-  for (int round = 0; round < 60; ++round) {
+  for (int round = 0; round < Scaled(60, 10); ++round) {
     const std::string text = Text(random, 1);
     for (std::size_t end = 0; end <= text.size(); ++end)
       for (const std::size_t portion : {std::size_t{0}, std::size_t{5}, text.size()})
@@ -326,16 +328,16 @@ TEST(DoubleArrayExtraction, LeavesTheSameWhereTheSourceBreaks) {
   }
 }
 
-TEST(DoubleArrayExtraction, TakesAnyNumberAsTheExtractorDoes) {
+TEST(DoubleArrayExtraction, AgreesForAnyNumber) {
   Random random(14);
-  for (int round = 0; round < 6000; ++round) {
+  for (int round = 0; round < Scaled(6000, 600); ++round) {
     std::string text = "50";
     for (int i = 0; i < 50; ++i) text += "\n" + NumberText(random);
     ASSERT_TRUE(SameOutcome(text + "\n", {100000}, {})) << "round " << round;
   }
 }
 
-TEST(DoubleArrayExtraction, GivesTheSameValuesInEveryModeOfTheHost) {
+TEST(DoubleArrayExtraction, GivesTheSameValuesInEveryFloatingPointMode) {
   Random random(15);
   for (int round = 0; round < 40; ++round) {
     std::string text = "40";
@@ -351,7 +353,7 @@ TEST(DoubleArrayExtraction, GivesTheSameValuesInEveryModeOfTheHost) {
   }
 }
 
-TEST(DoubleArrayExtraction, DoesNotAskTheProcesssLocale) {
+TEST(DoubleArrayExtraction, IgnoresTheLocaleOfTheProcess) {
   const ProcessLocale comma(kCommaLocales);
   if (!comma.Found()) GTEST_SKIP() << "no locale with a decimal comma";
   Random random(16);
@@ -359,7 +361,7 @@ TEST(DoubleArrayExtraction, DoesNotAskTheProcesssLocale) {
     ASSERT_TRUE(SameOutcome(Text(random, 2), {100000}, {})) << "round " << round;
 }
 
-TEST(DoubleArrayExtraction, AStreamThatIsBrokenBeforeStaysUntouched) {
+TEST(DoubleArrayExtraction, ReadsNothingFromAStreamThatHasFailedBefore) {
   for (const auto state : {std::ios_base::eofbit, std::ios_base::failbit, std::ios_base::badbit}) {
     CZEPHDoubleArray a = ArrayOf({1, 2});
     std::istringstream is("2 5 6 ");

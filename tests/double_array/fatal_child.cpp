@@ -9,6 +9,8 @@ int main(int argc, char** argv) {
   const auto is = [site](const char* name) { return std::strcmp(site, name) == 0; };
   CZEPHDoubleArray three(3, 1.0), four(4, 1.0), none, negative;
   negative.size = -1;
+  CZEPHDoubleArray shrunk(3, 1.0);
+  shrunk.size = -1;
   std::cout << "before\n";
   if (is("GetEntry above")) three.GetEntry(4);
   if (is("GetEntry below")) three.GetEntry(-1);
@@ -19,6 +21,7 @@ int main(int argc, char** argv) {
   if (is("assignment")) four = three;
   if (is("assignment of an empty array")) three = none;
   if (is("assignment of a negative size")) three = negative;
+  if (is("assignment to a negative size")) shrunk = three;
   if (is("+=")) three += four;
   if (is("-=")) three -= four;
   if (is("+")) std::cout << (three + four).size;

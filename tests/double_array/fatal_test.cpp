@@ -23,8 +23,8 @@ TEST(DoubleArrayFatal, BoundChecksEndTheProcess) {
 }
 
 TEST(DoubleArrayFatal, AssignmentOfAnotherSizeEndsTheProcess) {
-  for (const char* site :
-       {"assignment", "assignment of an empty array", "assignment of a negative size"})
+  for (const char* site : {"assignment", "assignment of an empty array",
+                           "assignment of a negative size", "assignment to a negative size"})
     ExpectFatal(site, "Bad vector sizes:CZEPHDoubleArray::operator=()");
 }
 
@@ -43,7 +43,7 @@ TEST(DoubleArrayFatal, TheReportPrintsItsMessageAsGiven) {
   EXPECT_EQ(child.err, "@@@@( Error: a %d\n\n");
 }
 
-TEST(DoubleArrayFatal, TheChildEndsNormallyElsewhere) {
+TEST(DoubleArrayFatal, TheChildExitsNormallyWithoutAnError) {
   const auto child = RunChild("zeph_double_array_fatal_child", {"nowhere"});
   EXPECT_EQ(child.status, 0);
   EXPECT_EQ(child.out, "before\nafter\n");

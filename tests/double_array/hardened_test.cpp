@@ -49,7 +49,7 @@ TEST(HardenedDoubleArray, StopsAtAnIndexOutsideTheArray) {
   });
 }
 
-TEST(HardenedDoubleArray, StopsAtAStreamThatAnnouncesMoreThanTheStorageHolds) {
+TEST(HardenedDoubleArray, StopsAtAStreamedCountBeyondTheStorage) {
   ZEPH_SKIP_UNLESS_HARDENED();
   EXPECT_STOP("operator>>(CZEPHDoubleArray): count is 6, outside 0..5", Read("6 1 2 3 4 5 6"));
 }
@@ -78,7 +78,7 @@ TEST(HardenedDoubleArray, StopsAtARangeOutsideTheArray) {
               Five().QuickPartition(2, 3, 3.0));
 }
 
-TEST(HardenedDoubleArray, StopsAtAPartitionWhoseScansHaveNoEnd) {
+TEST(HardenedDoubleArray, StopsAtAPartitionWithoutASentinel) {
   ZEPH_SKIP_UNLESS_HARDENED();
   EXPECT_STOP(
       "CZEPHDoubleArray::QuickPartition: element left is above pivot, so nothing ends the scan",
@@ -87,6 +87,14 @@ TEST(HardenedDoubleArray, StopsAtAPartitionWhoseScansHaveNoEnd) {
       "CZEPHDoubleArray::QuickPartition: element right - 1 is below pivot, so nothing ends the "
       "scan",
       Five().QuickPartition(0, 4, 9.0));
+  EXPECT_STOP(
+      "CZEPHDoubleArray::QuickPartition: element right - 1 is below pivot, so nothing ends the "
+      "scan",
+      {
+        CZEPHDoubleArray a(3, 0.0);
+        a[2] = 9;  // the one behind does not end it
+        a.QuickPartition(0, 2, 5.0);
+      });
 }
 
 TEST(HardenedDoubleArray, StopsAtARightOperandThatIsTooShort) {
@@ -107,7 +115,7 @@ TEST(HardenedDoubleArray, StopsAtNullBlocksAndMessages) {
               CZEPHDoubleArray::ErrorMessage(static_cast<char*>(nullptr), std::cout));
 }
 
-TEST(HardenedDoubleArray, LetsEverythingDocumentedPass) {
+TEST(HardenedDoubleArray, AllowsEverythingDocumented) {
   ZEPH_SKIP_UNLESS_HARDENED();
   Read("5 1 2 3 4 5");
   {  // whole array
@@ -131,6 +139,7 @@ TEST(HardenedDoubleArray, LetsEverythingDocumentedPass) {
     a.InsertionSort(3, 2);
     a.recQuickSort(9, 0, 3);
     a.ManualSort(1, 0);
+    a.ManualSort(9, 9);  // one element or none: nothing is done
     a.Partition(1, 0, 0.0);
   }
   {  // longer right
@@ -147,4 +156,75 @@ TEST(HardenedDoubleArray, LetsEverythingDocumentedPass) {
     CZEPHDoubleArray a = Five();
     a.QuickPartition(0, 4, a.MedianOf3(0, 4));
   }
+  {  // a sentinel before a lesser element
+    CZEPHDoubleArray a(3, 0.0);
+    a[1] = 9;
+    a.QuickPartition(0, 2, 5.0);
+  }
+}
+
+TEST(HardenedDoubleArray, StopsAtEachEndOfEachRange) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  EXPECT_STOP("CZEPHDoubleArray::Swap: i is -1, outside 0..4", Five().Swap(-1, 0));
+  EXPECT_STOP("CZEPHDoubleArray::Swap: i is 5, outside 0..4", Five().Swap(5, 0));
+  EXPECT_STOP("CZEPHDoubleArray::Swap: j is -1, outside 0..4", Five().Swap(0, -1));
+  EXPECT_STOP("CZEPHDoubleArray::Display: from is -1, outside 0..4", {
+    CString out;
+    Five().Display(out, -1, 3);
+  });
+  EXPECT_STOP("CZEPHDoubleArray::Display: from is 5, outside 0..4", {
+    CString out;
+    Five().Display(out, 5, 6);
+  });
+  EXPECT_STOP("CZEPHDoubleArray::InsertionSort: left is -1, outside 0..4",
+              Five().InsertionSort(-1, 4));
+  EXPECT_STOP("CZEPHDoubleArray::InsertionSort: right is 5, outside 1..4",
+              Five().InsertionSort(1, 5));
+  EXPECT_STOP("CZEPHDoubleArray::InsertionSort: array.data is null",
+              CZEPHDoubleArray().InsertionSort(0, 4));
+  EXPECT_STOP("CZEPHDoubleArray::recQuickSort: left is -1, outside 0..4",
+              Five().recQuickSort(-1, 4, 3));
+  EXPECT_STOP("CZEPHDoubleArray::recQuickSort: right is 5, outside 1..4",
+              Five().recQuickSort(1, 5, 3));
+  EXPECT_STOP("CZEPHDoubleArray::recQuickSort: array.data is null",
+              CZEPHDoubleArray().recQuickSort(0, 4, 3));
+  EXPECT_STOP("CZEPHDoubleArray::ManualSort: left is -1, outside 0..4", Five().ManualSort(-1, 4));
+  EXPECT_STOP("CZEPHDoubleArray::ManualSort: right is 5, outside 1..4", Five().ManualSort(1, 5));
+  EXPECT_STOP("CZEPHDoubleArray::ManualSort: array.data is null",
+              CZEPHDoubleArray().ManualSort(0, 4));
+  EXPECT_STOP("CZEPHDoubleArray::Partition: left is -1, outside 0..4",
+              Five().Partition(-1, 4, 3.0));
+  EXPECT_STOP("CZEPHDoubleArray::Partition: right is 5, outside 1..4", Five().Partition(1, 5, 3.0));
+  EXPECT_STOP("CZEPHDoubleArray::Partition: array.data is null",
+              CZEPHDoubleArray().Partition(0, 4, 3.0));
+  EXPECT_STOP("CZEPHDoubleArray::QuickPartition: left is -1, outside 0..4",
+              Five().QuickPartition(-1, 4, 3.0));
+  EXPECT_STOP("CZEPHDoubleArray::QuickPartition: right is 5, outside 1..4",
+              Five().QuickPartition(1, 5, 3.0));
+  EXPECT_STOP("CZEPHDoubleArray::QuickPartition: array.data is null",
+              CZEPHDoubleArray().QuickPartition(0, 4, 3.0));
+  EXPECT_STOP("CZEPHDoubleArray::MedianOf3: left is -1, outside 0..4", Five().MedianOf3(-1, 4));
+  EXPECT_STOP("CZEPHDoubleArray::MedianOf3: left is 5, outside 0..4", Five().MedianOf3(5, 4));
+  EXPECT_STOP("CZEPHDoubleArray::MedianOf3: right is 5, outside 1..4", Five().MedianOf3(0, 5));
+  EXPECT_STOP("CZEPHDoubleArray::MedianOf3: data is null", CZEPHDoubleArray().MedianOf3(0, 1));
+  EXPECT_STOP("CZEPHDoubleArray::MergeSortedArray: a is null", {
+    double b[3] = {1};
+    CZEPHDoubleArray().MergeSortedArray(nullptr, 1, b, 1, b + 1);
+  });
+  EXPECT_STOP("CZEPHDoubleArray::MergeSortedArray: out is null", {
+    double b[3] = {1};
+    CZEPHDoubleArray().MergeSortedArray(b, 1, b, 0, nullptr);
+  });
+  EXPECT_STOP("CZEPHDoubleArray::MergeSortedArray: out is null", {
+    double b[3] = {1};
+    CZEPHDoubleArray().MergeSortedArray(b, 0, b, 1, nullptr);
+  });
+  EXPECT_STOP("CZEPHDoubleArray::operator[]: i is -1, outside 0..4", {
+    const CZEPHDoubleArray a = Five();
+    Use(a[-1]);
+  });
+  EXPECT_STOP("CZEPHDoubleArray::operator[]: data is null", {
+    const CZEPHDoubleArray a;
+    Use(a[0]);
+  });
 }

@@ -1,10 +1,13 @@
 // The sorts on elements whose order is not unique, in adversarial orders.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "double_array/arrays.h"
 #include "oracle/sorts.h"
 #include "support/hostile.h"
 #include "support/scale.h"
+#include "support/small_stack.h"
 
 namespace zeph::test {
 namespace {
@@ -39,7 +42,7 @@ void CompareQuickSort(const Values& v, int cutoff, const std::string& name) {
   ASSERT_TRUE(SameBits(ElementsOf(a), want)) << "QuickSort(" << cutoff << ") of " << name;
 }
 
-TEST(DoubleArrayHostileSorting, LeavesWhatTheStepsLeaveAtEveryLength) {
+TEST(DoubleArrayHostileSorting, MatchesTheDocumentedStepsAtEveryLength) {
   for (std::size_t n = 0; n <= 200; n += kFullScale || n < 40 ? 1 : 9)
     ForEachHostile(n, 7 * n, [](const Values& v, const std::string& name) {
       for (const Method& method : kQuadratic) ASSERT_NO_FATAL_FAILURE(Compare(v, method, name));
@@ -48,7 +51,7 @@ TEST(DoubleArrayHostileSorting, LeavesWhatTheStepsLeaveAtEveryLength) {
     });
 }
 
-TEST(DoubleArrayHostileSorting, LeavesWhatTheStepsLeaveAtLengthsUpTo20000) {
+TEST(DoubleArrayHostileSorting, MatchesTheDocumentedStepsAtLengthsUpTo20000) {
   Random random(12);
   for (int round = 0; round < Scaled(4, 1); ++round) {
     ForEachHostile(1 + random.Below(20000), random.Next(),
@@ -65,14 +68,26 @@ TEST(DoubleArrayHostileSorting, LeavesWhatTheStepsLeaveAtLengthsUpTo20000) {
 }
 
 /// Checks the generator: the documented steps read and exchange far more than n log n elements.
-TEST(DoubleArrayHostileSorting, KeepsOrTurnsTheOrderOfMoreZerosThanHaveAPlaceForTheirSigns) {
+TEST(DoubleArrayHostileSorting, OrdersMoreZerosOfBothSignsThanItsTableHolds) {
   Random random(21);
   Values v(5500);
   for (double& x : v) x = random.Below(6) ? random.Below(2) ? 0.0 : -0.0 : random.Int(-3, 3);
   for (const Method& method : kQuadratic) Compare(v, method, "zeros of both signs");
 }
 
-TEST(DoubleArrayHostileSorting, TakesALastZeroThatAnotherEqualsForNoLesserElement) {
+/// As many zeros as signs are kept of, and a word's bits and more beyond.
+TEST(DoubleArrayHostileSorting, OrdersAsManyZerosAsItsTableHoldsAndAFewMore) {
+  Random random(22);
+  for (const std::size_t zeros : {4095u, 4096u, 4097u, 4130u, 4160u}) {
+    Values v(zeros + 40);
+    for (std::size_t i = 0; i < v.size(); ++i)
+      v[i] = i < 40 ? random.Real(-3, 3) : random.Below(2) ? 0.0 : -0.0;
+    for (std::size_t k = v.size() - 1; k > 0; --k) std::swap(v[k], v[random.Below(k + 1)]);
+    for (const Method& method : kQuadratic) Compare(v, method, "zeros of both signs");
+  }
+}
+
+TEST(DoubleArrayHostileSorting, DoesNotTreatALastZeroAsLessThanAnEqualOne) {
   for (const std::size_t n : {12u, 50u, 300u})
     for (const double last : {0.0, -0.0})
       for (const std::size_t at : {std::size_t{0}, n / 2, n - 2}) {
@@ -83,7 +98,19 @@ TEST(DoubleArrayHostileSorting, TakesALastZeroThatAnotherEqualsForNoLesserElemen
       }
 }
 
-TEST(HostileInputs, KillersMakeTheLiteralQuickSortQuadratic) {
+/// Each partition of these takes off a few elements only, and no piece can be sorted otherwise: a recursion into the
+/// larger side would be as deep as half of the elements.
+TEST(DoubleArrayHostileSorting, QuickSortIsShallowWhereEachPartitionIsLopsided) {
+  constexpr std::size_t kStack = 1024 * 1024;
+  for (const Content content : {Content::kPlain, Content::kBothZeros, Content::kHalfZeros}) {
+    const Values v = Hostile(content, Arrangement::kKiller, Scaled<std::size_t>(60'000, 40'000), 1);
+    CZEPHDoubleArray a = ArrayOf(v);
+    ASSERT_TRUE(RunOnSmallStack(kStack, [&] { a.QuickSort(10); }));
+    EXPECT_TRUE(std::is_sorted(a.begin(), a.end())) << kContentNames[static_cast<int>(content)];
+  }
+}
+
+TEST(HostileInputs, KillersMakeThePlainQuickSortQuadratic) {
   for (std::size_t n : {500u, 1001u, 5000u})
     for (Content content : {Content::kPlain, Content::kBothZeros, Content::kHalfZeros}) {
       Values v = Hostile(content, Arrangement::kKiller, n, 1);

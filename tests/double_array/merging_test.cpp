@@ -29,12 +29,12 @@ void Compare(const Values& a, const Values& b) {
 
 }  // namespace
 
-TEST(DoubleArrayMerge, TakesEqualsFromTheSecondBlockFirst) {
+TEST(DoubleArrayMerge, TakesEqualElementsFromTheSecondBlockFirst) {
   EXPECT_TRUE(SameBits(Merged({1, 3}, {1, 2}), {1, 1, 2, 3, 777, 777}));
   EXPECT_TRUE(SameBits(Merged({0.0}, {-0.0}), {-0.0, 0.0, 777, 777}));
 }
 
-TEST(DoubleArrayMerge, CountsBelowOneStandForNothing) {
+TEST(DoubleArrayMerge, TreatsACountBelowOneAsAnEmptyBlock) {
   double v[] = {1, 2};
   double out[] = {7, 7};
   CZEPHDoubleArray none;
@@ -45,7 +45,7 @@ TEST(DoubleArrayMerge, CountsBelowOneStandForNothing) {
   none.MergeSortedArray(nullptr, -1, nullptr, -1, nullptr);
 }
 
-TEST(DoubleArrayMerge, AgreesWithTheOracleOnAnyShortBlocksAscendingOrNot) {
+TEST(DoubleArrayMerge, AgreesWithTheOracleOnAllShortBlocksSortedOrNot) {
   const std::size_t longest = Scaled<std::size_t>(3, 2);
   for (std::size_t na = 0; na <= longest; ++na)
     for (std::size_t nb = 0; nb <= longest; ++nb)
@@ -68,7 +68,7 @@ TEST(DoubleArrayMerge, AgreesWithTheOracleOnLongAscendingBlocks) {
   }
 }
 
-TEST(DoubleArrayMerge, AgreesWithTheOracleOnLongBlocksWithOnePairOutOfOrder) {
+TEST(DoubleArrayMerge, AgreesWithTheOracleOnLongBlocksWithOneDescent) {
   Values ascending(300);
   std::iota(ascending.begin(), ascending.end(), 0.0);
   for (const std::size_t at : {0u, 1u, 17u, 254u, 255u, 256u, 257u, 298u}) {

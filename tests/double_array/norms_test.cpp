@@ -77,7 +77,7 @@ TEST(DoubleArrayNorms, DoNotScale) {
   EXPECT_EQ(ArrayOf({1e-200, 1e-200}).TwoNorm(), 0.0);
 }
 
-TEST(DoubleArrayNorms, TheMaximumIsTheNaNInFrontAndPassesOverOthers) {
+TEST(DoubleArrayNorms, TheMaximumIsNaNOnlyIfTheFirstElementIs) {
   EXPECT_SAME_BITS(ArrayOf({-kNaN, 9}).MaxNorm(), AbsoluteValue(kNaN));
   EXPECT_EQ(ArrayOf({1, kNaN, -9, kNaN}).MaxNorm(), 9.0);
   EXPECT_SAME_BITS(ArrayOf({-0.0}).MaxNorm(), 0.0);
@@ -85,6 +85,7 @@ TEST(DoubleArrayNorms, TheMaximumIsTheNaNInFrontAndPassesOverOthers) {
 
 TEST(DoubleArrayNorms, OfAnEmptyArrayAreZero) {
   for (int size : {-1, 0, 4}) {
+    SCOPED_TRACE(::testing::Message() << "size " << size);
     const CZEPHDoubleArray a = WithoutStorage(size), one = ArrayOf({1, 1, 1, 1});
     EXPECT_SAME_BITS(a.OneNorm(), 0.0);
     EXPECT_SAME_BITS(a.TwoNorm(), 0.0);
@@ -95,6 +96,6 @@ TEST(DoubleArrayNorms, OfAnEmptyArrayAreZero) {
   EXPECT_SAME_BITS(CZEPHDoubleArray(0, 0.0).TwoNorm(), 0.0);
 }
 
-TEST(DoubleArrayDotProduct, TakesItsCountFromTheLeft) {
+TEST(DoubleArrayDotProduct, TakesItsCountFromTheLeftOperand) {
   EXPECT_EQ(ZEPH_ArrayDotProduct(ArrayOf({1, 2}), ArrayOf({3, 4, kNaN})), 11.0);
 }

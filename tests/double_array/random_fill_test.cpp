@@ -7,7 +7,7 @@
 
 using namespace zeph::test;
 
-TEST(DoubleArrayRandom, FillsWithWholeNumbersBelow999AndClearsTheFlag) {
+TEST(DoubleArrayRandom, FillsWithWholeNumbersBelow999AndClearsTheSortedFlag) {
   CZEPHDoubleArray a(5000, -1.0);
   a.sorted = 1;
   a.Random();
@@ -34,7 +34,7 @@ TEST(DoubleArrayRandom, IsSeededWithTheTimeOnEveryCall) {
   EXPECT_TRUE(met);
 }
 
-TEST(DoubleArrayRandom, TakesTheSecondThatTheStopwatchReads) {
+TEST(DoubleArrayRandom, UsesTheStopwatchsTimeInSeconds) {
   const auto second = [] {
     CZEPHDSTimer watch;
     watch.Start();
@@ -50,12 +50,12 @@ TEST(DoubleArrayRandom, TakesTheSecondThatTheStopwatchReads) {
   EXPECT_TRUE(SameBits(ElementsOf(a), want));
 }
 
-TEST(DoubleArrayRandom, ClearsTheFlagOfAnEmptyArrayToo) {
+TEST(DoubleArrayRandom, ClearsTheSortedFlagOfAnEmptyArrayToo) {
   for (int size : {-1, 0, 4}) {
     CZEPHDoubleArray a = WithoutStorage(size);
     a.sorted = 1;
     a.Random();
-    EXPECT_EQ(a.sorted, 0);
-    EXPECT_EQ(a.size, size);
+    EXPECT_EQ(a.sorted, 0) << "size " << size;
+    EXPECT_EQ(a.size, size) << "size " << size;
   }
 }

@@ -18,22 +18,22 @@ void CompareBinarySearch(const Values& v, int sorted, double x) {
   const auto want = oracle::BinarySearch(v, sorted != 0, x, -77);
   ASSERT_EQ(result, want.result) << Show(x) << " in " << Show(v);
   ASSERT_EQ(index, want.index) << Show(x) << " in " << Show(v);
-  ASSERT_TRUE(SameBits(ElementsOf(a), v));
+  ASSERT_TRUE(SameBits(ElementsOf(a), v)) << Show(x) << " in " << Show(v);
 }
 
 void CompareRemove(const Values& v, double x) {
   CZEPHDoubleArray a = ArrayOf(v);
   a.sorted = 1;
   Values want = v;
-  ASSERT_EQ(a.Find(x), oracle::Find(v, x));
-  ASSERT_EQ(a.Remove(x), oracle::Remove(want, x));
+  ASSERT_EQ(a.Find(x), oracle::Find(v, x)) << Show(x) << " in " << Show(v);
+  ASSERT_EQ(a.Remove(x), oracle::Remove(want, x)) << Show(x) << " in " << Show(v);
   ASSERT_TRUE(SameBits(ElementsOf(a), want)) << Show(x) << " in " << Show(v);
-  ASSERT_EQ(a.sorted, 1);
+  ASSERT_EQ(a.sorted, 1) << Show(x) << " in " << Show(v);
 }
 
 }  // namespace
 
-TEST(DoubleArrayFind, GivesTheFirstEqualElement) {
+TEST(DoubleArrayFind, ReturnsTheIndexOfTheFirstEqualElement) {
   EXPECT_EQ(CZEPHDoubleArray().Find(1), -1);
   EXPECT_EQ(ArrayOf({1, 5, 5}).Find(5), 1);
   EXPECT_EQ(ArrayOf({1, 0.0}).Find(-0.0), 1);
@@ -41,7 +41,7 @@ TEST(DoubleArrayFind, GivesTheFirstEqualElement) {
   EXPECT_EQ(WithoutStorage(3).Find(0), -1);
 }
 
-TEST(DoubleArrayBinarySearch, ScansWhereTheArrayIsNotKnownToBeSorted) {
+TEST(DoubleArrayBinarySearch, ScansLinearlyWithoutTheSortedFlag) {
   CZEPHDoubleArray a = ArrayOf({9, 7});
   int index = -77;
   EXPECT_EQ(a.BinarySearch(7, index), 1);
@@ -53,7 +53,7 @@ TEST(DoubleArrayBinarySearch, ScansWhereTheArrayIsNotKnownToBeSorted) {
   EXPECT_EQ(index, 0);
 }
 
-TEST(DoubleArrayBinarySearch, LeavesTheIndexAloneAfterAMissInASortedArray) {
+TEST(DoubleArrayBinarySearch, LeavesTheIndexUnchangedAfterAMissInASortedArray) {
   CZEPHDoubleArray a = ArrayOf({1, 2, 3});
   a.InsertionSort();
   int index = -77;
@@ -61,9 +61,10 @@ TEST(DoubleArrayBinarySearch, LeavesTheIndexAloneAfterAMissInASortedArray) {
   EXPECT_EQ(index, -77);
 }
 
-TEST(DoubleArrayBinarySearch, OfASortedEmptyArrayMisses) {
+TEST(DoubleArrayBinarySearch, MissesInASortedEmptyArray) {
   int index = -77;
   for (int size : {-1, 0, 3}) {
+    SCOPED_TRACE(::testing::Message() << "size " << size);
     CZEPHDoubleArray a = WithoutStorage(size);
     a.sorted = 1;
     EXPECT_EQ(a.BinarySearch(0, index), 0);
@@ -84,7 +85,7 @@ TEST(DoubleArrayBinarySearch, AgreesWithTheOracleOnEveryShortArraySortedOrNot) {
     });
 }
 
-TEST(DoubleArrayBinarySearch, FindsTheEqualThatHalvingMeetsFirst) {
+TEST(DoubleArrayBinarySearch, FindsTheEqualElementItProbesFirst) {
   zeph::test::Random random(6);
   for (int round = 0; round < Scaled(5000, 500); ++round) {
     Values v(1 + random.Below(200));
@@ -95,7 +96,7 @@ TEST(DoubleArrayBinarySearch, FindsTheEqualThatHalvingMeetsFirst) {
   }
 }
 
-TEST(DoubleArrayRemove, MovesTheLaterElementsDown) {
+TEST(DoubleArrayRemove, MovesTheElementsAfterItDown) {
   CZEPHDoubleArray a = ArrayOf({1, 2, 3});
   double* const block = a.data;
   EXPECT_EQ(a.Remove(9), 0);

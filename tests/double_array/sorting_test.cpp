@@ -77,7 +77,7 @@ TEST(DoubleArraySorting, AgreesWithTheOraclesOnEveryShortArray) {
     });
 }
 
-TEST(DoubleArraySorting, AgreesWithTheOraclesOnEveryArrayOfSevenWithTheMainCutOffs) {
+TEST(DoubleArraySorting, AgreesWithTheOraclesOnEveryArrayOfSevenWithTheUsualCutOffs) {
   const std::vector<double> alphabet = kFullScale ? Alphabet() : Values{-0.0, 0.0, kNaN};
   ForEachArray(alphabet, 7, [](const Values& v) {
     for (const Method& method : Methods())
@@ -87,7 +87,7 @@ TEST(DoubleArraySorting, AgreesWithTheOraclesOnEveryArrayOfSevenWithTheMainCutOf
   });
 }
 
-TEST(DoubleArraySorting, AgreesWithTheOraclesOnMixturesOfTiesAndNaNsOfMediumLength) {
+TEST(DoubleArraySorting, AgreesWithTheOraclesOnMediumArraysOfTiesAndNaNs) {
   zeph::test::Random random(1);
   for (int round = 0; round < Scaled(4000, 300); ++round) {
     Values v(random.Below(90));
@@ -121,7 +121,7 @@ TEST(DoubleArraySorting, AgreesWithTheOraclesOnLongArrays) {
   }
 }
 
-TEST(DoubleArraySorting, RangesAgreeWithTheOraclesAndLeaveTheRestAndTheFlagAlone) {
+TEST(DoubleArraySorting, RangesAgreeWithTheOraclesAndLeaveTheRestAndTheSortedFlagAlone) {
   zeph::test::Random random(2);
   for (int round = 0; round < Scaled(4000, 400); ++round) {
     const Order& order = Orders()[random.Below(Orders().size())];
@@ -146,9 +146,9 @@ TEST(DoubleArraySorting, RangesAgreeWithTheOraclesAndLeaveTheRestAndTheFlagAlone
     want = v;
     oracle::ManualSort(want, left, right);
     ASSERT_TRUE(SameBits(ElementsOf(manual), want)) << left << ".." << right << Show(v);
-    ASSERT_EQ(inserted.sorted, flag);
-    ASSERT_EQ(quick.sorted, flag);
-    ASSERT_EQ(manual.sorted, flag);
+    ASSERT_EQ(inserted.sorted, flag) << "round " << round;
+    ASSERT_EQ(quick.sorted, flag) << "round " << round;
+    ASSERT_EQ(manual.sorted, flag) << "round " << round;
   }
 }
 
@@ -163,14 +163,14 @@ TEST(DoubleArraySorting, InvertedRangesAreLeftAlone) {
   EXPECT_TRUE(SameBits(ElementsOf(a), v));
 }
 
-TEST(DoubleArrayBubbleSort, RunsOnePassShort) {
+TEST(DoubleArrayBubbleSort, RunsOnePassTooFew) {
   EXPECT_TRUE(SameBits(AfterBubbleSort({2, 1}), {2, 1}));
   EXPECT_TRUE(SameBits(AfterBubbleSort({3, 2, 1}), {2, 1, 3}));
   EXPECT_TRUE(SameBits(AfterBubbleSort({4, 3, 2, 1}), {2, 1, 3, 4}));
   EXPECT_TRUE(SameBits(AfterBubbleSort({1, 3, 2}), {1, 2, 3}));
 }
 
-TEST(DoubleArrayBubbleSort, LeavesTheLeastAtIndexOneWhenItWasLastInALongArrayToo) {
+TEST(DoubleArrayBubbleSort, LeavesALastMinimumAtIndexOneInLongArraysToo) {
   Values v(1000, 5.0);
   v.back() = 4.0;
   const Values sorted = AfterBubbleSort(v);
@@ -181,7 +181,7 @@ TEST(DoubleArrayBubbleSort, LeavesTheLeastAtIndexOneWhenItWasLastInALongArrayToo
   EXPECT_EQ(AfterBubbleSort(v)[1], 4.0);
 }
 
-TEST(DoubleArraySorting, ANaNPartsTheArrayForBubbleAndInsertionAndLeadsTheList) {
+TEST(DoubleArraySorting, ANaNDividesTheArrayForBubbleAndInsertionAndTheListForListInsertion) {
   const Values v = {3, 1, kNaN, 2, 1};
   CZEPHDoubleArray bubble = ArrayOf(v), insertion = ArrayOf(v), list = ArrayOf(v);
   bubble.BubbleSort();
@@ -192,7 +192,7 @@ TEST(DoubleArraySorting, ANaNPartsTheArrayForBubbleAndInsertionAndLeadsTheList) 
   EXPECT_TRUE(SameBits(ElementsOf(list), {1, 2, kNaN, 1, 3}));
 }
 
-TEST(DoubleArraySorting, ZerosOfBothSignsShowWhichSortsKeepTheOrderOfEquals) {
+TEST(DoubleArraySorting, ZerosOfBothSignsShowWhichSortsAreStable) {
   for (std::size_t padding : std::vector<std::size_t>{0, 50}) {
     Values v = {0.0, -0.0, 0.0, 0.0, -0.0};
     const Values kept = v;
@@ -202,13 +202,14 @@ TEST(DoubleArraySorting, ZerosOfBothSignsShowWhichSortsKeepTheOrderOfEquals) {
     bubble.BubbleSort();
     insertion.InsertionSort();
     list.ListInsertSort();
-    EXPECT_TRUE(SameBits(bubble.data, kept.data(), kept.size()));
-    EXPECT_TRUE(SameBits(insertion.data, reversed.data(), reversed.size()));
-    EXPECT_TRUE(SameBits(list.data, reversed.data(), reversed.size()));
+    EXPECT_TRUE(SameBits(bubble.data, kept.data(), kept.size())) << "padding " << padding;
+    EXPECT_TRUE(SameBits(insertion.data, reversed.data(), reversed.size()))
+        << "padding " << padding;
+    EXPECT_TRUE(SameBits(list.data, reversed.data(), reversed.size())) << "padding " << padding;
   }
 }
 
-TEST(DoubleArraySorting, ArraysWithoutStorageOnlyGetTheFlag) {
+TEST(DoubleArraySorting, OnlySetsTheSortedFlagOfArraysWithoutStorage) {
   for (const Method& method : Methods())
     for (int size : {-3, 0, 1, 100}) {
       CZEPHDoubleArray a = WithoutStorage(size);
@@ -219,7 +220,7 @@ TEST(DoubleArraySorting, ArraysWithoutStorageOnlyGetTheFlag) {
     }
 }
 
-TEST(DoubleArraySorting, ArraysWithANegativeCountAndABlockOnlyGetTheFlag) {
+TEST(DoubleArraySorting, OnlySetsTheSortedFlagOfArraysWithANegativeCount) {
   for (const Method& method : Methods()) {
     CZEPHDoubleArray a = ArrayOf({2, 1});
     a.size = -2;
@@ -243,14 +244,15 @@ TEST(DoubleArraySorting, IsFastAndShallowOnAMillionElementsInAnyOrder) {
         order.name != std::string("one NaN") && order.name != std::string("signed zeros");
     for (int cutoff : {3, 10}) {
       CZEPHDoubleArray a = ArrayOf(v);
-      ASSERT_TRUE(RunOnSmallStack(kSmallStack, [&] { a.QuickSort(cutoff); }));
+      ASSERT_TRUE(RunOnSmallStack(kSmallStack, [&] { a.QuickSort(cutoff); }))
+          << order.name << ", cutoff " << cutoff;
       if (!unique) continue;
       EXPECT_TRUE(SameBits(a.data, want.data(), n)) << order.name;
     }
   }
 }
 
-TEST(DoubleArrayQuickSort, ItsWalkIsShallowWhereTheOutcomeIsNotKnownWithoutIt) {
+TEST(DoubleArrayQuickSort, IsShallowOnZerosOfBothSignsAndNaNs) {
   const std::size_t n = Scaled<std::size_t>(1000000, 50000);
   for (const Order& order : Orders()) {
     const bool killer = order.name == std::string("median-of-three killer");
@@ -258,13 +260,13 @@ TEST(DoubleArrayQuickSort, ItsWalkIsShallowWhereTheOutcomeIsNotKnownWithoutIt) {
     v.push_back(0.0);
     v.push_back(-0.0);
     CZEPHDoubleArray a = ArrayOf(v);
-    ASSERT_TRUE(RunOnSmallStack(kSmallStack, [&] { a.QuickSort(3); }));
+    ASSERT_TRUE(RunOnSmallStack(kSmallStack, [&] { a.QuickSort(3); })) << order.name;
     if (order.name == std::string("awkward") || order.name == std::string("one NaN")) continue;
     EXPECT_TRUE(std::is_sorted(a.begin(), a.end())) << order.name;
   }
 }
 
-TEST(DoubleArrayCheckSorted, PassesOverTheLastPair) {
+TEST(DoubleArrayCheckSorted, DoesNotCompareTheLastPair) {
   const auto check = [](const Values& v) {
     CZEPHDoubleArray a = ArrayOf(v);
     a.sorted = -7;
@@ -285,13 +287,13 @@ TEST(DoubleArrayCheckSorted, AgreesWithTheOracle) {
       CZEPHDoubleArray a = ArrayOf(v);
       a.sorted = 1 - oracle::CheckSorted(v);
       ASSERT_EQ(a.CheckSorted(), oracle::CheckSorted(v)) << Show(v);
-      ASSERT_EQ(a.sorted, oracle::CheckSorted(v));
+      ASSERT_EQ(a.sorted, oracle::CheckSorted(v)) << Show(v);
     });
   for (std::size_t descent = 0; descent < 99; ++descent) {
     Values v(100);
     for (std::size_t i = 0; i < v.size(); ++i) v[i] = static_cast<double>(i);
     std::swap(v[descent], v[descent + 1]);
-    EXPECT_EQ(ArrayOf(v).CheckSorted(), descent == 98 ? 1 : 0);
+    EXPECT_EQ(ArrayOf(v).CheckSorted(), descent == 98 ? 1 : 0) << "descent " << descent;
   }
   EXPECT_EQ(WithoutStorage(9).CheckSorted(), 1);
 }

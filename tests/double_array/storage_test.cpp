@@ -4,6 +4,7 @@
 
 #include "double_array/arrays.h"
 #include "support/allocation.h"
+#include "support/integers.h"
 #include "support/not_finite.h"
 
 using namespace zeph::test;
@@ -17,7 +18,7 @@ template <class Body>
 void WithFailure(Failure how, Body body) {
   FailAllocation failing(1, false, how);
   body();
-  EXPECT_TRUE(failing.Fired());
+  EXPECT_TRUE(failing.Fired()) << "nothing was allocated";
 }
 
 template <class Body>
@@ -79,20 +80,20 @@ TEST(DoubleArrayStorage, ACountOfZeroOwnsAnEmptyBlock) {
   EXPECT_NE(copy.data, nullptr);
 }
 
-TEST(DoubleArrayStorage, CountsThatCannotBeHadLeaveAnArrayWithoutStorage) {
+TEST(DoubleArrayStorage, ImpossibleCountsLeaveAnArrayWithoutStorage) {
   double value = 1;
   for (int n : {-1, INT_MIN, INT_MAX}) {
     if (n > 0 && !InterceptsLibraryAllocations()) continue;  // 16 GiB might be available
     const CZEPHDoubleArray filled(n, 1.0), copied(n, &value), copy(filled);
     for (const CZEPHDoubleArray* a : {&filled, &copied, &copy}) {
-      EXPECT_EQ(a->size, n);
-      EXPECT_EQ(a->data, nullptr);
-      EXPECT_EQ(a->sorted, 0);
+      EXPECT_EQ(a->size, n) << "n " << n;
+      EXPECT_EQ(a->data, nullptr) << "n " << n;
+      EXPECT_EQ(a->sorted, 0) << "n " << n;
     }
   }
 }
 
-TEST(DoubleArrayStorage, AsksForEightBytesPerElementByTheArrayForm) {
+TEST(DoubleArrayStorage, AllocatesEightBytesPerElementWithArrayNew) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   std::vector<AllocationEvent> events;
   {
@@ -109,11 +110,12 @@ TEST(DoubleArrayStorage, AsksForEightBytesPerElementByTheArrayForm) {
   EXPECT_EQ(events[2].block, events[0].block);
 }
 
-TEST(DoubleArrayStorage, ExhaustionInAConstructorIsSwallowed) {
+TEST(DoubleArrayStorage, MemoryExhaustionInAConstructorIsSwallowed) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   CZEPHDoubleArray source = ArrayOf({1, 2});
   double value = 1;
   for (Failure how : kFailures) {
+    SCOPED_TRACE(::testing::Message() << how);
     const long live = LiveBlocks();
     const auto check = [](const CZEPHDoubleArray& a, int n) {
       EXPECT_EQ(a.size, n);
@@ -130,6 +132,7 @@ TEST(DoubleArrayStorage, ExhaustionInAConstructorIsSwallowed) {
 TEST(DoubleArrayStorage, AllocMemoryStoresTheCountAndKeepsTheBlockWhenItFails) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   for (Failure how : kFailures) {
+    SCOPED_TRACE(::testing::Message() << how);
     OpenArray a;
     EXPECT_EQ(a.AllocMemory(2), 1);
     a.sorted = 1;
@@ -159,7 +162,7 @@ TEST(DoubleArrayStorage, AllocMemoryDoesNotReleaseTheBlockItReplaces) {
   a.data = first;
 }
 
-TEST(DoubleArrayStorage, FreeMemoryLeavesTheCount) {
+TEST(DoubleArrayStorage, FreeMemoryKeepsTheCount) {
   OpenArray a;
   a.FreeMemory();
   ASSERT_EQ(a.AllocMemory(2), 1);
@@ -187,10 +190,10 @@ TEST(DoubleArrayStorage, ResizeBelowOneReleasesTheStorage) {
   for (int n : {0, -1, INT_MIN}) {
     CZEPHDoubleArray a = ArrayOf({1, 2});
     a.Resize(n, 1);
-    EXPECT_EQ(a.size, 0);
-    EXPECT_EQ(a.data, nullptr);
+    EXPECT_EQ(a.size, 0) << "n " << n;
+    EXPECT_EQ(a.data, nullptr) << "n " << n;
     a.Resize(n, 1);
-    EXPECT_EQ(a.size, 0);
+    EXPECT_EQ(a.size, 0) << "n " << n;
   }
   CZEPHDoubleArray negative(-7, 0.0);
   negative.Resize(0, 1);
@@ -208,20 +211,20 @@ TEST(DoubleArrayStorage, ResizeOfAnArrayWithoutStorageCopiesNothing) {
   EXPECT_EQ(negative.size, 3);
 }
 
-TEST(DoubleArrayStorage, ResizeLetsExhaustionPassAndChangesNothing) {
+TEST(DoubleArrayStorage, ResizePropagatesMemoryExhaustionAndChangesNothing) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   for (Failure how : kFailures) {
     CZEPHDoubleArray a = ArrayOf({1, 2});
     double* const block = a.data;
-    EXPECT_TRUE(Throws(how, [&] { a.Resize(4, 1); }));
-    EXPECT_EQ(a.data, block);
-    EXPECT_TRUE(SameBits(ElementsOf(a), {1, 2}));
+    EXPECT_TRUE(Throws(how, [&] { a.Resize(4, 1); })) << how;
+    EXPECT_EQ(a.data, block) << how;
+    EXPECT_TRUE(SameBits(ElementsOf(a), {1, 2})) << how;
   }
   CZEPHDoubleArray a;
   EXPECT_THROW(a.Resize(INT_MAX, 0), std::bad_alloc);
 }
 
-TEST(DoubleArrayStorage, AssignmentCopiesIntoTheStorageThatIsThere) {
+TEST(DoubleArrayStorage, AssignmentCopiesIntoTheExistingStorage) {
   CZEPHDoubleArray a = ArrayOf({1, 2});
   const CZEPHDoubleArray b = ArrayOf({-0.0, kNaN});
   a.sorted = 1;
@@ -246,7 +249,7 @@ TEST(DoubleArrayStorage, AssignmentToAnEmptyArrayAllocates) {
   EXPECT_TRUE(SameBits(ElementsOf(b), {1, 2, 3}));
 }
 
-TEST(DoubleArrayStorage, AssignmentDoesNotReleaseABlockHeldWithSizeZero) {
+TEST(DoubleArrayStorage, AssignmentDoesNotReleaseTheBlockOfASizeOfZero) {
   CZEPHDoubleArray a = ArrayOf({5});
   a.Remove(5);
   double* const block = a.data;
@@ -274,15 +277,15 @@ TEST(DoubleArrayStorage, AssignmentThatCannotAllocateCopiesNothing) {
     CZEPHDoubleArray a, b(0, 0.0);
     double* const block = b.data;
     WithFailure(how, [&] { a = source; });
-    EXPECT_EQ(a.size, 2);
-    EXPECT_EQ(a.data, nullptr);
+    EXPECT_EQ(a.size, 2) << how;
+    EXPECT_EQ(a.data, nullptr) << how;
     WithFailure(how, [&] { b = source; });
-    EXPECT_EQ(b.size, 2);
-    EXPECT_EQ(b.data, block);  // too small for its size: nothing was written
+    EXPECT_EQ(b.size, 2) << how;
+    EXPECT_EQ(b.data, block) << how;  // too small for its size: nothing was written
   }
 }
 
-TEST(DoubleArrayAccess, ReachesTheElements) {
+TEST(DoubleArrayAccess, GivesAccessToTheElements) {
   CZEPHDoubleArray a = ArrayOf({1, 2, 3});
   const CZEPHDoubleArray& constant = a;
   a[1] = -0.0;
@@ -296,9 +299,9 @@ TEST(DoubleArrayAccess, ReachesTheElements) {
 
 TEST(DoubleArrayAccess, TheBoundRuleAcceptsAnIndexEqualToTheCount) {
   CZEPHDoubleArray a = ArrayOf({1, 2, 3});
-  for (int i = 0; i <= 3; ++i) EXPECT_EQ(a.CheckBound(i), 1);
+  for (int i = 0; i <= 3; ++i) EXPECT_EQ(a.CheckBound(i), 1) << "i " << i;
   EXPECT_EQ(CZEPHDoubleArray(0, 0.0).CheckBound(0), 1);
-  a.size = 2;  // the element after the last is ours
+  a.size = 2;  // the element at index 2 is still in the block
   EXPECT_EQ(a.GetEntry(2), 3.0);
 }
 
@@ -314,11 +317,11 @@ TEST(DoubleArrayAccess, SetEntryAndResetFillEveryElement) {
     CZEPHDoubleArray none = WithoutStorage(size);
     none.SetEntry(1);
     none.Reset(1);
-    EXPECT_EQ(none.size, size);
+    EXPECT_EQ(none.size, size) << "size " << size;
   }
 }
 
-TEST(DoubleArrayAdditions, TakeWholeNumbersAndConstants) {
+TEST(DoubleArrayAdditions, AcceptIntegersAndConstantSources) {
   EXPECT_TRUE(SameBits(ElementsOf(CZEPHDoubleArray(2, 0)), {0, 0}));
   EXPECT_TRUE(SameBits(ElementsOf(CZEPHDoubleArray(2, -7)), {-7, -7}));
   static const double values[] = {1, 2};
@@ -328,7 +331,7 @@ TEST(DoubleArrayAdditions, TakeWholeNumbersAndConstants) {
   EXPECT_NE(unspecified.data, nullptr);
 }
 
-TEST(DoubleArrayAdditions, MovingTakesTheBlockOver) {
+TEST(DoubleArrayAdditions, MovingTakesOverTheBlock) {
   static_assert(std::is_nothrow_move_constructible_v<CZEPHDoubleArray>);
   CZEPHDoubleArray a = ArrayOf({1, 2});
   a.sorted = 1;
@@ -360,7 +363,7 @@ TEST(DoubleArrayAdditions, AssigningATemporaryChecksTheSizesToo) {
   EXPECT_EQ(a.data, block);
 }
 
-TEST(DoubleArrayAdditions, ArraysAreRanges) {
+TEST(DoubleArrayAdditions, ArraysWorkInRangeBasedFor) {
   CZEPHDoubleArray a = ArrayOf({1, 2, 3});
   for (double& x : a) x *= 2;
   const CZEPHDoubleArray& constant = a;
@@ -369,11 +372,27 @@ TEST(DoubleArrayAdditions, ArraysAreRanges) {
   EXPECT_EQ(sum, 12.0);
   for (int size : {-1, 0, 5}) {
     CZEPHDoubleArray none = WithoutStorage(size);
-    EXPECT_EQ(none.begin(), none.end());
+    EXPECT_EQ(none.begin(), none.end()) << "size " << size;
   }
   const CZEPHDoubleArray none = WithoutStorage(5);
   EXPECT_EQ(none.begin(), none.end());
   a.size = -1;
   EXPECT_EQ(constant.begin(), constant.end());
   EXPECT_EQ(a.begin(), a.end());
+}
+
+TEST(DoubleArrayAdditions, AcceptIntegersOfEveryType) {
+  zeph::test::ForEachInteger([](auto value) {
+    const double want = static_cast<double>(value);
+    EXPECT_TRUE(SameBits(ElementsOf(CZEPHDoubleArray(2, value)), {want, want})) << want;
+  });
+}
+
+TEST(DoubleArrayAdditions, EndIsAsManyElementsBehindBegin) {
+  for (int n = 1; n < 4; ++n) {
+    CZEPHDoubleArray a(n, 0.0);
+    const CZEPHDoubleArray& constant = a;
+    EXPECT_EQ(a.end() - a.begin(), n);
+    EXPECT_EQ(constant.end() - constant.begin(), n);
+  }
 }

@@ -49,7 +49,7 @@ struct Extracted {
 
 }  // namespace
 
-TEST(DoubleArrayText, InsertionPutsUpToFourOnOneLine) {
+TEST(DoubleArrayText, InsertionWritesFourElementsPerLine) {
   EXPECT_EQ(Inserted(CZEPHDoubleArray()), "Elements of the vector are: \n");
   EXPECT_EQ(Inserted(ArrayOf({1.5})), "Elements of the vector are: \n1.5  \n");
   EXPECT_EQ(Inserted(ArrayOf({0, 1, 2, 3})), "Elements of the vector are: \n0  1  2  3  \n");
@@ -65,7 +65,7 @@ TEST(DoubleArrayText, InsertionUsesTheFormatOfTheStream) {
   EXPECT_EQ(&(os << CZEPHDoubleArray()), &os);
 }
 
-TEST(DoubleArrayText, DisplayEndsALineBehindElementsTenTwentyAndSoOn) {
+TEST(DoubleArrayText, DisplayBreaksTheLineAfterElementsTenTwentyAndSoOn) {
   EXPECT_EQ(Displayed(CZEPHDoubleArray()), "");
   EXPECT_EQ(Displayed(ArrayOf({0.5})), "0.5 ");
   EXPECT_EQ(Displayed(ArrayOf(Counting(10))), "0 1 2 3 4 5 6 7 8 9 ");
@@ -138,7 +138,7 @@ TEST(DoubleArrayText, ExtractionStoresANegativeCountAndReadsNothing) {
   EXPECT_EQ(negative.a.data[0], -1.0);
 }
 
-TEST(DoubleArrayText, ExtractionTrustsTheBlockOfAnEmptyArray) {
+TEST(DoubleArrayText, ExtractionTrustsTheStorageOfAnEmptyArray) {
   CZEPHDoubleArray a = ArrayOf({1, 2});
   a.size = 0;
   std::istringstream is("2 5 6");
@@ -165,7 +165,7 @@ TEST(DoubleArrayText, ExtractionOfACountOfZeroNeedsNoStorage) {
   EXPECT_EQ(next, 7);
 }
 
-TEST(DoubleArrayText, AReadThatThrowsLeavesTheSizeZeroToo) {
+TEST(DoubleArrayText, ExtractionThatThrowsSetsTheSizeToZeroToo) {
   for (const char* text : {"", "x", "3 1 2", "3 1 2 x", "2000000000000 1"}) {
     CZEPHDoubleArray a(3, 7.0);
     std::istringstream is(text);

@@ -49,7 +49,7 @@ void ExpectEmptyResult(const char* name, Call call) {
 
 }  // namespace
 
-TEST_F(DoubleArrayFailure, ConstructionGivesTheSizeAndNoStorage) {
+TEST_F(DoubleArrayFailure, ConstructorsSetTheSizeWithoutStorage) {
   const auto construct = [](const char* name, auto call) {
     ExpectOnFailure({name, 1, Ending::kSilent}, NoArray, call, Empty);
   };
@@ -66,7 +66,7 @@ TEST_F(DoubleArrayFailure, ConstructionGivesTheSizeAndNoStorage) {
   construct("move of an array without storage", [&](Slot& s) { s.emplace(std::move(hollow)); });
 }
 
-TEST_F(DoubleArrayFailure, OperatorsGiveTheSizeAndNoStorage) {
+TEST_F(DoubleArrayFailure, OperatorsReturnTheSizeWithoutStorage) {
   ExpectEmptyResult("+", [](Operands& s) { Note(s, s.a + s.b); });
   ExpectEmptyResult("-", [](Operands& s) { Note(s, s.a - s.b); });
   ExpectEmptyResult("*", [](Operands& s) { Note(s, s.a * s.b); });
@@ -77,7 +77,7 @@ TEST_F(DoubleArrayFailure, OperatorsGiveTheSizeAndNoStorage) {
   ExpectEmptyResult("/", [](Operands& s) { Note(s, s.a / 2.0); });
 }
 
-TEST_F(DoubleArrayFailure, ResizePassesItOnAndKeepsTheArray) {
+TEST_F(DoubleArrayFailure, ResizeThrowsAndKeepsTheArray) {
   const auto resize = [](const char* name, int n, int keep) {
     ExpectOnFailure(
         {name, 1, Ending::kPasses}, MakeOperands, [=](Operands& s) { s.a.Resize(n, keep); },
@@ -102,7 +102,7 @@ TEST_F(DoubleArrayFailure, AssignmentToAnEmptyArrayCopiesNothing) {
   ExpectNoRequest("= of equal sizes", MakeOperands, [](Operands& s) { s.a = s.b; });
 }
 
-TEST_F(DoubleArrayFailure, AllocMemoryAnswersZeroWithTheSizeSet) {
+TEST_F(DoubleArrayFailure, AllocMemoryReturnsZeroWithTheSizeSet) {
   ExpectOnFailure(
       {"AllocMemory", 1, Ending::kSilent},
       [] {
@@ -116,8 +116,9 @@ TEST_F(DoubleArrayFailure, AllocMemoryAnswersZeroWithTheSizeSet) {
       [](auto& s) { return s.answer == 0 && s.a->size == 3 && !s.a->data; });
 }
 
-TEST_F(DoubleArrayFailure, ANullBlockIsStoredWhereAnExceptionKeepsTheOldOne) {
+TEST_F(DoubleArrayFailure, AllocMemoryStoresANullButKeepsTheOldBlockOnAnException) {
   for (const Failure how : {Failure::kBadAlloc, Failure::kMemoryException, Failure::kNull}) {
+    SCOPED_TRACE(::testing::Message() << how);
     OpenArray a;
     ASSERT_EQ(a.AllocMemory(3), 1);
     double* const held = a.data;
@@ -132,7 +133,7 @@ TEST_F(DoubleArrayFailure, ANullBlockIsStoredWhereAnExceptionKeepsTheOldOne) {
   }
 }
 
-TEST_F(DoubleArrayFailure, TextsStayAsTheyWere) {
+TEST_F(DoubleArrayFailure, TextsStayUnchanged) {
   struct State {
     CZEPHDoubleArray a = CZEPHDoubleArray(100, 1.0);
     CString text = "before";
@@ -148,7 +149,7 @@ TEST_F(DoubleArrayFailure, TextsStayAsTheyWere) {
       [](State& s) { s.a.Display(s.text, 10, 90); }, before);
 }
 
-TEST_F(DoubleArrayFailure, SortsSearchesAndNormsAskForNothing) {
+TEST_F(DoubleArrayFailure, SortsSearchesAndNormsAllocateNothing) {
   const auto none = [](const char* name, auto call) {
     for (const auto& order : Orders())
       ExpectNoRequest(

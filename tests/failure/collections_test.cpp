@@ -41,7 +41,7 @@ void ExpectStackStays(const char* name) {
   ExpectOnFailure({name, 1, Ending::kPasses, LosesNothing, kExceptions}, make, push, [](auto& s) {
     return s.stack.Pop() == &two && s.stack.Pop() == &one && !s.stack.m_pTop;
   });
-  // A null block drops the chain, as documented; it is restored here to be released.
+  // A null block loses the chain, as documented; it is restored here to be released.
   ExpectOnFailure({name, 1, Ending::kSilent, LosesNothing, {Failure::kNull}}, make, push,
                   [](auto& s) {
                     const bool dropped = !s.stack.m_pTop;
@@ -96,12 +96,12 @@ bool TextStays(const Text& s) {
 
 }  // namespace
 
-TEST_F(CollectionFailure, StacksStayAsTheyWere) {
+TEST_F(CollectionFailure, StacksStayUnchanged) {
   ExpectStackStays<CZEPHStack>("CZEPHStack::Push");
   ExpectStackStays<CZEPHPointerStack>("CZEPHPointerStack::Push");
 }
 
-TEST_F(CollectionFailure, ArraysStayAsTheyWere) {
+TEST_F(CollectionFailure, ArraysStayUnchanged) {
   ExpectArrayStays<CZEPHSortableObArray>("CZEPHSortableObArray");
   ExpectArrayStays<CObArray>("CObArray");
   ExpectArrayStays<CUIntArray>("CUIntArray");
@@ -110,7 +110,7 @@ TEST_F(CollectionFailure, ArraysStayAsTheyWere) {
   ExpectArrayStays<CZEPHWordArray>("CZEPHWordArray");
 }
 
-TEST_F(CollectionFailure, ListsStayAsTheyWere) {
+TEST_F(CollectionFailure, ListsStayUnchanged) {
   const auto pass = [](const char* name, auto call) {
     ExpectOnFailure(
         {name, 1, Ending::kPasses}, [] { return Listed(); }, call, ListStays);
@@ -121,7 +121,7 @@ TEST_F(CollectionFailure, ListsStayAsTheyWere) {
   pass("InsertBefore", [](Listed& s) { s.list->InsertBefore(s.list->GetHeadPosition(), &three); });
 }
 
-TEST_F(CollectionFailure, SortsOfCollectionsAskForNothing) {
+TEST_F(CollectionFailure, SortsOfCollectionsAllocateNothing) {
   static const auto compare = [](CObject* a, CObject* b) { return a < b ? -1 : a > b; };
   ExpectNoRequest(
       "list", [] { return Listed(); }, [](Listed& s) { s.list->Sort(compare); });
@@ -129,7 +129,7 @@ TEST_F(CollectionFailure, SortsOfCollectionsAskForNothing) {
       "array", [] { return Filled<CZEPHSortableObArray>(); }, [](auto& s) { s.a->Sort(compare); });
 }
 
-TEST_F(CollectionFailure, StringsKeepTheirTexts) {
+TEST_F(CollectionFailure, StringsKeepTheirText) {
   const auto pass = [](const char* name, auto call) {
     ExpectOnFailure(
         {name, 1, Ending::kPasses}, [] { return Text(); }, call, TextStays);
@@ -151,7 +151,7 @@ TEST_F(CollectionFailure, StringsKeepTheirTexts) {
       "move", [] { return Text(); }, [](Text& s) { CString moved(std::move(s.text)); });
 }
 
-TEST_F(CollectionFailure, TheAlgorithmKitLetsItPass) {
+TEST_F(CollectionFailure, AlgorithmsPropagateIt) {
   struct State {
     CString out;
     std::string letters = "abcd";
@@ -177,7 +177,7 @@ TEST_F(CollectionFailure, TheAlgorithmKitLetsItPass) {
       restored);
 }
 
-TEST_F(CollectionFailure, ReportsLetItPassAndLoseNothing) {
+TEST_F(CollectionFailure, ReportsPropagateItAndLeakNothing) {
   struct Stream {
     std::FILE* f = std::tmpfile();
     Stream() = default;
@@ -191,7 +191,7 @@ TEST_F(CollectionFailure, ReportsLetItPassAndLoseNothing) {
     ExpectOnFailure(
         {name, requests, Ending::kPasses}, [] { return Stream(); }, call, unbroken);
   };
-  CZEPHPointerStack::Test1(3, Stream().f);  // allocate what the first use keeps
+  CZEPHPointerStack::Test1(3, Stream().f);  // makes the allocations that the first use keeps
   // (A null item ends the stack report's popping: its own test shows it.)
   ExpectOnFailure(
       {"stack report", 6, Ending::kPasses, LosesNothing, kExceptions}, [] { return Stream(); },

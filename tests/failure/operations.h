@@ -93,7 +93,7 @@ bool RunWithFailure(const Expectation& want, long k, bool andAllAfter, Failure h
 /// their state is the documented one afterwards.
 template <class Make, class Call, class Check>
 void ExpectOnFailure(const Expectation& want, Make make, Call call, Check check) {
-  { [[maybe_unused]] auto first = make(); }  // allocate what the first use keeps
+  { [[maybe_unused]] auto first = make(); }  // makes the allocations that the first use keeps
   for (const Failure how : want.ways)
     for (const bool andAllAfter : {false, true}) {
       long k = 1;

@@ -125,23 +125,23 @@ void ExpectKeptMatrices() {
 
 }  // namespace
 
-TEST_F(RawBufferFailure, ArraysAreNullAndTheirSizeUntouched) {
+TEST_F(RawBufferFailure, ArraysAreNullAndTheByteCountUntouched) {
   ForEachElementType([](auto zero) { ExpectNullArrays<decltype(zero)>(); });
 }
 
-TEST_F(RawBufferFailure, ABlockThatCannotGrowStays) {
+TEST_F(RawBufferFailure, ABlockThatCannotGrowIsKept) {
   ForEachElementType([](auto zero) { ExpectKeptBlocks<decltype(zero)>(); });
 }
 
-TEST_F(RawBufferFailure, MatricesAreNullAndLoseTheRowsBeforeTheFailure) {
+TEST_F(RawBufferFailure, MatricesAreNullAndLeakTheRowsBeforeTheFailure) {
   ForEachElementType([](auto zero) { ExpectNullMatrices<decltype(zero)>(); });
 }
 
-TEST_F(RawBufferFailure, AMatrixThatCannotGrowStaysAndLosesTheNewRows) {
+TEST_F(RawBufferFailure, AMatrixThatCannotGrowIsKeptAndTheNewRowsLeak) {
   ForEachElementType([](auto zero) { ExpectKeptMatrices<decltype(zero)>(); });
 }
 
-TEST_F(RawBufferFailure, ListingsLeaveTheTextAsItWas) {
+TEST_F(RawBufferFailure, ListingsLeaveTheTextUnchanged) {
   struct State {
     std::vector<double> doubles = std::vector<double>(50, 1.0);
     std::vector<int> ints = std::vector<int>(50, 1);
@@ -159,7 +159,7 @@ TEST_F(RawBufferFailure, ListingsLeaveTheTextAsItWas) {
        [](State& s) { ZEPH_ArrayDisplay(s.text, s.doubles.data(), 1, 49, kName); });
 }
 
-TEST_F(RawBufferFailure, WorkOnWholeBuffersAsksForNothing) {
+TEST_F(RawBufferFailure, NormsMergesAndProductsAllocateNothing) {
   struct State {
     std::vector<double> a = std::vector<double>(400, 1.0), b = a, c = std::vector<double>(800);
     std::vector<double*> rows;

@@ -1,4 +1,4 @@
-// Shared work makes the same allocations as on one thread.
+// Parallel work makes the same allocations as work on one thread.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -31,7 +31,7 @@ void ExpectRequests(const char* what, long want, const std::function<void()>& ca
 
 }  // namespace
 
-TEST(SharedWork, TakesNoHeapOfItsOwn) {
+TEST(ParallelWork, AllocatesNoMoreThanSerialWork) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   constexpr int kElements = 1'000'000, kRows = 800;
   CZEPHDoubleArray a(kElements, 0.0), b(kElements, 1.5);

@@ -4,7 +4,7 @@
 
 #include "frame.h"
 
-TEST(ModuleObject, IsAnApplicationWithoutAName) {
+TEST(ModuleObject, IsAnApplicationObjectWithANullName) {
   const CZEPHDataStructureEngineApp app;
   EXPECT_EQ(app.m_pszAppName, nullptr);
   const CObject* object = &app;
@@ -15,11 +15,11 @@ TEST(ModuleObject, AddsNoFieldToItsBase) {
   EXPECT_EQ(sizeof(CZEPHDataStructureEngineApp), sizeof(CWinApp));
 }
 
-TEST(ModuleObject, CanBeMadeAndDestroyedBesideTheOneOfTheLibrary) {
+TEST(ModuleObject, CanBeConstructedBesideTheLibrarysOwn) {
   for (int i = 0; i < 3; ++i) delete static_cast<CObject*>(new CZEPHDataStructureEngineApp);
 }
 
-TEST(ModuleObject, StandsForOneModuleAndIsNotCopied) {
+TEST(ModuleObject, IsNotCopyable) {
   EXPECT_FALSE(std::is_copy_constructible_v<CZEPHDataStructureEngineApp>);
   EXPECT_FALSE(std::is_copy_assignable_v<CZEPHDataStructureEngineApp>);
 }

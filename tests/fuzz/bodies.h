@@ -20,7 +20,8 @@ namespace zeph::test {
 
 using FuzzBody = int(const unsigned char*, std::size_t);
 
-/// Those that several threads may run at once: ZephFuzz_forms changes the kernels of all.
+/// Those that several threads may run at once. ZephFuzz_forms is none of them: it changes the
+/// kernels for all.
 constexpr FuzzBody* kFuzzBodies[] = {
     ZephFuzz_containers, ZephFuzz_double_array, ZephFuzz_extractors, ZephFuzz_graphics,
     ZephFuzz_matrices,   ZephFuzz_raw_buffers,  ZephFuzz_sorts,      ZephFuzz_texts};

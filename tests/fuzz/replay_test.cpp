@@ -14,7 +14,7 @@
 
 namespace {
 
-/// Every file of the target's folder; none is a failure.
+/// Every file of the target's folder; an empty folder is a failure.
 void Replay(const std::string& target, zeph::test::FuzzBody* body) {
   std::vector<std::filesystem::path> files;
   for (const auto& entry : std::filesystem::directory_iterator(ZEPH_FUZZ_CORPUS "/" + target))
@@ -26,7 +26,7 @@ void Replay(const std::string& target, zeph::test::FuzzBody* body) {
     ASSERT_TRUE(file) << path;
     const std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     zeph::fuzz::CurrentInput() = path.string();
-    EXPECT_EQ(body(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size()), 0);
+    EXPECT_EQ(body(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size()), 0) << path;
   }
   zeph::fuzz::CurrentInput().clear();
 }
@@ -38,12 +38,12 @@ void Replay(const std::string& target, zeph::test::FuzzBody* body) {
   TEST(FuzzReplay, sentence) {          \
     Replay(#target, ZephFuzz_##target); \
   }
-ZEPH_REPLAY(containers, CollectionsFollowTheStandardContainers)
-ZEPH_REPLAY(double_array, CallSequencesFollowAVector)
-ZEPH_REPLAY(extractors, ExtractorsTakeAnyText)
-ZEPH_REPLAY(forms, EveryFormLeavesTheSameBits)
-ZEPH_REPLAY(graphics, FloatArithmeticFollowsPlainArrays)
-ZEPH_REPLAY(matrices, MatricesFollowRowsOfNumbers)
+ZEPH_REPLAY(containers, CollectionsMatchTheStandardContainers)
+ZEPH_REPLAY(double_array, DoubleArraysMatchAVector)
+ZEPH_REPLAY(extractors, ExtractorsAcceptAnyText)
+ZEPH_REPLAY(forms, EveryFormGivesTheSameBits)
+ZEPH_REPLAY(graphics, FloatArithmeticMatchesPlainArrays)
+ZEPH_REPLAY(matrices, MatricesMatchRowsOfNumbers)
 ZEPH_REPLAY(raw_buffers, RawBlocksLiveAndDieAsDocumented)
-ZEPH_REPLAY(sorts, SortsFollowTheirSteps)
-ZEPH_REPLAY(texts, TextsFollowTheRuntime)
+ZEPH_REPLAY(sorts, SortsMatchTheirSteps)
+ZEPH_REPLAY(texts, TextsMatchTheRuntime)

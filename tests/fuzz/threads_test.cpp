@@ -129,7 +129,7 @@ class Mixture {
   std::uint64_t digest_ = 0xCBF29CE484222325u;
 };
 
-TEST(Threads, TenThousandMixedOperationsEachGiveWhatOneThreadGives) {
+TEST(Threads, GiveTheResultsOfOneThreadInTenThousandMixedOperationsEach) {
   constexpr int kOperations = 10'000;
   std::uint64_t together[kThreads], alone[kThreads];
   std::vector<std::thread> threads;
@@ -140,7 +140,7 @@ TEST(Threads, TenThousandMixedOperationsEachGiveWhatOneThreadGives) {
   for (int i = 0; i < kThreads; ++i) EXPECT_EQ(together[i], alone[i]) << "thread " << i;
 }
 
-TEST(Threads, WithObjectsOfTheirOwnSurviveEveryFuzzBody) {
+TEST(Threads, RunEveryFuzzTargetOnObjectsOfTheirOwn) {
   std::vector<std::thread> threads;
   for (int i = 0; i < kThreads; ++i) threads.emplace_back(RunAll, static_cast<std::uint64_t>(i));
   for (auto& thread : threads) thread.join();

@@ -49,7 +49,19 @@ TEST(HardenedGraphics, StopsAtNullRecords) {
   EXPECT_STOP("ZEPH_ScaleVector: v is null", ZEPH_ScaleVector(Null<CZEPHVector3S>(), 2.0f));
 }
 
-TEST(HardenedGraphics, LetsEverythingDocumentedPass) {
+TEST(HardenedGraphics, StopsAtEveryNullRecordOfEveryFunction) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  CZEPHVector3S a, b;
+  CZEPHVector3S* const none = Null<CZEPHVector3S>();
+  EXPECT_STOP_OF("ZEPH_AddVectors: a is null", [&] { ZEPH_AddVectors(none, &b, &a); });
+  EXPECT_STOP_OF("ZEPH_AddVectors: out is null", [&] { ZEPH_AddVectors(&a, &b, none); });
+  EXPECT_STOP_OF("ZEPH_CopyVector: destination is null", [&] { ZEPH_CopyVector(none, &b); });
+  EXPECT_STOP_OF("ZEPH_CrossVectors: a is null", [&] { ZEPH_CrossVectors(none, &b, &a); });
+  EXPECT_STOP_OF("ZEPH_CrossVectors: b is null", [&] { ZEPH_CrossVectors(&a, none, &b); });
+  EXPECT_STOP_OF("ZEPH_DotVectors: b is null", [&] { ZEPH_DotVectors(&a, none); });
+}
+
+TEST(HardenedGraphics, AllowsEverythingDocumented) {
   ZEPH_SKIP_UNLESS_HARDENED();
   {  // indices
     CZEPHMatrix4x4 m;
@@ -63,4 +75,30 @@ TEST(HardenedGraphics, LetsEverythingDocumentedPass) {
     Use(CZEPHVector3D(p));
     Use(CZEPHMatrix4x4(p));
   }
+}
+
+namespace {
+CZEPHVector3S record;
+}
+
+TEST(HardenedGraphics, StopsAtEachNullRecord) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  EXPECT_STOP("ZEPH_AddVectors: a is null",
+              ZEPH_AddVectors(Null<CZEPHVector3S>(), &record, &record));
+  EXPECT_STOP("ZEPH_AddVectors: b is null",
+              ZEPH_AddVectors(&record, Null<CZEPHVector3S>(), &record));
+  EXPECT_STOP("ZEPH_AddVectors: out is null",
+              ZEPH_AddVectors(&record, &record, Null<CZEPHVector3S>()));
+  EXPECT_STOP("ZEPH_CopyVector: destination is null",
+              ZEPH_CopyVector(Null<CZEPHVector3S>(), &record));
+  EXPECT_STOP("ZEPH_CopyVector: source is null", ZEPH_CopyVector(&record, Null<CZEPHVector3S>()));
+  EXPECT_STOP("ZEPH_CrossVectors: a is null",
+              ZEPH_CrossVectors(Null<CZEPHVector3S>(), &record, &record));
+  EXPECT_STOP("ZEPH_CrossVectors: b is null",
+              ZEPH_CrossVectors(&record, Null<CZEPHVector3S>(), &record));
+  EXPECT_STOP("ZEPH_CrossVectors: out is null",
+              ZEPH_CrossVectors(&record, &record, Null<CZEPHVector3S>()));
+  EXPECT_STOP("ZEPH_DotVectors: a is null", ZEPH_DotVectors(Null<CZEPHVector3S>(), &record));
+  EXPECT_STOP("ZEPH_DotVectors: b is null", ZEPH_DotVectors(&record, Null<CZEPHVector3S>()));
+  EXPECT_STOP("ZEPH_ScaleVector: v is null", ZEPH_ScaleVector(Null<CZEPHVector3S>(), 2.0f));
 }

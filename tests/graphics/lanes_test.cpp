@@ -1,4 +1,4 @@
-// The form of the lanes that this processor uses against the plain one.
+// The form of the lanes that this processor uses against the portable one.
 #include "graphics/lanes.h"
 
 #include <gtest/gtest.h>
@@ -42,7 +42,7 @@ static std::vector<oracle::Vector> Arithmetic(const float* p) {
   return {Array(a + b), Array(a - b), Array(a * b)};
 }
 
-TEST(Lanes, MoveAndComputeAsThePlainFormDoes) {
+TEST(Lanes, MoveAndComputeAsThePortableFormDoes) {
   ForEachCase(kCases, 81, [](Random& random) {
     float p[8];
     for (float& x : p) x = AnyFloat(random, random.Below(2) == 0);
@@ -77,7 +77,7 @@ static std::vector<CZEPHMatrix4x4> Results(const float* a, const float* b) {
           Stored(Columns<L>::Load(a).Transposed())};
 }
 
-TEST(Lanes, MultiplyAndInvertMatricesAsThePlainFormDoes) {
+TEST(Lanes, MultiplyAndInvertMatricesAsThePortableFormDoes) {
   ForEachCase(kCases, 82, [](Random& random) {
     const CZEPHMatrix4x4 a = AnyMatrix(random), b = AnyMatrix(random);
     const auto got = Results<Lanes>(a.entries, b.entries);

@@ -8,7 +8,7 @@ using namespace zeph::test;
 
 const std::size_t kCases = Scaled(300'000);
 
-TEST(MatrixProduct, TakesTheDocumentedPathInTheDocumentedOrder) {
+TEST(MatrixProduct, FollowsTheDocumentedPathInTheDocumentedOrder) {
   ForEachCase(kCases, 51, [](Random& random) {
     const CZEPHMatrix4x4 a = AnyMatrix(random), b = AnyMatrix(random);
     const oracle::Matrix want = oracle::Product(Array(a), Array(b));
@@ -19,7 +19,7 @@ TEST(MatrixProduct, TakesTheDocumentedPathInTheDocumentedOrder) {
   });
 }
 
-TEST(MatrixProduct, TheGeneratedFactorsMeetAllFourPathsManyTimes) {
+TEST(MatrixProduct, TheGeneratedFactorsReachAllFourPathsManyTimes) {
   std::size_t met[4] = {};
   ForEachCase(kCases, 51, [&met](Random& random) {
     const oracle::Matrix a = Array(AnyMatrix(random)), b = Array(AnyMatrix(random));
@@ -49,7 +49,7 @@ TEST(MatrixProduct, OfTwoAffineFactorsIsAffineEvenAroundNaN) {
   EXPECT_SAME_BITS(r.entries[15], 1.0f);
 }
 
-TEST(MatrixProduct, DroppedTermsKeepInfinityFromMeetingZero) {
+TEST(MatrixProduct, SkipsTermsThatWouldMultiplyInfinityByZero) {
   CZEPHMatrix4x4 infinite, affine;
   infinite.entries[12] = kInfinityF;
   affine.entries[13] = 2;
@@ -67,10 +67,10 @@ TEST(MatrixProduct, AnAffineFirstFactorCopiesTheBottomRowOfTheSecond) {
   const float row[] = {FromBits<float>(0x7FC01234u), -0.0f, kInfinityF, 7};
   for (int j = 0; j < 4; ++j) other.entries[4 * j + 3] = row[j];
   const CZEPHMatrix4x4 r = affine * other;
-  for (int j = 0; j < 4; ++j) EXPECT_SAME_BITS(r.entries[4 * j + 3], row[j]);
+  for (int j = 0; j < 4; ++j) EXPECT_SAME_BITS(r.entries[4 * j + 3], row[j]) << "j " << j;
 }
 
-TEST(MatrixProduct, ABottomRowIsAffineToTheBitOnly) {
+TEST(MatrixProduct, IsAffineOnlyWithAnExactBottomRow) {
   const float denormal = std::numeric_limits<float>::denorm_min();
   CZEPHMatrix4x4 m;
   EXPECT_TRUE(zeph::graphics::IsAffine(m.entries));
@@ -78,15 +78,15 @@ TEST(MatrixProduct, ABottomRowIsAffineToTheBitOnly) {
     for (const float x : {denormal, -denormal, kNaNF, kInfinityF, 1.0f}) {
       m.LoadIdentity();
       m.entries[at] = -0.0f;
-      EXPECT_TRUE(zeph::graphics::IsAffine(m.entries));
+      EXPECT_TRUE(zeph::graphics::IsAffine(m.entries)) << "at " << at << ", x " << x;
       m.entries[at] = x;
-      EXPECT_FALSE(zeph::graphics::IsAffine(m.entries));
+      EXPECT_FALSE(zeph::graphics::IsAffine(m.entries)) << "at " << at << ", x " << x;
     }
   m.LoadIdentity();
   for (const float x :
        {0.0f, -1.0f, std::nextafter(1.0f, 0.0f), std::nextafter(1.0f, 2.0f), kNaNF}) {
     m.entries[15] = x;
-    EXPECT_FALSE(zeph::graphics::IsAffine(m.entries));
+    EXPECT_FALSE(zeph::graphics::IsAffine(m.entries)) << "x " << x;
   }
 }
 
@@ -102,7 +102,7 @@ TEST(MatrixProduct, AVectorIsTransformedInTheDocumentedOrder) {
   });
 }
 
-TEST(MatrixProduct, TranslationMovesPointsAndNotDirections) {
+TEST(MatrixProduct, TranslationMovesPointsButNotDirections) {
   CZEPHMatrix4x4 m;
   m.SetTranslation(CZEPHVector3D(1, 2, 3));
   EXPECT_TRUE(Same(m * CZEPHVector4D(0, 0, 0, 1), {1, 2, 3, 1}));
@@ -111,7 +111,7 @@ TEST(MatrixProduct, TranslationMovesPointsAndNotDirections) {
   EXPECT_TRUE(Same(m.GetColumn(3), {1, 2, 3, 1}));
 }
 
-TEST(MatrixProduct, PartsTransformAVectorInTheDocumentedOrder) {
+TEST(MatrixProduct, RotationAndTranslationPartsKeepTheDocumentedOrder) {
   ForEachCase(kCases, 54, [](Random& random) {
     const CZEPHMatrix4x4 m = AnyMatrix(random);
     const auto v = AnyVector<CZEPHVector3D>(random);

@@ -13,7 +13,7 @@ static double RoundedToFloat(double x) {
   return rounded;
 }
 
-TEST(Rounding, ADoubleStoredInAComponentComesBackRounded) {
+TEST(Rounding, ADoubleStoredInAComponentIsRoundedToFloat) {
   const auto in = Moderate<double>(1000, 91);
   std::vector<double> vector(in.size()), matrix(in.size()), record(in.size());
   for (std::size_t i = 0; i < in.size(); ++i) {
@@ -32,13 +32,13 @@ TEST(Rounding, ADoubleStoredInAComponentComesBackRounded) {
     record[i] = s.x;
   }
   for (std::size_t i = 0; i < in.size(); ++i) {
-    EXPECT_SAME_BITS(vector[i], RoundedToFloat(in[i]));
-    EXPECT_SAME_BITS(matrix[i], RoundedToFloat(in[i]));
-    EXPECT_SAME_BITS(record[i], RoundedToFloat(in[i]));
+    EXPECT_SAME_BITS(vector[i], RoundedToFloat(in[i])) << "i " << i;
+    EXPECT_SAME_BITS(matrix[i], RoundedToFloat(in[i])) << "i " << i;
+    EXPECT_SAME_BITS(record[i], RoundedToFloat(in[i])) << "i " << i;
   }
 }
 
-TEST(Rounding, SineAndCosineAreRoundedBeforeTheyAreWidened) {
+TEST(Rounding, SineAndCosineAreRoundedToFloatBeforeUse) {
   const auto angles = Moderate<double>(1000, 92, -720, 720);
   std::vector<double> sines(angles.size()), cosines(angles.size());
   for (std::size_t i = 0; i < angles.size(); ++i) {
@@ -47,12 +47,12 @@ TEST(Rounding, SineAndCosineAreRoundedBeforeTheyAreWidened) {
     sines[i] = v.y;
   }
   for (std::size_t i = 0; i < angles.size(); ++i) {
-    EXPECT_SAME_BITS(sines[i], RoundedToFloat(oracle::SineInDouble(angles[i])));
-    EXPECT_SAME_BITS(cosines[i], RoundedToFloat(oracle::CosineInDouble(angles[i])));
+    EXPECT_SAME_BITS(sines[i], RoundedToFloat(oracle::SineInDouble(angles[i]))) << "i " << i;
+    EXPECT_SAME_BITS(cosines[i], RoundedToFloat(oracle::CosineInDouble(angles[i]))) << "i " << i;
   }
 }
 
-TEST(Rounding, AnglesFromComponentsAreTheWidenedFloats) {
+TEST(Rounding, AnglesFromComponentsAreWidenedFloats) {
   const auto angles = Moderate<double>(3000, 93, -360, 360);
   for (std::size_t i = 0; i + 2 < angles.size(); i += 3) {
     CZEPHMatrix4x4 m;
@@ -61,6 +61,7 @@ TEST(Rounding, AnglesFromComponentsAreTheWidenedFloats) {
                                          static_cast<float>(angles[i + 2])));
     EXPECT_TRUE(
         Same(m, oracle::WithEuler(oracle::Identity(), RoundedToFloat(angles[i]),
-                                  RoundedToFloat(angles[i + 1]), RoundedToFloat(angles[i + 2]))));
+                                  RoundedToFloat(angles[i + 1]), RoundedToFloat(angles[i + 2]))))
+        << "i " << i;
   }
 }

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <string>
 #include <utility>
@@ -89,6 +90,16 @@ class DrawnOperands {
   std::vector<std::pair<const char*, std::size_t>> names_;
   std::vector<double> values_;
 };
+
+/// Where twice a number, its square, or the sum of two overflow or become denormal, or just do not.
+inline float EdgeFloat(Random& random) {
+  static const float kMantissas[] = {1.0f, 1.0f + std::numeric_limits<float>::epsilon(), 1.0005f,
+                                     1.5f, 2.0f - std::numeric_limits<float>::epsilon()};
+  static const int kExponents[] = {127, 126, 125,  64,   63,   62,  -63,
+                                   -64, -75, -125, -126, -127, -149};
+  const float x = std::ldexp(kMantissas[random.Below(5)], kExponents[random.Below(13)]);
+  return random.Below(2) ? x : -x;
+}
 
 /// Mostly moderate, sometimes awkward: special values one at a time and all at once.
 inline float AnyFloatUnnoted(Random& random, bool awkward) {
@@ -180,6 +191,20 @@ void ForEachCase(std::size_t cases, std::uint64_t seed, Body body) {
 template <class Body>
 void ForEachCase(std::uint64_t seed, Body body) {
   ForEachCase(Scaled(100'000), seed, body);
+}
+
+/// What + and - of two vectors, and * by a number, give: each component by itself.
+struct Componentwise {
+  oracle::Vector sum, difference, scaled;
+};
+inline Componentwise ByComponents(const oracle::Vector& a, const oracle::Vector& b, float s) {
+  Componentwise results = {a, a, a};
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    results.sum[i] = oracle::Add(a[i], b[i]);
+    results.difference[i] = oracle::Sub(a[i], b[i]);
+    results.scaled[i] = oracle::Mul(a[i], s);
+  }
+  return results;
 }
 
 }  // namespace zeph::test

@@ -15,7 +15,7 @@ static void CheckLengths(Random& random) {
   const oracle::Vector want = oracle::Normalized(Array(v));
   v.Normalize();
   EXPECT_TRUE(Same(v, want));
-  // What is normalised already is near length 1, where the rounded length decides.
+  // A vector that is already normalised has a length near 1, where the rounded length decides.
   EXPECT_TRUE(Same(v.GetNormalized(), oracle::Normalized(want)));
 }
 
@@ -26,7 +26,7 @@ TEST(VectorGeometry, LengthsAndNormalisationKeepTheirOrderOfRounding) {
   });
 }
 
-TEST(VectorGeometry, ZeroAndUnitVectorsAreNotTouchedByNormalisation) {
+TEST(VectorGeometry, NormalisationLeavesZeroAndUnitVectorsUnchanged) {
   CZEPHVector3D zero(-0.0f, 0, 0), unit(1, 0, 0);
   const CZEPHVector3D wasZero = zero, wasUnit = unit;
   zero.Normalize(), unit.Normalize();
@@ -54,7 +54,7 @@ TEST(VectorGeometry, InterpolationsKeepTheirOrderOfRounding) {
   });
 }
 
-TEST(VectorGeometry, InterpolationsMeetTheirEnds) {
+TEST(VectorGeometry, InterpolationsReachTheirEndPoints) {
   const CZEPHVector3D a(1, 2, 3), b(5, -7, 9), c(4, 4, 4);
   EXPECT_EQ(a.LinearInterpolate(b, 0), a);
   EXPECT_EQ(a.LinearInterpolate(b, 1), b);
@@ -83,7 +83,7 @@ TEST(VectorGeometry, ADotProductRoundsLeftToRight) {
   EXPECT_EQ(four.DotProduct(CZEPHVector4D(1, 1, 1, 1)), 16777216.0f);
 }
 
-TEST(VectorGeometry, AddAndSubtractStoreElsewhereOrInTheOperands) {
+TEST(VectorGeometry, AddAndSubtractMayStoreIntoAnOperand) {
   CZEPHVector3D a(1, 2, 3), b(10, 20, 30), result;
   a.Add(b, result);
   EXPECT_TRUE(Same(result, {11, 22, 33}));
@@ -94,6 +94,26 @@ TEST(VectorGeometry, AddAndSubtractStoreElsewhereOrInTheOperands) {
   EXPECT_TRUE(Same(b, {11, 22, 33}));
   a.Subtract(b, a);
   EXPECT_TRUE(Same(a, {-10, -20, -30}));
+}
+
+TEST(VectorGeometry, OperandsMayBeTheSameVector) {
+  ForEachCase(Scaled(2'000), 16, [](Random& random) {
+    const auto v = AnyVector<CZEPHVector3D>(random), other = AnyVector<CZEPHVector3D>(random);
+    const CZEPHVector3D same(v);
+    CZEPHVector3D a(v), b(v), c(v), d(v);
+    a.Add(a, a), b.Subtract(b, b), c.Add(other, c), d.Subtract(other, d);
+    EXPECT_TRUE(Same(a, Array(same + v)));
+    EXPECT_TRUE(Same(b, Array(same - v)));
+    EXPECT_TRUE(Same(c, Array(v + other)));
+    EXPECT_TRUE(Same(d, Array(v - other)));
+    CZEPHVector3D e(other), f(other);
+    CZEPHVector3D(v).Add(e, e), CZEPHVector3D(v).Subtract(f, f);
+    EXPECT_TRUE(Same(e, Array(v + other)));
+    EXPECT_TRUE(Same(f, Array(v - other)));
+    EXPECT_TRUE(Same(v.CrossProduct(v), oracle::Cross(Array(v), Array(v))));
+    EXPECT_SAME_VALUE(v.DotProduct(v), oracle::Dot(Array(v), Array(v)));
+    EXPECT_TRUE(Same(v.LinearInterpolate(v, v.x), oracle::Linear(Array(v), Array(v), v.x)));
+  });
 }
 
 TEST(VectorGeometry, PackingMapsDirectionsIntoTheUnitCube) {
@@ -120,7 +140,7 @@ TEST(VectorGeometry, ProjectionDividesUnlessWIsZeroOrOne) {
   });
 }
 
-TEST(VectorGeometry, ProjectionIsReachedByEveryKindOfInitialisation) {
+TEST(VectorGeometry, EveryKindOfInitialisationProjects) {
   CZEPHVector4D v(2, 4, 6, 2);
   const CZEPHVector4D constant = v;
   const CZEPHVector3D copied = v;
@@ -133,7 +153,7 @@ TEST(VectorGeometry, ProjectionIsReachedByEveryKindOfInitialisation) {
   EXPECT_TRUE(Same(assigned, {1, 2, 3}));
 }
 
-TEST(VectorGeometry, AConstantOfFourComponentsIsReadAsAnArrayFromItsFirstByte) {
+TEST(VectorGeometry, AConstVector4DIsReadAsAnArrayFromItsFirstByte) {
   const CZEPHVector4D constant(2, 4, 6, 2);
   const CZEPHVector3D p(constant);
   EXPECT_EQ(std::memcmp(&p.x, static_cast<const void*>(&constant), sizeof(float[3])), 0);

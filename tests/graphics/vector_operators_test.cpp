@@ -2,6 +2,7 @@
 
 #include "graphics/values.h"
 #include "support/not_finite.h"
+#include "support/other_bytes.h"
 
 using namespace zeph::test;
 
@@ -22,7 +23,7 @@ static void ForEachPair(std::uint64_t seed, Check check) {
   }
 }
 
-TYPED_TEST(FloatVector, IsPolymorphicWithTheComponentsRightAfterTheTablePointer) {
+TYPED_TEST(FloatVector, IsPolymorphicWithItsComponentsRightAfterTheVtablePointer) {
   using V = TypeParam;
   EXPECT_TRUE(std::is_polymorphic_v<V>);
   EXPECT_TRUE(std::has_virtual_destructor_v<V>);
@@ -50,15 +51,75 @@ TYPED_TEST(FloatVector, StartsAtZeroAndCopiesEveryBit) {
   });
 }
 
+TYPED_TEST(FloatVector, InitialisesEveryComponentInDirtyMemory) {
+  using V = TypeParam;
+  OverOtherBytes<V> zero;
+  EXPECT_TRUE(SameBits(Array(*zero), oracle::Vector(Array(V()).size(), 0.0f)));
+  static const V from = [] {
+    V v;
+    for (std::size_t i = 0; i < Array(v).size(); ++i) (&v.x)[i] = static_cast<float>(i + 1);
+    return v;
+  }();
+  OverOtherBytes<V> copy(+[](void* place) { return new (place) V(from); });
+  EXPECT_TRUE(Moved(*copy, from));
+}
+
+TYPED_TEST(FloatVector, MayBeItsOwnOperandOrScaledByItsOwnComponent) {
+  using V = TypeParam;
+  ForEachCase(Scaled(2'000), 6, [](Random& random) {
+    const V a = AnyVector<V>(random), same(a);
+    for (std::size_t at = 0; at < Array(a).size(); ++at) {
+      V sum(a), difference(a), scaled(a), divided(a);
+      sum += sum;
+      difference -= *&difference;
+      scaled *= (&scaled.x)[at];
+      divided /= (&divided.x)[at];
+      const float s = Array(a)[at];
+      EXPECT_TRUE(Same(sum, Array(same + a)));
+      EXPECT_TRUE(Same(difference, Array(same - a)));
+      EXPECT_TRUE(Same(scaled, Array(same * s)));
+      EXPECT_TRUE(Same(divided, s == 0.0f ? Array(a) : oracle::Divided(Array(a), s)));
+    }
+  });
+}
+
+TYPED_TEST(FloatVector, DiffersIfAnySingleComponentDiffers) {
+  using V = TypeParam;
+  for (std::size_t at = 0; at < Array(V()).size(); ++at) {
+    V a, b;
+    for (std::size_t i = 0; i < Array(a).size(); ++i) (&a.x)[i] = (&b.x)[i] = 1.5f;
+    EXPECT_EQ(a == b, 1);
+    EXPECT_EQ(a != b, 0);
+    for (const float other :
+         {std::nextafter(1.5f, 2.0f), std::nextafter(1.5f, 1.0f), -1.5f, kNaNF}) {
+      (&b.x)[at] = other;
+      EXPECT_EQ(a == b, 0) << at;
+      EXPECT_EQ(a != b, 1) << at;
+    }
+    (&a.x)[at] = kNaNF;
+    EXPECT_EQ(a == a, 0) << at;
+    EXPECT_EQ(a != a, 1) << at;
+    (&a.x)[at] = 0.0f, (&b.x)[at] = -0.0f;
+    EXPECT_EQ(a == b, 1) << at;
+  }
+}
+
+TYPED_TEST(FloatVector, AssignmentWritesItsComponentsOnly) {
+  using V = TypeParam;
+  for (std::size_t at = 0; at < Array(V()).size(); ++at) {
+    V from, to;
+    for (std::size_t i = 0; i < Array(from).size(); ++i)
+      (&from.x)[i] = FromBits<float>(0x7FC00100u + static_cast<unsigned>(i));
+    (&from.x)[at] = -0.0f;
+    to = from;
+    EXPECT_TRUE(Moved(to, from));
+  }
+}
+
 TYPED_TEST(FloatVector, AddsSubtractsAndScalesComponentByComponent) {
   using V = TypeParam;
   ForEachPair<V>(2, [](const V& a, const V& b, float s) {
-    oracle::Vector sum = Array(a), difference = sum, scaled = sum;
-    for (std::size_t i = 0; i < sum.size(); ++i) {
-      sum[i] = oracle::Add(Array(a)[i], Array(b)[i]);
-      difference[i] = oracle::Sub(Array(a)[i], Array(b)[i]);
-      scaled[i] = oracle::Mul(Array(a)[i], s);
-    }
+    const auto [sum, difference, scaled] = ByComponents(Array(a), Array(b), s);
     EXPECT_TRUE(Same(a + b, sum));
     EXPECT_TRUE(Same(a - b, difference));
     EXPECT_TRUE(Same(a * s, scaled));
@@ -75,7 +136,7 @@ TYPED_TEST(FloatVector, AddsSubtractsAndScalesComponentByComponent) {
   });
 }
 
-TYPED_TEST(FloatVector, DividesEachComponentTrulyAndGuardsZero) {
+TYPED_TEST(FloatVector, DividesEachComponentWithoutAReciprocal) {
   using V = TypeParam;
   ForEachPair<V>(3, [](const V& a, const V&, float s) {
     EXPECT_TRUE(Same(a / s, oracle::Divided(Array(a), s)));
@@ -85,15 +146,15 @@ TYPED_TEST(FloatVector, DividesEachComponentTrulyAndGuardsZero) {
   });
 }
 
-TYPED_TEST(FloatVector, DividedByEitherZeroIsTheZeroVectorButStaysInPlace) {
+TYPED_TEST(FloatVector, DividedByZeroIsTheZeroVectorButUnchangedInPlace) {
   using V = TypeParam;
   for (const float zero : {0.0f, -0.0f}) {
     V v;
     v.x = -1, v.y = kNaNF;
-    EXPECT_TRUE(Moved(v / zero, V()));
+    EXPECT_TRUE(Moved(v / zero, V())) << "zero " << zero;
     V kept = v;
     kept /= zero;
-    EXPECT_TRUE(Moved(kept, v));
+    EXPECT_TRUE(Moved(kept, v)) << "zero " << zero;
   }
   V v;
   v.x = 1;
@@ -138,7 +199,7 @@ TYPED_TEST(FloatVector, ConvertsToItsOwnAddressNotToItsFirstComponent) {
   EXPECT_NE(constant.operator const float*(), &v.x);
 }
 
-TYPED_TEST(FloatVector, AccessorsReachTheirOwnComponent) {
+TYPED_TEST(FloatVector, EachAccessorReachesItsComponent) {
   using V = TypeParam;
   V v;
   v.SetX(1), v.SetY(2);
@@ -181,9 +242,88 @@ TEST(FloatVectors, AreBuiltFromComponentsInOrder) {
   EXPECT_TRUE(Same(four, {1, 2, 3, 4}));
 }
 
-TEST(FloatVectors, TheTwoDimensionalArrayConstructorReadsOneElementAndAddsOne) {
+TEST(FloatVectors, SettersLeaveTheOtherComponentsAlone) {
+  CZEPHVector2D two(1, 2);
+  two.SetX(7);
+  EXPECT_TRUE(Same(two, {7, 2}));
+  two.SetY(8);
+  EXPECT_TRUE(Same(two, {7, 8}));
+  CZEPHVector3D three(1, 2, 3);
+  three.SetX(7);
+  EXPECT_TRUE(Same(three, {7, 2, 3}));
+  three.SetY(8);
+  EXPECT_TRUE(Same(three, {7, 8, 3}));
+  three.SetZ(9);
+  EXPECT_TRUE(Same(three, {7, 8, 9}));
+  CZEPHVector4D four(1, 2, 3, 4);
+  four.SetX(7);
+  EXPECT_TRUE(Same(four, {7, 2, 3, 4}));
+  four.SetY(8);
+  EXPECT_TRUE(Same(four, {7, 8, 3, 4}));
+  four.SetZ(9);
+  EXPECT_TRUE(Same(four, {7, 8, 9, 4}));
+  four.SetW(6);
+  EXPECT_TRUE(Same(four, {7, 8, 9, 6}));
+  EXPECT_TRUE(
+      Same(CZEPHVector4D(four.GetW(), four.GetZ(), four.GetY(), four.GetX()), {6, 9, 8, 7}));
+}
+
+TEST(FloatVectors, TheVector2DArrayConstructorReadsOneElementAndAddsOneForTheSecond) {
   const float p[] = {3, 7};
   EXPECT_TRUE(Same(CZEPHVector2D(p), {3, 4}));
   const float only = 0.1f;
   EXPECT_TRUE(Same(CZEPHVector2D(&only), {0.1f, oracle::Add(0.1f, 1.0f)}));
+}
+
+namespace {
+
+/// Sets component `at` alone.
+void SetAlone(CZEPHVector2D& v, std::size_t at, float x) {
+  at == 0 ? v.SetX(x) : v.SetY(x);
+}
+void SetAlone(CZEPHVector3D& v, std::size_t at, float x) {
+  at == 0 ? v.SetX(x) : at == 1 ? v.SetY(x) : v.SetZ(x);
+}
+void SetAlone(CZEPHVector4D& v, std::size_t at, float x) {
+  at == 0 ? v.SetX(x) : at == 1 ? v.SetY(x) : at == 2 ? v.SetZ(x) : v.SetW(x);
+}
+void SetAll(CZEPHVector2D& v, const float* x) {
+  v.Set(x[0], x[1]);
+}
+void SetAll(CZEPHVector3D& v, const float* x) {
+  v.Set(x[0], x[1], x[2]);
+}
+void SetAll(CZEPHVector4D& v, const float* x) {
+  v.Set(x[0], x[1], x[2], x[3]);
+}
+oracle::Vector Got(const CZEPHVector2D& v) {
+  return {v.GetX(), v.GetY()};
+}
+oracle::Vector Got(const CZEPHVector3D& v) {
+  return {v.GetX(), v.GetY(), v.GetZ()};
+}
+oracle::Vector Got(const CZEPHVector4D& v) {
+  return {v.GetX(), v.GetY(), v.GetZ(), v.GetW()};
+}
+
+}  // namespace
+
+TYPED_TEST(FloatVector, GettersAndSettersMoveEveryBit) {
+  using V = TypeParam;
+  const std::size_t n = Array(V()).size();
+  const std::vector<float> special = {
+      0.0f, -0.0f, kInfinityF, -kInfinityF, FromBits<float>(0xFFC01234u), FromBits<float>(1u),
+      1.5f};
+  for (std::size_t at = 0; at < n; ++at)
+    for (const float kept : special)
+      for (const float set : special) {
+        V v;
+        oracle::Vector want(n, kept);
+        SetAll(v, want.data());
+        EXPECT_TRUE(SameBits(Array(v), want));
+        SetAlone(v, at, set);
+        want[at] = set;
+        EXPECT_TRUE(SameBits(Array(v), want));
+        EXPECT_TRUE(SameBits(Got(v), want));
+      }
 }

@@ -31,7 +31,7 @@ TEST(VectorRotations, AboutAnAxisKeepTheirOrderOfRounding) {
   });
 }
 
-TEST(VectorRotations, TheMatrixAboutAnAxisTurnsAVectorToTheSameBits) {
+TEST(VectorRotations, TheMatrixAboutAnAxisRotatesAVectorToTheSameBits) {
   ForEachTurn(23, [](const CZEPHVector3D& v, double angle, const CZEPHVector3D& axis, Random&) {
     CZEPHMatrix4x4 m;
     m.SetRotationAxis(angle, axis);
@@ -40,7 +40,7 @@ TEST(VectorRotations, TheMatrixAboutAnAxisTurnsAVectorToTheSameBits) {
   });
 }
 
-TEST(VectorRotations, InPlaceFormsBecomeWhatTheOthersReturn) {
+TEST(VectorRotations, InPlaceFormsStoreWhatTheOthersReturn) {
   ForEachTurn(24, [](const CZEPHVector3D& v, double angle, const CZEPHVector3D& axis, Random&) {
     CZEPHVector3D x = v, y = v, z = v, a = v;
     x.RotateX(angle), y.RotateY(angle), z.RotateZ(angle), a.RotateAxis(angle, axis);
@@ -54,7 +54,7 @@ TEST(VectorRotations, InPlaceFormsBecomeWhatTheOthersReturn) {
   });
 }
 
-TEST(VectorRotations, FourComponentsTurnTheFirstThreeAndKeepW) {
+TEST(VectorRotations, AVector4DRotatesItsFirstThreeComponentsAndKeepsW) {
   ForEachTurn(
       25, [](const CZEPHVector3D& v, double angle, const CZEPHVector3D& axis, Random& random) {
         const float w = AwkwardValue<float>(random);
@@ -76,6 +76,7 @@ TEST(VectorRotations, FourComponentsTurnTheFirstThreeAndKeepW) {
 TEST(VectorRotations, AnAngleOfZeroGivesAnExactCopy) {
   const float signalling = FromBits<float>(0x7FC01234u);
   for (const double zero : {0.0, -0.0}) {
+    SCOPED_TRACE(::testing::Message() << "zero " << zero);
     const CZEPHVector3D v(signalling, -0.0f, kInfinityF);
     EXPECT_TRUE(Moved(v.GetRotatedX(zero), v));
     EXPECT_TRUE(Moved(v.GetRotatedY(zero), v));
@@ -105,4 +106,56 @@ TEST(VectorRotations, AreRightHanded) {
   EXPECT_TRUE(isNear(CZEPHVector3D(0, 0, 1).GetRotatedY(90), 1, 0, 0));
   EXPECT_TRUE(isNear(CZEPHVector3D(1, 0, 0).GetRotatedZ(90), 0, 1, 0));
   EXPECT_TRUE(isNear(CZEPHVector3D(1, 2, 3).GetRotatedAxis(120, {1, 1, 1}), 3, 1, 2));
+}
+
+TEST(VectorRotations, TinyAndSignedZeroAnglesMatchTheOracles) {
+  const CZEPHVector3D vectors[] = {
+      CZEPHVector3D(1, -2, 3),         CZEPHVector3D(0, -0.0f, 0),
+      CZEPHVector3D(-0.0f, 0, -0.0f),  CZEPHVector3D(kInfinityF, 1, -2),
+      CZEPHVector3D(1, kInfinityF, 0), CZEPHVector3D(-1, 0, kInfinityF)};
+  const CZEPHVector3D axis(1, -2, 3);
+  for (const double angle : {5e-324, -5e-324, 1e-310, 2.3e-308, -1e-200, 1e-40, -1e-30, 1e-9})
+    for (const CZEPHVector3D& v : vectors) {
+      EXPECT_TRUE(Same(v.GetRotatedX(angle), oracle::RotatedX(Array(v), angle))) << angle;
+      EXPECT_TRUE(Same(v.GetRotatedY(angle), oracle::RotatedY(Array(v), angle))) << angle;
+      EXPECT_TRUE(Same(v.GetRotatedZ(angle), oracle::RotatedZ(Array(v), angle))) << angle;
+      EXPECT_TRUE(
+          Same(v.GetRotatedAxis(angle, axis), oracle::RotatedAxis(Array(v), angle, Array(axis))))
+          << angle;
+    }
+  for (const double angle : {0.0, -0.0, 5e-324, -5e-324, 360.0, -360.0}) {
+    CZEPHMatrix4x4 m;
+    m.SetRotationAxis(angle, axis);
+    EXPECT_TRUE(Same(m, oracle::RotationAxis(angle, Array(axis)))) << angle;
+    m.SetRotationEuler(angle, -angle, angle);
+    EXPECT_TRUE(Same(m, oracle::WithEuler(oracle::Identity(), angle, -angle, angle))) << angle;
+  }
+}
+
+// Where a sine or a cosine is nearly 0 or 1, only components of 0 show what was multiplied.
+TEST(VectorRotations, ByPartsOfACircleKeepEveryBit) {
+  std::vector<double> angles = {1e-300, 1e-9, 0.5, 1, 30, 45, 60};
+  for (int quarter = 1; quarter <= 8; ++quarter) angles.push_back(90.0 * quarter);
+  for (const double angle : {3600.0, 36000.0, 1e6, 5e-324}) angles.push_back(angle);
+  oracle::Vector parts = {0.0f, -0.0f, 1.0f, -1.0f, 1e20f};
+  parts.resize(Scaled<std::size_t>(5, 3));
+  for (const double size : angles)
+    for (const double angle : {size, -size})
+      for (const float x : parts)
+        for (const float y : parts)
+          for (const float z : parts) {
+            SCOPED_TRACE(::testing::Message() << angle << ": " << x << ", " << y << ", " << z);
+            const CZEPHVector3D v(x, y, z);
+            ASSERT_TRUE(Same(v.GetRotatedX(angle), oracle::RotatedX(Array(v), angle)));
+            ASSERT_TRUE(Same(v.GetRotatedY(angle), oracle::RotatedY(Array(v), angle)));
+            ASSERT_TRUE(Same(v.GetRotatedZ(angle), oracle::RotatedZ(Array(v), angle)));
+            for (const CZEPHVector3D& axis :
+                 {CZEPHVector3D(1, 0, 0), CZEPHVector3D(0, -2, 0), CZEPHVector3D(0, 0, 1e-30f)}) {
+              ASSERT_TRUE(Same(v.GetRotatedAxis(angle, axis),
+                               oracle::RotatedAxis(Array(v), angle, Array(axis))));
+              CZEPHMatrix4x4 m;
+              m.SetRotationAxis(angle, axis);
+              ASSERT_TRUE(Same(m, oracle::RotationAxis(angle, Array(axis))));
+            }
+          }
 }

@@ -106,6 +106,11 @@ class ZEPH_Long {
   using Quotient = std::conditional_t<std::is_same_v<std::common_type_t<int, T>, int>, long long,
                                       std::common_type_t<int, T> >;
 
+  template <class T>
+  static constexpr std::uint32_t Low(T value) {
+    return static_cast<std::uint32_t>(value);
+  }
+
  public:
   ZEPH_Long() = default;
 
@@ -164,10 +169,6 @@ class ZEPH_Long {
   friend std::istream& operator>>(std::istream& is, ZEPH_Long& x) { return is >> x.m_nValue; }
 
  private:
-  template <class T>
-  static constexpr std::uint32_t Low(T value) {
-    return static_cast<std::uint32_t>(value);
-  }
   constexpr ZEPH_Long& Set(std::uint32_t bits) {
     m_nValue = static_cast<int>(bits);
     return *this;

@@ -8,7 +8,7 @@
 #include "ZEPHDataStructureEngine.h"
 
 #if defined(__GNUC__) || defined(__clang__)
-// Every compiler that we support gives offsets in classes with a virtual table too.
+// Every compiler that we support accepts offsetof in classes with virtual functions too.
 #pragma GCC diagnostic ignored "-Winvalid-offsetof"
 #endif
 

@@ -63,7 +63,7 @@ void MakeAffine(float* e) {
   e[15] = 1.0f;
 }
 
-/// Lengths are sums from y, and every component is divided by the length.
+/// The squares are summed as y, x, z, and every component is divided by the length.
 std::vector<double> NormalisedDoubles(const double* v) {
   const double squares = Sum(Sum(Product(v[1], v[1]), Product(v[0], v[0])), Product(v[2], v[2]));
   const volatile double length = std::sqrt(squares);
@@ -188,7 +188,7 @@ TEST(BatchForms, FindTheBounds) {
   }
 }
 
-TEST(BatchForms, TurnAndMovePoints) {
+TEST(BatchForms, TransformPoints) {
   for (std::size_t n = 0; n <= kMost; ++n)
     for (unsigned seed : {0u, 1u, 2u, 3u}) {
       const auto v = Mixed<float>(6 * n + 6, seed);
@@ -237,7 +237,7 @@ TEST(BatchForms, TurnAndMovePoints) {
     }
 }
 
-TEST(BatchForms, MultiplyVectorsOfFour) {
+TEST(BatchForms, TransformVectorsOfFour) {
   for (std::size_t n = 0; n <= kMost; ++n)
     for (unsigned seed : {0u, 1u})
       for (const bool affine : {false, true}) {
@@ -269,7 +269,8 @@ TEST(BatchForms, MultiplyMatrices) {
           auto e = Mixed<float>(16, seed + 21), m = Mixed<float>(16 * n + 16, seed);
           if (first) MakeAffine(e.data());
           for (std::size_t i = 0; i < n && second; ++i) MakeAffine(&m[16 * i]);
-          // Any product may be asked for by the slower paths; the oracle chooses as the class does.
+          // The slower paths may be called for any product, but the oracle chooses its path as the
+          // class does.
           if (!first && oracle::IsAffine(MatrixOf(e.data()))) continue;
           Check<float>(
               n, 16,

@@ -73,7 +73,7 @@ void CompareWithOracle(std::size_t rows, std::size_t inner, std::size_t cols, st
     form->products->dense(out.Pointers(), left.Pointers(), right.Pointers(), rows, inner, cols);
     for (std::size_t i = 0; i < rows; ++i)
       ASSERT_TRUE(test::SameValues(out.Pointers()[i], want[i].data(), cols)) << "row " << i;
-    ASSERT_TRUE(out.GuardsHold());
+    ASSERT_TRUE(out.GuardsHold()) << "a place beside the result was written";
   }
 }
 
@@ -148,8 +148,8 @@ TEST(DenseProduct, MatchesTheTripleLoopOnOddTallAndFlatShapes) {
 #endif
 }
 
-// Loose columns are row sums of columns gathered 256 elements at a time.
-TEST(DenseProduct, MatchesTheTripleLoopWhereALooseColumnIsLongerThanItsBlock) {
+// The columns that do not fill a vector are row sums of columns gathered 256 elements at a time.
+TEST(DenseProduct, MatchesTheTripleLoopOnRemainingColumnsLongerThanABlock) {
   Random random(12);
   for (std::size_t inner : {255u, 256u, 257u, 513u})
     for (std::size_t cols : {1u, 2u, 5u, 6u, 9u, 10u, 17u, 18u})
@@ -162,9 +162,8 @@ void* Refuse(std::size_t) {
   return nullptr;
 }
 
-/// The values in place of a copied panel's missing columns must raise no exception that no entry
-/// raises.
-TEST(DenseProduct, RaisesNothingForColumnsThatACopiedPanelLacks) {
+/// The values that pad a copied panel must raise no exception that no entry raises.
+TEST(DenseProduct, RaisesNoExceptionForThePaddingOfACopiedPanel) {
 #ifdef FE_INVALID
   constexpr std::size_t kRows = 50, kInner = 600;
   for (const std::size_t cols : {173u, 181u}) {
@@ -181,7 +180,7 @@ TEST(DenseProduct, RaisesNothingForColumnsThatACopiedPanelLacks) {
 #endif
 }
 
-TEST(DenseProduct, DoesWithoutMemoryThatItIsRefused) {
+TEST(DenseProduct, WorksWithoutTheMemoryItAsksFor) {
   const auto lender = detail::borrow.exchange(Refuse);
   refusals = 0;
   Random random(11);

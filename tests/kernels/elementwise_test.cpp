@@ -67,7 +67,7 @@ const std::vector<Operation>& Operations() {
   return all;
 }
 
-/// The tables' forms, and the inline one for a handful.
+/// The tables' forms, and the inline one for a few elements.
 const std::vector<const Table*>& Forms() {
   static const Elementwise few = {Add, Subtract, Multiply, Scale, SubtractFrom, Fill};
   static const std::vector<const Table*> all = [] {
@@ -83,7 +83,9 @@ const std::vector<const Table*>& Forms() {
 
 void Check(const Operation& operation, const Table* form, std::size_t n, std::size_t skewA,
            std::size_t skewB, std::size_t skewOut) {
-  SCOPED_TRACE(std::string(operation.name) + " " + form->name + " n=" + std::to_string(n));
+  SCOPED_TRACE(::testing::Message()
+               << operation.name << ", " << form->name << ", n " << n << ", offsets " << skewA
+               << " and " << skewB << ", result at " << skewOut);
   const Array a = test::Awkward(n + kSpare, 1), b = test::Awkward(n + kSpare, 2);
   const Array before = test::Awkward(n + kSpare, 3);
   Array want = before, got = before;
@@ -91,28 +93,29 @@ void Check(const Operation& operation, const Table* form, std::size_t n, std::si
     want[skewOut + i] = operation.meaning(a[skewA + i], b[skewB + i]);
   operation.run(*form->elementwise, got.data() + skewOut, a.data() + skewA, b.data() + skewB, n);
   ASSERT_TRUE(test::SameValues(got, want));
-  ASSERT_TRUE(test::SameBits(got.data(), before.data(), skewOut));
+  ASSERT_TRUE(test::SameBits(got.data(), before.data(), skewOut)) << "before the result";
   ASSERT_TRUE(
-      test::SameBits(got.data() + skewOut + n, before.data() + skewOut + n, kSpare - skewOut));
+      test::SameBits(got.data() + skewOut + n, before.data() + skewOut + n, kSpare - skewOut))
+      << "after the result";
 }
 
-TEST(Elementwise, GivesTheLoopsBitsAtEveryLengthAndMisalignment) {
+TEST(Elementwise, MatchesThePlainLoopAtEveryLengthAndMisalignment) {
   for (const Operation& operation : Operations())
     for (const Table* form : Forms())
-      for (std::size_t n = 0; n <= 290; n = n == 67 ? 256 : n + 1)  // short ones, and by lines
+      for (std::size_t n = 0; n <= 290; n = n == 67 ? 256 : n + 1)  // short ones, and long ones
         for (std::size_t skewA : {0u, 1u, 3u})
           for (std::size_t skewB : {0u, 2u})
             for (std::size_t skewOut : {0u, 1u, 3u, 7u})
               Check(operation, form, n, skewA, skewB, skewOut);
 }
 
-TEST(Elementwise, GivesTheLoopsBitsOnLongArrays) {
+TEST(Elementwise, MatchesThePlainLoopOnLongArrays) {
   for (const Operation& operation : Operations())
     for (const Table* form : Forms())
       for (std::size_t n : {127u, 128u, 1000u, 4099u}) Check(operation, form, n, 1, 0, 2);
 }
 
-TEST(Elementwise, GivesTheLoopsBitsWhereverOperandsLieInACacheLine) {
+TEST(Elementwise, MatchesThePlainLoopAtEveryOffsetInACacheLine) {
   constexpr std::size_t kLine = 8;
   for (const Operation& operation : Operations()) {
     if (!operation.binary) continue;
@@ -129,20 +132,50 @@ TEST(Elementwise, MayWriteOverAnOperand) {
   for (const Operation& operation : Operations())
     for (const Table* form : Forms())
       for (std::size_t n = 0; n <= 300; n = n == 67 ? 256 : n + 1) {
-        SCOPED_TRACE(std::string(operation.name) + " " + form->name + " n=" + std::to_string(n));
+        SCOPED_TRACE(::testing::Message() << operation.name << ", " << form->name << ", n " << n);
         const Array a = test::Awkward(n, 4), b = test::Awkward(n, 5);
         Array want(n), self(n), overA = a, overB = b, both = a;
         for (std::size_t i = 0; i < n; ++i) want[i] = operation.meaning(a[i], b[i]);
         for (std::size_t i = 0; i < n; ++i) self[i] = operation.meaning(a[i], a[i]);
         operation.run(*form->elementwise, overA.data(), overA.data(), b.data(), n);
-        ASSERT_TRUE(test::SameValues(overA, want));
+        ASSERT_TRUE(test::SameValues(overA, want)) << "over the first operand";
         if (operation.binary) {
           operation.run(*form->elementwise, overB.data(), a.data(), overB.data(), n);
-          ASSERT_TRUE(test::SameValues(overB, want));
+          ASSERT_TRUE(test::SameValues(overB, want)) << "over the second operand";
         }
         operation.run(*form->elementwise, both.data(), both.data(), both.data(), n);
-        ASSERT_TRUE(test::SameValues(both, self));
+        ASSERT_TRUE(test::SameValues(both, self)) << "one array for all three";
       }
+}
+
+/// Zeros of both signs, denormals, infinities and NaNs as the number, in whole vectors and in what is left of one.
+TEST(Elementwise, TakesAnyNumberAtEveryLength) {
+  const auto check = [](const Table* form, double s, std::size_t n, std::size_t skew) {
+    const Elementwise& e = *form->elementwise;
+    const Array a = test::Awkward(n, 8), before = test::Awkward(n + kSpare, 9);
+    Array product = before, difference = before, filled = before, got = before;
+    for (std::size_t i = 0; i < n; ++i) {
+      product[skew + i] = s * a[i];
+      difference[skew + i] = s - a[i];
+      filled[skew + i] = s;
+    }
+    e.scale(got.data() + skew, s, a.data(), n);
+    ASSERT_TRUE(test::SameValues(got, product)) << "scale";
+    got = before;
+    e.subtract_from(got.data() + skew, s, a.data(), n);
+    ASSERT_TRUE(test::SameValues(got, difference)) << "subtract_from";
+    got = before;
+    e.fill(got.data() + skew, s, n);
+    ASSERT_TRUE(test::SameBits(got, filled)) << "fill";
+  };
+  for (const Table* form : Forms())
+    for (const double s : test::SpecialValues<double>())
+      for (std::size_t n = 0; n <= 276; n = n == 40 ? 256 : n + 1)
+        for (const std::size_t skew : {0u, 3u, 6u}) {
+          SCOPED_TRACE(::testing::Message()
+                       << form->name << ", " << s << ", n " << n << " at " << skew);
+          ASSERT_NO_FATAL_FAILURE(check(form, s, n, skew));
+        }
 }
 
 TEST(Elementwise, FillKeepsTheBitsOfANaN) {

@@ -47,12 +47,15 @@ class GuardPages : public testing::TestWithParam<const Table*> {
   template <class Body>
   void ForEachPlace(std::size_t most, Body body) {
     for (const bool atEnd : {true, false})
-      for (std::size_t n = 1; n <= most; n += 1 + n / 40) body(n, atEnd);
+      for (std::size_t n = 1; n <= most; n += 1 + n / 40) {
+        SCOPED_TRACE(::testing::Message() << n << (atEnd ? " at the end" : " at the beginning"));
+        body(n, atEnd);
+      }
   }
   Guarded a, b, out;
 };
 
-TEST_P(GuardPages, SortsStayInside) {
+TEST_P(GuardPages, SortsStayInBounds) {
   ForEachPlace(600, [&](std::size_t n, bool atEnd) {
     auto doubles = Numbers<double>(n);
     double* v = a.Copy(doubles, atEnd);
@@ -82,14 +85,14 @@ void MergesInside(const Guarded& a, const Guarded& b, const Guarded& out, std::s
   EXPECT_TRUE(std::equal(want.begin(), want.end(), got)) << n;
 }
 
-TEST_P(GuardPages, MergesStayInside) {
+TEST_P(GuardPages, MergesStayInBounds) {
   ForEachPlace(400, [&](std::size_t n, bool atEnd) {
     MergesInside<double>(a, b, out, n, atEnd);
     MergesInside<int>(a, b, out, n, atEnd);
   });
 }
 
-TEST_P(GuardPages, PartitionsStayInside) {
+TEST_P(GuardPages, PartitionsStayInBounds) {
   ForEachPlace(600, [&](std::size_t n, bool atEnd) {
     auto numbers = Numbers<double>(n);
     double* v = a.Copy(numbers, atEnd);
@@ -108,7 +111,7 @@ TEST_P(GuardPages, PartitionsStayInside) {
   });
 }
 
-TEST_P(GuardPages, SearchesStayInside) {
+TEST_P(GuardPages, SearchesStayInBounds) {
   ForEachPlace(300, [&](std::size_t n, bool atEnd) {
     const auto numbers = Numbers<double>(n);
     const double* v = a.Copy(numbers, atEnd);
@@ -128,11 +131,12 @@ TEST_P(GuardPages, ALeastFinderStaysInItsTable) {
     auto* const finder = new (a.Room<LeastFinder>(1, true)) LeastFinder(numbers.data(), n);
     EXPECT_EQ(finder->From(0),
               static_cast<std::size_t>(std::min_element(numbers.begin(), numbers.end()) -
-                                       numbers.begin()));
+                                       numbers.begin()))
+        << "n " << n;
   }
 }
 
-TEST_P(GuardPages, ArithmeticStaysInside) {
+TEST_P(GuardPages, ArithmeticStaysInBounds) {
   ForEachPlace(300, [&](std::size_t n, bool atEnd) {
     const auto numbers = Numbers<double>(n);
     const double *x = a.Copy(numbers, atEnd), *y = b.Copy(numbers, atEnd);
@@ -153,7 +157,7 @@ TEST_P(GuardPages, ArithmeticStaysInside) {
 
 /// Wide forms align to the result's memory, so a result that ends at a boundary has no tail: here
 /// it ends before one, between guards.
-TEST_P(GuardPages, ArithmeticStaysInsideWhateverTheResultsAlignment) {
+TEST_P(GuardPages, ArithmeticStaysInBoundsAtEveryAlignmentOfTheResult) {
   const Elementwise& all = *Active().elementwise;
   for (const std::size_t least : {std::size_t{1}, std::size_t{250}})
     for (std::size_t n = least; n < least + 25; ++n)
@@ -176,7 +180,7 @@ TEST_P(GuardPages, ArithmeticStaysInsideWhateverTheResultsAlignment) {
       }
 }
 
-TEST_P(GuardPages, RowsStayInside) {
+TEST_P(GuardPages, RowSumsStayInBounds) {
   for (const bool atEnd : {true, false})
     for (std::size_t rows = 1; rows <= 13; ++rows)
       for (std::size_t cols = 1; cols <= 19; ++cols) {
@@ -193,20 +197,21 @@ TEST_P(GuardPages, RowsStayInside) {
         all.dot(sums.data(), m.data(), by, rows, cols);
         double want = 0.0;
         for (std::size_t j = 0; j < cols; ++j) want += m[0][j];
-        EXPECT_EQ(want, sums[0]);
+        EXPECT_EQ(want, sums[0]) << "atEnd " << atEnd << ", rows " << rows << ", cols " << cols;
         // The right factor: cols x rows, the same elements.
         std::vector<const double*> right;
         for (std::size_t k = 0; k < cols; ++k) right.push_back(x + k * rows);
         DenseProduct(results.data(), m.data(), right.data(), rows, cols, rows);
         want = 0.0;
         for (std::size_t k = 0; k < cols; ++k) want += m[rows - 1][k] * right[k][rows - 1];
-        EXPECT_EQ(want, to[rows * rows - 1]);
+        EXPECT_EQ(want, to[rows * rows - 1])
+            << "atEnd " << atEnd << ", rows " << rows << ", cols " << cols;
       }
 }
 
 /// Products whose right factor is copied panel by panel and whose sums are stored in the result
 /// between blocks of k.
-TEST_P(GuardPages, LongProductsStayInside) {
+TEST_P(GuardPages, LongProductsStayInBounds) {
   constexpr std::size_t kRows = 50, kInner = 600, kBytes = 1 << 20;
   const Guarded left(kBytes), right(kBytes), result(kBytes);
   const auto numbers = Numbers<double>(kInner * 181);
@@ -269,7 +274,7 @@ void VectorsInside(const Vectors<T>& all, const Guarded& a, const Guarded& b, co
   EXPECT_GE(high[0], x.At(n / 2)[0]);
 }
 
-TEST_P(GuardPages, BatchesStayInside) {
+TEST_P(GuardPages, BatchesStayInBounds) {
   const Batch& all = *Active().batch;
   const Guarded numbers;
   const float e[16] = {1, 0, 0, 0.5F, 0, 2, 0, 0, 0, 0, 3, 0, 4, 5, 6, 1};
@@ -289,7 +294,7 @@ TEST_P(GuardPages, BatchesStayInside) {
   });
 }
 
-TEST_P(GuardPages, ProductsWithOneMatrixStayInside) {
+TEST_P(GuardPages, BatchProductsStayInBounds) {
   const BatchProducts& all = *Active().batch_products;
   ForEachPlace(20, [&](std::size_t n, bool atEnd) {
     const auto floats = Numbers<float>(16 * n);

@@ -37,7 +37,7 @@ void Compare(const std::vector<T>& v, T x) {
       << x << " among " << v.size();
 }
 
-TEST(Halving, MeetsTheElementThatTheStepsMeetForEveryCountAndPlace) {
+TEST(Halving, FindsTheDocumentedElementForEveryCountAndKey) {
   for (std::size_t n = 0; n <= 300; ++n) {
     std::vector<double> v(n);
     std::vector<int> whole(n);
@@ -49,7 +49,7 @@ TEST(Halving, MeetsTheElementThatTheStepsMeetForEveryCountAndPlace) {
   }
 }
 
-TEST(Halving, MeetsTheSameOneOfManyEquals) {
+TEST(Halving, FindsTheDocumentedOneOfManyEqualElements) {
   test::Random random(1);
   for (int round = 0; round < test::Scaled(20'000, 2000); ++round) {
     std::vector<double> v(1 + random.Below(round % 9 ? 300 : 6000));
@@ -60,7 +60,7 @@ TEST(Halving, MeetsTheSameOneOfManyEquals) {
   }
 }
 
-TEST(Halving, FollowsTheStepsThroughElementsInNoOrder) {
+TEST(Halving, FollowsTheStepsThroughUnsortedElements) {
   test::Random random(2);
   for (int round = 0; round < test::Scaled(20'000, 2000); ++round) {
     const auto v = test::Awkward(1 + random.Below(round % 9 ? 300 : 6000), random.Next());
@@ -69,7 +69,7 @@ TEST(Halving, FollowsTheStepsThroughElementsInNoOrder) {
   }
 }
 
-TEST(Halving, FollowsTheStepsThroughWhatNoCacheHolds) {
+TEST(Halving, FollowsTheStepsThroughArraysLargerThanTheCaches) {
   const std::size_t n = halving::kNearBytes / sizeof(double) + 12'345;
   std::vector<double> v(n);
   for (std::size_t i = 0; i < n; ++i) v[i] = static_cast<double>(i / 3);

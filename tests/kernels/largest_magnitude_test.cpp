@@ -36,7 +36,7 @@ void Check(const double* x, std::size_t n) {
     EXPECT_SAME_VALUE(form->magnitudes->largest_or_nan(x, n), want) << form->name << " n=" << n;
 }
 
-TEST(LargestMagnitude, MatchesTheOrderedWalkAtEveryLengthAndMisalignment) {
+TEST(LargestMagnitude, MatchesTheSequentialLoopAtEveryLengthAndMisalignment) {
   for (std::size_t n = 1; n <= 131; ++n)
     for (std::size_t skew : {0u, 1u, 3u})
       for (unsigned seed = 0; seed < 8; ++seed) {
@@ -47,7 +47,7 @@ TEST(LargestMagnitude, MatchesTheOrderedWalkAtEveryLengthAndMisalignment) {
       }
 }
 
-TEST(LargestMagnitude, FindsTheLargestInEveryPlace) {
+TEST(LargestMagnitude, FindsTheLargestAtEveryIndex) {
   for (std::size_t n : {1u, 7u, 32u, 33u, 67u, 100u})
     for (std::size_t at = 0; at < n; ++at)
       for (double peak : {9.0, -9.0, -kInfinity, kNaN}) {
@@ -57,7 +57,7 @@ TEST(LargestMagnitude, FindsTheLargestInEveryPlace) {
       }
 }
 
-TEST(LargestMagnitude, ReadsNothingBehindTheEnd) {
+TEST(LargestMagnitude, ReadsNothingBeyondTheEnd) {
   for (std::size_t n = 1; n <= 67; ++n) {
     std::vector<double> x(n + 40, 1e300);
     for (std::size_t i = 0; i < n; ++i) x[i] = -static_cast<double>(i);
@@ -65,14 +65,14 @@ TEST(LargestMagnitude, ReadsNothingBehindTheEnd) {
   }
 }
 
-TEST(LargestMagnitude, KeepsALeadingNaNAndPassesOverOthers) {
+TEST(LargestMagnitude, KeepsALeadingNaNAndIgnoresOthers) {
   for (const Table* form : RunnableTables()) {
     std::vector<double> x(50, 2.0);
     x[0] = -kNaN;
-    EXPECT_SAME_BITS(form->magnitudes->largest(x.data(), x.size()), std::fabs(x[0]));
+    EXPECT_SAME_BITS(form->magnitudes->largest(x.data(), x.size()), std::fabs(x[0])) << form->name;
     for (double& later : x) later = kNaN;
     x[0] = -0.0;
-    EXPECT_SAME_BITS(form->magnitudes->largest(x.data(), x.size()), 0.0);
+    EXPECT_SAME_BITS(form->magnitudes->largest(x.data(), x.size()), 0.0) << form->name;
   }
 }
 

@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstring>
 #include <limits>
+#include <utility>
 
 #include "support/not_finite.h"
 #include "support/numbers.h"
@@ -33,10 +33,13 @@ std::vector<T> Stepwise(const std::vector<T>& a, const std::vector<T>& b) {
   return out;
 }
 
-template <class T>
-bool Same(const std::vector<T>& got, const std::vector<T>& want) {
-  return got.size() == want.size() &&
-         (want.empty() || std::memcmp(got.data(), want.data(), want.size() * sizeof(T)) == 0);
+::testing::AssertionResult Same(const std::vector<double>& got, const std::vector<double>& want) {
+  return test::SameBits(got, want);
+}
+::testing::AssertionResult Same(const std::vector<int>& got, const std::vector<int>& want) {
+  if (got == want) return ::testing::AssertionSuccess();
+  return ::testing::AssertionFailure()
+         << "got " << ::testing::PrintToString(got) << ", want " << ::testing::PrintToString(want);
 }
 
 class MergeKernel : public testing::TestWithParam<const Table*> {
@@ -91,7 +94,7 @@ TEST_P(MergeKernel, FollowsTheStepsAtEverySizeAndNumberOfTies) {
       }
 }
 
-TEST_P(MergeKernel, FollowsTheStepsWhereBlocksTakeTurnsInRuns) {
+TEST_P(MergeKernel, FollowsTheStepsWhereTheBlocksAlternateInRuns) {
   for (std::size_t run : {1u, 2u, 3u, 7u, 8u, 9u, 15u, 16u, 17u, 50u, 500u})
     for (std::size_t n : {40u, 64u, 128u, 1000u, 1023u}) {
       std::vector<double> a, b;
@@ -101,7 +104,7 @@ TEST_P(MergeKernel, FollowsTheStepsWhereBlocksTakeTurnsInRuns) {
     }
 }
 
-TEST_P(MergeKernel, FollowsTheStepsWhereOneBlockHasTheEnd) {
+TEST_P(MergeKernel, FollowsTheStepsWhereOneBlockRunsOutFirst) {
   Random random(5);
   for (std::size_t tail : {1u, 15u, 16u, 31u, 40u, 500u}) {
     auto a = Ascending<double>(random, 200, 1000);
@@ -126,7 +129,7 @@ TEST_P(MergeKernel, KeepsTheBitsAndTheOrderOfZerosAndSpecialValues) {
   }
 }
 
-TEST_P(MergeKernel, FollowsTheStepsThroughWhatDoesNotAscend) {
+TEST_P(MergeKernel, FollowsTheStepsThroughUnsortedBlocks) {
   Random random(3);
   for (int round = 0; round < test::Scaled(3000, 300); ++round) {
     const auto a = test::Awkward(random.Below(300), random.Next());
@@ -148,8 +151,54 @@ TEST_P(MergeKernel, FollowsTheStepsThroughWhatDoesNotAscend) {
   }
 }
 
+/// The documented steps in one pool, in which the blocks and the result may lie anywhere.
+template <class T>
+void MergeInPool(std::vector<T>& pool, std::size_t a, std::size_t na, std::size_t b, std::size_t nb,
+                 std::size_t out) {
+  std::size_t i = 0, k = 0;
+  while (i < na && k < nb) {
+    const bool takeA = pool[b + k] > pool[a + i];
+    pool[out++] = takeA ? pool[a + i++] : pool[b + k++];
+  }
+  while (i < na) pool[out++] = pool[a + i++];
+  while (k < nb) pool[out++] = pool[b + k++];
+}
+
+template <class T>
+void CompareOverlaps(std::size_t na, std::size_t nb) {
+  const std::size_t all = na + nb;
+  Random random(all);
+  // One block at every distance from the result, by one element to all of it; the other apart.
+  for (std::size_t out = 0; out <= na + all; ++out)
+    for (const bool first : {true, false}) {
+      std::vector<T> pool(3 * all + na + 8, T(-5));
+      const std::size_t near = all, far = 2 * all + na + 4;
+      const auto near_block = Ascending<T>(random, na, 60),
+                 far_block = Ascending<T>(random, nb, 60);
+      std::copy(near_block.begin(), near_block.end(),
+                pool.begin() + static_cast<std::ptrdiff_t>(near));
+      std::copy(far_block.begin(), far_block.end(),
+                pool.begin() + static_cast<std::ptrdiff_t>(far));
+      std::vector<T> want = pool;
+      const auto a = first ? near : far, b = first ? far : near;
+      const auto countA = first ? na : nb, countB = first ? nb : na;
+      MergeInPool(want, a, countA, b, countB, out);
+      MergeAscending(pool.data() + a, static_cast<std::ptrdiff_t>(countA), pool.data() + b,
+                     static_cast<std::ptrdiff_t>(countB), pool.data() + out);
+      ASSERT_TRUE(Same(pool, want)) << na << " and " << nb << ", result at " << out;
+    }
+}
+
+TEST_P(MergeKernel, FollowsTheStepsWhereTheResultOverlapsABlockByAnyNumberOfElements) {
+  for (const auto& [na, nb] : {std::pair{1, 40}, {3, 2}, {20, 20}, {40, 90}, {70, 70}, {64, 16}}) {
+    const auto some = static_cast<std::size_t>(na), others = static_cast<std::size_t>(nb);
+    ASSERT_NO_FATAL_FAILURE(CompareOverlaps<double>(some, others));
+    ASSERT_NO_FATAL_FAILURE(CompareOverlaps<int>(some, others));
+  }
+}
+
 #if defined(__x86_64__)
-TEST_P(MergeKernel, MovesDenormalsWholeWhereTheyCountAsZeros) {
+TEST_P(MergeKernel, MovesDenormalsUnchangedWhereTheyCompareAsZeros) {
   constexpr double kTiny = std::numeric_limits<double>::denorm_min();
   Random random(4);
   for (int round = 0; round < 500; ++round) {
@@ -163,7 +212,7 @@ TEST_P(MergeKernel, MovesDenormalsWholeWhereTheyCountAsZeros) {
     _mm_setcsr(modes | 0x8040);  // denormals are zero, and flushed to it
     Check(blocks[0], blocks[1], "denormals");
     _mm_setcsr(modes);
-    ASSERT_FALSE(HasFatalFailure());
+    ASSERT_FALSE(HasFatalFailure()) << "round " << round;
   }
 }
 #endif

@@ -34,11 +34,13 @@ class PartitionKernel : public testing::TestWithParam<const Table*> {
     block.insert(block.end(), kGuard, -7);
     double* const at = block.data() + skew + kGuard;
     const std::size_t stop = form().part(at, v.size(), pivot);
+    SCOPED_TRACE(::testing::Message()
+                 << v.size() << " elements at " << skew << ", pivot " << test::Show(pivot));
     ASSERT_EQ(stop, static_cast<std::size_t>(oracle::QuickPartition(v, 0, last, pivot)));
     ASSERT_TRUE(test::SameBits(at, v.data(), v.size()));
     for (std::size_t i = 0; i < kGuard; ++i) {
-      ASSERT_EQ(at[-1 - static_cast<std::ptrdiff_t>(i)], -7);
-      ASSERT_EQ(at[v.size() + i], -7);
+      ASSERT_EQ(at[-1 - static_cast<std::ptrdiff_t>(i)], -7) << "i " << i;
+      ASSERT_EQ(at[v.size() + i], -7) << "i " << i;
     }
   }
 };
@@ -59,7 +61,7 @@ TEST_P(PartitionKernel, MakesTheDocumentedExchangesAtEveryLength) {
     });
 }
 
-TEST_P(PartitionKernel, MakesTheDocumentedExchangesAmongEquals) {
+TEST_P(PartitionKernel, MakesTheDocumentedExchangesAmongEqualElements) {
   for (std::size_t n = 3; n <= 600; ++n) {
     Random random(n);
     Values v(n);
@@ -71,7 +73,7 @@ TEST_P(PartitionKernel, MakesTheDocumentedExchangesAmongEquals) {
   }
 }
 
-TEST_P(PartitionKernel, FindsTheStopsOfUpTo64Elements) {
+TEST_P(PartitionKernel, FindsTheScanStopsAmongUpTo64Elements) {
   Random random(4);
   for (std::size_t n = 0; n <= 64; ++n)
     for (int round = 0; round < 20; ++round) {
@@ -88,7 +90,7 @@ TEST_P(PartitionKernel, FindsTheStopsOfUpTo64Elements) {
     }
 }
 
-TEST_P(PartitionKernel, CountsWhatKeepsTheOrderFromBeingUnique) {
+TEST_P(PartitionKernel, CountsNaNsAndZerosOfBothSigns) {
   for (std::size_t n :
        {0u, 1u, 2u, 3u, 4u, 5u, 7u, 8u, 9u, 31u, 63u, 64u, 65u, 127u, 128u, 129u, 1000u})
     for (std::uint64_t seed = 0; seed < 30; ++seed) {
@@ -108,7 +110,7 @@ TEST_P(PartitionKernel, CountsWhatKeepsTheOrderFromBeingUnique) {
     }
 }
 
-TEST_P(PartitionKernel, BoundsHoldEveryElementAndNoMore) {
+TEST_P(PartitionKernel, BoundsAreTheLeastAndGreatestElement) {
   for (std::size_t n = 1; n <= 130; ++n) {
     Values v = test::Moderate(n, n);
     Bounds bounds = form().bounds(v.data(), n);
@@ -121,7 +123,7 @@ TEST_P(PartitionKernel, BoundsHoldEveryElementAndNoMore) {
   }
 }
 
-TEST(Census, OrdersAreUniqueWithoutNanAndWithZerosOfOneSignOnly) {
+TEST(Census, OrderIsUniqueOnlyWithoutNaNAndWithZerosOfOneSign) {
   EXPECT_TRUE((Census{0, 0, 0, 0}.OrderIsUnique()));
   EXPECT_TRUE((Census{0, 3, 3, 0}.OrderIsUnique()));
   EXPECT_TRUE((Census{0, 3, 0, 3}.OrderIsUnique()));

@@ -18,7 +18,7 @@ constexpr std::uint32_t kAvx2 = 1u << 5;
 constexpr std::uint32_t kAvx512 = 1u << 16 | 1u << 17 | 1u << 30 | 1u << 31;
 constexpr ProcessorAnswers kServer = {31, kSavesAndAvx, kAvx2 | kAvx512, 0xE7};
 
-TEST(Processor, WithEverythingRunsBothWideForms) {
+TEST(Processor, WithAllFeaturesRunsBothWideForms) {
   EXPECT_TRUE(RunsAvx2(kServer));
   EXPECT_TRUE(RunsAvx512(kServer));
 }
@@ -37,7 +37,7 @@ TEST(Processor, NeedsEveryPartOfAvx512) {
   }
 }
 
-TEST(Processor, NeedsASystemThatSavesTheRegisters) {
+TEST(Processor, NeedsAnOperatingSystemThatSavesTheRegisters) {
   for (const std::uint64_t lost : {0x02u, 0x04u}) {
     ProcessorAnswers answers = kServer;
     answers.saved_by_system &= ~lost;
@@ -52,10 +52,10 @@ TEST(Processor, NeedsASystemThatSavesTheRegisters) {
   }
 }
 
-TEST(Processor, BeforeAvx2RunsNeither) {
+TEST(Processor, WithoutAvx2RunsNeitherWideForm) {
   EXPECT_FALSE(RunsAvx2({13, kSavesAndAvx, 0, 0x07}));
-  EXPECT_FALSE(
-      RunsAvx2({6, kSavesAndAvx, kAvx2, 0x07}));  // no such leaf, so the values are of another one
+  EXPECT_FALSE(RunsAvx2({6, kSavesAndAvx, kAvx2,
+                         0x07}));  // the leaf does not exist, so these are another one's values
   EXPECT_FALSE(RunsAvx2({13, 1u << 28, kAvx2, 0x07}));  // xgetbv is not available
   EXPECT_FALSE(RunsAvx2({13, 1u << 27, kAvx2, 0x07}));
 }
@@ -65,7 +65,7 @@ ZEPH_TARGET("xsave") std::uint64_t SavedBySystem() {
   return _xgetbv(0);
 }
 
-TEST(Processor, IsReadAsTheCompilerReadsIt) {
+TEST(Processor, AgreesWithTheCompilersBuiltin) {
   ProcessorAnswers answers = {};
   unsigned a = 0, b = 0, c = 0, d = 0;
   __cpuid(0, answers.highest_leaf, b, c, d);

@@ -37,12 +37,12 @@ void CompareKillers(std::size_t n) {
   }
 }
 
-TEST(QuickWalk, MakesTheDocumentedExchangesOfAKillerWithATreeOfStops) {
+TEST(QuickWalk, MakesTheDocumentedExchangesOnKillersWithAStopTree) {
   CompareKillers(kLarge);
 }
 
 /// The larger piece again and again, in any order: bounds must follow every exchange.
-TEST(StopTree, PartsAsDocumentedThroughAllTheLargerPieces) {
+TEST(StopTree, PartitionsAsDocumentedAtEveryDepth) {
   for (std::size_t n : {70u, 600u, 3000u})
     test::ForEachHostile(n, n, [](Values v, const std::string& name) {
       Values want = v;
@@ -65,9 +65,30 @@ TEST(StopTree, PartsAsDocumentedThroughAllTheLargerPieces) {
     });
 }
 
-TEST(QuickWalk, MakesThemWithoutMemoryForTheTree) {
+/// A NaN as the pivot stops both scans at once, everywhere.
+TEST(StopTree, PartitionsAsDocumentedAroundANaN) {
+  for (std::size_t n : {70u, 600u, 3000u})
+    for (std::size_t at : {std::size_t{0}, (n - 1) / 2, n - 1}) {
+      test::Random random(n + at);
+      Values v(n);
+      for (double& x : v) x = random.Real(-9, 9);
+      v[at] = test::kNaN;
+      Values want = v;
+      StopTree tree(v.data(), n);
+      tree.Cover(0, n - 1);
+      const std::size_t stop = tree.Part(0, n - 1);
+      const int last = static_cast<int>(n) - 1;
+      const double pivot = oracle::MedianOf3(want, 0, last);
+      ASSERT_EQ(stop, static_cast<std::size_t>(oracle::QuickPartition(want, 0, last, pivot)));
+      ASSERT_TRUE(test::SameBits(v, want)) << at << " of " << n;
+    }
+}
+
+TEST(QuickWalk, MakesTheDocumentedExchangesWithoutMemoryForTheTree) {
   const auto lender = kernels::detail::borrow.exchange(Refuse);
-  CompareKillers(kLarge);
+  // As many leaves as the tree itself has room for, one more, and more by a leaf that has doubled.
+  for (std::size_t n : {std::size_t{16'384}, std::size_t{16'385}, std::size_t{16'449}, kLarge})
+    CompareKillers(n);
   kernels::detail::borrow = lender;
 }
 
@@ -98,7 +119,7 @@ const kernels::Partitions kCounting = {[](const double* v, std::size_t n) {
                                        }};
 
 /// On a killer the documented steps read a fifth of n^2 elements.
-TEST(QuickWalk, LooksAtNLogNElementsOfAnyInput) {
+TEST(QuickWalk, ReadsNLogNElementsOfAnyInput) {
   const kernels::Table& active = kernels::Active();
   kernels::Table counting = active;
   Looks::form = active.partitions;

@@ -105,9 +105,9 @@ TEST(CallersRegisters, SurviveEveryKernelAtEveryAlignmentOfTheStack) {
 }
 
 #if defined(__x86_64__)
-TEST(CallersRegisters, AreWatched) {
+TEST(CallersRegisters, TheTestNoticesChangedOnes) {
   if (!test::HasFloatingPointEnvironment())
-    GTEST_SKIP() << "this processor's environment is not a whole one";
+    GTEST_SKIP() << "the floating-point environment is incomplete here";
   static constexpr unsigned short kSingle =
       0x007f;  // the x87 unit's precision, and nothing trapped
   EXPECT_STREQ(test::WatchedCall([] { asm volatile("fldcw %0"

@@ -47,6 +47,7 @@ RowResults Results(const double* row, const Array& v) {
 }
 
 enum class Values { kModerate, kAwkward, kLarge };
+constexpr const char* kValuesNames[] = {"moderate", "awkward", "large"};
 
 /// Lengths of moderate values stay below the bound from which squares are avoided; large ones
 /// begin on either side of it.
@@ -57,7 +58,8 @@ Array Some(Values values, std::size_t n, unsigned seed) {
 }
 
 void Check(std::size_t rows, std::size_t cols, std::size_t skew, Values values) {
-  SCOPED_TRACE(std::to_string(rows) + "x" + std::to_string(cols) + " skew " + std::to_string(skew));
+  SCOPED_TRACE(::testing::Message() << rows << " x " << cols << ", offset " << skew << ", "
+                                    << kValuesNames[static_cast<int>(values)]);
   std::vector<Array> blocks;
   std::vector<const double*> m;
   for (std::size_t i = 0; i < rows; ++i) {
@@ -76,32 +78,61 @@ void Check(std::size_t rows, std::size_t cols, std::size_t skew, Values values) 
     const RowSums& sums_of = *form->row_sums;
     Array got = guards;
     sums_of.sum(got.data(), m.data(), rows, cols);
-    ASSERT_TRUE(test::SameValues(got, sums));
+    ASSERT_TRUE(test::SameValues(got, sums)) << "sum";
     got = guards;
     sums_of.magnitude(got.data(), m.data(), rows, cols);
-    ASSERT_TRUE(test::SameValues(got, magnitudes));
+    ASSERT_TRUE(test::SameValues(got, magnitudes)) << "magnitude";
     got = guards;
     sums_of.dot(got.data(), m.data(), v.data(), rows, cols);
-    ASSERT_TRUE(test::SameValues(got, dots));
+    ASSERT_TRUE(test::SameValues(got, dots)) << "dot";
     if (cols == 0) continue;
     got = guards;
     sums_of.length(got.data(), m.data(), rows, cols);
-    ASSERT_TRUE(test::SameValues(got, lengths));
+    ASSERT_TRUE(test::SameValues(got, lengths)) << "length";
   }
 }
 
-TEST(RowSums, MatchOneSumAfterAnotherOnEveryShape) {
+TEST(RowSums, MatchSumsTakenRowByRowOnEveryShape) {
   for (std::size_t rows = 0; rows <= 29; ++rows)
     for (std::size_t cols = 0; cols <= 21; ++cols)
       for (Values values : {Values::kModerate, Values::kAwkward, Values::kLarge})
         Check(rows, cols, (rows + cols) % 4, values);
 }
 
-TEST(RowSums, MatchOneSumAfterAnotherOnLongRows) {
+TEST(RowSums, MatchSumsTakenRowByRowOnLongRows) {
   for (std::size_t rows : {1u, 3u, 12u, 41u})
     for (std::size_t cols : {67u, 300u, 1001u})
       for (Values values : {Values::kModerate, Values::kAwkward, Values::kLarge})
         Check(rows, cols, 1, values);
+}
+
+/// Either operand at the bound from which squares are avoided, or next to it, in every lane; the two
+/// ways round differently for some of these.
+TEST(RowSums, LengthsScaleFromAHundredOn) {
+  const double below = std::nextafter(100.0, 0.0), above = std::nextafter(100.0, 200.0);
+  std::vector<Array> pairs;
+  for (int k = 1; k <= 99; ++k)
+    for (const double bound : {below, 100.0, above})
+      for (const double x : {static_cast<double>(k), k * 1.01})
+        pairs.push_back({x, bound}), pairs.push_back({bound, x});
+  for (const double x : {below, 100.0, above})
+    for (const double y : {below, 100.0, above}) pairs.push_back({x, -y});
+  std::size_t differ = 0;
+  std::vector<const double*> m;
+  for (const Array& pair : pairs) {
+    m.push_back(pair.data());
+    const volatile double squares = pair[0] * pair[0], others = pair[1] * pair[1];
+    const volatile double sum = squares + others;
+    differ += std::sqrt(sum) != Grown(std::fabs(pair[0]), std::fabs(pair[1]));
+  }
+  EXPECT_GT(differ, pairs.size() / 10);
+  for (const Table* form : RunnableTables()) {
+    Array got(pairs.size());
+    form->row_sums->length(got.data(), m.data(), pairs.size(), 2);
+    for (std::size_t i = 0; i < pairs.size(); ++i)
+      EXPECT_SAME_BITS(got[i], Grown(std::fabs(pairs[i][0]), std::fabs(pairs[i][1])))
+          << form->name << ' ' << pairs[i][0] << ' ' << pairs[i][1];
+  }
 }
 
 TEST(RowSums, StartAtPositiveZero) {

@@ -47,38 +47,38 @@ std::size_t PlainLeast(const std::vector<double>& v) {
   return least;
 }
 
-TEST_P(SearchKernel, FindsTheFirstOfTwoAtEveryPlaceAndNothingOutside) {
+TEST_P(SearchKernel, FindsTheFirstOfTwoAtEveryIndexAndNothingOutside) {
   for (std::size_t n : AwkwardLengths())
     for (std::size_t at = 0; at < n; at += 1 + n / 60) {
       std::vector<double> v(n + 2, 1.0);
       v.front() = v.back() = 5.0;  // just outside
       v[1 + at] = v[1 + at + (n - at) / 2] = 5.0;
       ASSERT_EQ(form().find_first(v.data() + 1, n, 5.0), at) << n;
-      ASSERT_EQ(form().find_first(v.data() + 1, n, 7.0), n);
+      ASSERT_EQ(form().find_first(v.data() + 1, n, 7.0), n) << "n " << n << ", at " << at;
     }
   for (std::size_t n : AwkwardLengths()) {
     std::vector<double> v(n + 2, 1.0);
     v.front() = v.back() = 5.0;
-    ASSERT_EQ(form().find_first(v.data() + 1, n, 5.0), n);
+    ASSERT_EQ(form().find_first(v.data() + 1, n, 5.0), n) << "n " << n;
   }
 }
 
-TEST_P(SearchKernel, EqualityOfZerosAndNaNsIsThatOfTheLanguage) {
+TEST_P(SearchKernel, ComparesZerosAndNaNsAsTheLanguageDoes) {
   for (std::size_t n : AwkwardLengths()) {
     const auto v = test::Awkward(n, n + 1);
     for (double x : test::SpecialValues<double>())
       ASSERT_EQ(form().find_first(v.data(), n, x), PlainFirst(v, x)) << n << " " << x;
     const std::vector<double> nans(n, kNaN), zeros(n, -0.0);
-    ASSERT_EQ(form().find_first(nans.data(), n, kNaN), n);
-    ASSERT_EQ(form().find_first(zeros.data(), n, 0.0), 0u);
+    ASSERT_EQ(form().find_first(nans.data(), n, kNaN), n) << "n " << n;
+    ASSERT_EQ(form().find_first(zeros.data(), n, 0.0), 0u) << "n " << n;
   }
 }
 
-TEST_P(SearchKernel, FindsTheLastIntAtEveryPlaceAndNothingOutside) {
+TEST_P(SearchKernel, FindsTheLastIntAtEveryIndexAndNothingOutside) {
   for (std::size_t n : AwkwardLengths()) {
     std::vector<int> v(n + 2, 1);
     v.front() = v.back() = 5;
-    ASSERT_EQ(form().find_last(v.data() + 1, n, 5), n);
+    ASSERT_EQ(form().find_last(v.data() + 1, n, 5), n) << "n " << n;
     for (std::size_t at = 0; at < n; at += 1 + n / 60) {
       v[1 + at / 2] = v[1 + at] = 5;
       ASSERT_EQ(form().find_last(v.data() + 1, n, 5), at) << n;
@@ -87,11 +87,12 @@ TEST_P(SearchKernel, FindsTheLastIntAtEveryPlaceAndNothingOutside) {
     test::Random random(n);
     for (int& x : v) x = random.Int(-9, 9);
     for (int x = -10; x <= 10; ++x)
-      ASSERT_EQ(form().find_last(v.data(), v.size(), x), PlainLast(v, x));
+      ASSERT_EQ(form().find_last(v.data(), v.size(), x), PlainLast(v, x))
+          << "n " << n << ", x " << x;
   }
 }
 
-TEST_P(SearchKernel, LeastIsTheFirstOfEqualsAndPassesOverNaNs) {
+TEST_P(SearchKernel, LeastIsTheFirstOfEqualElementsAndIgnoresNaNs) {
   for (std::size_t n : AwkwardLengths()) {
     if (n == 0) continue;
     for (std::uint64_t seed = 0; seed < 6; ++seed) {
@@ -104,9 +105,9 @@ TEST_P(SearchKernel, LeastIsTheFirstOfEqualsAndPassesOverNaNs) {
       ASSERT_EQ(form().first_least(v.data(), n), PlainLeast(v)) << n;
     }
     std::vector<double> v(n, kNaN);
-    ASSERT_EQ(form().first_least(v.data(), n), 0u);
+    ASSERT_EQ(form().first_least(v.data(), n), 0u) << "n " << n;
     v[0] = kInfinity;
-    ASSERT_EQ(form().first_least(v.data(), n), 0u);
+    ASSERT_EQ(form().first_least(v.data(), n), 0u) << "n " << n;
     for (std::size_t at = 0; at < n; at += 1 + n / 60) {
       v[at] = 3;
       v[at + (n - at) / 2] = 3;
@@ -117,7 +118,7 @@ TEST_P(SearchKernel, LeastIsTheFirstOfEqualsAndPassesOverNaNs) {
   }
 }
 
-TEST_P(SearchKernel, NoneDescendsFindsADescentAtEveryPlaceAndNoneElsewhere) {
+TEST_P(SearchKernel, NoneDescendsFindsADescentAtEveryIndexAndNoneElsewhere) {
   for (std::size_t n : AwkwardLengths()) {
     std::vector<double> v(n + 2);
     for (std::size_t i = 0; i < n; ++i) v[i + 1] = static_cast<double>(i / 2);
@@ -131,7 +132,7 @@ TEST_P(SearchKernel, NoneDescendsFindsADescentAtEveryPlaceAndNoneElsewhere) {
       v[at + 1] = kept;
     }
     const std::vector<double> zeros = {0.0, -0.0, 0.0};
-    ASSERT_TRUE(form().none_descends(zeros.data(), zeros.size()));
+    ASSERT_TRUE(form().none_descends(zeros.data(), zeros.size())) << "n " << n;
   }
 }
 

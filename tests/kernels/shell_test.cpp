@@ -42,7 +42,7 @@ class ShellInEveryForm : public testing::TestWithParam<const kernels::Table*> {
 INSTANTIATE_TEST_SUITE_P(Forms, ShellInEveryForm, testing::ValuesIn(kernels::RunnableTables()),
                          [](const auto& form) { return std::string(form.param->name); });
 
-TEST_P(ShellInEveryForm, LeavesWhatTheDocumentedPassesLeave) {
+TEST_P(ShellInEveryForm, MatchesTheDocumentedPasses) {
   for (std::size_t n = 0; n <= 200; n += test::kFullScale ? 1 : 7)
     test::ForEachHostile(n, n, [](Values v, const std::string& name) {
       const Values want = Walked(v);
@@ -59,7 +59,7 @@ TEST_P(ShellInEveryForm, LeavesWhatTheDocumentedPassesLeave) {
                          });
 }
 
-TEST_P(ShellInEveryForm, FollowsZerosPassByPassWhateverTheirNumber) {
+TEST_P(ShellInEveryForm, MatchesTheDocumentedPassesForAnyNumberOfZeros) {
   test::Random random(11);
   for (std::size_t n = 9; n < 700; n += 1 + n / 40)
     for (std::size_t zeros = 1; zeros <= n; zeros += 1 + zeros / 2) {
@@ -67,14 +67,14 @@ TEST_P(ShellInEveryForm, FollowsZerosPassByPassWhateverTheirNumber) {
       for (std::size_t k = 0; k < zeros; ++k) v[k] = random.Below(2) ? -0.0 : 0.0;
       for (std::size_t k = n - 1; k > 0; --k) std::swap(v[k], v[random.Below(k + 1)]);
       const Values want = Walked(v);
-      ASSERT_TRUE(ShellSortAroundZeros(v.data(), n, zeros));
+      ASSERT_TRUE(ShellSortAroundZeros(v.data(), n, zeros)) << "n " << n << ", zeros " << zeros;
       ASSERT_TRUE(test::SameBits(v, want)) << zeros << " of " << n;
     }
 }
 
-/// Long enough for chains beyond the network, with separate, joined or missing disorder around the
-/// first and the last zero.
-TEST_P(ShellInEveryForm, GoesOnlyThroughWhatIsOutOfOrderAroundManyZeros) {
+/// Long enough for chains that the sorting network cannot take. The unsorted stretches around the
+/// first and the last zero are separate, joined or missing.
+TEST_P(ShellInEveryForm, MatchesTheDocumentedPassesAroundManyZeros) {
   test::Random random(12);
   for (std::size_t n : {9u, 33u, 64u, 255u, 256u, 1000u, 1023u, 2048u, 6250u})
     for (int round = 0; round < test::Scaled(24, 6); ++round) {
@@ -89,12 +89,12 @@ TEST_P(ShellInEveryForm, GoesOnlyThroughWhatIsOutOfOrderAroundManyZeros) {
       const auto count = static_cast<std::size_t>(std::count(v.begin(), v.end(), 0.0));
       if (count == 0) continue;
       const Values want = Walked(v);
-      ASSERT_TRUE(ShellSortAroundZeros(v.data(), n, count));
+      ASSERT_TRUE(ShellSortAroundZeros(v.data(), n, count)) << "n " << n << ", round " << round;
       ASSERT_TRUE(test::SameBits(v, want)) << round << ", " << count << " of " << n;
     }
 }
 
-TEST_P(ShellInEveryForm, FinishesByRunsAPassThatTheWalkGaveUp) {
+TEST_P(ShellInEveryForm, FinishesByRunsAfterTheWalkGaveUp) {
   std::size_t given_up = 0;
   for (std::size_t n = 9; n < 600; n += 1 + n / test::Scaled<std::size_t>(10, 2))
     for (std::size_t patience : {0u, 1u, 2u})
@@ -102,14 +102,15 @@ TEST_P(ShellInEveryForm, FinishesByRunsAPassThatTheWalkGaveUp) {
         const Values want = Walked(v);
         const std::size_t gap = ShellWalk(v.data(), n, n / 2, patience);
         given_up += gap > 0;
-        ASSERT_TRUE(gap == 0 || ShellSortByRuns(v.data(), n, gap, n / 100));
+        ASSERT_TRUE(gap == 0 || ShellSortByRuns(v.data(), n, gap, n / 100))
+            << "n " << n << ", patience " << patience;
         ASSERT_TRUE(test::SameBits(v, want)) << name << ", patience " << patience;
       });
   EXPECT_GT(given_up, 100u);
 }
 
-/// So no order makes it quadratic.
-TEST(ShellStrips, GiveUpWhatIsFarFromOrder) {
+/// So that no order makes it quadratic.
+TEST(ShellStrips, GiveUpOnInputFarFromSorted) {
   const kernels::Table& before = kernels::Active();
   for (const kernels::Table* table : kernels::RunnableTables()) {
     const std::size_t strips = table->chains->abreast, rows = 500, n = strips * rows - 3;
@@ -142,7 +143,7 @@ void* LendOnce(std::size_t bytes) {
   return lent++ == 0 ? std::malloc(bytes) : nullptr;
 }
 
-TEST(Shell, WalksWhereThereIsNoMemory) {
+TEST(Shell, MatchesTheDocumentedPassesWithoutMemory) {
   for (const auto lend : {RefuseAll, LendOnce})
     test::ForEachHostile(1000, 5, [lend](Values v, const std::string& name) {
       const Values want = Walked(v);

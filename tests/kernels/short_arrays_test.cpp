@@ -44,7 +44,7 @@ Ways Met(const prove::ShortArrays& arrays) {
   Calls::active = &kernels::Active();
   kernels::Table counting = *Calls::active;
   kernels::Sorting sorting = *counting.sorting;
-  sorting.pays_from = 10;  // longer ones by runs, shorter ones by the documented steps
+  sorting.pays_from = 10;  // longer ones are sorted by runs, shorter ones by the documented steps
   counting.sorting = &sorting;
   counting.partitions = &kCountingPartitions;
   kernels::Force(counting);
@@ -65,7 +65,7 @@ Ways Met(const prove::ShortArrays& arrays) {
   return met;
 }
 
-TEST(ShortArrays, AreNumberedWithoutGapOrRepetition) {
+TEST(ShortArrays, AreEnumeratedWithoutGapsOrRepetition) {
   const prove::ShortArrays arrays = {{1, 2, 3}, 2, 3};
   ASSERT_EQ(arrays.Count(), 9u + 27u);
   std::vector<std::vector<double>> all;
@@ -76,7 +76,7 @@ TEST(ShortArrays, AreNumberedWithoutGapOrRepetition) {
   EXPECT_EQ(prove::LongerArrays().shortest, double_array::kSmall + 1);
 }
 
-TEST(ShortArrays, TakeEveryWayOfTheSorts) {
+TEST(ShortArrays, ReachEveryPathOfTheSorts) {
   const Ways longer = Met(prove::LongerArrays()), longest = Met(prove::LongestArrays());
   EXPECT_GT(longer.unique, 20u);
   EXPECT_GT(longer.runs, 1000u);

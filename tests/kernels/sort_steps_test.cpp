@@ -10,6 +10,7 @@
 #include <limits>
 #include <numeric>
 #include <random>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -18,14 +19,22 @@
 
 namespace {
 
-/// The number of times a step was taken, and of its elements in all.
-enum Step { kPartitioned, kHeapSorted, kSampled, kCounted, kSteps };
+/// How many times a step was taken, and on how many elements in all.
+enum Step { kPartitioned, kHeapSorted, kSampled, kCounted, kComparedWithAll, kSteps };
 struct Count {
   std::size_t times, elements;
 };
 Count counts[kSteps];
 
+/// Where the callers' frames lie: as many places as calls were nested at most.
+std::set<std::uintptr_t> frames;
+
+#if defined(__GNUC__)
+__attribute__((noinline))
+#endif
 void Note(Step step, std::size_t elements) {
+  volatile char here = 0;
+  if (step == kPartitioned) frames.insert(reinterpret_cast<std::uintptr_t>(&here));
   ++counts[step].times;
   counts[step].elements += elements;
 }
@@ -36,6 +45,9 @@ void Note(Step step, std::size_t elements) {
 #define ZEPH_SORT_STEP(step, elements) Note(step, elements)
 #define kernels counted_kernels
 #include "kernels/sort_avx2.cpp"
+#undef ZEPH_WIDE_CALL
+#undef ZEPH_WIDE
+#include "kernels/sort_avx512.cpp"
 #include "kernels/sort_portable.cpp"
 
 namespace zeph::counted_kernels {
@@ -67,6 +79,13 @@ std::vector<Form> Forms() {
                        avx2::QuickSort<double>(v, n, 0.0, false, 0, counting::Chance());
                      },
                      avx2::kSmall, 1.2});
+  if (__builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq") &&
+      __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512vl"))
+    forms.push_back({"avx512", avx512::kSorting.sort_doubles, avx512::kSorting.sort_ints,
+                     [](double* v, std::size_t n) {
+                       avx512::QuickSort<double>(v, n, 0.0, false, 0, counting::Chance());
+                     },
+                     avx512::kSmall, 1.2});
 #endif
   return forms;
 }
@@ -90,8 +109,11 @@ std::vector<T> Repeated(std::size_t n, std::size_t distinct) {
 template <class T>
 void SortAndCount(Sorter<T> sort, std::vector<T> v) {
   std::fill(std::begin(counts), std::end(counts), Count());
+  frames.clear();
   sort(v.data(), v.size());
-  ASSERT_TRUE(std::is_sorted(v.begin(), v.end()));
+  const auto unsorted = std::is_sorted_until(v.begin(), v.end());
+  ASSERT_TRUE(unsorted == v.end())
+      << "element " << unsorted - v.begin() << " of " << v.size() << " is less than the one before";
 }
 
 void PrintTo(const Form& form, std::ostream* os) {
@@ -103,7 +125,8 @@ class SortSteps : public testing::TestWithParam<Form> {};
 const std::size_t kLengths[] = {1000, 10'000, test::Scaled<std::size_t>(100'000, 20'000),
                                 test::Scaled<std::size_t>(1'000'000, 50'000)};
 
-/// Halving would look at log2(n / what is left to the network or to insertion) times n elements.
+/// Perfect halving would read n log2(n / m) elements, where pieces of m are left to the network or
+/// to insertion.
 template <class T>
 void LooksAtNLogN(Sorter<T> sort, const Form& form) {
   for (const std::size_t n : kLengths) {
@@ -138,20 +161,35 @@ TEST_P(SortSteps, OrderedInputIsNotPartitioned) {
 }
 
 /// Two passes, for any values.
-TEST_P(SortSteps, LongInputOfFewValuesIsCounted) {
+TEST_P(SortSteps, LongInputOfFewValuesIsSortedByCounting) {
   for (const std::size_t n : kLengths)
-    for (const std::size_t distinct : {2u, 8u, 20u, 100u}) {
+    for (const std::size_t distinct : {2u, 3u, 4u, 5u, 8u, 9u, 20u, 100u}) {
       if (n < 8000) continue;
-      SortAndCount(GetParam().doubles, Repeated<double>(n, distinct));
+      // Wide forms compare with up to eight values at once.
+      const std::size_t compared = distinct <= 8 && GetParam().name != "portable";
+      SortAndCount(GetParam().doubles, Repeated<double>(n + 5, distinct));
       EXPECT_EQ(1u, counts[kCounted].times) << n << ' ' << distinct;
+      EXPECT_EQ(compared, counts[kComparedWithAll].times) << n << ' ' << distinct;
       EXPECT_LT(counts[kPartitioned].elements, 4000u) << n << ' ' << distinct;  // of the values
-      SortAndCount(GetParam().ints, Repeated<int>(n, distinct));
+      SortAndCount(GetParam().ints, Repeated<int>(n + 5, distinct));
       EXPECT_EQ(1u, counts[kCounted].times) << n << ' ' << distinct;
+      EXPECT_EQ(compared, counts[kComparedWithAll].times) << n << ' ' << distinct;
     }
 }
 
+/// Half of the elements repeat a few values, so that a sample promises what counting cannot keep.
+TEST_P(SortSteps, CountingIsGivenUpWhereItFailed) {
+  for (const std::size_t n : {50'000u, 200'000u}) {
+    std::vector<double> v = Shuffled<double>(n);
+    for (std::size_t i = 0; i < n; i += 2) v[i] = std::floor(v[i] / 20000) * 20000;
+    SortAndCount(GetParam().doubles, v);
+    EXPECT_EQ(0u, counts[kCounted].times) << n;
+    EXPECT_LE(counts[kSampled].times, 15u) << n;  // 7 in three generations, or few more
+  }
+}
+
 /// Each value is finished once it has been a pivot twice.
-TEST_P(SortSteps, EqualKeysAreSplitOff) {
+TEST_P(SortSteps, EqualKeysAreSeparatedAtOnce) {
   for (const std::size_t distinct : {2u, 3u, 10u, 30u}) {
     SortAndCount(GetParam().doubles, Repeated<double>(5000, distinct));
     const double generations = 2 + 2 * std::log2(static_cast<double>(distinct));
@@ -160,18 +198,35 @@ TEST_P(SortSteps, EqualKeysAreSplitOff) {
   }
 }
 
-TEST_P(SortSteps, WithoutPartitionsLeftTheHeapSorts) {
+/// Only the smaller piece of a partition is sorted by another call, so each is at most half as long.
+TEST_P(SortSteps, RecursionDeepensOncePerHalving) {
+  for (const std::size_t n : {1000u, 10'000u, 50'000u}) {
+    const double halvings =
+        std::log2(static_cast<double>(n) / static_cast<double>(GetParam().small));
+    std::vector<double> pipe = Shuffled<double>(n);  // falls, then rises: unequal pieces
+    for (std::size_t i = 0; i < n; ++i)
+      pipe[i] = static_cast<double>(i < n / 2 ? n - 2 * i : 2 * i - n + 1);
+    for (const std::vector<double>& v : {Shuffled<double>(n), pipe}) {
+      SortAndCount(GetParam().doubles, v);
+      EXPECT_LE(static_cast<double>(frames.size()), 1 + halvings) << n;
+    }
+    SortAndCount(GetParam().ints, Shuffled<int>(n));
+    EXPECT_LE(static_cast<double>(frames.size()), 1 + halvings) << n;
+  }
+}
+
+TEST_P(SortSteps, HeapSortTakesOverAtTheDepthLimit) {
   SortAndCount(GetParam().atTheLimit, Shuffled<double>(3000));
   EXPECT_EQ(0u, counts[kPartitioned].times);
   EXPECT_EQ(1u, counts[kHeapSorted].times);
   EXPECT_EQ(3000u, counts[kHeapSorted].elements);
 }
 
-/// Two generations to each halving, and four.
-TEST(SortLimits, LeaveTwoPartitionsToEachHalving) {
+/// Two generations per halving, and four more.
+TEST(SortLimits, AllowTwoPartitionsPerHalving) {
   for (const std::size_t n : kLengths) {
     const double halvings = std::floor(std::log2(static_cast<double>(n)));
-    EXPECT_EQ(4 + 2 * static_cast<int>(halvings), sorting::DepthLimit(n));
+    EXPECT_EQ(4 + 2 * static_cast<int>(halvings), sorting::DepthLimit(n)) << "n " << n;
   }
 }
 

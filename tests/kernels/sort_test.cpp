@@ -45,7 +45,7 @@ class SortKernel : public testing::TestWithParam<const Table*> {
 
  private:
   static bool Same(int a, int b) { return a == b; }
-  static bool Same(double a, double b) { return test::SameBits(a, b); }
+  static bool Same(double a, double b) { return test::Bits(a) == test::Bits(b); }
   void Sort(double* v, std::size_t n) const { form().sort_doubles(v, n); }
   void Sort(int* v, std::size_t n) const { form().sort_ints(v, n); }
 };
@@ -126,7 +126,7 @@ TEST_P(SortKernel, SortsAnyNumberOfDistinctValues) {
     }
 }
 
-TEST_P(SortKernel, CountsFewValuesAndSortsWhereThereTurnOutToBeMore) {
+TEST_P(SortKernel, SortsFewValuesByCountingAndFallsBackIfThereAreMore) {
   Random random(11);
   for (std::size_t n : {8000u, 8001u, 20'003u, 70'000u})
     for (int distinct : {2, 4, 5, 8, 9, 60, 255, 256, 257, 300, 900}) {
@@ -151,7 +151,54 @@ TEST_P(SortKernel, CountsFewValuesAndSortsWhereThereTurnOutToBeMore) {
   ASSERT_NO_FATAL_FAILURE(Check(zeros, 1, "negative zeros"));
 }
 
-TEST_P(SortKernel, RunsInAlmostSortedOrderAreKeptRight) {
+/// Two zeros of different signs at any distance, the first of any block among them.
+TEST_P(SortKernel, OrderIsUniqueComparesZerosOfDifferentBlocks) {
+  std::vector<double> v(2100, 1.0);
+  for (const std::size_t first :
+       {std::size_t{0}, std::size_t{3}, std::size_t{511}, std::size_t{512}})
+    for (std::size_t second = first + 1; second < v.size(); ++second) {
+      v[first] = -0.0, v[second] = 0.0;
+      ASSERT_FALSE(form().order_is_unique(v.data(), v.size())) << first << ' ' << second;
+      v[second] = -0.0;
+      ASSERT_TRUE(form().order_is_unique(v.data(), v.size())) << first << ' ' << second;
+      v[first] = v[second] = 1.0;
+    }
+}
+
+/// The values of the last few elements are too many for the count that all others allowed.
+TEST_P(SortKernel, SortsIfOnlyTheLastElementsHaveTooManyValues) {
+  Random random(12);
+  for (std::size_t n : {8064u, 8192u, 8193u, 8319u})
+    for (std::size_t fresh : {20u, 75u, 76u, 77u, 100u, 127u, 128u, 200u}) {
+      std::vector<double> v(n);
+      std::vector<int> whole(n);
+      for (std::size_t i = 0; i < n; ++i) {
+        whole[i] = i + fresh < n ? random.Int(1, 180) : 1000 + static_cast<int>(i);
+        v[i] = whole[i] * 0.5;
+      }
+      ASSERT_NO_FATAL_FAILURE(Check(v, 1, "too many at the end"));
+      ASSERT_NO_FATAL_FAILURE(Check(whole, 1, "too many at the end"));
+    }
+}
+
+/// Ten thousand values in all: some of them begin at any place of the table that counts them.
+TEST_P(SortKernel, SortsAnyFewValuesAndZeroByCounting) {
+  Random random(13);
+  for (int round = 0; round < 50; ++round) {
+    std::vector<double> values(200), v(8000);
+    std::vector<int> numbers(200), whole(8000);
+    for (double& x : values) x = random.Real(-1, 1);
+    for (int& x : numbers) x = static_cast<int>(random.Next());
+    values[7] = 0.0;
+    numbers[7] = 0;
+    for (double& x : v) x = values[random.Below(values.size())];
+    for (int& x : whole) x = numbers[random.Below(numbers.size())];
+    ASSERT_NO_FATAL_FAILURE(Check(v, 1, "values beside zero"));
+    ASSERT_NO_FATAL_FAILURE(Check(whole, 1, "values beside zero"));
+  }
+}
+
+TEST_P(SortKernel, SortsAlmostSortedAndReversedInput) {
   for (std::size_t n : {64u, 1000u, 5000u})
     for (std::size_t at = 0; at < n; at += n / 13 + 1)
       for (double x : {-1.0, 1e9}) {
@@ -170,7 +217,7 @@ TEST_P(SortKernel, OrderIsUniqueWithoutNaNAndWithZerosOfOneSign) {
   };
   for (std::size_t n = 0; n <= 130; ++n) {
     std::vector<double> v(n, 1.0);
-    ASSERT_TRUE(unique(v));
+    ASSERT_TRUE(unique(v)) << "n " << n;
     for (std::size_t i = 0; i < n; ++i) {
       for (double nan : {kNaN, -kNaN}) {
         v[i] = nan;
@@ -194,7 +241,7 @@ TEST_P(SortKernel, OrderIsUniqueWithoutNaNAndWithZerosOfOneSign) {
   }
 }
 
-TEST_P(SortKernel, OrderIsUniqueLooksAtEveryElementOfALongArray) {
+TEST_P(SortKernel, OrderIsUniqueReadsEveryElementOfALongArray) {
   std::vector<double> v(5000, -0.0);
   for (std::size_t i = 0; i < v.size(); i += 97) {
     v[i] = kNaN;
@@ -215,7 +262,7 @@ TEST_P(SortKernel, SortsLongInputsThatMisleadTheChoiceOfPivots) {
   ASSERT_NO_FATAL_FAILURE(Check(v, 0, "killer"));
 }
 
-TEST_P(SortKernel, SplitsByAnyValue) {
+TEST_P(SortKernel, PartitionsByAnyPivot) {
   for (std::size_t n : {kSplitFrom, kSplitFrom + 1, std::size_t{200}, std::size_t{1003}}) {
     Random random(n);
     std::vector<double> doubles(n);
@@ -223,6 +270,7 @@ TEST_P(SortKernel, SplitsByAnyValue) {
     for (double& x : doubles) x = OrderedValue(random);
     for (int& x : ints) x = random.Int(-20, 20);
     for (std::size_t k = 0; k < n; k += 7) {
+      SCOPED_TRACE(::testing::Message() << "n " << n << ", k " << k);
       std::vector<double> v = doubles;
       const double pivot = doubles[k];
       const std::size_t less = form().split_doubles(v.data(), n, pivot);
@@ -249,7 +297,7 @@ TEST_P(SortKernel, SplitsByAnyValue) {
   }
 }
 
-TEST(SortKernels, WayOutOfBadPivotsSortsToo) {
+TEST(SortKernels, HeapSortSortsEveryOrder) {
   for (const test::Order& order : test::Orders())
     for (std::size_t n : {0u, 1u, 2u, 3u, 100u, 1000u}) {
       std::vector<double> v = order.make(n, 3);

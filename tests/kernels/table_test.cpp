@@ -47,7 +47,7 @@ class KernelTable : public testing::Test {
 
 #if ZEPH_X64
 /// Every set of the five features.
-TEST_F(KernelTable, ALevelRunsWhereTheProcessorHasAllOfIt) {
+TEST_F(KernelTable, ALevelNeedsAllItsProcessorFeatures) {
   for (unsigned has = 0; has < 32; ++has) {
     Processor p;
     p.avx2 = has & 1;
@@ -60,12 +60,12 @@ TEST_F(KernelTable, ALevelRunsWhereTheProcessorHasAllOfIt) {
   }
 }
 
-TEST_F(KernelTable, TheProcessorIsWhatTheSystemSays) {
+TEST_F(KernelTable, TheProcessorsFeaturesAgreeWithTheSystems) {
   const std::vector<std::string> flags = ProcessorFlags();
   const char* before = std::getenv("LD_PRELOAD");
   if (before && std::strstr(before, "vgpreload"))
     GTEST_SKIP() << "valgrind's processor is not the one that the system describes";
-  if (flags.empty()) GTEST_SKIP() << "/proc/cpuinfo does not say what the processor has";
+  if (flags.empty()) GTEST_SKIP() << "/proc/cpuinfo does not list the processor's features";
   const auto has = [&](const char* name) {
     return std::find(flags.begin(), flags.end(), name) != flags.end();
   };
@@ -87,7 +87,7 @@ class Start : public testing::Environment {
 [[maybe_unused]] const testing::Environment* const kStart =
     testing::AddGlobalTestEnvironment(new Start);
 
-TEST_F(KernelTable, TheBestOneIsInUseFromTheStart) {
+TEST_F(KernelTable, TheBestLevelIsActiveFromTheStart) {
   const char* asked = std::getenv("ZEPH_TEST_KERNELS");
   if (asked && *asked)
     EXPECT_STREQ(asked, Start::table->name);
@@ -96,7 +96,7 @@ TEST_F(KernelTable, TheBestOneIsInUseFromTheStart) {
   EXPECT_EQ(RunnableTables().back(), &BestTable(ThisProcessor()));
 }
 
-TEST_F(KernelTable, PortableOneIsTheFirstAndOfPortableFormsOnly) {
+TEST_F(KernelTable, ThePortableLevelIsFirstAndHasPortableFormsOnly) {
   const Table& first = *RunnableTables().front();
   EXPECT_STREQ(first.name, "portable");
   EXPECT_EQ(first.sorting, &portable::kSorting);
@@ -111,7 +111,7 @@ TEST_F(KernelTable, PortableOneIsTheFirstAndOfPortableFormsOnly) {
   EXPECT_EQ(first.products, &portable::kProducts);
 }
 
-TEST_F(KernelTable, EachWideLevelBringsFormsOfItsOwn) {
+TEST_F(KernelTable, EachWideLevelHasFormsOfItsOwn) {
   const std::vector<const Table*> tables = RunnableTables();
   for (std::size_t i = 1; i < tables.size(); ++i) {
     SCOPED_TRACE(tables[i]->name);
@@ -127,23 +127,55 @@ TEST_F(KernelTable, EachWideLevelBringsFormsOfItsOwn) {
   }
 }
 
-TEST_F(KernelTable, ForcedOneIsTheOneThatRuns) {
+#if ZEPH_X64
+/// AVX-512 sums rows by the AVX2 form, which is faster.
+TEST_F(KernelTable, EveryWideLevelHasItsForms) {
+  Processor all;
+  all.avx2 = all.avx512f = all.avx512dq = all.avx512bw = all.avx512vl = true;
+  const std::vector<const Table*> tables = RunnableTables(all);
+  ASSERT_EQ(tables.size(), 3u);
+  const Table& two = *tables[1];
+  EXPECT_EQ(two.sorting, &avx2::kSorting);
+  EXPECT_EQ(two.partitions, &avx2::kPartitions);
+  EXPECT_EQ(two.chains, &avx2::kChains);
+  EXPECT_EQ(two.searching, &avx2::kSearching);
+  EXPECT_EQ(two.elementwise, &avx2::kElementwise);
+  EXPECT_EQ(two.magnitudes, &avx2::kMagnitudes);
+  EXPECT_EQ(two.row_sums, &avx2::kRowSums);
+  EXPECT_EQ(two.products, &avx2::kProducts);
+  EXPECT_EQ(two.batch, &avx2::kBatch);
+  EXPECT_EQ(two.batch_products, &avx2::kBatchProducts);
+  const Table& five = *tables[2];
+  EXPECT_EQ(five.sorting, &avx512::kSorting);
+  EXPECT_EQ(five.partitions, &avx512::kPartitions);
+  EXPECT_EQ(five.chains, &avx512::kChains);
+  EXPECT_EQ(five.searching, &avx512::kSearching);
+  EXPECT_EQ(five.elementwise, &avx512::kElementwise);
+  EXPECT_EQ(five.magnitudes, &avx512::kMagnitudes);
+  EXPECT_EQ(five.row_sums, &avx2::kRowSums);
+  EXPECT_EQ(five.products, &avx512::kProducts);
+  EXPECT_EQ(five.batch, &avx512::kBatch);
+  EXPECT_EQ(five.batch_products, &avx512::kBatchProducts);
+}
+#endif
+
+TEST_F(KernelTable, TheForcedLevelRuns) {
   for (const Table* table : RunnableTables()) {
     Force(*table);
-    EXPECT_EQ(&Active(), table);
+    EXPECT_EQ(&Active(), table) << table->name;
     std::vector<double> v = {3, 1, 2};
-    EXPECT_TRUE(OrderIsUnique(v.data(), v.size()));
+    EXPECT_TRUE(OrderIsUnique(v.data(), v.size())) << table->name;
     SortAscending(v.data(), v.size());
-    EXPECT_EQ(v, (std::vector<double>{1, 2, 3}));
+    EXPECT_EQ(v, (std::vector<double>{1, 2, 3})) << table->name;
   }
 }
 
-TEST_F(KernelTable, IsForcedByItsNameOrLeftAlone) {
+TEST_F(KernelTable, AnUnknownNameForcesNothing) {
   for (const Table* table : RunnableTables()) {
-    EXPECT_TRUE(Force(std::string(table->name).c_str()));
-    EXPECT_EQ(&Active(), table);
-    EXPECT_FALSE(Force("abacus"));
-    EXPECT_EQ(&Active(), table);
+    EXPECT_TRUE(Force(std::string(table->name).c_str())) << table->name;
+    EXPECT_EQ(&Active(), table) << table->name;
+    EXPECT_FALSE(Force("abacus")) << table->name;
+    EXPECT_EQ(&Active(), table) << table->name;
   }
 }
 

@@ -13,7 +13,7 @@ namespace {
 
 constexpr Failure kBoth[] = {Failure::kBadAlloc, Failure::kMemoryException};
 
-/// `body` runs with each allocation failing and lets the failure pass each time; it makes `count`
+/// `body` runs with each allocation failing and propagates the failure each time; it makes `count`
 /// allocations and leaves no block behind.
 template <class Body>
 void ExpectEachFailurePasses(long count, Body body) {
@@ -26,8 +26,8 @@ void ExpectEachFailurePasses(long count, Body body) {
           EXPECT_TRUE(threw) << k;
           EXPECT_EQ(LiveBlocks(), before) << k;
         });
-    EXPECT_EQ(runs, count);
-    EXPECT_FALSE(threw);
+    EXPECT_EQ(runs, count) << how;
+    EXPECT_FALSE(threw) << how;
   }
 }
 
@@ -38,8 +38,9 @@ class LinalgAllocationFailure : public ::testing::Test {
   void SetUp() override { ZEPH_NEEDS_LIBRARY_ALLOCATIONS(); }
 };
 
-TEST_F(LinalgAllocationFailure, DoubleMatrixCreationAnswersZeroSilentlyAndKeepsEarlierRows) {
+TEST_F(LinalgAllocationFailure, DoubleMatrixCreationReturnsZeroSilentlyAndKeepsEarlierRows) {
   for (const Failure how : kBoth) {
+    SCOPED_TRACE(::testing::Message() << how);
     CaptureStdout capture;
     const long before = LiveBlocks();
     std::optional<CZEPHDoubleMatrix> m;
@@ -75,10 +76,10 @@ TEST_F(LinalgAllocationFailure, DoubleMatrixOperatorsCarryOnWithoutStorage) {
       CZEPHDoubleMatrix a = ToDoubleMatrix(x, 3, 3), b(3, 3, 2.0);
       const CZEPHDoubleMatrix& fixed = a;
       double* table[] = {b[0], b[1], b[2]};
-      -a;  // allocate this thread's places for results
+      -a;  // allocates this thread's storage for results
       const auto all = [&](long k) {
         EXPECT_TRUE(SameBits(Elements(a), x)) << k;
-        EXPECT_EQ(b.m_nRows, 3);
+        EXPECT_EQ(b.m_nRows, 3) << how << ", andAllAfter " << andAllAfter;
       };
       FailEachAllocation(
           how, andAllAfter, [&] { CZEPHDoubleMatrix c(fixed); }, all);
@@ -99,18 +100,18 @@ TEST_F(LinalgAllocationFailure, DoubleMatrixOperatorsCarryOnWithoutStorage) {
     }
 }
 
-TEST_F(LinalgAllocationFailure, AProductWithoutMemoryLeavesTheMatrixAsItIs) {
+TEST_F(LinalgAllocationFailure, AProductWithoutMemoryLeavesTheMatrixUnchanged) {
   for (const Failure how : kBoth) {
     const Rows x = ModerateRows(3, 3, 1);
     CZEPHDoubleMatrix a = ToDoubleMatrix(x, 3, 3), b(3, 3, 2.0);
     const long runs = FailEachAllocation(
         how, true, [&] { a *= b; }, [&](long k) { EXPECT_TRUE(SameBits(Elements(a), x)) << k; });
-    EXPECT_GE(runs, 4);
-    EXPECT_FALSE(SameBits(Elements(a), x));
+    EXPECT_GE(runs, 4) << how;
+    EXPECT_FALSE(SameBits(Elements(a), x)) << how;
   }
 }
 
-TEST_F(LinalgAllocationFailure, SetDataThatFailsHasReleasedWhatWasHeld) {
+TEST_F(LinalgAllocationFailure, SetDataThatFailsHasReleasedTheOldStorage) {
   const long before = LiveBlocks();
   {
     CZEPHDoubleMatrix m(3, 3, 1.0), source(5, 5, 2.0);
@@ -123,7 +124,7 @@ TEST_F(LinalgAllocationFailure, SetDataThatFailsHasReleasedWhatWasHeld) {
   EXPECT_EQ(LiveBlocks(), before);
 }
 
-TEST_F(LinalgAllocationFailure, GeneralConstructorsAndOperatorsLetItPassAndLoseNothing) {
+TEST_F(LinalgAllocationFailure, GeneralConstructorsAndOperatorsPropagateItAndLeakNothing) {
   CZEPHMatrix a = ToMatrix(ModerateRows(3, 2, 1)), b = ToMatrix(ModerateRows(2, 4, 2));
   CZEPHVector v = ToVector({1, 2, 3});
   const std::vector<double> values = Moderate(6, 3);
@@ -144,9 +145,10 @@ TEST_F(LinalgAllocationFailure, GeneralConstructorsAndOperatorsLetItPassAndLoseN
   ExpectEachFailurePasses(1, [&] { 2.0 * v; });
 }
 
-TEST_F(LinalgAllocationFailure, AResizeThatFailsLeavesAnObjectForEveryUse) {
+TEST_F(LinalgAllocationFailure, AResizeThatFailsLeavesAUsableObject) {
   for (const Failure how : kBoth)
     for (long k = 1; k <= 4; ++k) {
+      SCOPED_TRACE(::testing::Message() << how << ", k " << k);
       const long before = LiveBlocks();
       {
         CZEPHMatrix m(2, 2), other(3, 2);

@@ -15,6 +15,7 @@ constexpr auto kSubtract = [](double x, double y) { return x - y; };
 TEST(DoubleMatrixArithmetic, AddsAndSubtractsElementByElementInEveryForm) {
   for (int rows : {0, 1, 2, 7})
     for (int cols : {0, 1, 3, 16, 33}) {
+      SCOPED_TRACE(::testing::Message() << "rows " << rows << ", cols " << cols);
       const Rows x = AwkwardRows(rows, cols, 1), y = AwkwardRows(rows, cols, 2);
       const Rows sum = Zip(x, y, kAdd), difference = Zip(x, y, kSubtract);
       CZEPHDoubleMatrix a = ToDoubleMatrix(x, rows, cols), b = ToDoubleMatrix(y, rows, cols);
@@ -43,7 +44,76 @@ TEST(DoubleMatrixArithmetic, TakesTheSameMatrixOnBothSides) {
   EXPECT_TRUE(SameValues(Elements(b), Zip(x, x, kSubtract)));
 }
 
-TEST(DoubleMatrixArithmetic, NegativeCountsThatWereReadMeanNoElements) {
+TEST(DoubleMatrixArithmetic, WorksOnEveryShapeInEveryForm) {
+  for (int rows = 1; rows <= 5; ++rows)
+    for (int cols = 1; cols <= 20; ++cols) {
+      const auto seed = static_cast<std::uint64_t>(50 * rows + cols);
+      const Rows x = ModerateRows(rows, cols, seed), y = ModerateRows(rows, cols, seed + 7000);
+      CZEPHDoubleMatrix a = ToDoubleMatrix(x, rows, cols), b = ToDoubleMatrix(y, rows, cols);
+      const CZEPHDoubleMatrix fixed(a);
+      const Rows sum = Zip(x, y, kAdd), difference = Zip(x, y, kSubtract);
+      const Rows zeros(Count(rows), std::vector<double>(Count(cols), 0.0));
+      EXPECT_TRUE(SameBits(Elements(a + b), sum));
+      EXPECT_TRUE(SameBits(Elements(fixed + b), sum));
+      EXPECT_TRUE(SameBits(Elements(a - b), difference));
+      EXPECT_TRUE(SameBits(Elements(fixed - b), difference));
+      EXPECT_TRUE(SameBits(Elements(-a), Zip(zeros, x, kSubtract)));
+      EXPECT_TRUE(SameBits(Elements(-fixed), Zip(zeros, x, kSubtract)));
+      EXPECT_TRUE(SameBits(Elements(+fixed), x));
+      a += b;
+      EXPECT_TRUE(SameBits(Elements(a), sum));
+      b -= fixed;
+      EXPECT_TRUE(SameBits(Elements(b), Zip(y, x, kSubtract)));
+    }
+}
+
+TEST(DoubleMatrixArithmetic, MissingRowsOfAnOperandGiveZeros) {
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
+  CZEPHDoubleMatrix whole = ToDoubleMatrix({{1, 2}, {3, 4}, {5, 6}}, 3, 2), lacking(whole);
+  delete[] lacking.m_ppData[1];
+  delete[] lacking.m_ppData[2];
+  lacking.m_ppData[1] = lacking.m_ppData[2] = nullptr;  // as exhaustion leaves it
+  const CZEPHDoubleMatrix &fixed = whole, &fixedLacking = lacking;
+  const Rows twice = {{2, 4}, {0, 0}, {0, 0}}, none = {{0, 0}, {0, 0}, {0, 0}};
+  EXPECT_TRUE(SameBits(Elements(whole + lacking), twice));
+  EXPECT_TRUE(SameBits(Elements(lacking + whole), twice));
+  EXPECT_TRUE(SameBits(Elements(fixed + lacking), twice));
+  EXPECT_TRUE(SameBits(Elements(whole - lacking), none));
+  EXPECT_TRUE(SameBits(Elements(fixedLacking - whole), none));
+  EXPECT_TRUE(SameBits(Elements(-lacking), {{-1, -2}, {0, 0}, {0, 0}}));
+  EXPECT_TRUE(SameBits(Elements(+fixedLacking), {{1, 2}, {0, 0}, {0, 0}}));
+  CZEPHDoubleMatrix sum(whole), difference(whole), copied(whole);
+  sum += lacking;
+  difference -= lacking;
+  copied = fixedLacking;
+  EXPECT_TRUE(SameBits(Elements(sum), {{2, 4}, {3, 4}, {5, 6}}));
+  EXPECT_TRUE(SameBits(Elements(difference), {{0, 0}, {3, 4}, {5, 6}}));
+  EXPECT_TRUE(SameBits(Elements(copied), {{1, 2}, {3, 4}, {5, 6}}));
+  const CZEPHDoubleArray products = fixedLacking * CZEPHDoubleArray(2, 1.0);
+  EXPECT_TRUE(SameBits(Elements(products), {3, 0, 0}));
+  lacking += whole;
+  EXPECT_EQ(lacking.m_ppData[0][1], 4.0);
+  EXPECT_EQ(lacking.m_ppData[1], nullptr);
+  whole *= CZEPHDoubleMatrix(2, 2, 1.0);
+  EXPECT_TRUE(SameBits(Elements(whole), {{3, 3}, {7, 7}, {11, 11}}));
+}
+
+TEST(DoubleMatrixArithmetic, NegatedResultsCanBeOperandsAndBeNegatedAgain) {
+  CZEPHDoubleMatrix a = ToDoubleMatrix({{1, -2}, {0.0, 4}}, 2, 2);
+  EXPECT_TRUE(SameBits(Elements(-(-a)), {{1, -2}, {0.0, 4}}));
+  a += -a;
+  EXPECT_TRUE(SameBits(Elements(a), {{0, 0}, {0, 0}}));
+  CZEPHDoubleMatrix b(2, 2, 3.0);
+  b = -b;
+  EXPECT_TRUE(SameBits(Elements(b), {{-3, -3}, {-3, -3}}));
+  CZEPHDoubleMatrix wide(1, 3, 2.0);
+  CZEPHDoubleMatrix &ofB = -b, &ofWide = -wide;  // of their own sizes
+  EXPECT_EQ(ofB.m_nColumns, 2);
+  EXPECT_EQ(ofWide.m_nRows, 1);
+  EXPECT_EQ(ofWide.m_nColumns, 3);
+}
+
+TEST(DoubleMatrixArithmetic, NegativeCountsLeftByExtractionMeanNoElements) {
   CZEPHDoubleMatrix a(2, 2, 1.0), b(2, 2, 1.0);
   a.m_nColumns = b.m_nColumns = -7;  // as `>>` leaves them
   a += b;
@@ -54,7 +124,7 @@ TEST(DoubleMatrixArithmetic, NegativeCountsThatWereReadMeanNoElements) {
   EXPECT_TRUE(SameBits(Elements(a), {{1, 1}, {1, 1}}));
 }
 
-TEST(DoubleMatrixArithmetic, UnaryPlusIsTheMatrixItselfOrACopyOfAConstOne) {
+TEST(DoubleMatrixArithmetic, UnaryPlusReturnsTheMatrixOrACopyIfConst) {
   CZEPHDoubleMatrix a(2, 2, 1.5);
   EXPECT_EQ(&+a, &a);
   const CZEPHDoubleMatrix& fixed = a;
@@ -76,7 +146,7 @@ TEST(DoubleMatrixArithmetic, NegationSubtractsFromZeroSoZeroStaysPositive) {
   EXPECT_TRUE(SameBits(Elements(-zero), {{0.0, 0.0}}));
 }
 
-TEST(DoubleMatrixArithmetic, ResultsCostTheirTableAndRowsAndNothingElse) {
+TEST(DoubleMatrixArithmetic, ResultsAllocateTheirTableAndRowsOnly) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   CZEPHDoubleMatrix a(5, 3, 1.0), b(5, 3, 2.0);
   const CZEPHDoubleMatrix& fixed = a;
@@ -91,4 +161,12 @@ TEST(DoubleMatrixArithmetic, ResultsCostTheirTableAndRowsAndNothingElse) {
   EXPECT_EQ(cost([&] { CZEPHDoubleMatrix c = -fixed; }), 6);
   EXPECT_EQ(cost([&] { CZEPHDoubleMatrix c = +fixed; }), 6);
   EXPECT_EQ(cost([&] { a += b; }), 0);
+  EXPECT_EQ(cost([&] { a -= b; }), 0);
+  EXPECT_EQ(cost([&] { CZEPHDoubleMatrix c = fixed - b; }), 6);
+  EXPECT_EQ(cost([&] { a = b; }), 0);
+  EXPECT_EQ(cost([&] { a *= CZEPHDoubleMatrix(3, 3, 1.0); }),
+            6 + 4);  // the product and the operand
+  EXPECT_EQ(cost([&] { fixed* CZEPHDoubleArray(3, 1.0); }), 2);
+  -a;  // this thread's places
+  EXPECT_EQ(cost([&] { -a; }), 6);
 }

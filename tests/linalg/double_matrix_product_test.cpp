@@ -43,7 +43,7 @@ TEST(DoubleMatrixProduct, AgreesWithTheTextbookLoopInBothForms) {
       const CZEPHDoubleMatrix b = ToDoubleMatrix(y, cols, cols);
       a.operator*=(b);
       EXPECT_TRUE(SameValues(Elements(a), want)) << rows << " x " << cols;
-      EXPECT_EQ(&operator*=(c, b), &c);
+      EXPECT_EQ(&operator*=(c, b), &c) << "rows " << rows << ", cols " << cols;
       EXPECT_TRUE(SameValues(Elements(c), want)) << rows << " x " << cols;
     }
 }
@@ -57,7 +57,7 @@ TEST(DoubleMatrixProduct, SquaresItself) {
   EXPECT_EQ(a[3], row);  // assigned back into the existing rows
 }
 
-TEST(DoubleMatrixProduct, TakesAnyRightOperandThatIsNotConst) {
+TEST(DoubleMatrixProduct, AcceptsAnyNonConstRightOperand) {
   CZEPHDoubleMatrix a(1, 1, 2.0), b(1, 1, 3.0);
   a *= b;
   a *= CZEPHDoubleMatrix(1, 1, 5.0);
@@ -71,7 +71,7 @@ TEST(DoubleMatrixProduct, AMatrixWithoutColumnsBecomesZerosOfTheProductsSize) {
   EXPECT_TRUE(SameBits(Elements(a), {{0, 0, 0}, {0, 0, 0}}));
 }
 
-TEST(DoubleMatrixProduct, ClearedOperandsCountAsWithoutElements) {
+TEST(DoubleMatrixProduct, ClearedOperandsHaveNoElements) {
   CZEPHDoubleMatrix a(2, 2, 1.0), cleared(2, 2, 1.0);
   cleared.Clear();
   a *= cleared;
@@ -89,15 +89,26 @@ TEST(DoubleMatrixProduct, TimesAnArrayAddsEachRowInOrder) {
       if (rows % 3 == 1) v = Awkward(Count(cols), seed + 7);
       const CZEPHDoubleMatrix a = ToDoubleMatrix(x, rows, cols);
       const CZEPHDoubleArray got = a * CZEPHDoubleArray(cols, v.data());
-      EXPECT_EQ(got.size, rows);
-      EXPECT_EQ(got.sorted, 0);
+      EXPECT_EQ(got.size, rows) << "rows " << rows << ", cols " << cols;
+      EXPECT_EQ(got.sorted, 0) << "rows " << rows << ", cols " << cols;
       EXPECT_TRUE(SameValues(Elements(got), MatrixTimesVector(x, v))) << rows << " x " << cols;
     }
 }
 
-TEST(DoubleMatrixProduct, TimesAnArrayCountsNoColumnWhereThereAreNone) {
+TEST(DoubleMatrixProduct, TimesAnEmptyArrayIsZeros) {
   CZEPHDoubleMatrix a(2, 2, 3.0);
   CZEPHDoubleArray v(2, 5.0);
   a.m_nColumns = v.size = 0;  // both keep their storage
   EXPECT_TRUE(SameValues(Elements(a * v), {0.0, 0.0}));
+}
+
+TEST(DoubleMatrixProduct, WithoutColumnsIsZerosWhateverIsStored) {
+  for (int rows = 0; rows <= 5; ++rows)
+    for (const bool cleared : {false, true}) {
+      CZEPHDoubleMatrix m(rows, 0, 1.0);
+      if (cleared) m.Clear();
+      CZEPHDoubleArray empty, none(0, 5.0);
+      for (const CZEPHDoubleArray* v : {&empty, &none})
+        EXPECT_TRUE(SameBits(Elements(m * *v), std::vector<double>(Count(rows), 0.0))) << rows;
+    }
 }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <type_traits>
 #include <utility>
@@ -8,6 +9,8 @@
 #include "linalg/matrices.h"
 #include "support/allocation.h"
 #include "support/child.h"
+#include "support/integers.h"
+#include "support/other_bytes.h"
 
 using namespace zeph::test;
 
@@ -36,7 +39,41 @@ TEST(DoubleMatrixStorage, HasItsThreeFieldsAndNothingElse) {
   EXPECT_EQ(m.m_ppData, nullptr);
 }
 
-TEST(DoubleMatrixStorage, AnswersTheTwoCountsCrosswise) {
+TEST(DoubleMatrixStorage, StartsEmptyInDirtyMemory) {
+  OverOtherBytes<CZEPHDoubleMatrix> m;
+  EXPECT_EQ(m->m_nRows, 0);
+  EXPECT_EQ(m->m_nColumns, 0);
+  EXPECT_EQ(m->m_ppData, nullptr);
+}
+
+TEST(DoubleMatrixStorage, ConstructsEveryShapeFromEverySource) {
+  for (int rows = 0; rows <= 6; ++rows)
+    for (int cols = 0; cols <= 18; ++cols) {
+      const Rows want = AwkwardRows(rows, cols, static_cast<std::uint64_t>(100 * rows + cols));
+      std::vector<double*> table;
+      Rows copies = want;
+      for (auto& row : copies) table.push_back(row.data());
+      CZEPHDoubleMatrix fromRows(rows, cols, table.data()), copy(fromRows), assigned;
+      CZEPHDoubleMatrix set(std::min(rows, 1), 1, 7.0);  // a row past the new count would leak
+      assigned = fromRows;
+      EXPECT_EQ(set.SetData(fromRows), 1);
+      CZEPHDoubleMatrix same(rows, cols, 3.0);
+      same = fromRows;
+      for (const CZEPHDoubleMatrix* m : {&fromRows, &copy, &assigned, &set, &same}) {
+        EXPECT_EQ(m->m_nRows, rows);
+        EXPECT_EQ(m->m_nColumns, cols);
+        EXPECT_TRUE(SameBits(Elements(*m), want)) << rows << " x " << cols;
+      }
+      EXPECT_EQ(set.Create(rows, cols), 1);
+      EXPECT_TRUE(
+          SameBits(Elements(set), Rows(Count(rows), std::vector<double>(Count(cols), 0.0))));
+      set.SetEntry(-0.0);
+      EXPECT_TRUE(
+          SameBits(Elements(set), Rows(Count(rows), std::vector<double>(Count(cols), -0.0))));
+    }
+}
+
+TEST(DoubleMatrixStorage, GetNoRowsAndGetNoColumnsAreSwapped) {
   CZEPHDoubleMatrix m(2, 3, 0.0);
   EXPECT_EQ(m.GetNoRows(), 3);
   EXPECT_EQ(m.GetNoColumns(), 2);
@@ -51,10 +88,10 @@ TEST(DoubleMatrixStorage, ConstructorsFillOrCopyWithEveryBit) {
   EXPECT_TRUE(SameBits(Elements(m), want));
   CZEPHDoubleMatrix copy(m);
   EXPECT_TRUE(SameBits(Elements(copy), want));
-  for (int i = 0; i < 7; ++i) EXPECT_NE(copy.m_ppData[i], m.m_ppData[i]);
+  for (int i = 0; i < 7; ++i) EXPECT_NE(copy.m_ppData[i], m.m_ppData[i]) << "i " << i;
 }
 
-TEST(DoubleMatrixStorage, TakesWholeNumbersAsValues) {
+TEST(DoubleMatrixStorage, AcceptsIntegersAsValues) {
   EXPECT_TRUE(SameBits(Elements(CZEPHDoubleMatrix(1, 2, 0)), {{0.0, 0.0}}));
   CZEPHDoubleMatrix m(1, 2, 7L);
   EXPECT_TRUE(SameBits(Elements(m), {{7.0, 7.0}}));
@@ -62,7 +99,17 @@ TEST(DoubleMatrixStorage, TakesWholeNumbersAsValues) {
   EXPECT_TRUE(SameBits(Elements(m), {{0.0}}));
 }
 
-TEST(DoubleMatrixStorage, CreateAndSetDataResizeAndAnswerOne) {
+TEST(DoubleMatrixStorage, AcceptsIntegersOfEveryType) {
+  zeph::test::ForEachInteger([](auto value) {
+    const double want = static_cast<double>(value);
+    EXPECT_TRUE(SameBits(Elements(CZEPHDoubleMatrix(1, 2, value)), {{want, want}}));
+    CZEPHDoubleMatrix m;
+    EXPECT_EQ(m.SetData(2, 1, value), 1);
+    EXPECT_TRUE(SameBits(Elements(m), {{want}, {want}})) << want;
+  });
+}
+
+TEST(DoubleMatrixStorage, CreateAndSetDataResizeAndReturnOne) {
   CZEPHDoubleMatrix m(1, 1, 9.0);
   EXPECT_EQ(m.Create(2, 2), 1);
   EXPECT_TRUE(SameBits(Elements(m), {{0.0, 0.0}, {0.0, 0.0}}));
@@ -74,7 +121,7 @@ TEST(DoubleMatrixStorage, CreateAndSetDataResizeAndAnswerOne) {
   EXPECT_TRUE(SameBits(Elements(m), {{-1.5, -1.5, -1.5}, {-1.5, -1.5, -1.5}}));
 }
 
-TEST(DoubleMatrixStorage, AssigningAnEmptyMatrixToItselfMakesNoStorage) {
+TEST(DoubleMatrixStorage, SelfAssignmentOfAnEmptyMatrixAllocatesNothing) {
   CZEPHDoubleMatrix m;
   const CZEPHDoubleMatrix& same = m;
   m = same;
@@ -89,7 +136,7 @@ TEST(DoubleMatrixStorage, SetDataFromItselfKeepsTheElements) {
   EXPECT_TRUE(SameBits(Elements(m), {{1, 2}, {4, 5}}));
 }
 
-TEST(DoubleMatrixStorage, SetDataFromItselfGivesAClearedMatrixStorageOfItsCounts) {
+TEST(DoubleMatrixStorage, SetDataFromItselfAllocatesForAClearedMatrix) {
   CZEPHDoubleMatrix m = OneToSix();
   m.Clear();
   EXPECT_EQ(m.SetData(m), 1);  // the elements are undefined
@@ -98,7 +145,7 @@ TEST(DoubleMatrixStorage, SetDataFromItselfGivesAClearedMatrixStorageOfItsCounts
   EXPECT_TRUE(SameBits(Elements(m), {{2.5, 2.5, 2.5}, {2.5, 2.5, 2.5}}));
 }
 
-TEST(DoubleMatrixStorage, SetDataMayTakeRowsOfTheMatrixItself) {
+TEST(DoubleMatrixStorage, SetDataMayReadRowsOfTheMatrixItself) {
   CZEPHDoubleMatrix m = OneToSix();
   double* swapped[] = {m[1], m[0]};
   EXPECT_EQ(m.SetData(2, 3, swapped), 1);
@@ -113,7 +160,7 @@ bool AsksBeforeItReleases(Body body) {
   return record.Events().at(0).kind == AllocationEvent::kNewArray;
 }
 
-TEST(DoubleMatrixStorage, SetDataHoldsTheOldStorageOnlyForASourceThatReadsIt) {
+TEST(DoubleMatrixStorage, SetDataKeepsTheOldStorageOnlyWhileTheSourceReadsIt) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   CZEPHDoubleMatrix other = OneToSix();
   CZEPHDoubleMatrix m = OneToSix();
@@ -132,7 +179,39 @@ TEST(DoubleMatrixStorage, SetDataHoldsTheOldStorageOnlyForASourceThatReadsIt) {
   delete[] second;
 }
 
-TEST(DoubleMatrixStorage, SetDataReleasesTheOldStorageThatItReadsFrom) {
+TEST(DoubleMatrixStorage, SetDataMayReadItsOwnTableFromAnyRow) {
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
+  for (int first = 0; first < 4; ++first)
+    for (int rows = 1; first + rows <= 4; ++rows) {
+      CZEPHDoubleMatrix m = ToDoubleMatrix({{1, 2}, {3, 4}, {5, 6}, {7, 8}}, 4, 2);
+      Rows want = Elements(m);
+      want = Rows(want.begin() + first, want.begin() + first + rows);
+      std::vector<double*> kept(m.m_ppData + rows, m.m_ppData + 4);  // past the new count
+      EXPECT_TRUE(AsksBeforeItReleases([&] { m.SetData(rows, 2, m.m_ppData + first); }));
+      EXPECT_TRUE(SameBits(Elements(m), want)) << first << ", " << rows;
+      for (double* row : kept) delete[] row;
+    }
+}
+
+TEST(DoubleMatrixStorage, SetDataMayReadAnyPartOfItsOwnRows) {
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
+  for (int held = 1; held <= 12; ++held)
+    for (int cols = 1; cols <= held; ++cols)
+      for (int from = 0; from + cols <= held; ++from)
+        for (const int which : {0, 1, 2}) {
+          const Rows rows = ModerateRows(3, held, 8);
+          CZEPHDoubleMatrix m = ToDoubleMatrix(rows, 3, held);
+          double other[12] = {};
+          double* source[] = {other, other, other};
+          source[which] = m[which] + from;
+          EXPECT_TRUE(AsksBeforeItReleases([&] { m.SetData(3, cols, source); }));
+          Rows want(3, std::vector<double>(Count(cols), 0.0));
+          std::copy_n(rows[Count(which)].begin() + from, cols, want[Count(which)].begin());
+          EXPECT_TRUE(SameBits(Elements(m), want)) << held << ", " << cols << " from " << from;
+        }
+}
+
+TEST(DoubleMatrixStorage, SetDataReleasesTheOldStorageAfterReadingFromIt) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   CZEPHDoubleMatrix m = OneToSix();
   const long before = LiveBlocks();
@@ -142,7 +221,7 @@ TEST(DoubleMatrixStorage, SetDataReleasesTheOldStorageThatItReadsFrom) {
   EXPECT_EQ(LiveBlocks(), before);
 }
 
-TEST(DoubleMatrixStorage, SetDataMayTakeRowsOfTheMatrixItselfInAnyOrder) {
+TEST(DoubleMatrixStorage, SetDataMayReadRowsOfTheMatrixItselfInAnyOrder) {
   constexpr int kRows = 40;
   for (int stride : {1, 3, 7, 39}) {
     CZEPHDoubleMatrix m(kRows, 2, 0.0);
@@ -154,7 +233,7 @@ TEST(DoubleMatrixStorage, SetDataMayTakeRowsOfTheMatrixItselfInAnyOrder) {
       source[i] = m[i * stride % kRows];
       want.push_back({source[i][0], source[i][0]});
     }
-    EXPECT_EQ(m.SetData(kRows, 2, source), 1);
+    EXPECT_EQ(m.SetData(kRows, 2, source), 1) << "stride " << stride;
     EXPECT_TRUE(SameBits(Elements(m), want)) << stride;
   }
 }
@@ -173,7 +252,7 @@ TEST(DoubleMatrixStorage, ReleaseKeepsTheCounts) {
   EXPECT_EQ(bare.m_ppData, nullptr);
 }
 
-TEST(DoubleMatrixStorage, AWholeObjectOperationOnAClearedMatrixFindsNoElement) {
+TEST(DoubleMatrixStorage, OperationsOnAClearedMatrixFindNoElement) {
   CZEPHDoubleMatrix m = OneToSix();
   m.Clear();
   m.SetEntry(1.0);
@@ -195,7 +274,26 @@ TEST(DoubleMatrixStorage, AWholeObjectOperationOnAClearedMatrixFindsNoElement) {
   EXPECT_TRUE(SameBits(Elements(m), {{1, 2, 3}, {4, 5, 6}}));
 }
 
-TEST(DoubleMatrixStorage, AnEmptyMatrixIsCopiedWithATableOfNoRows) {
+TEST(DoubleMatrixStorage, SetDataReadsNoRowAfterANullOne) {
+  const double first[] = {1, 2}, third[] = {5, 6};
+  double* source[] = {const_cast<double*>(first), nullptr, const_cast<double*>(third)};
+  CZEPHDoubleMatrix m(3, 2, source);
+  EXPECT_TRUE(SameBits(Elements(m), {{1, 2}, {0, 0}, {0, 0}}));
+  CZEPHDoubleMatrix other(1, 1, 9.0);
+  EXPECT_EQ(other.SetData(3, 2, source), 1);
+  EXPECT_TRUE(SameBits(Elements(other), {{1, 2}, {0, 0}, {0, 0}}));
+}
+
+TEST(DoubleMatrixStorage, CopiesNeverShareARow) {
+  CZEPHDoubleMatrix m = OneToSix(), assigned, set;
+  CZEPHDoubleMatrix copy(m), same(2, 3, 0.0);
+  assigned = m, same = m, set.SetData(m);
+  m.SetEntry(9.0);
+  for (const CZEPHDoubleMatrix* c : {&copy, &assigned, &set, &same})
+    EXPECT_TRUE(SameBits(Elements(*c), {{1, 2, 3}, {4, 5, 6}}));
+}
+
+TEST(DoubleMatrixStorage, ACopyOfAnEmptyMatrixHasATableWithoutRows) {
   CZEPHDoubleMatrix empty, copy(empty);
   EXPECT_EQ(copy.m_nRows, 0);
   EXPECT_NE(copy.m_ppData, nullptr);
@@ -210,7 +308,10 @@ TEST(DoubleMatrixStorage, MoveConstructionTakesTheRows) {
   EXPECT_EQ(AllocationCount(), before);
   EXPECT_EQ(moved[0], row);
   EXPECT_EQ(m.m_nRows, 0);
+  EXPECT_EQ(m.m_nColumns, 0);
   EXPECT_EQ(m.m_ppData, nullptr);
+  EXPECT_EQ(moved.m_nRows, 2);
+  EXPECT_EQ(moved.m_nColumns, 3);
   EXPECT_TRUE(std::is_nothrow_move_constructible_v<CZEPHDoubleMatrix>);
 }
 
@@ -257,7 +358,7 @@ TEST(DoubleMatrixAssignment, ResizesATargetWithAZeroCount) {
   EXPECT_TRUE(SameBits(Elements(flat), {{1, 2, 3}, {4, 5, 6}}));
 }
 
-TEST(DoubleMatrixAssignment, HasNoMoveFormThatCouldSkipTheSizeCheck) {
+TEST(DoubleMatrixAssignment, FromATemporaryCopiesIntoTheExistingRows) {
   // A move assignment would take over a temporary's rows.
   CZEPHDoubleMatrix target(1, 1, 0.0);
   double* const row = target[0];
@@ -267,7 +368,7 @@ TEST(DoubleMatrixAssignment, HasNoMoveFormThatCouldSkipTheSizeCheck) {
   EXPECT_EQ(source[0][0], 3.0);
 }
 
-TEST(DoubleMatrixAllocMemory, ReleasesTheFirstRowsOnlyAndNeverPastTheOldTable) {
+TEST(DoubleMatrixAllocMemory, ReleasesTheFirstRowsOnlyAndNoneBeyondTheOldTable) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   double* left[2];
   {
@@ -286,7 +387,7 @@ TEST(DoubleMatrixAllocMemory, ReleasesTheFirstRowsOnlyAndNeverPastTheOldTable) {
   delete[] left[1];
 }
 
-TEST(DoubleMatrixAllocMemory, AsksForTheTableFirstAndThenEachRow) {
+TEST(DoubleMatrixAllocMemory, AllocatesTheTableFirstAndThenEachRow) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   RecordAllocations record;
   CZEPHDoubleMatrix m(3, 5, 1.0);
@@ -294,9 +395,9 @@ TEST(DoubleMatrixAllocMemory, AsksForTheTableFirstAndThenEachRow) {
   ASSERT_EQ(events.size(), 4u);
   EXPECT_EQ(events[0].bytes, 3 * sizeof(double*));
   for (std::size_t i = 1; i < 4; ++i) {
-    EXPECT_EQ(events[i].kind, AllocationEvent::kNewArray);
-    EXPECT_EQ(events[i].bytes, 5 * sizeof(double));
-    EXPECT_EQ(events[i].block, m.m_ppData[i - 1]);
+    EXPECT_EQ(events[i].kind, AllocationEvent::kNewArray) << "i " << i;
+    EXPECT_EQ(events[i].bytes, 5 * sizeof(double)) << "i " << i;
+    EXPECT_EQ(events[i].block, m.m_ppData[i - 1]) << "i " << i;
   }
 }
 

@@ -54,6 +54,55 @@ TEST(DoubleMatrixText, OutputHasNoSeparatorsAndUsesTheStreamsFormatting) {
   EXPECT_EQ(fixed.str(), "+1.5+2.0\n+3.0+4.0\n");
 }
 
+TEST(DoubleMatrixText, AWidthAppliesToTheFirstElementOnly) {
+  const CZEPHDoubleMatrix m = ToDoubleMatrix({{1, 2}, {3, 4}}, 2, 2);
+  std::ostringstream os;
+  os << std::setfill('.') << std::setw(4) << m;
+  EXPECT_EQ(os.str(), "...12\n34\n");
+  EXPECT_EQ(os.width(), 0);
+  std::ostringstream listed;
+  CZEPHDoubleMatrix(1, 2, 1.0).Display(listed << std::setfill('.') << std::setw(6));
+  EXPECT_EQ(listed.str(), "..Mat[0][0]=1\nMat[0][1]=1\n");
+}
+
+TEST(DoubleMatrixText, DisplayWritesRowByRow) {
+  CZEPHDoubleMatrix m = ToDoubleMatrix({{1, 2, 3}, {4, 5, 6}}, 2, 3);
+  std::ostringstream os;
+  m.Display(os);
+  EXPECT_EQ(os.str(),
+            "Mat[0][0]=1\nMat[0][1]=2\nMat[0][2]=3\nMat[1][0]=4\nMat[1][1]=5\nMat[1][2]=6\n");
+  std::ostringstream flat;
+  CZEPHDoubleMatrix(2, 0, 1.0).Display(flat);
+  EXPECT_EQ(flat.str(), "");
+  flat << CZEPHDoubleMatrix(2, 0, 1.0);
+  EXPECT_EQ(flat.str(), "\n\n");  // a line for each row
+}
+
+TEST(DoubleMatrixText, InputReadsTheRowCountFirst) {
+  CZEPHDoubleMatrix m(3, 3, 9.0);
+  std::istringstream in("1 3  7 8 9");
+  in >> m;
+  EXPECT_EQ(m.m_nRows, 1);
+  EXPECT_EQ(m.m_nColumns, 3);
+  EXPECT_TRUE(SameBits(Elements(m), {{7, 8, 9}}));
+  m.m_nRows = 3;
+}
+
+TEST(DoubleMatrixText, InputStopsWhereARowIsMissing) {
+  CZEPHDoubleMatrix m(3, 2, 9.0);
+  double* const second = m.m_ppData[1];
+  m.m_ppData[1] = nullptr;  // as exhaustion leaves it
+  std::istringstream in("3 2  1 2 3 4 5 6");
+  in >> m;
+  EXPECT_EQ(m.m_nRows, 0);
+  EXPECT_EQ(m.m_nColumns, 0);
+  EXPECT_EQ(m.m_ppData[0][1], 2.0);
+  EXPECT_EQ(m.m_ppData[2][0], 9.0);
+  EXPECT_TRUE(in.good());
+  m.m_ppData[1] = second;
+  m.m_nRows = 3, m.m_nColumns = 2;
+}
+
 TEST(DoubleMatrixText, AClearedMatrixPrintsNothing) {
   CZEPHDoubleMatrix m(2, 2, 1.0);
   m.Clear();
@@ -63,7 +112,7 @@ TEST(DoubleMatrixText, AClearedMatrixPrintsNothing) {
   EXPECT_EQ(os.str(), "");
 }
 
-TEST(DoubleMatrixText, InputReadsCountsThenElementsIntoTheRowsThatAreThere) {
+TEST(DoubleMatrixText, InputReadsCountsThenElementsIntoTheExistingRows) {
   CZEPHDoubleMatrix m(3, 3, 9.0);
   double* const row = m[1];
   std::istringstream in("2 2\n1 -2.5e3\n  3 4 rest");
@@ -76,7 +125,7 @@ TEST(DoubleMatrixText, InputReadsCountsThenElementsIntoTheRowsThatAreThere) {
   m.m_nRows = 3;
 }
 
-TEST(DoubleMatrixText, AFailedReadAtAnyPlaceZeroesBothCounts) {
+TEST(DoubleMatrixText, AFailedReadAnywhereZeroesBothCounts) {
   const std::pair<int, int> zero(0, 0);
   for (const char* text : {"", "x", "2", "2 x", "2 2", "2 2 x", "2 2 1", "2 2 1 2 x", "2 2 1 2 3",
                            "2 2 1 2 3 x", "99999999999 2 1", "2 99999999999 1", "2 2 1 2 3 1e999"})
@@ -115,7 +164,7 @@ TEST(DoubleMatrixText, InputWithoutStorageZeroesTheCountsAndReadsNoElement) {
   EXPECT_EQ(m.m_nColumns, 3);
 }
 
-TEST(DoubleMatrixText, OneColumnRoundTripsAndMoreThanOneDoesNot) {
+TEST(DoubleMatrixText, OneColumnRoundTripsButSeveralDoNot) {
   const CZEPHDoubleMatrix column = ToDoubleMatrix({{0.1}, {-2}, {1e300}}, 3, 1);
   std::stringstream text;
   text << "3 1\n" << std::setprecision(17) << column;

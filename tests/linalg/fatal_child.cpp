@@ -60,6 +60,24 @@ const std::map<std::string, std::function<void()>>& Sites() {
       {"assign rows", [] { D(2, 2) = D(3, 2); }},
       {"assign columns", [] { D(2, 2) = D(2, 3); }},
       {"assign empty", [] { D(2, 2) = CZEPHDoubleMatrix(); }},
+      {"assign to negative rows",
+       [] {
+         CZEPHDoubleMatrix m = D(2, 3);
+         m.m_nRows = -7;  // as `>>` leaves them
+         m = D(2, 3);
+       }},
+      {"assign to negative columns",
+       [] {
+         CZEPHDoubleMatrix m = D(2, 3);
+         m.m_nColumns = -7;
+         m = D(2, 3);
+       }},
+      {"assign negative rows",
+       [] {
+         CZEPHDoubleMatrix m = D(2, 3), other = D(2, 3);
+         other.m_nRows = -7;
+         m = other;
+       }},
       {"add to rows", [] { D(2, 2) += D(3, 2); }},
       {"add to columns", [] { D(2, 2) += D(2, 3); }},
       {"subtract from", [] { D(2, 2) -= D(2, 3); }},
@@ -93,6 +111,51 @@ const std::map<std::string, std::function<void()>>& Sites() {
       {"matrix check", [] { CZEPHMatrix().Check(true, kText); }},
       {"vector sum", [] { CZEPHVector(2) + CZEPHVector(3); }},
       {"vector difference", [] { CZEPHVector(2) - CZEPHVector(); }},
+      // As many elements in another shape.
+      {"assign another shape", [] { D(2, 3) = D(3, 2); }},
+      {"add another shape", [] { D(2, 3) += D(3, 2); }},
+      {"subtract another shape", [] { D(2, 3) -= D(3, 2); }},
+      {"member sum of another shape", [] { D(2, 3) + D(3, 2); }},
+      {"member difference of another shape", [] { D(2, 3) - D(3, 2); }},
+      {"free sum of another shape", [] { Fixed() + D(3, 2); }},
+      {"free difference of another shape", [] { Fixed() - D(6, 1); }},
+      {"matrix sum of another shape", [] { CZEPHMatrix(2, 3) + CZEPHMatrix(3, 2); }},
+      {"long product of negative counts",
+       [] {
+         CZEPHDoubleMatrix a = D(20, 3), b = D(1, 20);
+         a.m_nColumns = b.m_nRows = -7;
+         operator*=(a, b);
+       }},
+      // The same with the greater size on the other side.
+      {"check far row", [] { D(2, 3).CheckBound(1 << 30, 0); }},
+      {"check least row", [] { D(2, 3).CheckBound(-1 - (1 << 30), 0); }},
+      {"check far column", [] { D(2, 3).CheckBound(0, 1 << 30); }},
+      {"check least column", [] { D(2, 3).CheckBound(0, -1 - (1 << 30)); }},
+      {"assign fewer rows", [] { D(3, 2) = D(2, 2); }},
+      {"assign fewer columns", [] { D(2, 3) = D(2, 2); }},
+      {"add fewer rows", [] { D(3, 2) += D(2, 2); }},
+      {"add fewer columns", [] { D(2, 3) += D(2, 2); }},
+      {"subtract more rows", [] { D(2, 2) -= D(3, 2); }},
+      {"subtract fewer rows", [] { D(3, 2) -= D(2, 2); }},
+      {"member sum of fewer rows", [] { D(3, 2) + D(2, 2); }},
+      {"member difference of fewer rows", [] { D(3, 2) - D(2, 2); }},
+      {"member difference of fewer columns", [] { D(2, 3) - D(2, 2); }},
+      {"free sum of more columns", [] { Fixed() + D(2, 4); }},
+      {"free sum of fewer rows", [] { Fixed() + D(1, 3); }},
+      {"free difference of fewer rows", [] { Fixed() - D(1, 3); }},
+      {"free difference of more columns", [] { Fixed() - D(2, 4); }},
+      {"member product of more rows", [] { D(2, 3) *= D(4, 3); }},
+      {"free product of more rows",
+       [] {
+         CZEPHDoubleMatrix m = D(1, 1);
+         operator*=(m, Fixed());
+       }},
+      {"times longer array", [] { D(2, 3) * CZEPHDoubleArray(4, 1.0); }},
+      {"matrix sum of fewer rows", [] { CZEPHMatrix(3, 2) + CZEPHMatrix(2, 2); }},
+      {"matrix sum of fewer columns", [] { CZEPHMatrix(2, 3) + CZEPHMatrix(2, 2); }},
+      {"matrix product of more rows", [] { CZEPHMatrix(2, 3) * CZEPHMatrix(4, 3); }},
+      {"vector sum of fewer", [] { CZEPHVector(3) + CZEPHVector(2); }},
+      {"vector difference of more", [] { CZEPHVector(2) - CZEPHVector(3); }},
       {"vector check",
        [] {
          char text[] = "text";

@@ -1,3 +1,4 @@
+#include <iostream>
 #include <sstream>
 
 #include "linalg.h"
@@ -52,7 +53,7 @@ TEST(HardenedLinalg, StopsAtARowOutsideAMatrix) {
   });
 }
 
-TEST(HardenedLinalg, StopsAtAStreamThatAnnouncesMoreThanTheStorageHolds) {
+TEST(HardenedLinalg, StopsAtStreamedCountsBeyondTheStorage) {
   ZEPH_SKIP_UNLESS_HARDENED();
   EXPECT_STOP("operator>>(CZEPHDoubleMatrix): rows is 3, outside 0..2", Read("3 2  1 2 3 4 5 6"));
   EXPECT_STOP("operator>>(CZEPHDoubleMatrix): columns is 4, outside 0..3", Read("1 4  1 2 3 4"));
@@ -98,7 +99,7 @@ TEST(HardenedLinalg, StopsAtAVectorThatIsTooShort) {
   });
 }
 
-TEST(HardenedLinalg, StopsAtSmallValues) {
+TEST(HardenedLinalg, StopsAtMisuseOfMatrix4AndVector3) {
   ZEPH_SKIP_UNLESS_HARDENED();
   EXPECT_STOP("CZEPHMatrix4::operator(): j is 4, outside 0..3", {
     CZEPHMatrix4 m(0.0);
@@ -122,7 +123,7 @@ TEST(HardenedLinalg, StopsAtNullMessages) {
               CZEPHMatrix().Check(true, static_cast<char*>(nullptr)));
 }
 
-TEST(HardenedLinalg, LetsEverythingDocumentedPass) {
+TEST(HardenedLinalg, AllowsEverythingDocumented) {
   ZEPH_SKIP_UNLESS_HARDENED();
   Read("1 2  1 2");
   {  // every index
@@ -159,4 +160,75 @@ TEST(HardenedLinalg, LetsEverythingDocumentedPass) {
     Use(v[1] + m[1][1]);
   }
   CZEPHVector().Check(false, static_cast<char*>(nullptr));
+}
+
+TEST(HardenedLinalg, StopsAtEachEndOfEachRange) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  EXPECT_STOP("CZEPHDoubleMatrix::operator[]: i is -1, outside 0..1", TwoByThree()[-1]);
+  EXPECT_STOP("CZEPHMatrix::operator[]: i is 2, outside 0..1", General()[2]);
+  EXPECT_STOP("CZEPHMatrix::operator[]: i is -1, outside 0..1", {
+    const CZEPHMatrix m = General();
+    m[-1];
+  });
+  EXPECT_STOP("CZEPHMatrix::operator[]: m_ppData is null", {
+    const CZEPHMatrix m;
+    m[0];
+  });
+  EXPECT_STOP("CZEPHVector::operator[]: i is -1, outside 0..1", Vector()[-1]);
+  EXPECT_STOP("CZEPHVector::Get: i is 2, outside 0..1", Vector().Get(2));
+  EXPECT_STOP("CZEPHVector::Get: m_pData is null", {
+    CZEPHVector v = Vector();
+    v.Free();
+    v.Get(0);
+  });
+  EXPECT_STOP("CZEPHVector::operator[]: i is -1, outside 0..1", {
+    const CZEPHVector v = Vector();
+    Use(v[-1]);
+  });
+  EXPECT_STOP("CZEPHVector::operator[]: m_pData is null", {
+    CZEPHVector v = Vector();
+    v.Free();
+    const CZEPHVector& constant = v;
+    Use(constant[0]);
+  });
+  EXPECT_STOP("CZEPHMatrix::PickCol: j is -1, outside 0..2", General().PickCol(-1));
+  EXPECT_STOP("CZEPHMatrix::PickCol: j is 3, outside 0..2", {
+    CZEPHVector v(2);
+    General().PickCol(3, v);
+  });
+  EXPECT_STOP("CZEPHMatrix::SetCol: j is 3, outside 0..2", {
+    CZEPHVector v = Vector();
+    General().SetCol(3, v);
+  });
+  EXPECT_STOP("CZEPHMatrix4::operator(): i is 4, outside 0..3", {
+    CZEPHMatrix4 m(0.0);
+    Use(m(Hidden(4), 0));
+  });
+  EXPECT_STOP("CZEPHMatrix4::operator(): i is -1, outside 0..3", {
+    CZEPHMatrix4 m(0.0);
+    Use(m(Hidden(-1), 0));
+  });
+  EXPECT_STOP("CZEPHMatrix4::operator(): j is -1, outside 0..3", {
+    CZEPHMatrix4 m(0.0);
+    Use(m(0, Hidden(-1)));
+  });
+  EXPECT_STOP("CZEPHMatrix4::CZEPHMatrix4: data is null", {
+    CZEPHMatrix4 m(Null<const double>(), CZEPHMatrix4::ColumnMajor);
+    Use(m);
+  });
+  EXPECT_STOP("CZEPHVector3::operator[]: i is -1, outside 0..2", {
+    CZEPHVector3 v;
+    Use(v[Hidden(-1)]);
+  });
+  EXPECT_STOP("CZEPHDoubleMatrix::ErrorMessage: message is null",
+              CZEPHDoubleMatrix::ErrorMessage(static_cast<char*>(nullptr), std::cout));
+  EXPECT_STOP("CZEPHVector::Get: m_pData is null", CZEPHVector().Get(0));
+  EXPECT_STOP("CZEPHVector::operator[]: m_pData is null", {
+    const CZEPHVector v;
+    Use(v[0]);
+  });
+  EXPECT_STOP("CZEPHMatrix4::operator(): j is -1, outside 0..3", {
+    CZEPHMatrix4 m(0.0);
+    Use(m(3, Hidden(-1)));
+  });
 }

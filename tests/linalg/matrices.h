@@ -70,7 +70,7 @@ inline CZEPHVector ToVector(const std::vector<double>& values) {
 template <class Same>
 ::testing::AssertionResult CompareRows(const Rows& got, const Rows& want, Same same) {
   if (got.size() != want.size())
-    return ::testing::AssertionFailure() << got.size() << " rows, want " << want.size();
+    return ::testing::AssertionFailure() << "got " << got.size() << " rows, want " << want.size();
   for (std::size_t i = 0; i < got.size(); ++i)
     if (const auto result = same(got[i], want[i]); !result)
       return ::testing::AssertionFailure() << "row " << i << ": " << result.message();

@@ -57,13 +57,13 @@ TEST(Matrix4, LoadsByRowsOnlyWhenToldRowMajor) {
   for (const int mode : {0, 2, -1, 77}) {
     CZEPHMatrix4 columns(data, static_cast<CZEPHMatrix4::ordermode>(mode));
     EXPECT_TRUE(SameBits(columns.m_data, data, 16)) << mode;
-    EXPECT_EQ(columns(1, 0), 1.0);
+    EXPECT_EQ(columns(1, 0), 1.0) << "mode " << mode;
   }
 }
 
-TEST(Matrix4, OfOneValueHoldsItSixteenTimes) {
+TEST(Matrix4, ConstructedFromOneValueHoldsItSixteenTimes) {
   const CZEPHMatrix4 m(-0.0);
-  for (const double x : m.m_data) EXPECT_SAME_BITS(x, -0.0);
+  for (const double x : m.m_data) EXPECT_SAME_BITS(x, -0.0) << "x " << x;
 }
 
 TEST(Matrix4, CopiesBitForBit) {
@@ -76,20 +76,21 @@ TEST(Matrix4, CopiesBitForBit) {
   EXPECT_TRUE(SameBits(assigned.m_data, m.m_data, 16));
 }
 
-TEST(Matrix4, BecomesTheIdentity) {
+TEST(Matrix4, LoadsTheIdentity) {
   CZEPHMatrix4 m = AwkwardMatrix(2);
   m.loadIdentity();
   for (int i = 0; i < 4; ++i)
-    for (int j = 0; j < 4; ++j) EXPECT_SAME_BITS(m(i, j), i == j ? 1.0 : 0.0);
+    for (int j = 0; j < 4; ++j)
+      EXPECT_SAME_BITS(m(i, j), i == j ? 1.0 : 0.0) << "i " << i << ", j " << j;
 }
 
-TEST(Matrix4, GivesAWritableElement) {
+TEST(Matrix4, GivesWritableElements) {
   CZEPHMatrix4 m(0.0);
   m(2, 3) = 5.0;
   EXPECT_EQ(m.m_data[14], 5.0);
 }
 
-TEST(Matrix4, AsAFloatPointerIsTheAddressOfItsDoubles) {
+TEST(Matrix4, ConvertsToAFloatPointerToItsDoubles) {
   CZEPHMatrix4 m(1.5);
   float* p = m;
   EXPECT_EQ(static_cast<void*>(p), static_cast<void*>(m.m_data));
@@ -138,7 +139,7 @@ TEST(Matrix4, OperatesOnItself) {
   for (std::uint64_t seed = 0; seed < 50; ++seed) {
     const CZEPHMatrix4 a(Moderate(16, seed).data(), CZEPHMatrix4::ColumnMajor);
     CZEPHMatrix4 m(a);
-    EXPECT_EQ(&(m *= m), &m);
+    EXPECT_EQ(&(m *= m), &m) << "seed " << seed;
     ExpectRows(m, oracle::Multiply(Rows(a), Rows(a)));
     m = a;
     m += m;
@@ -149,7 +150,7 @@ TEST(Matrix4, OperatesOnItself) {
   }
 }
 
-TEST(Matrix4, ScalesByAnElementOfItsOwnAsItStoodBefore) {
+TEST(Matrix4, ScalesByTheOldValueOfItsOwnElement) {
   CZEPHMatrix4 m(3.0);
   m(0, 0) = 2.0;
   CZEPHMatrix4 n(m);
@@ -161,12 +162,31 @@ TEST(Matrix4, ScalesByAnElementOfItsOwnAsItStoodBefore) {
   EXPECT_EQ(n(3, 3), 1.5);
 }
 
+TEST(Matrix4, OfOneMatrixTwiceMeetsEveryKindOfNumber) {
+  for (std::uint64_t seed = 0; seed < 200; ++seed) {
+    const CZEPHMatrix4 a = AwkwardMatrix(seed + 5000);
+    const auto rows = Rows(a);
+    const auto twice = oracle::ForEach(rows, [](double x) { return x + x; });
+    const auto none = oracle::ForEach(rows, [](double x) { return x - x; });
+    CZEPHMatrix4 sum(a), difference(a), product(a);
+    sum += sum;
+    difference -= *&difference;
+    product *= product;
+    ExpectRows(sum, twice);
+    ExpectRows(a + a, twice);
+    ExpectRows(difference, none);
+    ExpectRows(a - a, none);
+    ExpectRows(product, oracle::Multiply(rows, rows));
+    ExpectRows(a * a, oracle::Multiply(rows, rows));
+  }
+}
+
 TEST(Matrix4, UnaryMinusChangesTheMatrixItself) {
   const CZEPHMatrix4 a = AwkwardMatrix(9);
   CZEPHMatrix4 m(a);
   EXPECT_EQ(&-m, &m);
   for (int k = 0; k < 16; ++k)
-    EXPECT_EQ(Bits(m.m_data[k]), Bits(a.m_data[k]) ^ (std::uint64_t{1} << 63));
+    EXPECT_EQ(Bits(m.m_data[k]), Bits(a.m_data[k]) ^ (std::uint64_t{1} << 63)) << "k " << k;
 }
 
 TEST(Matrix4, PrintsRowByRow) {
@@ -176,10 +196,67 @@ TEST(Matrix4, PrintsRowByRow) {
   EXPECT_EQ(Text(m), "[ 1 0 0 0 ]\n[ 0 1 0 0 ]\n[ 0 0 1 0 ]\n[ 0 0 0 1 ]\n");
 }
 
-TEST(Matrix4, PrintsInTheStreamsFormatting) {
+TEST(Matrix4, PrintsInTheFormatOfTheStream) {
   std::ostringstream os;
   os << std::fixed << std::setprecision(2) << CZEPHMatrix4(1.0 / 3);
   EXPECT_EQ(os.str().substr(0, 24), "[ 0.33 0.33 0.33 0.33 ]\n");
+}
+
+TEST(Matrix4, AWidthAppliesToTheFirstBracketAndTheStreamIsNotFlushed) {
+  struct Counting : std::stringbuf {
+    int flushes = 0;
+    int sync() override { return ++flushes, 0; }
+  } buffer;
+  std::ostream os(&buffer);
+  os << std::setfill('.') << std::setw(5) << Counted();
+  EXPECT_EQ(buffer.str().substr(0, 30), "...[ 0 1 2 3 ]\n[ 4 5 6 7 ]\n[ 8");
+  EXPECT_EQ(buffer.flushes, 0);
+  EXPECT_EQ(os.width(), 0);
+}
+
+TEST(Matrix4, EveryElementIsStoredWhereDocumented) {
+  CZEPHMatrix4 m(0.0);
+  for (int i = 0; i < 4; ++i)
+    for (int j = 0; j < 4; ++j) m(i, j) = 10 * i + j;
+  for (int i = 0; i < 4; ++i)
+    for (int j = 0; j < 4; ++j) EXPECT_EQ(m.m_data[i + 4 * j], 10 * i + j);
+  EXPECT_EQ(Text(m), "[ 0 1 2 3 ]\n[ 10 11 12 13 ]\n[ 20 21 22 23 ]\n[ 30 31 32 33 ]\n");
+}
+
+TEST(Matrix4, RefusesAnyOtherCharacterInTheText) {
+  std::string good = "[1 2 3 4][5 6 7 8][9 1 2 3][4 5 6 7]";
+  for (std::size_t at = 0; at < good.size(); ++at)
+    if (good[at] == '[' || good[at] == ']')
+      for (const char wrong : {'(', ')', ';', good[at] == '[' ? ']' : '['}) {
+        std::string text = good;
+        text[at] = wrong;
+        std::istringstream is(text);
+        CZEPHMatrix4 m(7.0);
+        EXPECT_FALSE(is >> m) << text;
+        for (const double x : m.m_data) EXPECT_EQ(x, 7.0);
+      }
+  std::istringstream is(good);
+  CZEPHMatrix4 m(7.0);
+  EXPECT_TRUE(is >> m);
+  EXPECT_EQ(Text(m), "[ 1 2 3 4 ]\n[ 5 6 7 8 ]\n[ 9 1 2 3 ]\n[ 4 5 6 7 ]\n");
+}
+
+TEST(Matrix4, MayBeBothOperandsOrScaledByItsOwnElement) {
+  const CZEPHMatrix4 a(Moderate(16, 40).data(), CZEPHMatrix4::ColumnMajor);
+  const auto rows = Rows(a);
+  for (std::size_t k = 0; k < 16; ++k) {
+    const double s = a.m_data[k];
+    CZEPHMatrix4 scaled(a), divided(a);
+    scaled *= scaled.m_data[k];
+    divided /= divided.m_data[k];
+    ExpectRows(scaled, oracle::ForEach(rows, [s](double x) { return x * s; }));
+    ExpectRows(divided, oracle::ForEach(rows, [s](double x) { return x / s; }));
+    ExpectRows(a * a.m_data[k], oracle::ForEach(rows, [s](double x) { return x * s; }));
+    ExpectRows(a / a.m_data[k], oracle::ForEach(rows, [s](double x) { return x / s; }));
+  }
+  ExpectRows(a + a, oracle::ForEach(rows, [](double x) { return x + x; }));
+  ExpectRows(a - a, oracle::Matrix4{});
+  ExpectRows(a * a, oracle::Multiply(rows, rows));
 }
 
 TEST(Matrix4, ReadsWhatItPrinted) {
@@ -193,7 +270,7 @@ TEST(Matrix4, ReadsWhatItPrinted) {
   EXPECT_EQ(next, "next");
 }
 
-TEST(Matrix4, StaysAsItIsWhenTheTextIsNotAMatrix) {
+TEST(Matrix4, StaysUnchangedWhenTheTextIsNotAMatrix) {
   for (const char* text : {"", "x", "[ 1 2 3 ]", "[ 1 2 3 4 ]\n[ 1 2 3 4 ]\n[ 1 2 3 4 ]\n[ 1 2 3 4",
                            "[ 1 2 3 4 ]\n( 1 2 3 4 ]\n[ 1 2 3 4 ]\n[ 1 2 3 4 ]",
                            "[ 1 2 3 4 ]\n[ 1 2 3 4 ]\n[ 1 2 3 4 ]\n[ 1 2 3 4 )",
@@ -201,7 +278,7 @@ TEST(Matrix4, StaysAsItIsWhenTheTextIsNotAMatrix) {
     std::istringstream is(text);
     CZEPHMatrix4 m(7.0);
     EXPECT_FALSE(is >> m) << text;
-    for (const double x : m.m_data) EXPECT_EQ(x, 7.0);
+    for (const double x : m.m_data) EXPECT_EQ(x, 7.0) << "text " << text << ", x " << x;
   }
 }
 

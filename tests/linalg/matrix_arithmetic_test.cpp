@@ -11,9 +11,11 @@ TEST(MatrixArithmetic, AddsElementByElement) {
       const Rows x = AwkwardRows(rows, cols, 1), y = AwkwardRows(rows, cols, 2);
       CZEPHMatrix a = ToMatrix(x), b = ToMatrix(y);
       const auto add = [](double p, double q) { return q + p; };
-      EXPECT_TRUE(SameValues(Elements(a + b), Zip(x, y, add)));
-      EXPECT_TRUE(SameValues(Elements(a + a), Zip(x, x, add)));
-      EXPECT_TRUE(SameBits(Elements(a), x));
+      EXPECT_TRUE(SameValues(Elements(a + b), Zip(x, y, add)))
+          << "rows " << rows << ", cols " << cols;
+      EXPECT_TRUE(SameValues(Elements(a + a), Zip(x, x, add)))
+          << "rows " << rows << ", cols " << cols;
+      EXPECT_TRUE(SameBits(Elements(a), x)) << "rows " << rows << ", cols " << cols;
     }
 }
 
@@ -33,7 +35,7 @@ TEST(MatrixProduct, AgreesWithTheTextbookLoop) {
     check(size, random.Int(1, 300), random.Int(1, 300), size == 101);
 }
 
-TEST(MatrixProduct, KeepsTheBitsOfCancellationAndOfInfinities) {
+TEST(MatrixProduct, KeepsTheBitsOfCancellationAndInfinities) {
   // 1e16 + 1 - 1e16 is 0 in this order; pairing the outer terms would give 1.
   const double row[] = {1e16, 1.0, -1e16}, ones[] = {1.0, 1.0, 1.0};
   EXPECT_SAME_BITS((CZEPHMatrix(1, 3, row) * CZEPHMatrix(3, 1, ones))[0][0], 0.0);
@@ -54,7 +56,7 @@ TEST(MatrixProduct, OfEmptyMatricesIsEmpty) {
   EXPECT_EQ((empty + CZEPHMatrix()).m_ppData, nullptr);
 }
 
-TEST(MatrixArithmetic, ResultsCostTheirTableAndRowsAndNothingElse) {
+TEST(MatrixArithmetic, ResultsAllocateTheirTableAndRowsOnly) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   CZEPHMatrix a = ToMatrix(ModerateRows(5, 3, 1)), b = ToMatrix(ModerateRows(5, 3, 2));
   CZEPHMatrix c = ToMatrix(ModerateRows(3, 4, 3));
@@ -66,7 +68,7 @@ TEST(MatrixArithmetic, ResultsCostTheirTableAndRowsAndNothingElse) {
   EXPECT_EQ(AllocationCount() - before, 6);
 }
 
-TEST(MatrixCheck, DoesNothingWhereNothingFailed) {
+TEST(MatrixCheck, DoesNothingForFalse) {
   char unseen[] = "unseen";
   CZEPHMatrix().Check(false, unseen);
   CZEPHVector().Check(false, unseen);

@@ -20,23 +20,23 @@ std::vector<double> RowSums(const Rows& rows) {
 
 }  // namespace
 
-TEST(MatrixColumns, ArePickedAndSet) {
+TEST(MatrixColumns, AreReadAndSet) {
   const Rows x = AwkwardRows(9, 4, 1);
   CZEPHMatrix m = ToMatrix(x);
   for (int j = 0; j < 4; ++j) {
     CZEPHVector column = m.PickCol(j);
-    ASSERT_EQ(column.GetSize(), 9);
-    for (int i = 0; i < 9; ++i) EXPECT_SAME_BITS(column[i], m[i][j]);
+    ASSERT_EQ(column.GetSize(), 9) << "j " << j;
+    for (int i = 0; i < 9; ++i) EXPECT_SAME_BITS(column[i], m[i][j]) << "j " << j << ", i " << i;
   }
   CZEPHVector column = m.PickCol(3);
   m.SetCol(0, column);
-  for (int i = 0; i < 9; ++i) EXPECT_SAME_BITS(m[i][0], x[Count(i)][3]);
+  for (int i = 0; i < 9; ++i) EXPECT_SAME_BITS(m[i][0], x[Count(i)][3]) << "i " << i;
   column = m.PickCol(2);
   m.SetCol(1, column);
-  for (int i = 0; i < 9; ++i) EXPECT_SAME_BITS(m[i][1], x[Count(i)][2]);
+  for (int i = 0; i < 9; ++i) EXPECT_SAME_BITS(m[i][1], x[Count(i)][2]) << "i " << i;
 }
 
-TEST(MatrixColumns, PickIntoAVectorLeavesItsSizeAndTheRestOfItAlone) {
+TEST(MatrixColumns, PickIntoAVectorLeavesItsSizeAndOtherElementsAlone) {
   CZEPHMatrix m = ToMatrix({{1, 2}, {3, 4}});
   CZEPHVector out = ToVector({9, 9, 9});
   m.PickCol(1, out);
@@ -66,7 +66,7 @@ TEST(MatrixColumns, SumVectorSumsRowsFromTheFirstColumnOn) {
   EXPECT_SAME_BITS(ZEPH_SumVector(CZEPHMatrix(1, 1, minus))[0], 0.0);
 }
 
-TEST(MatrixColumns, RowSumsTakeTemporariesAndConstObjects) {
+TEST(MatrixColumns, RowSumsAcceptTemporariesAndConstObjects) {
   const double values[] = {3, -4};
   const CZEPHMatrix m(1, 2, values);
   EXPECT_EQ(ZEPH_SumVector(m)[0], -1.0);
@@ -83,17 +83,18 @@ TEST(MatrixRandom, FillsRowByRowFromTheRuntimesGenerator) {
     ZEPH_RandomizeMatrix(m, scale);
     for (std::size_t n = 0; n < draws.size(); ++n) {
       volatile double scaled = draws[n] * scale;
-      EXPECT_SAME_BITS(m.m_ppData[n / 4][n % 4], scaled / 32767.0);
+      EXPECT_SAME_BITS(m.m_ppData[n / 4][n % 4], scaled / 32767.0)
+          << "scale " << scale << ", n " << n;
     }
   }
 }
 
-TEST(MatrixRandom, StaysBetweenZeroAndTheScaleAndDoesNotSeed) {
+TEST(MatrixRandom, StaysBetweenZeroAndTheScaleAndDoesNotReseed) {
   CZEPHMatrix m(50, 50), again(50, 50);
   Seed(1);
   ZEPH_RandomizeMatrix(m, 10.0);
   for (const auto& row : Elements(m))
-    for (double x : row) EXPECT_TRUE(x >= 0.0 && x <= 10.0);
+    for (double x : row) EXPECT_TRUE(x >= 0.0 && x <= 10.0) << "x " << x;
   ZEPH_RandomizeMatrix(again, 10.0);
   EXPECT_FALSE(SameBits(Elements(m), Elements(again)));
 }

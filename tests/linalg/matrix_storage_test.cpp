@@ -6,6 +6,7 @@
 
 #include "linalg/matrices.h"
 #include "support/allocation.h"
+#include "support/other_bytes.h"
 
 using namespace zeph::test;
 
@@ -43,7 +44,7 @@ TEST(MatrixStorage, HasTheLayoutOfTheDoubleMatrix) {
   EXPECT_EQ(m[1][2], 6.0);
 }
 
-TEST(MatrixStorage, AnyCountBelowOneGivesTheEmptyState) {
+TEST(MatrixStorage, AnyCountBelowOneMakesItEmpty) {
   ExpectEmpty(CZEPHMatrix());
   ExpectEmpty(CZEPHMatrix(0, 5));
   ExpectEmpty(CZEPHMatrix(-1, 3));
@@ -58,7 +59,7 @@ TEST(MatrixStorage, CopiesARowMajorBlockWithEveryBit) {
   const std::vector<double> values = Awkward(35, 1);
   CZEPHMatrix m(5, 7, values.data());
   for (std::size_t i = 0; i < 5; ++i)
-    EXPECT_TRUE(SameBits(m[static_cast<int>(i)], values.data() + 7 * i, 7));
+    EXPECT_TRUE(SameBits(m[static_cast<int>(i)], values.data() + 7 * i, 7)) << "i " << i;
   CZEPHMatrix copy(m);
   EXPECT_TRUE(SameBits(Elements(copy), Elements(m)));
   EXPECT_NE(copy[0], m[0]);
@@ -68,7 +69,58 @@ TEST(MatrixStorage, CopiesARowMajorBlockWithEveryBit) {
   EXPECT_EQ(ofConst[4], ofConst.m_ppData[4]);
 }
 
-TEST(MatrixStorage, ReSizeGivesTheNewCounts) {
+TEST(MatrixStorage, StartsEmptyInDirtyMemory) {
+  OverOtherBytes<CZEPHMatrix> m;
+  ExpectEmpty(*m);
+}
+
+TEST(MatrixStorage, ConstructsEveryShapeFromEverySource) {
+  for (int rows = 1; rows <= 6; ++rows)
+    for (int cols = 1; cols <= 18; ++cols) {
+      const auto n = static_cast<std::size_t>(rows * cols);
+      const std::vector<double> values = Awkward(n, n);
+      Rows want;
+      for (auto at = values.begin(); at != values.end(); at += cols)
+        want.emplace_back(at, at + cols);
+      CZEPHMatrix m(rows, cols, values.data()), copy(m), assigned, same(rows, cols);
+      const CZEPHMatrix& fixed = m;
+      const CZEPHMatrix ofConst(fixed);
+      assigned = fixed, same = fixed;
+      for (const CZEPHMatrix* each :
+           {&fixed, &ofConst, const_cast<const CZEPHMatrix*>(&copy),
+            const_cast<const CZEPHMatrix*>(&assigned), const_cast<const CZEPHMatrix*>(&same)}) {
+        EXPECT_EQ(each->GetNoRow(), rows);
+        EXPECT_EQ(each->GetNoColumn(), cols);
+        EXPECT_TRUE(SameBits(Elements(*each), want)) << rows << " x " << cols;
+      }
+      m[0][0] = 77.0;
+      EXPECT_TRUE(SameBits(Elements(copy), want));
+      EXPECT_TRUE(SameBits(Elements(assigned), want));
+    }
+}
+
+TEST(MatrixStorage, ReleasesTheOldRowsAtEverySize) {
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
+  const long before = LiveBlocks();
+  {
+    CZEPHMatrix m(4, 2), other(2, 5);
+    for (int i = 0; i < 2; ++i)
+      for (int j = 0; j < 5; ++j) other[i][j] = i - j;
+    m.ReSize(2, 2);
+    EXPECT_EQ(LiveBlocks() - before, 3 + 3);
+    m = other;
+    EXPECT_EQ(LiveBlocks() - before, 3 + 3);
+    m.ReSize(0, 1);
+    EXPECT_EQ(LiveBlocks() - before, 3);
+    m.ReSize(6, 1);
+    EXPECT_EQ(LiveBlocks() - before, 3 + 7);
+    m.Free();
+    EXPECT_EQ(LiveBlocks() - before, 3);
+  }
+  EXPECT_EQ(LiveBlocks(), before);
+}
+
+TEST(MatrixStorage, ReSizeSetsTheNewCounts) {
   CZEPHMatrix m(2, 3, kOneToSix);
   m.ReSize(3, 2);
   EXPECT_EQ(m.GetNoRow(), 3);
@@ -79,7 +131,7 @@ TEST(MatrixStorage, ReSizeGivesTheNewCounts) {
   EXPECT_EQ(bare.GetNoRow(), 1);
 }
 
-TEST(MatrixStorage, ReSizeGivesNewRowsEvenForTheSameSize) {
+TEST(MatrixStorage, ReSizeReplacesTheRowsEvenForTheSameSize) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   CZEPHMatrix m(2, 3, kOneToSix);
   m.ReSize(3, 2);
@@ -97,7 +149,7 @@ TEST(MatrixStorage, FreeKeepsTheCounts) {
   EXPECT_EQ(m.m_ppData, nullptr);
 }
 
-TEST(MatrixStorage, AWholeObjectOperationOnAFreedMatrixFindsNoElement) {
+TEST(MatrixStorage, OperationsOnAFreedMatrixFindNoElement) {
   CZEPHMatrix freed(2, 3, kOneToSix), full(2, 3, kOneToSix);
   freed.Free();
   const Rows zeros = {{0, 0, 0}, {0, 0, 0}};
@@ -120,7 +172,7 @@ TEST(MatrixStorage, AWholeObjectOperationOnAFreedMatrixFindsNoElement) {
   EXPECT_TRUE(SameBits(Elements(other), zeros));
 }
 
-TEST(MatrixStorage, LocalsAreReturnedAndMovedWithoutACopy) {
+TEST(MatrixStorage, ReturnsAndMovesWithoutCopying) {
   CZEPHMatrix m = ALocal();
   double* const row = m[0];
   const long before = AllocationCount();
@@ -147,7 +199,7 @@ TEST(MatrixAssignment, ResizesTheTargetAndReturnsACopy) {
   ExpectEmpty(target);
 }
 
-TEST(MatrixAssignment, KeepsTheRowsWhereTheSizeStays) {
+TEST(MatrixAssignment, KeepsTheRowsWhereTheSizeIsTheSame) {
   CZEPHMatrix target(2, 3, kOneToSix), source(2, 3);
   for (int i = 0; i < 2; ++i)
     for (int j = 0; j < 3; ++j) source[i][j] = -i - j;
@@ -167,4 +219,20 @@ TEST(MatrixAssignment, ResizesWhereOnlyTheColumnsDiffer) {
   target = source;
   EXPECT_EQ(target.m_nColumns, 2);
   EXPECT_EQ(Elements(target), (Rows{{7, 8}, {9, 10}}));
+}
+
+TEST(MatrixAssignment, ResizesBetweenAnyTwoShapes) {
+  for (int rows = 0; rows <= 4; ++rows)
+    for (int cols = 1; cols <= 4; ++cols)
+      for (int newRows = 0; newRows <= 4; ++newRows)
+        for (int newCols = 1; newCols <= 4; ++newCols) {
+          CZEPHMatrix target = ToMatrix(ModerateRows(rows, cols, 1));
+          const Rows want = ModerateRows(newRows, newCols, 2);
+          const CZEPHMatrix source = ToMatrix(want);
+          const CZEPHMatrix result = target = source;
+          EXPECT_EQ(target.GetNoRow(), source.GetNoRow());
+          EXPECT_EQ(target.GetNoColumn(), source.GetNoColumn());
+          EXPECT_EQ(Elements(target), Elements(source));
+          EXPECT_EQ(Elements(result), Elements(source));
+        }
 }

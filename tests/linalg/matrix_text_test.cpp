@@ -58,10 +58,27 @@ TEST(MatrixText, PrintsEveryNumberAsPrintfDoes) {
   for (std::size_t n = 0; n < values.size(); ++n) {
     char cell[400];
     std::snprintf(cell, sizeof cell, "%12.4lf%c ", values[n], '\0');
-    want += cell;  // up to the separator, which is a zero here
+    want += cell;  // up to the separator, which is a null character here
     want += std::string("\0 ", 2) + (n % 100 == 99 ? "\n" : "");
   }
   EXPECT_EQ(Written([&](FILE* f) { m.Display(f, '\0'); }), want + "\n");
+}
+
+TEST(MatrixText, PrintsLinesOfAnyLength) {
+  for (const int cols : {1, 100, 273, 274, 1000, 4095, 4096, 4097, 5000, 20'000}) {
+    const std::vector<double> values = Moderate(Count(2 * cols), 3, -1e9, 1e9);
+    std::string want[2];
+    for (std::size_t n = 0; n < values.size(); ++n) {
+      char cell[400];
+      std::snprintf(cell, sizeof cell, "%12.4lf%c ", values[n], '|');
+      want[n / Count(cols)] += cell;
+    }
+    CZEPHMatrix m(2, cols, values.data());
+    CZEPHVector v(cols, values.data());
+    EXPECT_TRUE(Written([&](FILE* f) { m.Display(f, '|'); }) == want[0] + "\n" + want[1] + "\n\n")
+        << cols;
+    EXPECT_TRUE(Written([&](FILE* f) { v.Display(f, '|'); }) == want[0] + "\n") << cols;
+  }
 }
 
 TEST(VectorText, PrintsElementsWithSeparatorsOnOneLine) {
@@ -96,7 +113,7 @@ TEST(MatrixText, StreamPrintOfAnEmptyMatrixWritesNothingButSetsTheFlags) {
   EXPECT_EQ(std::cout.precision(), 4);
 }
 
-TEST(MatrixText, StreamPrintAddsItsFlagsToTheOnesThatAreSet) {
+TEST(MatrixText, StreamPrintAddsItsFlagsToThoseAlreadySet) {
   CapturedCout cout;
   std::cout.setf(std::ios_base::showpos | std::ios_base::left);
   ToMatrix({{1.5}}).Display();
@@ -114,13 +131,13 @@ TEST(VectorText, StreamPrintIsTwelveWideWithoutSeparators) {
   EXPECT_EQ(std::cout.precision(), 4);
 }
 
-TEST(VectorText, StreamPrintRunsLongNumbersTogether) {
+TEST(VectorText, StreamPrintWritesLongNumbersWithoutSeparators) {
   CapturedCout cout;
   ToVector({1234567.5, -1234567.5, 2}).Display();
   EXPECT_EQ(cout.Text(), "1234567.5000-1234567.5000      2.0000\n");
 }
 
-TEST(VectorText, StreamPrintOfAnEmptyVectorIsALineEndAndSetsNoFlag) {
+TEST(VectorText, StreamPrintOfAnEmptyVectorWritesALineEndAndSetsNoFlag) {
   CapturedCout cout;
   CZEPHVector().Display();
   EXPECT_EQ(cout.Text(), "\n");

@@ -11,20 +11,20 @@
 
 using namespace zeph::test;
 
-TEST(NegationLifetime, TheLastSixteenResultsStayLive) {
+TEST(NegationLifetime, TheLastSixteenResultsStayValid) {
   std::vector<CZEPHDoubleMatrix*> results;
   for (int n = 1; n <= 100; ++n) {
     CZEPHDoubleMatrix a(2, 2, n);
     results.push_back(&-a);
     for (int back = 0; back < 16 && back < n; ++back) {
       CZEPHDoubleMatrix& old = *results[results.size() - 1 - static_cast<std::size_t>(back)];
-      ASSERT_EQ(old.m_nRows, 2);
-      EXPECT_EQ(old[1][1], back - n);
+      ASSERT_EQ(old.m_nRows, 2) << "n " << n << ", back " << back;
+      EXPECT_EQ(old[1][1], back - n) << "n " << n << ", back " << back;
     }
   }
 }
 
-TEST(NegationLifetime, TheOldestLiveResultCanBeNegatedAndStaysAsItIs) {
+TEST(NegationLifetime, TheOldestValidResultCanBeNegatedAndStaysUnchanged) {
   CZEPHDoubleMatrix a(1, 1, 1.0);
   CZEPHDoubleMatrix& oldest = -a;
   for (int i = 0; i < 15; ++i) -a;
@@ -38,12 +38,12 @@ TEST(NegationLifetime, OtherThreadsDoNotTouchThisThreadsResults) {
   CZEPHDoubleMatrix& mine = -a;
   std::thread([] {
     CZEPHDoubleMatrix b(1, 1, 7.0);
-    for (int i = 0; i < 100; ++i) EXPECT_EQ((-b)[0][0], -7.0);
+    for (int i = 0; i < 100; ++i) EXPECT_EQ((-b)[0][0], -7.0) << "i " << i;
   }).join();
   EXPECT_EQ(mine[0][0], -5.0);
 }
 
-TEST(NegationLifetime, AThreadsResultsGoWhenItEnds) {
+TEST(NegationLifetime, AThreadsResultsAreReleasedWhenItEnds) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   const auto negateInAThread = [] {
     std::thread([] {
@@ -72,7 +72,7 @@ TEST(NegationLifetime, AThreadHoldsSeventeenMatricesAtMost) {
   }).join();
 }
 
-TEST(NegationLifetime, ManyThreadsNegateAtOnce) {
+TEST(NegationLifetime, ManyThreadsMayNegateAtOnce) {
   std::vector<std::thread> threads;
   std::atomic<int> wrong{0};
   for (int t = 0; t < 8; ++t)
@@ -85,10 +85,10 @@ TEST(NegationLifetime, ManyThreadsNegateAtOnce) {
   EXPECT_EQ(wrong, 0);
 }
 
-TEST(NegationLifetime, WithoutMemoryForTheThreadsOwnPlacesTheSharedOnesServe) {
+TEST(NegationLifetime, FallsBackToSharedStorageWithoutMemoryForTheThreads) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   for (const Failure how : {Failure::kBadAlloc, Failure::kMemoryException})
-    std::thread([how] {  // has no places yet
+    std::thread([how] {  // has no storage for results yet
       CZEPHDoubleMatrix b(2, 2, 3.0);
       CZEPHDoubleMatrix* result = nullptr;
       bool fired;
@@ -97,9 +97,9 @@ TEST(NegationLifetime, WithoutMemoryForTheThreadsOwnPlacesTheSharedOnesServe) {
         result = &-b;
         fired = failing.Fired();
       }
-      EXPECT_TRUE(fired);
-      EXPECT_EQ((*result)[1][1], -3.0);
-      EXPECT_EQ((-b)[0][0], -3.0);
+      EXPECT_TRUE(fired) << how;
+      EXPECT_EQ((*result)[1][1], -3.0) << how;
+      EXPECT_EQ((-b)[0][0], -3.0) << how;
     })
         .join();
 }
@@ -108,4 +108,10 @@ TEST(NegationLifetime, OtherThreadsKeepTheirResultsWhileTheProcessEnds) {
   const auto result = RunChild("zeph_linalg_exit_child", {});
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.out, "0 wrong\n");
+}
+
+TEST(NegationLifetime, StaticObjectsMayNegateAfterTheResultsWereReleased) {
+  const auto result = RunChild("zeph_linalg_negation_end_child", {"end"});
+  EXPECT_EQ(result.status, 0) << result.err;
+  EXPECT_EQ(result.out, "ok: at the end\n");
 }

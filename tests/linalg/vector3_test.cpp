@@ -39,7 +39,7 @@ std::string Text(const V& v) {
 
 }  // namespace
 
-TEST(Vector3, ConstructsZeroComponentsOrADifference) {
+TEST(Vector3, ConstructsZeroOrTheDifferenceOfTwoPoints) {
   ExpectIs(V(), 0.0, 0.0, 0.0);
   V from(1, 2, 3), to(10, 20, 30);
   ExpectIs(V(from, to), 9, 18, 27);
@@ -52,10 +52,10 @@ TEST(Vector3, CopiesBitForBitAndSurvivesSelfAssignment) {
   for (int i = 0; i < 100; ++i) {
     const V v = Awkward3(random);
     V copy(v), assigned;
-    EXPECT_EQ(&(assigned = v), &assigned);
+    EXPECT_EQ(&(assigned = v), &assigned) << "i " << i;
     assigned = *&assigned;
-    EXPECT_TRUE(SameBits(&copy.m_x, &v.m_x, 3));
-    EXPECT_TRUE(SameBits(&assigned.m_x, &v.m_x, 3));
+    EXPECT_TRUE(SameBits(&copy.m_x, &v.m_x, 3)) << "i " << i;
+    EXPECT_TRUE(SameBits(&assigned.m_x, &v.m_x, 3)) << "i " << i;
   }
 }
 
@@ -71,7 +71,7 @@ TEST(Vector3, GivesItsComponentsByNameAndIndex) {
   v.x() = 4;
   v.y() = 5;
   v.z() = 6;
-  for (int i = 0; i < 3; ++i) EXPECT_EQ(v[i], 4 + i);
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(v[i], 4 + i) << "i " << i;
   v[2] = 9;
   EXPECT_EQ(v.m_z, 9);
   float* p = v;
@@ -98,7 +98,7 @@ TEST(Vector3, SetOfAVectorStoresItsXAsXAndItsZAsY) {
   ExpectIs(v, 4, 3, 3);
 }
 
-TEST(Vector3, SetXAndSetYAreStraight) {
+TEST(Vector3, SetXAndSetYStoreTheirOwnComponent) {
   V v(1, 2, 3);
   v.SetX(4);
   v.SetY(5);
@@ -108,6 +108,7 @@ TEST(Vector3, SetXAndSetYAreStraight) {
 TEST(Vector3, ArithmeticAgreesWithTheOracle) {
   Random random(2);
   for (int i = 0; i < 2000; ++i) {
+    SCOPED_TRACE(::testing::Message() << "i " << i);
     const V a = Awkward3(random), b = Awkward3(random);
     const double s = AwkwardValue<double>(random);
     const auto [ax, ay, az] = Numbers(a);
@@ -153,7 +154,7 @@ TEST(Vector3, UnaryMinusFlipsSignBits) {
   EXPECT_EQ(Bits((-V(kNaN, 0, 0)).m_x), Bits(kNaN) ^ (std::uint64_t{1} << 63));
 }
 
-TEST(Vector3, ScalesByAComponentOfItsOwnAsItStoodBefore) {
+TEST(Vector3, ScalesByTheOldValueOfItsOwnComponent) {
   V v(2, 4, 6), w(v);
   v *= v.x();
   ExpectIs(v, 4, 8, 12);
@@ -169,11 +170,31 @@ TEST(Vector3, OperatesOnItself) {
   ExpectIs(v, 0, 0, 0);
 }
 
-TEST(Vector3, CrossesTheAxes) {
+TEST(Vector3, OfOneVectorTwiceMeetsEveryKindOfNumber) {
+  Random random(12);
+  for (int i = 0; i < 1000; ++i) {
+    const V a = Awkward3(random);
+    const auto [x, y, z] = Numbers(a);
+    V sum(a), difference(a);
+    sum += sum;
+    difference -= *&difference;
+    ExpectIs(sum, x + x, y + y, z + z);
+    ExpectIs(a + a, x + x, y + y, z + z);
+    ExpectIs(difference, x - x, y - y, z - z);
+    ExpectIs(a - a, x - x, y - y, z - z);
+    const auto cross = oracle::Cross(Numbers(a), Numbers(a));
+    ExpectIs(a ^ a, cross[0], cross[1], cross[2]);
+    EXPECT_SAME_VALUE(a * a, oracle::Dot(Numbers(a), Numbers(a)));
+    const auto bisector = oracle::Bisect(Numbers(a), Numbers(a));
+    ExpectIs(Bisect(a, a), bisector[0], bisector[1], bisector[2]);
+  }
+}
+
+TEST(Vector3, CrossProductOfXAndYIsZ) {
   ExpectIs(V(1, 0, 0) ^ V(0, 1, 0), 0, 0, 1);
 }
 
-TEST(Vector3, NormalizesInPlaceAndGivesTheLength) {
+TEST(Vector3, NormalizesInPlaceAndReturnsTheLength) {
   V v(3, 0, 4);
   EXPECT_EQ(v.Normalize(), 5.0);
   ExpectIs(v, 0.6, 0.0, 0.8);
@@ -200,6 +221,39 @@ TEST(Vector3, CorrectsOnlyWhereAllComponentsAreTiny) {
   ExpectIs(tiny, 1e-9, 0, 0);
 }
 
+TEST(Vector3, CorrectsEveryComponentUnlessOneIsNaN) {
+  V tiny(1e-9, 1e-9, 1e-9);
+  tiny.EpsilonCorrect(V(4, 5, 6));
+  ExpectIs(tiny, 4, 5, 6);
+  for (const V& v :
+       {V(kNaN, 0, 0), V(0, kNaN, 0), V(0, 0, kNaN), V(kInfinity, 0, 0), V(0, 0, -1)}) {
+    V kept(v);
+    kept.EpsilonCorrect(V(4, 5, 6));
+    EXPECT_TRUE(SameBits(&kept.m_x, &v.m_x, 3));
+  }
+  const double below = std::nextafter(1e-8, 0.0);
+  V justBelow(below, -below, below);
+  justBelow.EpsilonCorrect(V(4, 5, 6));
+  ExpectIs(justBelow, 4, 5, 6);
+}
+
+TEST(Vector3, BisectComparesTheSquaredLengthWithItsBound) {
+  // A number whose square rounds to the bound exactly, and the one below.
+  double x = std::sqrt(1e-5);
+  while (x * x > 1e-5) x = std::nextafter(x, 0.0);
+  while (x * x < 1e-5) x = std::nextafter(x, 1.0);
+  volatile double square = x * x;
+  if (square == 1e-5) {
+    EXPECT_EQ(Bisect(V(x, 0, 0), V()).m_z, 0.0);
+    EXPECT_EQ(Bisect(V(0, x, 0), V()).m_z, 0.0);
+  }
+  const double below = std::nextafter(x, 0.0);
+  volatile double less = below * below;
+  if (less < 1e-5) {
+    ExpectIs(Bisect(V(below, 0, 0), V()), 0, 0, 1);
+  }
+}
+
 TEST(Vector3, ComparesExactly) {
   EXPECT_EQ(V(1, 2, 3) == V(1, 2, 3), 1);
   EXPECT_EQ(V(1, 2, 3) != V(1, 2, 3), 0);
@@ -213,7 +267,7 @@ TEST(Vector3, ComparesExactly) {
   EXPECT_EQ(nan != nan, 1);
 }
 
-TEST(Vector3, BisectsOppositeAndNullDirectionsToTheZAxis) {
+TEST(Vector3, BisectOfOppositeOrZeroVectorsIsTheZAxis) {
   ExpectIs(Bisect(V(1, 0, 0), V(-1, 0, 0)), 0, 0, 1);
   ExpectIs(Bisect(V(), V()), 0, 0, 1);
   const double half = 1.0 / std::sqrt(2.0);
@@ -230,8 +284,39 @@ TEST(Vector3, ClampsEachComponentByTheScalarRule) {
   ZEPH_MathClamp(crossed, 10.0, 5.0);
   ExpectIs(crossed, 5, 5, 5);
   V own(3, 1, 9);
-  ZEPH_MathClamp(own, own.m_y, 2.0);  // the bound is a component, which nothing raises
+  ZEPH_MathClamp(own, own.m_y,
+                 2.0);  // the bound is a component, which the clamping leaves as it is
   ExpectIs(own, 2, 1, 2);
+}
+
+TEST(Vector3, RereadsBoundsThatAliasItsComponents) {
+  const double numbers[] = {1, 2, 3, kNaN};
+  for (const double x : numbers)
+    for (const double y : numbers)
+      for (const double z : numbers)
+        for (int low = 0; low < 3; ++low)
+          for (int high = 0; high < 3; ++high) {
+            V v(x, y, z);
+            double want[] = {x, y, z};
+            for (double& component : want) {
+              if (want[low] > component) component = want[low];
+              if (component > want[high]) component = want[high];
+            }
+            ZEPH_MathClamp(v, v[low], v[high]);
+            ExpectIs(v, want[0], want[1], want[2]);
+          }
+}
+
+TEST(Vector3, AWidthAppliesToTheBracketAndTheStreamIsNotFlushed) {
+  struct Counting : std::stringbuf {
+    int flushes = 0;
+    int sync() override { return ++flushes, 0; }
+  } buffer;
+  std::ostream os(&buffer);
+  os << std::setfill('.') << std::setw(5) << V(1, 2, 3);
+  EXPECT_EQ(buffer.str(), "...[ 1 ; 2 ; 3 ]");
+  EXPECT_EQ(buffer.flushes, 0);
+  EXPECT_EQ(os.width(), 0);
 }
 
 TEST(Vector3, PrintsWithoutALineEnd) {
@@ -252,8 +337,11 @@ TEST(Vector3, ReadsWhatItPrinted) {
   EXPECT_EQ(next, 'x');
 }
 
-TEST(Vector3, StaysAsItIsWhenTheTextIsNotAVector) {
-  for (const char* text : {"", "1 2 3", "[ 1 2 3 ]", "[ 1 ; 2 ; 3", "[ 1 ; 2 ; x ]", "[1;2;3;"}) {
+TEST(Vector3, StaysUnchangedWhenTheTextIsNotAVector) {
+  for (const char* text : {"", "1 2 3", "[ 1 2 3 ]", "[ 1 ; 2 ; 3", "[ 1 ; 2 ; x ]", "[1;2;3;",
+                           "; 1 ; 2 ; 3 ]", "[ 1 [ 2 ; 3 ]", "[ 1 ; 2 [ 3 ]", "] 1 ; 2 ; 3 ]",
+                           "[ 1 ; 2 ; 3 ; ]", "[ 1 ; 2 ; 3 [", "[ 1 ; ; 3 ]", "[ ; 2 ; 3 ]",
+                           "[ 1 ; 2 ]", "[ 1 , 2 , 3 ]", "( 1 ; 2 ; 3 ]", "[ 1 ; 2 ; 3 )"}) {
     std::istringstream is(text);
     V v(7, 8, 9);
     EXPECT_FALSE(is >> v) << text;
@@ -282,7 +370,7 @@ TEST(Vector3, CountsItsLiveObjects) {
   EXPECT_EQ(V::HowMany(), 0);
 }
 
-TEST(Vector3, TheCopiesThatBisectTakesLiveToTheEndOfTheFullExpression) {
+TEST(Vector3, BisectsCopiesLiveToTheEndOfTheFullExpression) {
   const V a(1, 2, 3), b;
   EXPECT_EQ((Bisect(a, b), V::HowMany()), 5);  // with the result
   EXPECT_EQ((Bisect(a, b), Bisect(a, b), V::HowMany()), 8);

@@ -42,7 +42,7 @@ bool PointIsWide() {
 
 }  // namespace
 
-TEST_F(CommaLocale, IsInTheTextsOfArraysAndBuffers) {
+TEST_F(CommaLocale, AppliesToTextsOfArraysAndBuffers) {
   double values[] = {1.5, -0.25};
   CZEPHDoubleArray a(2, values);
   CString text;
@@ -53,7 +53,7 @@ TEST_F(CommaLocale, IsInTheTextsOfArraysAndBuffers) {
   EXPECT_EQ(std::string(listing.GetString()).substr(0, 11), WithCommas("x[0]=1.5000"));
 }
 
-TEST_F(CommaLocale, IsInThePrintsOfMatricesAndVectors) {
+TEST_F(CommaLocale, AppliesToPrintsOfMatricesAndVectors) {
   double values[] = {1.5, -0.25, 2};
   double* rows[] = {values, values};
   EXPECT_EQ(Written([&](std::FILE* f) { ZEPH_MatrixPrint(f, 2, rows, kName); }),
@@ -64,9 +64,10 @@ TEST_F(CommaLocale, IsInThePrintsOfMatricesAndVectors) {
             WithCommas("      1.5000;      -0.2500; \n"));
 }
 
-TEST(WidePointLocale, CountsItsPointAsOneCharacterOfAField) {
+TEST(WidePointLocale, CountsItsPointAsOneColumn) {
   const ProcessLocale locale(kWidePointLocales);
-  if (!locale.Found() || !PointIsWide()) GTEST_SKIP() << "no point of two bytes here";
+  if (!locale.Found() || !PointIsWide())
+    GTEST_SKIP() << "no locale with a decimal point of two bytes is installed";
   double values[] = {1.5, -0.25, kInfinity};
   const std::string want = Written([&](std::FILE* f) {
     for (const double x : values) std::fprintf(f, "%12.4lf; ", x);
@@ -77,10 +78,10 @@ TEST(WidePointLocale, CountsItsPointAsOneCharacterOfAField) {
   EXPECT_EQ(got, ZEPH_PortableMath ? "      1.5000;      -0.2500;          inf; \n" : want);
 }
 
-TEST(WidePointLocale, KeepsTheColumnsOfTheSortReport) {
+TEST(WidePointLocale, KeepsTheColumnsOfTheSortReportAligned) {
   const ProcessLocale locale(kWidePointLocales);
   if (!locale.Found() || !PointIsWide() || ZEPH_PortableMath)
-    GTEST_SKIP() << "no point of two bytes in texts here";
+    GTEST_SKIP() << "no text with a decimal point of two bytes can be made here";
   std::istringstream lines(Written([](std::FILE* f) { CZEPHSelectionSort::Test1(5, f); }));
   int reals = 0;
   for (std::string line; std::getline(lines, line);)
@@ -91,14 +92,14 @@ TEST(WidePointLocale, KeepsTheColumnsOfTheSortReport) {
   EXPECT_EQ(reals, 10);
 }
 
-TEST_F(CommaLocale, IsInScientificNotation) {
+TEST_F(CommaLocale, AppliesToScientificNotation) {
   int exponent = 0;
   double mantissa = 0;
   const CString text = ZEPH_MathToScientificNotation(12345.678, exponent, mantissa, 2, 3);
   EXPECT_EQ(text.GetString(), WithCommas("12.346xE3"));
 }
 
-TEST_F(CommaLocale, IsNotInWhatStreamsWriteAndRead) {
+TEST_F(CommaLocale, DoesNotApplyToStreams) {
   double values[] = {1.5, -0.25};
   std::ostringstream out;
   out << CZEPHDoubleArray(2, values);

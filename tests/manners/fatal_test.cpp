@@ -22,7 +22,7 @@ constexpr char kLineEnd[] = "\n";
 
 }  // namespace
 
-TEST(FatalReport, ComesBehindWhatTheCallerHadBuffered) {
+TEST(FatalReport, FollowsTheCallersBufferedOutput) {
   const std::string end = kLineEnd;
   ExpectEnd("array", 1, "printed, streamed, @@@@( Error: bad vector sizes" + end, "");
   ExpectEnd("matrix", 1,
@@ -32,11 +32,23 @@ TEST(FatalReport, ComesBehindWhatTheCallerHadBuffered) {
             "");
 }
 
-TEST(FatalCheck, WritesWhatTheCallerHadBuffered) {
+TEST(FatalCheck, FlushesTheCallersBufferedOutput) {
   ExpectEnd("check", 1, "printed, streamed, ",
             std::string("Addition error (Not of the same size)") + kLineEnd);
 }
 
-TEST(FatalChild, EndsNormallyElsewhere) {
+TEST(FatalChild, ExitsNormallyWithoutAnError) {
   ExpectEnd("nowhere", 0, "printed, streamed, after", "");
 }
+
+#ifdef __GLIBC__  // whose constructors are given the program's arguments
+TEST(FatalReport, WorksBeforeTheStandardStreamsAreConstructed) {
+  const auto report = RunChild("zeph_manners_early_child", {"report"});
+  EXPECT_EQ(report.status, 1);
+  EXPECT_EQ(report.out, "@@@@( Error: Vector check bound error!\n\n");
+  const auto check = RunChild("zeph_manners_early_child", {"check"});
+  EXPECT_EQ(check.status, 1);
+  EXPECT_EQ(check.err, "Addition error (Not of the same size)\n");
+  EXPECT_EQ(RunChild("zeph_manners_early_child", {"nothing"}).status, 7);
+}
+#endif

@@ -89,8 +89,8 @@ int OutlivedByAThread(const char* plugin, const char* library) {
   return 0;
 }
 
-/// The rounding direction, the control registers, and the locale. Of the flags only those of
-/// errors: operations may be inexact, and denormal or underflowing where their operands are.
+/// The rounding direction, the control registers, and the locale. Of the exception flags only those
+/// of errors: results may be inexact, denormal or underflow.
 std::string Environment() {
   unsigned sse = 0, x87 = 0;
 #if defined(__SSE2__)

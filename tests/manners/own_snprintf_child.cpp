@@ -1,4 +1,5 @@
-// How often a listing asks printf, once the process's first listing was made rounding upward.
+// How often a listing calls snprintf after the process's first listing was made while rounding
+// upward.
 #include <cfenv>
 #include <cstdarg>
 #include <cstdio>
@@ -27,7 +28,7 @@ int main() {
   std::fesetround(FE_UPWARD);
   ZEPH_ArrayDisplay(listing, values, 3, name);
   std::fesetround(FE_TONEAREST);
-  ZEPH_ArrayDisplay(listing, values, 3, name);  // may still examine the runtime
+  ZEPH_ArrayDisplay(listing, values, 3, name);  // may still test how the runtime rounds
   calls = 0;
   ZEPH_ArrayDisplay(listing, values, 3, name);
   std::printf("%d", calls);

@@ -11,13 +11,13 @@ int StatusOf(const char* output, const char* writer) {
   return zeph::test::RunChild("zeph_manners_sink_child", {output, writer}).status;
 }
 
-TEST(FullSink, FatalReportsEndTheProcessAllTheSame) {
+TEST(FullSink, FatalReportsStillEndTheProcess) {
   for (const char* output : {"full", "closed"})
     for (const char* writer : {"array", "bound", "matrix", "check"})
       EXPECT_EQ(1, StatusOf(output, writer)) << output << ' ' << writer;
 }
 
-TEST(FullSink, ListingsLeaveTheStreamsErrorToTheCaller) {
+TEST(FullSink, ListingsSetTheStreamsErrorFlag) {
   for (const char* output : {"full", "closed"}) {
     for (const char* writer : {"listing", "orderings", "report"})
       EXPECT_EQ(3, StatusOf(output, writer)) << output << ' ' << writer;

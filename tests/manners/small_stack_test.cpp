@@ -19,8 +19,8 @@ namespace {
 using zeph::test::kNaN;
 using zeph::test::RunOnSmallStack;
 
-/// As the optimising g++ lays out frames; sanitizers have frames of their own, and a build without optimisation
-/// keeps every temporary apart.
+/// This holds for the frames of an optimising g++; sanitizers enlarge them, and an unoptimised
+/// build gives every temporary a place of its own.
 #if defined(ZEPH_TEST_SANITIZED) || !defined(__OPTIMIZE__)
 constexpr std::size_t kSmall = std::size_t{512} * 1024, kPermutations = kSmall;
 #elif defined(__clang__)
@@ -33,12 +33,12 @@ class SmallStack : public testing::Test {
  protected:
   void SetUp() override {
     if (!RunOnSmallStack(kSmall, [] {}))
-      GTEST_SKIP() << "threads of this system have larger stacks";
+      GTEST_SKIP() << "this system starts no threads with so small a stack";
   }
 };
 
 void OnSmallStack(const std::function<void()>& body) {
-  ASSERT_TRUE(RunOnSmallStack(kSmall, body));
+  ASSERT_TRUE(RunOnSmallStack(kSmall, body)) << "no thread could be started";
 }
 
 /// Unordered, with zeros of both signs and a NaN, so that no shortcut is taken; or with few
@@ -51,7 +51,7 @@ std::vector<double> Mixed(int n, unsigned distinct) {
   return v;
 }
 
-TEST_F(SmallStack, HoldsEverySort) {
+TEST_F(SmallStack, SufficesForEverySort) {
   for (const int n : {30, 1000, 20'000})
     for (const unsigned distinct : {4u, 1u << 30}) {
       const std::vector<double> v = Mixed(n, distinct);
@@ -64,18 +64,18 @@ TEST_F(SmallStack, HoldsEverySort) {
       for (const auto sort : sorts) {
         CZEPHDoubleArray a(n, const_cast<double*>(v.data()));
         OnSmallStack([&] { sort(a); });
-        EXPECT_EQ(1, a.sorted);
+        EXPECT_EQ(1, a.sorted) << "n " << n << ", distinct " << distinct;
       }
       std::vector<double> selected = v;
       OnSmallStack([&] { CZEPHSelectionSort::Run(selected.data(), n); });
       std::vector<int> ints(v.size());
       std::iota(ints.rbegin(), ints.rend(), 0);
       OnSmallStack([&] { CZEPHSelectionSort::Run(ints.data(), n); });
-      EXPECT_EQ(0, ints[0]);
+      EXPECT_EQ(0, ints[0]) << "n " << n << ", distinct " << distinct;
     }
 }
 
-TEST_F(SmallStack, HoldsMatricesAndNorms) {
+TEST_F(SmallStack, SufficesForMatricesAndNorms) {
   for (const int n : {3, 20, 130}) {
     CZEPHDoubleMatrix a(n, n, 0.5), b(n, n, 2.0);
     CZEPHDoubleArray v(n, 1.0);
@@ -86,13 +86,13 @@ TEST_F(SmallStack, HoldsMatricesAndNorms) {
             ZEPH_MatrixFrobNorm(a.m_ppData, n, 0) + ZEPH_ArrayMaxNorm(a.m_ppData[0], n, 0);
       v = a * v;
     });
-    EXPECT_EQ(n, a[0][0]);
-    EXPECT_EQ(1.0 * n * n, v[n - 1]);
-    EXPECT_GT(sum, 2.0 * n * n);
+    EXPECT_EQ(n, a[0][0]) << "n " << n;
+    EXPECT_EQ(1.0 * n * n, v[n - 1]) << "n " << n;
+    EXPECT_GT(sum, 2.0 * n * n) << "n " << n;
   }
 }
 
-TEST_F(SmallStack, HoldsListings) {
+TEST_F(SmallStack, SufficesForListings) {
   const zeph::test::TemporaryFile file;
   std::FILE* f = std::fopen(file.Path().c_str(), "w");
   ASSERT_TRUE(f);
@@ -110,7 +110,7 @@ TEST_F(SmallStack, HoldsListings) {
 }
 
 /// As include/algorithms.h says.
-TEST_F(SmallStack, OrderingsTakeABlockOf64KiBMore) {
+TEST_F(SmallStack, PermutationsNeed64KiBMore) {
   CString text;
   std::vector<char> letters = {'a', 'b', 'c', 'd', 'e'};
   ASSERT_TRUE(

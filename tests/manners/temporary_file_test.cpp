@@ -14,7 +14,7 @@
 using zeph::test::ReadFile;
 using zeph::test::TemporaryFile;
 
-TEST(TemporaryFile, HoldsWhatIsWrittenUnderItsPath) {
+TEST(TemporaryFile, HoldsWhatIsWrittenToItsPath) {
   const TemporaryFile one, two;
   std::ofstream(one.Path()) << "one";
   std::ofstream(two.Path()) << "two";
@@ -24,7 +24,7 @@ TEST(TemporaryFile, HoldsWhatIsWrittenUnderItsPath) {
   EXPECT_EQ(ReadFile(one.Path()), "1");
 }
 
-TEST(TemporaryFile, IsGoneWithItsObject) {
+TEST(TemporaryFile, IsRemovedWithItsObject) {
   std::string path;
   {
     const TemporaryFile file;
@@ -39,7 +39,7 @@ bool IsThereProc() {
   return access("/proc/self/fd", X_OK) == 0;
 }
 
-TEST(TemporaryFileDeathTest, LeavesNothingOfATestThatDies) {
+TEST(TemporaryFileDeathTest, IsRemovedWhenATestDies) {
   if (!IsThereProc())
     GTEST_SKIP() << "there is no /proc, through which a file without a name is opened";
   std::string folder = zeph::test::TemporaryFolder() + "/dies_XXXXXX";
@@ -54,7 +54,7 @@ TEST(TemporaryFileDeathTest, LeavesNothingOfATestThatDies) {
   EXPECT_EQ(rmdir(folder.c_str()), 0) << folder << " is not empty";
 }
 
-TEST(TemporaryFileDeathTest, SaysWhereNothingCanBeWritten) {
+TEST(TemporaryFileDeathTest, NamesTheFolderThatCannotBeWritten) {
   if (!IsThereProc()) GTEST_SKIP() << "there is no /proc, in which nobody may write";
   const auto create = [] {
     setenv("TMPDIR", "/proc", 1);

@@ -30,7 +30,7 @@ int Others(int count, const std::string& want) {
 
 }  // namespace
 
-TEST(ThreadLocale, OfOneThreadIsNotInTheTextsOfAnother) {
+TEST(ThreadLocale, DoesNotAffectTheTextsOfAnotherThread) {
   const int count = static_cast<int>(Scaled(300000));
   std::atomic<int> ready{0};
   std::atomic<bool> found{false};

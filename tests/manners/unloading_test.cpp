@@ -35,29 +35,29 @@ void ExpectNothingLeft(const char* what) {
 
 }  // namespace
 
-TEST(Unloading, TwoHundredTimesUnusedLeavesNothing) {
+TEST(Unloading, TwoHundredTimesUnusedLeaksNothing) {
   ExpectNothingLeft("unused");
 }
 
-TEST(Unloading, TwoHundredTimesUsedInEveryPartLeavesNothing) {
+TEST(Unloading, TwoHundredTimesUsedInEveryPartLeaksNothing) {
   ExpectNothingLeft("used");
 }
 
-TEST(Unloading, TwoHundredTimesWithResultsKeptForTheThreadLeavesNothing) {
+TEST(Unloading, TwoHundredTimesWithResultsKeptForTheThreadLeaksNothing) {
   ExpectNothingLeft("thread data");
 }
 
-TEST(Unloading, FortyTimesWithThreadsOfTheLibraryAsleepLeavesNothing) {
+TEST(Unloading, FortyTimesWithSleepingWorkersLeaksNothing) {
   ExpectNothingLeft("threads");
 }
 
-TEST(Unloading, AThreadThatUsedTheLibraryOutlivesIt) {
+TEST(Unloading, AThreadThatUsedTheLibraryMayOutliveIt) {
   const ChildResult child = Load("outlived");
   EXPECT_EQ(child.status, 0) << child.err;
   EXPECT_EQ(Lines(child.out), "stayed 0\nthe thread has ended\n") << child.err;
 }
 
-TEST(Unloading, RoundingControlWordsAndLocaleStayTheCallers) {
+TEST(Unloading, LeavesRoundingControlWordsAndLocaleAlone) {
   for (const char* rounding : {"nearest", "upward"}) {
     const ChildResult child = Load(rounding);
     EXPECT_EQ(child.status, 0) << child.err;
@@ -67,7 +67,7 @@ TEST(Unloading, RoundingControlWordsAndLocaleStayTheCallers) {
 
 #else
 
-TEST(Unloading, IsForTheSharedLibrary) {
+TEST(Unloading, IsTestedWithTheSharedLibraryOnly) {
   GTEST_SKIP() << "the static library is part of its program";
 }
 

@@ -2,6 +2,8 @@
 #ifndef ZEPH_TESTS_MODES_INPUTS_H
 #define ZEPH_TESTS_MODES_INPUTS_H
 
+#include <gtest/gtest.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -64,6 +66,18 @@ std::vector<Input<T>> ModeInputs(std::size_t n, std::uint64_t seed) {
        Drawn<T>(n, seed, [](Random& r) { return Limits::max() * static_cast<T>(r.Real(-1, 1)); })},
       {"anything", Drawn<T>(n, seed, quiet)},
   };
+}
+
+/// Calls `check(values)` for arrays of doubles of every kind, `lengths` giving how long, until one
+/// fails.
+template <class Check>
+void ForEachInput(const std::vector<std::size_t>& lengths, std::uint64_t seed, Check check) {
+  for (const std::size_t n : lengths)
+    for (const auto& input : ModeInputs(n, seed + n)) {
+      SCOPED_TRACE(input.name + ", " + std::to_string(n) + " elements");
+      check(input.values);
+      if (testing::Test::HasFailure()) return;
+    }
 }
 
 }  // namespace zeph::test

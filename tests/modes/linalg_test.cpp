@@ -32,7 +32,7 @@ struct Shape {
   std::size_t rows, inner, cols;
 };
 
-// Narrower than a vector, whole vectors, loose columns, more than a block of k, panels.
+// Narrower than a vector, whole vectors, remaining columns, more than a block of k, panels.
 const Shape kShapes[] = {{1, 1, 1},  {2, 2, 2},   {3, 5, 7},   {4, 4, 3},    {6, 9, 9},
                          {9, 8, 10}, {12, 7, 25}, {5, 260, 3}, {70, 65, 71}, {130, 70, 49}};
 
@@ -43,7 +43,7 @@ CZEPHDoubleMatrix ToDoubleMatrix(const Rows& rows) {
 
 }  // namespace
 
-TEST(LinalgModes, Products) {
+TEST(LinalgModes, ProductsMatchTheirOracles) {
   for (const Shape& shape : kShapes) {
     const std::size_t left = shape.rows * shape.inner, right = shape.inner * shape.cols;
     for (const auto& input : ModeInputs(left + right, left)) {
@@ -75,7 +75,7 @@ TEST(LinalgModes, Products) {
   }
 }
 
-TEST(LinalgModes, ProductWithAnInfinityBesideMissingColumns) {
+TEST(LinalgModes, ProductWithAnInfinityRaisesNothingForPaddedColumns) {
   const Rows a = {{1, kInfinity}, {2, 3}}, b = {{1, 2}, {3, 4}};
   EXPECT_TRUE(ComputesInEveryMode(
       [&] {
@@ -85,7 +85,7 @@ TEST(LinalgModes, ProductWithAnInfinityBesideMissingColumns) {
       [&] { return Joined(oracle::DenseProduct(a, b, 2, 2, 2)); }));
 }
 
-TEST(LinalgModes, SumsDifferencesAndNegation) {
+TEST(LinalgModes, SumsDifferencesAndNegationMatchTheirOracles) {
   for (const std::size_t cols : {1u, 3u, 8u, 19u, 300u})
     for (const auto& input : ModeInputs(8 * cols, cols)) {
       SCOPED_TRACE(input.name);
@@ -108,7 +108,7 @@ TEST(LinalgModes, SumsDifferencesAndNegation) {
     }
 }
 
-TEST(LinalgModes, Vectors) {
+TEST(LinalgModes, VectorsMatchTheirOracles) {
   for (const std::size_t n : {1u, 2u, 5u, 8u, 13u, 100u, 600u})
     for (const auto& input : ModeInputs(n, n)) {
       SCOPED_TRACE(input.name + ", " + std::to_string(n));
@@ -121,7 +121,7 @@ TEST(LinalgModes, Vectors) {
           },
           [&] {
             std::size_t most = 0, least = 0;
-            volatile double norm = std::fabs(values[0]);  // never a maximum instruction
+            volatile double norm = std::fabs(values[0]);  // so that no maximum instruction is used
             for (std::size_t i = 1; i < n; ++i) {
               if (values[i] > values[most]) most = i;
               if (values[least] > values[i]) least = i;
@@ -150,7 +150,7 @@ TEST(LinalgModes, Vectors) {
     }
 }
 
-TEST(LinalgModes, Matrix4AndVector3) {
+TEST(LinalgModes, Matrix4AndVector3MatchTheirOracles) {
   for (std::uint64_t seed = 0; seed < 40; ++seed)
     for (const auto& input : ModeInputs(32, seed)) {
       SCOPED_TRACE(input.name);

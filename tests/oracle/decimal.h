@@ -1,4 +1,4 @@
-// Roundings, powers of ten and the scientific split, one statement a step.
+// Roundings, powers of ten and the scientific split, one statement per step.
 #ifndef ZEPH_TESTS_ORACLE_DECIMAL_H
 #define ZEPH_TESTS_ORACLE_DECIMAL_H
 

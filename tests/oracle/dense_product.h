@@ -1,4 +1,4 @@
-// The matrix product, one statement a step.
+// The matrix product, one statement per step.
 #ifndef ZEPH_TESTS_ORACLE_DENSE_PRODUCT_H
 #define ZEPH_TESTS_ORACLE_DENSE_PRODUCT_H
 

@@ -1,4 +1,4 @@
-// 3x3 and 4x4 matrices and 3-vectors, a statement a step.
+// 3x3 and 4x4 matrices and 3-vectors, one statement per step.
 #ifndef ZEPH_TESTS_ORACLE_FIXED_GEOMETRY_H
 #define ZEPH_TESTS_ORACLE_FIXED_GEOMETRY_H
 

@@ -1,5 +1,5 @@
-// The integer searches, a statement a step; elements are read through a function, so that reads can
-// be recorded.
+// The integer searches, one statement per step; elements are read through a function, so that reads
+// can be recorded.
 #ifndef ZEPH_TESTS_ORACLE_INTEGRAL_SEARCH_H
 #define ZEPH_TESTS_ORACLE_INTEGRAL_SEARCH_H
 

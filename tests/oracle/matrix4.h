@@ -1,4 +1,4 @@
-// 4x4 matrices as rows of numbers, and 3-vectors, an operation a statement.
+// 4x4 matrices as rows of numbers, and 3-vectors, one operation per statement.
 #ifndef ZEPH_TESTS_ORACLE_MATRIX4_H
 #define ZEPH_TESTS_ORACLE_MATRIX4_H
 

@@ -1,4 +1,4 @@
-// The sorts of the object collections, one statement a step, on plain vectors.
+// The sorts of the object collections, one statement per step, on plain vectors.
 #ifndef ZEPH_TESTS_ORACLE_OBJECT_SORTS_H
 #define ZEPH_TESTS_ORACLE_OBJECT_SORTS_H
 

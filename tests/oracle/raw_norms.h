@@ -1,4 +1,4 @@
-// The norms over raw buffers, a statement a step.
+// The norms over raw buffers, one statement per step.
 #ifndef ZEPH_TESTS_ORACLE_RAW_NORMS_H
 #define ZEPH_TESTS_ORACLE_RAW_NORMS_H
 
@@ -28,7 +28,7 @@ inline double ArrayTwoNorm2(const double* a, int n, int start) {
   return r;
 }
 inline double ArrayMaxNorm(const double* a, int n, int start) {
-  volatile double largest = std::fabs(a[start]);  // never a maximum instruction
+  volatile double largest = std::fabs(a[start]);  // so that no maximum instruction is used
   for (int i = start + 1; i < start + n; ++i)
     if (!(largest > std::fabs(a[i]))) largest = std::fabs(a[i]);
   return largest;

@@ -1,4 +1,4 @@
-// Selection sort of ints, and of doubles through an int, a statement a step.
+// Selection sort of ints, and of doubles through an int, one statement per step.
 #ifndef ZEPH_TESTS_ORACLE_SELECTION_SORT_H
 #define ZEPH_TESTS_ORACLE_SELECTION_SORT_H
 

@@ -76,12 +76,32 @@ struct Late {
 };
 bool Late::used = false;
 
+int threadsBefore = -1;  // or not to be asked about
+#ifdef __ELF__
+/// Runs when all static objects of the program are gone.
+Work* last = nullptr;
+__attribute__((destructor)) void AtTheVeryEnd() {
+  if (!last) return;
+  const bool right = last->Right();
+  Say(right && (threadsBefore < 0 || IsOrUnknown(threadsBefore)), "the program's end");
+}
+#endif
+
 void StaticObjects() {
   Late::used = true;
+#ifdef __ELF__
+  last = new Work;
+#endif
   ZEPH_SetThreads(3);
   static Late after("an object that was made before the threads");
   Say(Work().Right(), "main");
   static Late before("an object that was made behind them");
+}
+
+/// Where the library is part of the program, its threads are gone before the program's end.
+void StaticLibrary() {
+  threadsBefore = ThreadsOfTheProcess();
+  StaticObjects();
 }
 
 #ifndef _WIN32
@@ -96,6 +116,8 @@ int InChild(Work& work, bool ask) {
   int wrong = ZEPH_GetThreads() == 1 ? 0 : 1;
   if (!work.Right() || !IsOrUnknown(1)) wrong |= 2;
   if (!ask) return wrong;
+  { const ZEPH_ThreadScope scope(3); }
+  if (ZEPH_GetThreads() != 1) wrong |= 32;
   ZEPH_SetThreads(3);
   if (!work.Right() || !IsOrUnknown(3)) wrong |= 4;
   ZEPH_SetThreads(1);
@@ -149,6 +171,59 @@ void ForkAtWork() {
   Say(good, "the parent's calls");
 }
 
+/// Forks while another thread ends the library's threads and starts new ones.
+void ForkAtEnds() {
+  std::atomic<bool> stop{false}, good{true};
+  std::thread other([&] {
+    Work mine;
+    while (!stop) {
+      ZEPH_SetThreads(8);
+      if (!mine.Right()) good = false;
+      ZEPH_SetThreads(1);
+    }
+  });
+  Work work;
+  bool children = true;
+  for (int k = 0; k < 60 && children; ++k) {
+    const pid_t child = fork();
+    if (child == 0) {
+      alarm(20);
+      std::exit(InChild(work, true) & ~1);
+    }
+    children = ChildStatus(child) == 0;
+  }
+  stop = true;
+  other.join();
+  Say(children, "children");
+  Say(good, "the parent's calls");
+}
+
+/// Forks while another thread asks for threads for the first time in the process.
+void ForkAtFirst() {
+  std::atomic<bool> ready{false}, go{false};
+  std::thread other([&] {
+    ready = true;
+    while (!go) {
+    }
+    ZEPH_SetThreads(8);
+  });
+  while (!ready) std::this_thread::yield();
+  go = true;
+  const std::chrono::steady_clock::time_point now = std::chrono::steady_clock::now();
+  const std::chrono::microseconds some(getpid() % 8);
+  while (std::chrono::steady_clock::now() - now < some) {
+  }
+  const pid_t child = fork();
+  if (child == 0) {
+    alarm(20);
+    ZEPH_SetThreads(4);
+    _exit(0);
+  }
+  const bool usable = ChildStatus(child) == 0;
+  other.join();
+  Say(usable, "child of the first request");
+}
+
 pthread_t handler;
 volatile sig_atomic_t handled = 0;
 
@@ -169,7 +244,7 @@ void Signals() {
   Say(handled && pthread_equal(handler, pthread_self()), "the program's own does");
 }
 
-/// A cancelled thread gets to this point when its call is over.
+/// A cancelled thread reaches this point when its call is over.
 void Cancel() {
   ZEPH_SetThreads(4);
   for (int k = 0; k < 50; ++k) {
@@ -188,6 +263,24 @@ void Cancel() {
   }
   Say(Work().Right(), "cancelled between calls");
 }
+
+/// A thread that is to be cancelled ends the workers first: half an end would leave all later calls without any.
+void CancelAtEnds() {
+  for (int k = 0; k < 20; ++k) {
+    ZEPH_SetThreads(4);
+    if (!Work().Right()) std::abort();
+    std::atomic<bool> ended{false};
+    std::thread other([&ended] {
+      pthread_cancel(pthread_self());
+      ZEPH_SetThreads(1);
+      ended = true;
+      pthread_testcancel();
+    });
+    other.join();
+    if (!ended) std::_Exit(3);  // before the program's end would wait for what is left of it
+  }
+  Say(Work().Right(), "cancelled at ends");
+}
 #endif
 
 struct Case {
@@ -199,11 +292,15 @@ const Case kCases[] = {
     {"live", EndLive},
     {"elsewhere", EndElsewhere},
     {"static", StaticObjects},
+    {"static library", StaticLibrary},
 #ifndef _WIN32
     {"fork", Fork},
     {"fork at work", ForkAtWork},
+    {"fork at ends", ForkAtEnds},
+    {"fork at first", ForkAtFirst},
     {"signals", Signals},
     {"cancel", Cancel},
+    {"cancel at ends", CancelAtEnds},
 #endif
 };
 

@@ -3,8 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cfenv>
+#include <chrono>
+#include <mutex>
 #include <set>
 #include <thread>
 #include <vector>
@@ -15,6 +18,11 @@
 #include "platform/threads.h"
 #include "support/modes.h"
 #include "support/scale.h"
+
+#ifdef __linux__
+#include <pthread.h>
+#include <signal.h>
+#endif
 
 namespace zeph::parallel {
 namespace {
@@ -45,18 +53,116 @@ TEST_F(Pool, EveryPieceRunsOnceForAnyNumberOfThreadsAndPieces) {
     }
 }
 
-TEST_F(Pool, WhatPiecesWriteIsThereWhenTheCallReturns) {
+TEST_F(Pool, WritesOfAllPiecesAreVisibleWhenTheCallReturns) {
   for (std::size_t round = 0; round < test::Scaled<std::size_t>(2000, 200); ++round) {
     std::vector<std::size_t> left(64);  // plain memory
     Share(4, left.size(), [&](std::size_t k) { left[k] = k + round; });
-    for (std::size_t k = 0; k < left.size(); ++k) ASSERT_EQ(left[k], k + round);
+    for (std::size_t k = 0; k < left.size(); ++k)
+      ASSERT_EQ(left[k], k + round) << "round " << round << ", k " << k;
   }
 }
 
-TEST_F(Pool, AsManyThreadsAsAskedForWorkAtOnce) {
+TEST_F(Pool, AsManyThreadsAsRequestedWorkAtOnce) {
   for (int threads : {2, 3, 8, 5}) MeetInPieces(threads);
   EXPECT_EQ(Workers(), 7);
 }
+
+/// The threads that run the pieces of one call, each of which takes a while.
+std::size_t ThreadsAtWork(int threads, std::size_t pieces) {
+  std::mutex mutex;
+  std::set<std::thread::id> there;
+  Share(threads, pieces, [&](std::size_t) {
+    std::this_thread::sleep_for(std::chrono::microseconds(500));
+    const std::lock_guard<std::mutex> lock(mutex);
+    there.insert(std::this_thread::get_id());
+  });
+  return there.size();
+}
+
+TEST_F(Pool, UsesNoMoreThreadsThanRequestedEvenIfMoreAreIdle) {
+  MeetInPieces(8);
+  for (const int threads : {2, 3, 5})
+    for (int round = 0; round < 5; ++round)
+      EXPECT_LE(ThreadsAtWork(threads, 40), static_cast<std::size_t>(threads));
+  EXPECT_EQ(Workers(), 7);
+}
+
+TEST_F(Pool, StartsNoMoreThreadsThanThereArePieces) {
+  for (const std::size_t pieces : {2u, 3u, 5u}) {
+    Share(8, pieces, [](std::size_t) {});
+    EXPECT_EQ(Workers(), static_cast<int>(pieces) - 1);
+  }
+  SetEverybodys(1);
+  Share(100'000, 3, [](std::size_t) {});
+  EXPECT_EQ(Workers(), 2);
+}
+
+/// Two calls wait for threads that a third one releases: each of them gets some.
+TEST_F(Pool, DividesIdleWorkersEvenlyAmongCallers) {
+  std::atomic<int> inFirst{0};
+  std::atomic<bool> go{false}, end{false};
+  std::thread first([&] {
+    Share(5, 5, [&](std::size_t) {
+      ++inFirst;
+      while (!go) std::this_thread::yield();
+    });
+  });
+  while (inFirst < 5) std::this_thread::yield();
+  std::atomic<int> in[2] = {{0}, {0}};
+  std::vector<std::thread> callers;
+  for (std::atomic<int>& mine : in) {
+    callers.emplace_back([&] {
+      Share(5, 20, [&](std::size_t) {
+        ++mine;
+        while (!end) std::this_thread::yield();
+      });
+    });
+    while (mine < 1) std::this_thread::yield();
+  }
+  go = true;
+  while (in[0] + in[1] < 6) std::this_thread::yield();  // the two callers and the four workers
+  EXPECT_EQ(in[0], 3);
+  EXPECT_EQ(in[1], 3);
+  end = true;
+  for (auto& caller : callers) caller.join();
+  first.join();
+}
+
+#ifdef __linux__
+/// Signals that a thread's own instructions raise reach it; those sent to the process do not. The caller's own
+/// mask, and whether it may be cancelled, stay as they were.
+TEST_F(Pool, WorkersReceiveOnlyTheSignalsTheyRaise) {
+  sigset_t before, after, seen[4];
+  pthread_sigmask(SIG_SETMASK, nullptr, &before);
+  std::atomic<int> begun{0};
+  Share(4, 4, [&](std::size_t k) {
+    ++begun;
+    while (begun < 4) std::this_thread::yield();
+    pthread_sigmask(SIG_SETMASK, nullptr, &seen[k]);
+  });
+  pthread_sigmask(SIG_SETMASK, nullptr, &after);
+  int workers = 0;
+  for (const sigset_t& set : seen) {
+    if (!sigismember(&set, SIGUSR1)) continue;  // the caller
+    ++workers;
+    for (const int raised : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGTRAP})
+      EXPECT_EQ(0, sigismember(&set, raised)) << raised;
+    for (const int sent : {SIGUSR1, SIGUSR2, SIGTERM, SIGINT, SIGHUP, SIGALRM, SIGCHLD, SIGPIPE,
+                           SIGQUIT, SIGABRT, SIGPROF, SIGWINCH})
+      EXPECT_EQ(1, sigismember(&set, sent)) << sent;
+  }
+  EXPECT_EQ(3, workers);
+  for (int signal = 1; signal < 32; ++signal)
+    EXPECT_EQ(sigismember(&before, signal), sigismember(&after, signal)) << signal;
+  for (const int state : {PTHREAD_CANCEL_DISABLE, PTHREAD_CANCEL_ENABLE}) {
+    pthread_setcancelstate(state, nullptr);
+    MeetInPieces(4);
+    int left = -1;
+    pthread_setcancelstate(PTHREAD_CANCEL_ENABLE, &left);
+    EXPECT_EQ(state, left);
+  }
+}
+#endif
 
 TEST_F(Pool, StartsNothingForOneThreadOrOnePiece) {
   SetEverybodys(1);
@@ -65,16 +171,36 @@ TEST_F(Pool, StartsNothingForOneThreadOrOnePiece) {
   EXPECT_EQ(Workers(), 0);
 }
 
-TEST_F(Pool, EndsAndBeginsAnew) {
+TEST_F(Pool, EndsAndStartsAgain) {
   for (int round = 0; round < 20; ++round) {
     MeetInPieces(4);
-    EXPECT_EQ(Workers(), 3);
+    EXPECT_EQ(Workers(), 3) << "round " << round;
     EndWorkers();
-    EXPECT_EQ(Workers(), 0);
+    EXPECT_EQ(Workers(), 0) << "round " << round;
   }
 }
 
-TEST_F(Pool, SeveralCallersShareTheWorkersAndNoneWaitsForAnother) {
+/// For every caller that ends them: when the call returns, they have ended.
+TEST_F(Pool, EveryCallerThatEndsTheWorkersWaitsForTheirEnd) {
+  std::atomic<int> left{0};
+  for (int round = 0; round < 50; ++round) {
+    MeetInPieces(8);
+    std::atomic<int> ready{0};
+    const auto end = [&] {
+      ++ready;
+      while (ready < 3) std::this_thread::yield();
+      EndWorkers();
+      left += Workers();
+    };
+    std::thread first(end), second(end);
+    end();
+    first.join();
+    second.join();
+  }
+  EXPECT_EQ(left, 0);
+}
+
+TEST_F(Pool, SeveralCallersShareTheWorkersWithoutWaitingForEachOther) {
   constexpr int kCallers = 8;
   std::vector<std::thread> callers;
   std::atomic<int> wrong{0};
@@ -91,13 +217,13 @@ TEST_F(Pool, SeveralCallersShareTheWorkersAndNoneWaitsForAnother) {
   EXPECT_LE(Workers(), 3);
 }
 
-TEST_F(Pool, APieceMayShareItsOwnWork) {
+TEST_F(Pool, APieceMayStartParallelWorkItself) {
   for (int round = 0; round < 50; ++round) {
     std::atomic<int> runs{0};
     Share(4, 6, [&](std::size_t) {
       Share(4, 6, [&](std::size_t) { Share(3, 3, [&](std::size_t) { ++runs; }); });
     });
-    ASSERT_EQ(runs, 108);
+    ASSERT_EQ(runs, 108) << "round " << round;
   }
 }
 
@@ -148,9 +274,9 @@ TEST_F(Pool, PiecesRunInTheCallersFloatingPointModes) {
   }
 }
 
-TEST_F(Pool, ExceptionsRaisedByAnyPieceAreTheCallers) {
+TEST_F(Pool, FloatingPointExceptionsOfAnyPieceReachTheCaller) {
   if (!test::HasFloatingPointEnvironment())
-    GTEST_SKIP() << "this processor's environment is not a whole one";
+    GTEST_SKIP() << "the floating-point environment is incomplete here";
   const volatile double one = 1, zero = 0;
   const test::Mode& usual = test::Modes().front();
   for (std::size_t raising = 0; raising < 4; ++raising) {
@@ -163,32 +289,84 @@ TEST_F(Pool, ExceptionsRaisedByAnyPieceAreTheCallers) {
         if (k == raising) sink = one / zero;
       });
     });
-    EXPECT_EQ(raised, FE_DIVBYZERO);
+    EXPECT_EQ(raised, FE_DIVBYZERO) << "raising " << raising;
   }
   EXPECT_EQ(test::RaisedBy(usual, [] { MeetInPieces(4); }), 0);
 }
+
+/// An exception that the caller has raised before stays, and is not another caller's.
+TEST_F(Pool, KeepsTheCallersOwnFloatingPointExceptions) {
+  if (!test::HasFloatingPointEnvironment())
+    GTEST_SKIP() << "the floating-point environment is incomplete here";
+  const volatile double one = 1, zero = 0;
+  volatile double sink = 0;
+  std::feclearexcept(FE_ALL_EXCEPT);
+  sink = one / zero;
+  MeetInPieces(4);
+  EXPECT_EQ(std::fetestexcept(FE_ALL_EXCEPT), FE_DIVBYZERO);
+  const volatile double three = 3;
+  std::atomic<int> begun{0};
+  const std::thread::id caller = std::this_thread::get_id();
+  Share(4, 4, [&](std::size_t) {
+    ++begun;
+    while (begun < 4) std::this_thread::yield();
+    if (std::this_thread::get_id() == caller) return;
+    const volatile double third = one / three;
+    static_cast<void>(third);
+  });
+  EXPECT_EQ(std::fetestexcept(FE_ALL_EXCEPT), FE_DIVBYZERO | FE_INEXACT);
+  std::feclearexcept(FE_ALL_EXCEPT);
+  std::thread([&] { sink = one / zero; }).join();
+  MeetInPieces(4);
+  EXPECT_EQ(std::fetestexcept(FE_ALL_EXCEPT), 0);
+}
 #endif
 
-TEST(Ranges, PartsCoverEverythingOnceAndBeginAtGrains) {
+TEST(Ranges, PartsCoverEverythingOnceAndStartAtMultiplesOfTheGrain) {
   for (std::size_t n : {1u, 7u, 8u, 9u, 64u, 100u, 1000u, 1003u})
     for (std::size_t grain : {1u, 4u, 8u})
       for (std::size_t parts = 1; parts <= (n + grain - 1) / grain && parts <= 20; ++parts) {
         std::size_t next = 0, shortest = n, longest = 0;
         for (std::size_t k = 0; k < parts; ++k) {
           const Part part = PartOf(n, grain, parts, k);
-          ASSERT_EQ(part.first, next);
-          ASSERT_EQ(part.first % grain, 0u);
-          ASSERT_GT(part.count, 0u);
+          ASSERT_EQ(part.first, next) << "grain " << grain << ", parts " << parts << ", k " << k;
+          ASSERT_EQ(part.first % grain, 0u)
+              << "grain " << grain << ", parts " << parts << ", k " << k;
+          ASSERT_GT(part.count, 0u) << "grain " << grain << ", parts " << parts << ", k " << k;
           shortest = std::min(shortest, part.count);
           longest = std::max(longest, part.count);
           next += part.count;
         }
-        ASSERT_EQ(next, n);
-        ASSERT_LT(longest - shortest, 2 * grain);
+        ASSERT_EQ(next, n) << "n " << n << ", grain " << grain << ", parts " << parts;
+        ASSERT_LT(longest - shortest, 2 * grain)
+            << "n " << n << ", grain " << grain << ", parts " << parts;
       }
 }
 
-TEST(Ranges, LittleWorkAsksForNoThread) {
+/// Several parts for each thread where each is long enough, eight at most; one otherwise.
+TEST(Ranges, LongWorkIsDividedIntoSeveralPartsPerThread) {
+  const auto parts = [](int threads, std::size_t n, std::size_t grain, std::size_t enough) {
+    std::atomic<std::size_t> count{0}, sum{0};
+    ShareParts(threads, n, grain, enough, [&](std::size_t, std::size_t length) {
+      ++count;
+      sum += length;
+    });
+    EXPECT_EQ(sum, n);
+    return count.load();
+  };
+  EXPECT_EQ(parts(1, 1000, 1, 1), 1u);
+  EXPECT_EQ(parts(2, 1000, 1, 1000), 2u);
+  EXPECT_EQ(parts(2, 1000, 1, 501), 2u);
+  EXPECT_EQ(parts(2, 1000, 1, 250), 4u);
+  EXPECT_EQ(parts(2, 1000, 1, 100), 10u);
+  EXPECT_EQ(parts(2, 1000, 1, 1), 16u);
+  EXPECT_EQ(parts(3, 1000, 1, 1), 24u);
+  EXPECT_EQ(parts(3, 1000, 500, 1), 2u);
+  EXPECT_EQ(parts(3, 1001, 500, 1), 3u);
+  SetEverybodys(1);
+}
+
+TEST(Ranges, LittleWorkUsesNoOtherThread) {
   if (!platform::kThreadsExist) GTEST_SKIP() << "there are no threads";
   EXPECT_EQ(ThreadsFor(1'000'000, 1000), 1);
   SetEverybodys(6);

@@ -1,4 +1,4 @@
-// Work that is divided by rows has the same bits on any number of threads.
+// Work divided by rows gives the same bits on any number of threads.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -10,6 +10,7 @@
 #include "parallel/threads.h"
 #include "raw_buffers.h"
 #include "support/numbers.h"
+#include "support/scale.h"
 
 namespace zeph::test {
 namespace {
@@ -51,7 +52,7 @@ void Soil(std::size_t count, std::size_t blocks = 4) {
 struct Shape {
   int rows, inner, cols;
 };
-/// About the size from which products are shared and above, with few rows, few columns, odd ends.
+/// Around the size from which products run in parallel, and above: few rows, few columns, odd ends.
 const std::vector<Shape> kShapes = {{158, 159, 158}, {160, 160, 160}, {200, 201, 203},
                                     {8, 800, 800},   {3, 1000, 1000}, {2000, 50, 50},
                                     {9, 700, 701},   {700, 700, 9}};
@@ -73,7 +74,7 @@ void ExpectTheSameProducts(const std::vector<Shape>& shapes, Multiply multiply) 
 
 }  // namespace
 
-TEST(SharedRows, ProductsOfDoubleMatrices) {
+TEST(ParallelRows, ProductsOfDoubleMatricesMatchOneThread) {
   // The product is assigned back, so the right operand is square.
   const std::vector<Shape> shapes = {
       {158, 159, 159}, {160, 160, 160}, {8, 800, 800}, {2000, 50, 50}};
@@ -84,7 +85,7 @@ TEST(SharedRows, ProductsOfDoubleMatrices) {
                                            });
 }
 
-TEST(SharedRows, ProductsOfMatrices) {
+TEST(ParallelRows, ProductsOfMatricesMatchOneThread) {
   ExpectTheSameProducts<CZEPHMatrix>(kShapes,
                                      [](CZEPHMatrix a, const CZEPHMatrix& b) { return a * b; });
 }
@@ -115,7 +116,7 @@ void ExpectTheSame(const char* what, Compute compute) {
 
 }  // namespace
 
-TEST(SharedRows, NormsByRowAndByColumn) {
+TEST(ParallelRows, NormsByRowAndByColumnMatchOneThread) {
   for (const int n : {501, 708, 1031})
     for (std::uint64_t seed = 0; seed < 3; ++seed) {
       Table table(n + 3, seed);
@@ -130,7 +131,7 @@ TEST(SharedRows, NormsByRowAndByColumn) {
     }
 }
 
-TEST(SharedRows, RowSumsAndTimesAnArray) {
+TEST(ParallelRows, RowSumsAndProductsWithAnArrayMatchOneThread) {
   for (const int rows : {1, 5, 700, 1203}) {
     const int cols = 900'000 / rows;
     CZEPHMatrix m = Generated<CZEPHMatrix>(rows, cols, 4);
@@ -147,29 +148,30 @@ TEST(SharedRows, RowSumsAndTimesAnArray) {
   }
 }
 
-TEST(SharedRows, Transposition) {
+TEST(ParallelRows, TranspositionMatchesOneThread) {
   for (const int n : {500, 517, 1000}) {
     Table from(n, 6);
     Table to(n, 7);
     ExpectTheSame("rows", [&] {
-      std::fill(to.cells.begin(), to.cells.end(), -9.0);  // so that a cell left out shows
+      std::fill(to.cells.begin(), to.cells.end(), -9.0);  // so that a skipped cell shows
       ZEPH_MatrixTranspose(n, from.rows.data(), to.rows.data());
       return to.cells;
     });
     ExpectTheSame("one block", [&] {
-      std::fill(to.cells.begin(), to.cells.end(), -9.0);  // so that a cell left out shows
+      std::fill(to.cells.begin(), to.cells.end(), -9.0);  // so that a skipped cell shows
       ZEPH_MatrixTranspose(n, from.cells.data(), to.cells.data());
       return to.cells;
     });
     for (int i = 0; i < n; ++i)
       for (int j = 0; j < n; ++j)
         ASSERT_TRUE(SameBits(to.rows[static_cast<std::size_t>(i)][j],
-                             from.rows[static_cast<std::size_t>(j)][i]));
+                             from.rows[static_cast<std::size_t>(j)][i]))
+            << "n " << n << ", i " << i << ", j " << j;
   }
 }
 
-TEST(SharedElements, ArithmeticOfLongArrays) {
-  for (const int n : {499'999, 500'000, 1'000'003}) {
+TEST(ParallelElements, ArithmeticOfLongArraysMatchesOneThread) {
+  for (const int n : Scaled<std::vector<int>>({499'999, 500'000, 1'000'003}, {500'000})) {
     Random random(8);
     std::vector<double> x(static_cast<std::size_t>(n)), y(x);
     for (double& value : x) value = AwkwardValue<double>(random);
@@ -197,7 +199,7 @@ TEST(SharedElements, ArithmeticOfLongArrays) {
   }
 }
 
-TEST(SharedElements, TheModesOfTheHostHold) {
+TEST(ParallelElements, FollowTheCallersFloatingPointModes) {
   const int n = 600'000;
   std::vector<double> x(static_cast<std::size_t>(n));
   Random random(9);

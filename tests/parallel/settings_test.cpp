@@ -25,7 +25,7 @@ int ThreadsOfAnotherThread() {
 
 }  // namespace
 
-TEST(SettingsWithoutThreads, AreOneWhateverIsAskedFor) {
+TEST(SettingsWithoutThreads, StayOneWhateverIsRequested) {
   if (zeph::platform::kThreadsExist) GTEST_SKIP() << "there are threads";
   EXPECT_EQ(ZEPH_SetThreads(4), 1);
   EXPECT_EQ(ZEPH_SetThreads(0), 1);
@@ -37,7 +37,7 @@ TEST_F(Settings, StartAtOneThread) {
   EXPECT_EQ(ZEPH_GetThreads(), 1);
 }
 
-TEST_F(Settings, GiveWhatHolds) {
+TEST_F(Settings, ReturnTheNumberInForce) {
   EXPECT_EQ(ZEPH_SetThreads(3), 3);
   EXPECT_EQ(ZEPH_GetThreads(), 3);
   EXPECT_EQ(ThreadsOfAnotherThread(), 3);
@@ -48,7 +48,7 @@ TEST_F(Settings, GiveWhatHolds) {
   EXPECT_EQ(ZEPH_GetThreads(), 1);
 }
 
-TEST_F(Settings, BelowZeroChangeNothing) {
+TEST_F(Settings, NegativeNumbersChangeNothing) {
   ZEPH_SetThreads(3);
   EXPECT_EQ(ZEPH_SetThreads(-1), 3);
   EXPECT_EQ(ZEPH_SetThreads(INT_MIN), 3);
@@ -59,14 +59,14 @@ TEST_F(Settings, BelowZeroChangeNothing) {
   EXPECT_EQ(ZEPH_GetThreads(), 3);
 }
 
-TEST_F(Settings, ZeroIsWhatTheProcessMayUse) {
+TEST_F(Settings, ZeroMeansTheUsableProcessors) {
   const int threads = ZEPH_SetThreads(0);
   EXPECT_GE(threads, 1);
   EXPECT_LE(threads, static_cast<int>(std::thread::hardware_concurrency()));
   EXPECT_EQ(ZEPH_GetThreads(), threads);
 }
 
-TEST_F(Settings, ScopesAreForTheirThreadAndNest) {
+TEST_F(Settings, ScopesApplyToTheirThreadAndNest) {
   {
     const ZEPH_ThreadScope outer(4);
     EXPECT_EQ(ZEPH_GetThreads(), 4);
@@ -75,10 +75,21 @@ TEST_F(Settings, ScopesAreForTheirThreadAndNest) {
       const ZEPH_ThreadScope inner(1);
       EXPECT_EQ(ZEPH_GetThreads(), 1);
       EXPECT_EQ(ZEPH_SetThreads(8), 8);
-      EXPECT_EQ(ZEPH_GetThreads(), 1) << "the scope's number goes first";
+      EXPECT_EQ(ZEPH_GetThreads(), 1) << "the scope's number takes precedence";
       EXPECT_EQ(ThreadsOfAnotherThread(), 8);
     }
     EXPECT_EQ(ZEPH_GetThreads(), 4);
   }
   EXPECT_EQ(ZEPH_GetThreads(), 8);
+}
+
+TEST_F(Settings, AScopeThatSetsNothingKeepsTheOuterOne) {
+  const ZEPH_ThreadScope outer(4);
+  {
+    const ZEPH_ThreadScope nothing(-1);
+    EXPECT_EQ(ZEPH_GetThreads(), 4);
+  }
+  EXPECT_EQ(ZEPH_GetThreads(), 4);
+  EXPECT_LT(ZEPH_BeginThreadScope(INT_MIN), 0);
+  EXPECT_EQ(ZEPH_GetThreads(), 4);
 }

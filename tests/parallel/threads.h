@@ -6,14 +6,16 @@
 
 #include "parallel.h"
 #include "support/modes.h"
+#include "support/scale.h"
 
 namespace zeph::test {
 
-/// Calls `visit(threads)` with 1 to 8 threads allowed, in each form of the kernels that can be
-/// chosen here; afterwards there is one.
+/// Calls `visit(threads)` with 1 to 8 threads allowed (some of them where a sample is asked for), in each form
+/// of the kernels that can be chosen here; afterwards there is one.
 inline void ForEachNumberOfThreads(const std::function<void(int threads)>& visit) {
   ForEachForm([&visit](const std::string&) {
     for (int threads = 1; threads <= 8; ++threads) {
+      if (!kFullScale && threads > 3 && threads < 8) continue;
       ZEPH_SetThreads(threads);
       visit(threads);
     }

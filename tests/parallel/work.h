@@ -1,4 +1,4 @@
-// Work for programs that use threads: large enough to be shared, with a known result.
+// Work for programs that use threads: large enough to run in parallel, with a known result.
 #ifndef ZEPH_TESTS_PARALLEL_WORK_H
 #define ZEPH_TESTS_PARALLEL_WORK_H
 
@@ -28,7 +28,7 @@ inline int ThreadsOfTheProcess() {
   return threads;
 }
 
-/// A product that is shared where threads are allowed.
+/// A product that runs in parallel where threads are allowed.
 class Work {
  public:
   Work() : a_(kSize, kSize), b_(kSize, kSize) {

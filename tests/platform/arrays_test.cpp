@@ -74,7 +74,7 @@ TYPED_TEST(Array, StartsEmptyWithoutStorage) {
   EXPECT_EQ(a.m_nGrowBy, 0);
 }
 
-TYPED_TEST(Array, FirstSizeTakesExactlyThatStorageAndNulls) {
+TYPED_TEST(Array, FirstSizeAllocatesExactlyThatMuchAndSetsNulls) {
   using T = typename TypeParam::Type;
   TypeParam a;
   a.SetSize(3);
@@ -82,7 +82,7 @@ TYPED_TEST(Array, FirstSizeTakesExactlyThatStorageAndNulls) {
   EXPECT_EQ(a.Content(), Elements<T>({0, 0, 0}));
 }
 
-TYPED_TEST(Array, FirstSizeTakesAtLeastOneGrowthStep) {
+TYPED_TEST(Array, FirstSizeAllocatesAtLeastOneGrowthStep) {
   TypeParam a;
   a.SetSize(3, 64);
   EXPECT_EQ(a.m_nGrowBy, 64);
@@ -96,14 +96,14 @@ TYPED_TEST(Array, FirstSizeTakesAtLeastOneGrowthStep) {
   EXPECT_EQ(a.m_nGrowBy, 0);
 }
 
-TYPED_TEST(Array, GrowsByOneElementWhereThatIsTheGrowthSize) {
+TYPED_TEST(Array, GrowsByOneElementForAGrowthSizeOfOne) {
   TypeParam a;
   a.SetSize(5, 1);
   a.SetSize(6);
   EXPECT_EQ(a.m_nMaxSize, 6);
 }
 
-TYPED_TEST(Array, DoublesItsStorageWithoutASetting) {
+TYPED_TEST(Array, DoublesItsStorageWithoutAGrowthSize) {
   TypeParam a;
   a.SetSize(3);
   a.SetSize(4);
@@ -117,22 +117,22 @@ TYPED_TEST(Array, DoublesItsStorageWithoutASetting) {
   EXPECT_EQ(a.m_nMaxSize, 40000);
 }
 
-TYPED_TEST(Array, AddMovesItsStorageSoRarelyThatManyElementsTakeLinearTime) {
+TYPED_TEST(Array, AddTakesAmortisedConstantTime) {
   using T = typename TypeParam::Type;
   TypeParam a;
   int moves = 0;
   const T* storage = a.GetData();
   for (int i = 0; i < 1'000'000; ++i) {
-    ASSERT_EQ(a.Add(Element<T>(i)), i);
+    ASSERT_EQ(a.Add(Element<T>(i)), i) << "i " << i;
     moves += a.GetData() != storage;
     storage = a.GetData();
   }
   EXPECT_LE(moves, 20);
   EXPECT_EQ(a.GetSize(), 1'000'000);
-  for (int i = 0; i < 1'000'000; i += 999) ASSERT_EQ(a[i], Element<T>(i));
+  for (int i = 0; i < 1'000'000; i += 999) ASSERT_EQ(a[i], Element<T>(i)) << "i " << i;
 }
 
-TYPED_TEST(Array, ShrinkingKeepsStorageAndGrowingBackGivesNulls) {
+TYPED_TEST(Array, ShrinkingKeepsStorageAndRegrowingSetsNulls) {
   using T = typename TypeParam::Type;
   TypeParam a;
   a.Fill(4);
@@ -177,7 +177,7 @@ TYPED_TEST(Array, FreeExtraCutsTheStorageToTheElements) {
   EXPECT_EQ(a.m_pData, nullptr);
 }
 
-TYPED_TEST(Array, AddsAtTheEndAndGivesTheIndex) {
+TYPED_TEST(Array, AddsAtTheEndAndReturnsTheIndex) {
   using T = typename TypeParam::Type;
   TypeParam a;
   EXPECT_EQ(a.Add(Element<T>(5)), 0);
@@ -234,7 +234,7 @@ TYPED_TEST(Array, KeepsItsGrowthSizeWhereAnInsertionNeedsRoom) {
   EXPECT_EQ(a.m_nMaxSize, 14);
 }
 
-TYPED_TEST(Array, SaysWhatItRefusesWhereTheSizeWouldBeBeyondAllMemory) {
+TYPED_TEST(Array, NamesASizeBeyondAllMemoryInItsRefusal) {
   using T = typename TypeParam::Type;
   TypeParam a;
   a.Fill(3);
@@ -260,7 +260,7 @@ TYPED_TEST(Array, RemovesElementsAnywhereAndKeepsStorage) {
   EXPECT_EQ(a.m_nMaxSize, 6);
 }
 
-TYPED_TEST(Array, RefusesBadArgumentsAndStaysAsItWas) {
+TYPED_TEST(Array, RefusesBadArgumentsAndStaysUnchanged) {
   using T = typename TypeParam::Type;
   TypeParam a;
   a.Fill(3);
@@ -287,7 +287,7 @@ TYPED_TEST(Array, RefusesBadArgumentsAndStaysAsItWas) {
   EXPECT_EQ(a.m_nGrowBy, 0);
 }
 
-TYPED_TEST(Array, StaysAsItWasWhenMemoryRunsOut) {
+TYPED_TEST(Array, StaysUnchangedWhenMemoryRunsOut) {
   using T = typename TypeParam::Type;
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   TypeParam a;
@@ -302,7 +302,7 @@ TYPED_TEST(Array, StaysAsItWasWhenMemoryRunsOut) {
     zeph::test::FailAllocation failing(1, false, zeph::test::Failure::kMemoryException);
     try {
       a.SetSize(100);
-      ADD_FAILURE() << "must pass the exception on";
+      ADD_FAILURE() << "the exception must reach the caller";
     } catch (CMemoryException* exception) {
       exception->Delete();
     }
@@ -358,7 +358,7 @@ TYPED_TEST(Array, AgreesWithAVectorOverRandomChanges) {
         a.FreeExtra();
     }
     ASSERT_EQ(a.Content(), want) << "step " << step;
-    ASSERT_GE(a.m_nMaxSize, a.GetSize());
+    ASSERT_GE(a.m_nMaxSize, a.GetSize()) << "step " << step;
   }
 }
 

@@ -63,7 +63,7 @@ TEST(List, AddsAndRemovesAtBothEnds) {
   EXPECT_EQ(Walk(list), Content{});
 }
 
-TEST(List, InsertsBesideAPositionAndAtTheEndsForNull) {
+TEST(List, InsertsNextToAPositionAndAtTheEndsForNull) {
   Shown list;
   const POSITION at = list.AddHead(&b);
   EXPECT_EQ(list.GetAt(list.InsertBefore(at, &a)), &a);
@@ -74,7 +74,7 @@ TEST(List, InsertsBesideAPositionAndAtTheEndsForNull) {
   EXPECT_EQ(Walk(list), (Content{&d, &a, &b, &c, nullptr}));
 }
 
-TEST(List, PositionsStayGoodWhileTheirElementIsThere) {
+TEST(List, PositionsStayValidUntilTheirElementIsRemoved) {
   Shown list(2);
   const POSITION at = list.AddTail(&a);
   for (int i = 0; i < 50; ++i) {
@@ -100,7 +100,7 @@ TEST(List, WritesThroughPositionsAndEnds) {
   EXPECT_EQ(Walk(list), (Content{&c, &d}));
 }
 
-TEST(List, ReadsWhenConstant) {
+TEST(List, CanBeReadWhenConst) {
   Shown list;
   list.AddTail(&a);
   list.AddTail(&b);
@@ -143,7 +143,7 @@ TEST(List, FindsElementsAndIndices) {
   EXPECT_EQ(list.FindIndex(-1), nullptr);
 }
 
-TEST(List, RefusesWhereThereIsNoElement) {
+TEST(List, RefusesAccessToMissingElements) {
   Shown list;
   POSITION none = nullptr;
   EXPECT_THROW(list.GetHead(), std::out_of_range);
@@ -168,7 +168,7 @@ TEST(List, RefusesWhereThereIsNoElement) {
   }
 }
 
-TEST(List, TakesStorageByBlocksAndReusesRemovedNodes) {
+TEST(List, AllocatesNodesInBlocksAndReusesRemovedOnes) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   Shown list(10);
   const long before = zeph::test::AllocationCount();
@@ -181,7 +181,7 @@ TEST(List, TakesStorageByBlocksAndReusesRemovedNodes) {
   EXPECT_EQ(zeph::test::AllocationCount() - before, 2);
 }
 
-TEST(List, ReleasesItsStorageWhenTheLastElementGoes) {
+TEST(List, ReleasesItsStorageWithTheLastElement) {
   const long before = zeph::test::LiveBlocks();
   Shown list(1);
   for (int i = 0; i < 20; ++i) list.AddTail(&a);
@@ -195,7 +195,7 @@ TEST(List, ReleasesItsStorageWhenTheLastElementGoes) {
   EXPECT_EQ(zeph::test::LiveBlocks(), before);
 }
 
-TEST(List, StaysAsItWasWhenMemoryRunsOut) {
+TEST(List, StaysUnchangedWhenMemoryRunsOut) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   Shown list(2);
   list.AddTail(&a);
@@ -221,7 +221,7 @@ TEST(List, AgreesWithAStandardListOverRandomChanges) {
     const auto index = static_cast<std::ptrdiff_t>(random.Below(want.size() + 1));
     const POSITION at = list.FindIndex(index);
     const auto it = std::next(want.begin(), index);
-    ASSERT_EQ(at == nullptr, it == want.end());
+    ASSERT_EQ(at == nullptr, it == want.end()) << "step " << step;
     switch (random.Below(at ? 8 : 2)) {
       case 0:
         list.AddHead(object);

@@ -36,7 +36,7 @@ template <class Call>
 namespace {
 const char* volatile kWide = "%2147483648d";  // the compiler would warn of a literal
 }
-TEST(CStringLimit, AFormattedTextThatIsTooLongIsRefused) {
+TEST(CStringLimit, RefusesATooLongFormattedText) {
   for (const char* held : {"", "short", "a text that has a block of its own, being so long"}) {
     CString text(held);
     ExpectRefused(text, [](CString& s) { s.Format(kWide, 1); });
@@ -67,9 +67,9 @@ class Zeros {
 
 }  // namespace
 
-TEST(CStringLimit, ATextThatIsTooLongIsRefusedBeforeItIsRead) {
+TEST(CStringLimit, RefusesATooLongTextBeforeReadingIt) {
   const Zeros zeros;
-  if (!zeros.Had()) GTEST_SKIP() << "no 2 GiB of addresses";
+  if (!zeros.Had()) GTEST_SKIP() << "2 GiB of address space cannot be mapped";
   EXPECT_THROW(CString(std::string_view(zeros.Text(), kTooLong)), std::length_error);
   CString text("0123456789");
   ExpectRefused(text, [&](CString& s) { s.Append(zeros.Text(), INT_MAX - 10); });

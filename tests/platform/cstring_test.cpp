@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <climits>
+#include <cstdint>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -20,14 +22,14 @@ constexpr const char* kNull = nullptr;
 
 }  // namespace
 
-TEST(String, StartsEmptyAndClosed) {
+TEST(String, StartsEmptyAndTerminated) {
   const CString s;
   EXPECT_TRUE(s.IsEmpty());
   EXPECT_EQ(s.GetLength(), 0);
   EXPECT_STREQ(s.GetString(), "");
 }
 
-TEST(String, TakesNullForTheEmptyTextEverywhere) {
+TEST(String, TreatsNullAsEmptyEverywhere) {
   CString s(kNull);
   EXPECT_TRUE(s.IsEmpty());
   s = "abc";
@@ -58,7 +60,7 @@ TEST(String, CopiesDeepAndMoves) {
   EXPECT_TRUE(std::is_nothrow_move_constructible_v<CString>);
 }
 
-TEST(String, SurvivesAssignmentAndAppendingOfItselfAndOfItsOwnPieces) {
+TEST(String, MayBeAssignedAndAppendedToItselfInWholeOrInPart) {
   CString s("0123456789abcdef");
   s = *&s;
   EXPECT_EQ(Text(s), "0123456789abcdef");
@@ -73,7 +75,7 @@ TEST(String, SurvivesAssignmentAndAppendingOfItselfAndOfItsOwnPieces) {
   EXPECT_EQ(Text(s.Right(8)), "cdefcdef");
 }
 
-TEST(String, AppendsExactlyTheBytesAskedFor) {
+TEST(String, AppendsExactlyTheGivenNumberOfBytes) {
   CString s;
   s.Append("abcdef", 3);
   s.Append("x\0y", 3);
@@ -84,7 +86,7 @@ TEST(String, AppendsExactlyTheBytesAskedFor) {
   EXPECT_EQ(s.GetLength(), 7);
 }
 
-TEST(String, JoinsTextsAndCharactersOnEitherSide) {
+TEST(String, ConcatenatesTextsAndCharactersOnEitherSide) {
   const CString s("mid");
   EXPECT_EQ(Text(s + s), "midmid");
   EXPECT_EQ(Text(s + "x"), "midx");
@@ -108,7 +110,7 @@ TEST(String, ComparesByBytesWithTextsOnEitherSide) {
   EXPECT_FALSE(CString(std::string_view("a\0b", 3)) == "a");
 }
 
-TEST(String, GivesCharactersUpToTheClosingZero) {
+TEST(String, GivesCharactersUpToTheTerminator) {
   const CString s("abc");
   EXPECT_EQ(s[0], 'a');
   EXPECT_EQ(s.GetAt(2), 'c');
@@ -121,7 +123,32 @@ TEST(String, GivesCharactersUpToTheClosingZero) {
   EXPECT_THROW(s[-1LL], std::out_of_range);
 }
 
-TEST(String, CutsPiecesWithClampedBounds) {
+TEST(String, AcceptsAnIndexOfEveryIntegerType) {
+  const CString s("abc");
+  EXPECT_EQ(s[static_cast<unsigned char>(2)], 'c');
+  EXPECT_EQ(s[static_cast<signed char>(1)], 'b');
+  EXPECT_EQ(s[static_cast<short>(0)], 'a');
+  EXPECT_EQ(s[3u], '\0');
+  EXPECT_EQ(s[2ULL], 'c');
+  EXPECT_EQ(s[false], 'a');
+  EXPECT_EQ(s[true], 'b');
+  EXPECT_THROW(s[4u], std::out_of_range);
+  EXPECT_THROW(s[0x80000000u], std::out_of_range);
+  EXPECT_THROW(s[0x100000001ULL], std::out_of_range);  // would be 1 in 32 bits
+  EXPECT_THROW(s[-0xFFFFFFFFLL], std::out_of_range);
+  EXPECT_THROW(s[static_cast<signed char>(-1)], std::out_of_range);
+  EXPECT_THROW(s[static_cast<short>(-3)], std::out_of_range);
+  EXPECT_THROW(s[INT64_MIN], std::out_of_range);
+  EXPECT_THROW(s[INT64_MAX], std::out_of_range);
+}
+
+TEST(String, CopiesEveryByteOfAStandardString) {
+  const std::string text("a\0b", 3);
+  EXPECT_EQ(Text(CString(text)), text);
+  EXPECT_EQ(Text(CString(std::string())), "");
+}
+
+TEST(String, ExtractsSubstringsWithClampedBounds) {
   const CString s("abcdef");
   EXPECT_EQ(Text(s.Left(2)), "ab");
   EXPECT_EQ(Text(s.Left(0)), "");
@@ -188,7 +215,23 @@ TEST(String, AnEmptyOrNullFormatGivesTheEmptyText) {
   EXPECT_EQ(Text(s), "");
 }
 
-TEST(String, EmptyTakesTheTextAwayAndKeepsTheStorage) {
+#ifdef __GLIBC__
+/// A character that no locale has: the runtime writes nothing, and neither does the string, whatever was wrong before.
+TEST(String, AFormatThatTheRuntimeRejectsGivesTheEmptyText) {
+  const wchar_t nothing[] = {static_cast<wchar_t>(0x7FFFFFFF), L'\0'};
+  for (const int before : {0, EOVERFLOW}) {
+    CString s("old");
+    errno = before;
+    s.AppendFormat("%ls", nothing);
+    EXPECT_EQ(Text(s), "old");
+    errno = before;
+    s.Format("%ls", nothing);
+    EXPECT_EQ(Text(s), "");
+  }
+}
+#endif
+
+TEST(String, EmptyRemovesTheTextAndKeepsTheStorage) {
   CString s(std::string(1000, 'x'));
   const char* storage = s.GetString();
   s.Empty();
@@ -239,12 +282,12 @@ TEST(String, ConvertsFromStandardStringsAndViews) {
   EXPECT_EQ(out.str(), "view");
 }
 
-TEST(String, IsEmptyToEveryReaderOnceItsTextHasMoved) {
+TEST(String, IsEmptyAfterBeingMovedFrom) {
   for (const char* text : {"short", "long enough for a block of its own"}) {
     CString from(text);
     const CString to(std::move(from));
-    EXPECT_STREQ(text, to.GetString());
+    EXPECT_STREQ(text, to.GetString()) << "text " << text;
     EXPECT_STREQ("", from.GetString());  // NOLINT(bugprone-use-after-move): what is left is stated
-    EXPECT_EQ(0, from.GetLength());
+    EXPECT_EQ(0, from.GetLength()) << "text " << text;
   }
 }

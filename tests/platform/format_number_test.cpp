@@ -33,7 +33,7 @@ std::string Fixed(double x, const NumberConventions& conventions) {
 
 }  // namespace
 
-TEST(RealFormat, WritesExponentsOfThreeDigitsWhereTheRuntimeDoes) {
+TEST(RealFormat, WritesThreeDigitExponentsWhereTheRuntimeDoes) {
   const NumberConventions three{true, 3, "."};
   EXPECT_EQ(Scientific(1.5, three), "1.5000e+000");
   EXPECT_EQ(Scientific(-1.5e-7, three), "-1.5000e-007");
@@ -42,7 +42,7 @@ TEST(RealFormat, WritesExponentsOfThreeDigitsWhereTheRuntimeDoes) {
   EXPECT_EQ(Fixed(1.5, three), "1.500000");
 }
 
-TEST(RealFormat, WritesTheDecimalPointOfTheLocaleOfAnyLength) {
+TEST(RealFormat, WritesTheLocalesDecimalPointOfAnyLength) {
   const NumberConventions comma{true, 2, ","};
   EXPECT_EQ(Scientific(-0.0, comma), "-0,0000e+00");
   EXPECT_EQ(Scientific(12345678, comma), "1,2346e+07");
@@ -56,13 +56,14 @@ TEST(RealFormat, WritesTheDecimalPointOfTheLocaleOfAnyLength) {
             "250000");
 }
 
-TEST(RealFormat, LeavesEverythingToPrintfWhereTheRuntimeRoundsInItsOwnWay) {
-  const NumberConventions inexact{false, 3, ","};  // its different text shows who wrote
+TEST(RealFormat, FallsBackToPrintfWhereTheRuntimeRoundsDifferently) {
+  const NumberConventions inexact{false, 3,
+                                  ","};  // its different text shows which of the two wrote
   EXPECT_EQ(Scientific(1.5, inexact), "1.5000e+00");
   EXPECT_EQ(Fixed(1.5, inexact), "1.500000");
 }
 
-TEST(RealFormat, WritesInfinitiesAndNaNWithinTheConversionsWidthWhereTheNamesAreItsOwn) {
+TEST(RealFormat, PadsItsOwnNamesOfInfinityAndNaN) {
   const NumberConventions own{true, 2, ".", true};
   EXPECT_EQ(Scientific(kInfinity, own), "inf  ");
   EXPECT_EQ(Scientific(-kInfinity, own), "-inf ");
@@ -78,23 +79,23 @@ TEST(RealFormat, WritesTheLongestNumbers) {
   for (const double x : {1.7976931348623157e308, -1.7976931348623157e308, 5e-324, -2.2e-308}) {
     char want[RealFormat::kRoom];
     std::snprintf(want, sizeof want, "%lf", x);
-    EXPECT_EQ(Fixed(x, NumberConventions::Current()), want);
+    EXPECT_EQ(Fixed(x, NumberConventions::Current()), want) << "x " << x;
   }
 }
 
-TEST(RealFormat, WritesTheBytesOfPrintfForEveryConversionInUse) {
+TEST(RealFormat, MatchesPrintfForEveryConversionInUse) {
   const NumberConventions now = NumberConventions::Current();
   for (const double x : zeph::test::Awkward(20000, 1)) {
     char want[RealFormat::kRoom];
     std::snprintf(want, sizeof want, "%-5.4le", x);
-    ASSERT_EQ(Scientific(x, now), want);
+    ASSERT_EQ(Scientific(x, now), want) << "x " << x;
     std::snprintf(want, sizeof want, "%lf", x);
-    ASSERT_EQ(Fixed(x, now), want);
+    ASSERT_EQ(Fixed(x, now), want) << "x " << x;
   }
 }
 
 /// Odd multiples of a power of two lie halfway between two texts.
-TEST(RealFormat, RoundsHalvesToTheEvenDigit) {
+TEST(RealFormat, RoundsHalvesToEven) {
   for (int decimals = 1; decimals <= 6; ++decimals)
     for (int odd = -99; odd <= 99; odd += 2) {
       const double half = std::ldexp(odd, -decimals - 1);
@@ -116,12 +117,13 @@ TEST(RealFormat, FollowsTheRuntimeInAnotherRoundingDirection) {
   std::snprintf(want, sizeof want, "%lf", 0.1);
   const std::string got = Fixed(0.1, upward);
   std::fesetround(before);
-  if (upward.ownNames) GTEST_SKIP() << "texts of our own are the same in every direction";
+  if (upward.ownNames)
+    GTEST_SKIP() << "the library's own texts do not depend on the rounding direction";
   EXPECT_EQ(want, got);
 #endif
 }
 
-TEST(RealFormat, CountsAPointOfAnyLengthAsOneColumn) {
+TEST(RealFormat, CountsADecimalPointOfAnyLengthAsOneColumn) {
   const RealFormat format("%lf", RealFormat::Notation::kFixed, 6, {true, 2, "\xD9\xAB"});
   EXPECT_EQ(8u, format.Columns(0.25, 9));
   EXPECT_EQ(3u, format.Columns(kInfinity, 3));
@@ -129,12 +131,12 @@ TEST(RealFormat, CountsAPointOfAnyLengthAsOneColumn) {
   EXPECT_EQ(8u, plain.Columns(0.25, 8));
 }
 
-TEST(WriteInt, FillsItsFieldFromTheLeft) {
+TEST(WriteInt, PadsOnTheRight) {
   for (const int value : {0, 7, -7, 12345, -12345, 123456, 2147483647, -2147483647 - 1}) {
     char text[zeph::platform::kIntRoom], want[32];
     std::snprintf(want, sizeof want, "%-5d", value);
-    EXPECT_EQ(std::string(text, WriteInt(text, value, 5)), want);
+    EXPECT_EQ(std::string(text, WriteInt(text, value, 5)), want) << "value " << value;
     std::snprintf(want, sizeof want, "%-d", value);
-    EXPECT_EQ(std::string(text, WriteInt(text, value)), want);
+    EXPECT_EQ(std::string(text, WriteInt(text, value)), want) << "value " << value;
   }
 }

@@ -4,12 +4,14 @@
 #ifdef ZEPH_TEST_GUARDED
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <new>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform.h"
+#include "platform/block_writer.h"
 
 namespace {
 
@@ -25,10 +27,11 @@ const char* Closed(const Guarded& pages, std::size_t n, bool atEnd) {
   return pages.Copy(letters, atEnd);
 }
 
-TEST(TextGuardPages, StringsReadWhatIsTheirsOnly) {
+TEST(TextGuardPages, StringsStayInBounds) {
   const Guarded pages, others;
   for (const bool atEnd : {true, false})
     for (std::size_t n = 0; n <= 70; ++n) {
+      SCOPED_TRACE(::testing::Message() << "atEnd " << atEnd << ", n " << n);
       const std::string want(n, 'x');
       const std::string_view open = Letters(pages, n, atEnd);
       const char* closed = Closed(others, n, atEnd);
@@ -50,20 +53,46 @@ TEST(TextGuardPages, StringsReadWhatIsTheirsOnly) {
 }
 
 /// Short texts are stored in the string itself, up to the last byte of its buffer and no further.
-TEST(TextGuardPages, AShortTextStaysInItsString) {
+TEST(TextGuardPages, AShortTextIsStoredInTheStringItself) {
   const Guarded pages;
   for (std::size_t n = 0; n <= 40; ++n) {
     const std::string want(n, 'x');
     auto* text = new (pages.Room<CString>(1, true)) CString;
     for (std::size_t i = 0; i < n; ++i) *text += 'x';
-    EXPECT_STREQ(want.c_str(), text->GetString());
+    EXPECT_STREQ(want.c_str(), text->GetString()) << "n " << n;
     *text = want.c_str();
-    EXPECT_STREQ(want.c_str(), text->GetString());
+    EXPECT_STREQ(want.c_str(), text->GetString()) << "n " << n;
     text->Empty();
     text->Append(want.c_str(), static_cast<int>(n));
-    EXPECT_STREQ(want.c_str(), text->GetString());
+    EXPECT_STREQ(want.c_str(), text->GetString()) << "n " << n;
     text->~CString();
   }
+}
+
+/// Takes texts from a block that lies at the boundary.
+struct Gathered {
+  std::string* all;
+  void operator()(const char* text, std::size_t size) const { all->append(text, size); }
+};
+
+TEST(TextGuardPages, BlocksOfTextStayInBounds) {
+  constexpr std::size_t kBlock = 64;
+  using Writer = zeph::platform::BlockWriter<Gathered, kBlock>;
+  const Guarded pages;
+  for (std::size_t first = 0; first <= kBlock; ++first)
+    for (std::size_t second = 0; second <= kBlock; ++second) {
+      std::string all;
+      auto* const writer = new (pages.Room<Writer>(1, true)) Writer(Gathered{&all});
+      const std::string a(first, 'a'), b(second, 'b'), c(150, 'c');
+      writer->Text(a.data(), first);
+      char* const room = writer->Room(second);
+      writer->Wrote(std::copy(b.begin(), b.end(), room));
+      writer->Blanks(3);
+      writer->Text(c.c_str());
+      writer->Flush();
+      ASSERT_EQ(a + b + "   " + c, all) << first << ", " << second;
+      writer->~Writer();
+    }
 }
 
 }  // namespace

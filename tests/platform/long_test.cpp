@@ -34,7 +34,7 @@ TEST(Long, ComputesAndStreamsAsAnInt) {
   EXPECT_EQ(out.str(), "-12");
 }
 
-TEST(Long, ReadingPastItsRangeFailsAtTheLimit) {
+TEST(Long, ReadingBeyondItsRangeFailsAndStoresTheLimit) {
   std::stringstream s("3000000000");
   ZEPH_Long x = 0;
   s >> x;
@@ -84,7 +84,7 @@ TEST(Long, CompoundAssignmentWrapsLikeAThirtyTwoBitLong) {
 }
 
 #if LONG_MAX != INT_MAX  // where it is long itself, the compiler warns of the narrowing
-TEST(Long, CompoundAssignmentTakesWideAndUnsignedOperandsAsALongDoes) {
+TEST(Long, CompoundAssignmentAcceptsWideAndUnsignedOperandsAsALongDoes) {
   ZEPH_Long x = 7;
   x += std::int64_t{0x100000001};  // only the low 32 bits count
   EXPECT_EQ(x, 8);
@@ -104,6 +104,76 @@ TEST(Long, CompoundAssignmentTakesWideAndUnsignedOperandsAsALongDoes) {
   EXPECT_EQ(x, 6);
 }
 #endif
+
+#if LONG_MAX != INT_MAX
+/// `x op= other` for both, where the second computes as a 32-bit long: in the common type of the two.
+template <class T>
+void ExpectCompoundAssignments(int x, T other) {
+  using Common = std::common_type_t<int, T>;
+  using Wide = std::conditional_t<std::is_same_v<Common, int>, long long, Common>;
+  const auto low = [](auto value) { return static_cast<int>(static_cast<std::uint32_t>(value)); };
+  const auto after = [x](auto assign) {
+    ZEPH_Long y = x;
+    EXPECT_EQ(&assign(y), &y);
+    return int{y};
+  };
+  const auto bits = static_cast<std::uint32_t>(x), others = static_cast<std::uint32_t>(other);
+  EXPECT_EQ(after([=](ZEPH_Long & y) -> auto& { return y += other; }), low(bits + others));
+  EXPECT_EQ(after([=](ZEPH_Long & y) -> auto& { return y -= other; }), low(bits - others));
+  EXPECT_EQ(after([=](ZEPH_Long & y) -> auto& { return y *= other; }), low(bits * others));
+  EXPECT_EQ(after([=](ZEPH_Long & y) -> auto& { return y &= other; }), low(bits & others));
+  EXPECT_EQ(after([=](ZEPH_Long & y) -> auto& { return y |= other; }), low(bits | others));
+  EXPECT_EQ(after([=](ZEPH_Long & y) -> auto& { return y ^= other; }), low(bits ^ others));
+  if (other == 0) return;
+  const auto wide = static_cast<Wide>(x), wideOther = static_cast<Wide>(other);
+  EXPECT_EQ(after([=](ZEPH_Long & y) -> auto& { return y /= other; }), low(wide / wideOther));
+  EXPECT_EQ(after([=](ZEPH_Long & y) -> auto& { return y %= other; }), low(wide % wideOther));
+}
+
+template <class T>
+void ExpectCompoundAssignmentsWith() {
+  using Limits = std::numeric_limits<T>;
+  for (const int x : {0, 1, -1, 7, -6, 1000, 65537, INT_MAX, INT_MIN})
+    for (const T other :
+         {T(0), T(1), T(-1), T(2), T(5), T(-7), T(100), Limits::max(), Limits::min()})
+      ExpectCompoundAssignments(x, other);
+}
+
+TEST(Long, EveryCompoundAssignmentAcceptsEveryIntegerType) {
+  ExpectCompoundAssignmentsWith<signed char>();
+  ExpectCompoundAssignmentsWith<unsigned char>();
+  ExpectCompoundAssignmentsWith<short>();
+  ExpectCompoundAssignmentsWith<unsigned short>();
+  ExpectCompoundAssignmentsWith<int>();
+  ExpectCompoundAssignmentsWith<unsigned>();
+  ExpectCompoundAssignmentsWith<long>();
+  ExpectCompoundAssignmentsWith<unsigned long>();
+  ExpectCompoundAssignmentsWith<unsigned long long>();
+}
+
+TEST(Long, ShiftsAsAThirtyTwoBitInt) {
+  for (const int x : {1, 5, -5, INT_MAX, INT_MIN})
+    for (int bits = 0; bits < 32; ++bits) {
+      ZEPH_Long left = x, right = x;
+      EXPECT_EQ(&(left <<= bits), &left);
+      EXPECT_EQ(&(right >>= bits), &right);
+      EXPECT_EQ(left, static_cast<int>(static_cast<std::uint32_t>(x) << bits));
+      EXPECT_EQ(right, x >> bits);
+    }
+}
+#endif
+
+TEST(Long, IncrementsAndDecrementsInBothForms) {
+  ZEPH_Long x = 5;
+  EXPECT_EQ(&++x, &x);
+  EXPECT_EQ(x, 6);
+  EXPECT_EQ(&--x, &x);
+  EXPECT_EQ(x, 5);
+  EXPECT_EQ(x++, 5);
+  EXPECT_EQ(x, 6);
+  EXPECT_EQ(x--, 6);
+  EXPECT_EQ(x, 5);
+}
 
 TEST(Long, HasTheLimitsOfAnInt) {
   EXPECT_EQ(std::numeric_limits<ZEPH_Long>::max(), INT_MAX);

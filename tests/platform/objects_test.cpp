@@ -7,7 +7,7 @@
 #include "platform.h"
 #include "support/allocation.h"
 
-TEST(Object, DestroysThroughItsBaseAndIsNotCopied) {
+TEST(Object, IsDestroyedThroughItsBaseAndNotCopyable) {
   struct Counted : CObject {
     explicit Counted(int& n) : count(n) {}
     ~Counted() override { ++count; }
@@ -21,7 +21,7 @@ TEST(Object, DestroysThroughItsBaseAndIsNotCopied) {
   EXPECT_FALSE(std::is_copy_assignable_v<CObList>);
 }
 
-TEST(MemoryException, GivesItsTextWithinTheBuffer) {
+TEST(MemoryException, TruncatesItsTextToTheBuffer) {
   const CMemoryException exception;
   char text[255];
   unsigned help = 7;
@@ -36,7 +36,7 @@ TEST(MemoryException, GivesItsTextWithinTheBuffer) {
   EXPECT_EQ(exception.GetErrorMessage(nullptr, 9), 0);
 }
 
-TEST(MemoryException, ReleasesItself) {
+TEST(MemoryException, DeletesItself) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   const long before = zeph::test::LiveBlocks();
   auto* exception = new CMemoryException;
@@ -45,7 +45,7 @@ TEST(MemoryException, ReleasesItself) {
   EXPECT_EQ(zeph::test::LiveBlocks(), before);
 }
 
-TEST(MemoryException, IsCaughtByTypeOnTheOtherSideOfTheLibrary) {
+TEST(MemoryException, IsCaughtByTypeAcrossTheLibraryBoundary) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   CObList list;
   bool caught = false;

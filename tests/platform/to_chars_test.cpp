@@ -30,7 +30,7 @@ void InLocales(Body body) {
   std::setlocale(LC_NUMERIC, "C");
 }
 
-TEST(ToChars, WritesWhatPrintfWritesInTheCLocale) {
+TEST(ToChars, MatchesPrintfInTheCLocale) {
   EXPECT_EQ(TextOf(PrintDigits, 1234.5, Digits::kFixed, 2), "1234.50");
   EXPECT_EQ(TextOf(PrintDigits, -0.00012345, Digits::kScientific, 3), "-1.234e-04");
   EXPECT_EQ(TextOf(PrintDigits, 0.1, Digits::kGeneral, 6), "0.1");
@@ -38,7 +38,7 @@ TEST(ToChars, WritesWhatPrintfWritesInTheCLocale) {
   EXPECT_EQ(TextOf(PrintDigits, 7.0, Digits::kFixed, 0), "7");
 }
 
-TEST(ToChars, BothWaysAgreeInEveryLocale) {
+TEST(ToChars, BothImplementationsAgreeInEveryLocale) {
   InLocales([] {
     for (double x : kSome)
       for (Digits digits : {Digits::kFixed, Digits::kScientific, Digits::kGeneral})

@@ -34,7 +34,8 @@ void ExpectCases(const HardCase (&cases)[n], Function function) {
         << Show(one.x) << ": " << Show(function(one.x));
 }
 
-/// Where the quick logarithm lies on the wrong side of the middle: one of sixty million arguments.
+/// Where the fast logarithm falls on the wrong side of the midpoint: one in sixty million
+/// arguments.
 constexpr HardCase kDoubtfulLogarithms[] = {{0x1.c60fcc4f367ap+0, 0x1.fdb221d1568e1p-3}};
 
 /// All hard cases, by the functions themselves and by their last step.
@@ -88,17 +89,18 @@ std::uint64_t DigestOver(const std::vector<Arguments>& all) {
   return digest;
 }
 
-TEST(PortableMath, RoundsTheHardestArgumentsFoundCorrectly) {
+TEST(PortableMath, RoundsTheHardestKnownCasesCorrectly) {
   ExpectHardCases();
 }
 
-TEST(PortableMath, RoundsToNearestWhateverDirectionTheProcessRoundsIn) {
+TEST(PortableMath, RoundsToNearestInEveryRoundingDirection) {
   if (!test::HasFloatingPointEnvironment())
-    GTEST_SKIP() << "this processor's environment is not a whole one";
+    GTEST_SKIP() << "the floating-point environment is incomplete here";
   const auto arguments = RandomArguments(300);
   const std::uint64_t nearest = DigestOver(arguments);
 #ifdef FE_UPWARD
   for (const int direction : {FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO}) {
+    SCOPED_TRACE(::testing::Message() << "direction " << direction);
     std::fesetround(direction);
     const std::uint64_t digest = DigestOver(arguments);
     const auto tiny = SineCosine(0x1.8p-30);
@@ -118,7 +120,7 @@ TEST(PortableMath, GivesTheSameBitsOnEverySystem) {
   EXPECT_EQ(DigestOver(RandomArguments(20000)), 0x8738cc622bd95d09u);
 }
 
-TEST(PortableMath, FastAndWholeNumberFormsAgree) {
+TEST(PortableMath, FastAndIntegerFormsAgree) {
   Random random(18);
   for (std::size_t i = 0; i < Scaled(20000); ++i) {
     const double x = std::ldexp(random.Real(-1, 1), random.Int(-20, i % 4 == 0 ? 1000 : 12));
@@ -145,13 +147,13 @@ TEST(PortableMath, SineIsOddAndCosineEven) {
   }
 }
 
-TEST(PortableMath, SmallAnglesAreTheirOwnSineAndTangent) {
+TEST(PortableMath, TinyAnglesAreTheirOwnSineAndTangent) {
   for (const double x : {0.0, -0.0, 0x1p-1074, -0x1p-1074, 0x1p-1022, 0x1.fffffffffffffp-28}) {
-    EXPECT_TRUE(SameBits(SineCosine(x).sine, x));
-    EXPECT_TRUE(SameBits(SineCosine(x).cosine, 1.0));
+    EXPECT_TRUE(SameBits(SineCosine(x).sine, x)) << "x " << x;
+    EXPECT_TRUE(SameBits(SineCosine(x).cosine, 1.0)) << "x " << x;
   }
   for (const float x : {0.0f, -0.0f, 0x1p-149f, 0x1p-126f, 0x1.fffffep-13f})
-    EXPECT_TRUE(SameBits(Tangent(x), x));
+    EXPECT_TRUE(SameBits(Tangent(x), x)) << "x " << x;
 }
 
 TEST(PortableMath, PowersOfTenHaveWholeLogarithms) {
@@ -160,7 +162,7 @@ TEST(PortableMath, PowersOfTenHaveWholeLogarithms) {
     if (power >= 0 && power <= 22)
       EXPECT_TRUE(SameBits(DecimalLogarithm(x), static_cast<double>(power))) << power;
     else
-      EXPECT_EQ(std::nearbyint(DecimalLogarithm(x)), power);
+      EXPECT_EQ(std::nearbyint(DecimalLogarithm(x)), power) << "power " << power;
   }
 }
 
@@ -169,7 +171,7 @@ TEST(PortableMath, LogarithmOfDenormalsIsThatOfTheirValue) {
   EXPECT_TRUE(SameBits(DecimalLogarithm(0x1.8p-1073), DecimalLogarithmInWholeNumbers(0x1.8p-1073)));
 }
 
-TEST(PortableMath, LogarithmKeepsItsLastBitsWhereWholeNumbersPassThroughWiderRegisters) {
+TEST(PortableMath, LogarithmIsExactWithX87ExtendedPrecision) {
   EXPECT_TRUE(SameBits(DecimalLogarithm(FromBits<double>(0x4077a5112fceaeab)),
                        FromBits<double>(0x40049f72b569c065)));
   EXPECT_TRUE(SameBits(DecimalLogarithm(FromBits<double>(0x406ce2dd97821821)),
@@ -186,9 +188,9 @@ auto WithFlags(int expected, Function function) {
   return value;
 }
 
-TEST(PortableMath, RaisesInvalidAndDivisionByZeroWhereTheyBelong) {
+TEST(PortableMath, RaisesInvalidAndDivideByZeroWhereIeee754Says) {
   if (!test::HasFloatingPointEnvironment())
-    GTEST_SKIP() << "this processor's environment is not a whole one";
+    GTEST_SKIP() << "the floating-point environment is incomplete here";
   volatile double x = kInfinity;
   EXPECT_TRUE(std::isnan(WithFlags(FE_INVALID, [&] { return SineCosine(x).sine; })));
   EXPECT_TRUE(std::isnan(WithFlags(FE_INVALID, [&] { return SineCosine(-x).cosine; })));

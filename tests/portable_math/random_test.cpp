@@ -7,7 +7,7 @@
 using zeph::portable_math::DrawFifteenBits;
 using zeph::portable_math::SeedFifteenBits;
 
-TEST(PortableRandom, DrawsTheNumbersOfTheCStandardsExample) {
+TEST(PortableRandom, DrawsTheNumbersOfTheCStandardsExampleGenerator) {
   for (const unsigned seed : {0u, 1u, 2u, 12345u, 2147483648u, 4294967295u}) {
     SeedFifteenBits(seed);
     std::uint64_t next = seed;  // as wide as an unsigned long may be: bits above 32 are ignored
@@ -18,12 +18,13 @@ TEST(PortableRandom, DrawsTheNumbersOfTheCStandardsExample) {
   }
 }
 
-TEST(PortableRandom, BeginsWithThePublishedNumbers) {
+TEST(PortableRandom, StartsWithThePublishedNumbers) {
   SeedFifteenBits(1);
-  for (const int want : {16838, 5758, 10113, 17515, 31051}) EXPECT_EQ(DrawFifteenBits(), want);
+  for (const int want : {16838, 5758, 10113, 17515, 31051})
+    EXPECT_EQ(DrawFifteenBits(), want) << "want " << want;
 }
 
-TEST(PortableRandom, BeginsAgainWithItsSeed) {
+TEST(PortableRandom, RepeatsItsSequenceForASeed) {
   SeedFifteenBits(7);
   const int first = DrawFifteenBits(), second = DrawFifteenBits();
   SeedFifteenBits(7);

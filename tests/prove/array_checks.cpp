@@ -27,7 +27,8 @@ void CheckSort(const Values& v, const char* what, Sort sort, Literal literal, Ca
   Values want = v;
   literal(want);
   seen.Expect(a.size == Last(v) + 1 ? SameBits(a.data, want.data(), v.size())
-                                    : ::testing::AssertionFailure() << "size " << a.size,
+                                    : ::testing::AssertionFailure()
+                                          << "got the size " << a.size << ", want " << Last(v) + 1,
               what);
 }
 
@@ -90,9 +91,8 @@ void CheckPartitions(const Values& v, double pivot, Case& seen) {
   want = v;
   const double median = a.MedianOf3(0, last);
   const double wantedMedian = oracle::MedianOf3(want, 0, last);
-  seen.Expect(SameBits(median, wantedMedian) ? SameBits(ElementsOf(a), want)
-                                             : SameBits(&median, &wantedMedian, 1),
-              "MedianOf3");
+  const auto same = SameBits(median, wantedMedian);
+  seen.Expect(same ? SameBits(ElementsOf(a), want) : same, "MedianOf3");
   if (v.size() < 3) return;
   got = a.QuickPartition(0, last, median);
   wanted = oracle::QuickPartition(want, 0, last, median);
@@ -106,7 +106,7 @@ void CheckPartitions(const Values& v, double pivot, Case& seen) {
 
 void CheckSearches(const Values& v, double key, Case& seen) {
   CZEPHDoubleArray a = ArrayOf(v);
-  seen.Expect(a.Find(key) == oracle::Find(v, key), "Find");
+  seen.Expect(Both(a.Find(key), oracle::Find(v, key), ::testing::AssertionSuccess()), "Find");
   for (const int sorted : {0, 1}) {
     a.sorted = sorted;
     int index = -77;
@@ -140,7 +140,7 @@ void CheckNorms(const Values& v, Case& seen) {
   seen.ExpectValue(a.OneNorm(), sum, "OneNorm");
   seen.ExpectValue(a.TwoNorm(), std::sqrt(squares), "TwoNorm");
   const double largest = Largest(v), norm = a.MaxNorm();
-  seen.Expect(SameBits(&norm, &largest, 1), "MaxNorm");
+  seen.Expect(SameBits(norm, largest), "MaxNorm");
   if (v.empty()) return;
   Values raw = v;
   const int n = Last(v) + 1;

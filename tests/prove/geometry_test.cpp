@@ -110,10 +110,10 @@ void CheckGeometry(std::uint64_t k, Case& seen) {
   Describe(seen);
 }
 
-TEST(Proof, InversesAndProductsOfTheFloatMatrix) {
+TEST(Proof, InversesAndProductsOfTheFloatMatrixMatchTheirOracles) {
   Prove(kRandomCases, CheckInverse);
 }
-TEST(Proof, VectorsRotationsAndSmallMatrices) {
+TEST(Proof, VectorsRotationsAndSmallMatricesMatchTheirOracles) {
   Prove(kRandomCases, CheckGeometry);
 }
 

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::uint64_t kKinds = test::kContents * test::kArrangements;
 constexpr std::uint64_t kEveryLength = 201 * kKinds;  // 0 to 200
-constexpr std::uint64_t kAnyLength = 2800;            // up to 20,000, equally many of every kind
+constexpr std::uint64_t kAnyLength = 2800;            // up to 20,000, as many of every kind
 constexpr std::size_t kQuadratic = 3000;              // the literal steps of more take too long
 
 Values Input(std::uint64_t k) {
@@ -64,7 +64,7 @@ std::vector<std::string> RunnableForms() {
 
 class HostileProof : public ::testing::TestWithParam<std::string> {};
 
-TEST_P(HostileProof, SortsOfZerosNaNAndSlowOrders) {
+TEST_P(HostileProof, SortsOfZerosNaNAndSlowOrdersMatchTheirOracles) {
   ASSERT_TRUE(kernels::Force(GetParam().c_str()));
   // All sorts by their public functions, once, in the form that this processor selects.
   const bool first = GetParam() == RunnableForms().front();

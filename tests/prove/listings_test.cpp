@@ -42,7 +42,7 @@ void CheckListing(std::uint64_t k, Case& seen) {
   if (seen.Failed()) seen.Describe(test::Show(values));
 }
 
-TEST(Proof, TextsOfAnyDoublesAndInts) {
+TEST(Proof, TextsOfAnyDoublesAndIntsMatchTheirOracles) {
   Prove(kRandomCases, CheckListing);
 }
 

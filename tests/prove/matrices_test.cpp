@@ -75,7 +75,7 @@ void CheckProduct(std::uint64_t k, Case& seen) {
   if (seen.Failed()) seen.Describe(Shape(rows, inner, cols, k));
 }
 
-TEST(Proof, ProductsOfEveryShapeAndNormsOfMatrices) {
+TEST(Proof, ProductsOfEveryShapeAndNormsOfMatricesMatchTheirOracles) {
   Prove(kRandomCases, CheckProduct);
 }
 

@@ -76,19 +76,19 @@ void CheckNorm(std::uint64_t k, Case& seen) {
   Name(v, seen);
 }
 
-TEST(Proof, SortsOfAnyOrder) {
+TEST(Proof, SortsOfAnyOrderMatchTheirOracles) {
   Prove(kRandomCases, CheckSort);
 }
-TEST(Proof, PartitionsOfAnyOrder) {
+TEST(Proof, PartitionsOfAnyOrderMatchTheirOracles) {
   Prove(kRandomCases, CheckPartition);
 }
-TEST(Proof, SearchesOfAnyOrder) {
+TEST(Proof, SearchesOfAnyOrderMatchTheirOracles) {
   Prove(kRandomCases, CheckSearch);
 }
-TEST(Proof, MergesOfAnyOrder) {
+TEST(Proof, MergesOfAnyOrderMatchTheirOracles) {
   Prove(kRandomCases, CheckMerging);
 }
-TEST(Proof, NormsAndArithmeticOfArrays) {
+TEST(Proof, NormsAndArithmeticOfArraysMatchTheirOracles) {
   Prove(kRandomCases, CheckNorm);
 }
 

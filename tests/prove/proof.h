@@ -27,7 +27,7 @@ class Case {
   void Expect(bool same, const char* what) { Expect(::testing::AssertionResult(same), what); }
   template <class T>
   void ExpectValue(T got, T want, const char* what) {
-    Expect(test::SameValues(&got, &want, 1), what);
+    Expect(test::SameValue(got, want), what);
   }
   bool Failed() const { return !differs_.empty(); }
   void Describe(const std::string& input) { input_ = input; }
@@ -43,7 +43,7 @@ class Case {
 /// A call's result and the array after it.
 inline ::testing::AssertionResult Both(int got, int want, const ::testing::AssertionResult& rest) {
   if (got == want) return rest;
-  return ::testing::AssertionFailure() << "returns " << got << ", not " << want;
+  return ::testing::AssertionFailure() << "got " << got << ", want " << want;
 }
 
 constexpr std::uint64_t kRandomCases = 1'000'000;

@@ -35,13 +35,13 @@ void ProveAll(const ShortArrays& arrays, Check check) {
   Prove(arrays.Count(), [&](std::uint64_t k, Case& seen) { check(arrays, k, seen); });
 }
 
-TEST(Proof, EveryOperationOnEveryArrayOf1To8) {
+TEST(Proof, EveryOperationOnEveryArrayOf1To8MatchesItsOracle) {
   ProveAll(WalkedArrays(), CheckEveryOperation);
 }
-TEST(Proof, EverySortOnEveryArrayOf9And10) {
+TEST(Proof, EverySortOnEveryArrayOf9And10MatchesItsOracle) {
   ProveAll(LongerArrays(), CheckEverySort);
 }
-TEST(Proof, EverySortOnEveryArrayOf11And12) {
+TEST(Proof, EverySortOnEveryArrayOf11And12MatchesItsOracle) {
   ProveAll(LongestArrays(), CheckEverySort);
 }
 

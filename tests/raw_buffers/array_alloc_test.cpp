@@ -69,7 +69,7 @@ void ExpectZeroed(T* p, Range r) {
 }  // namespace
 
 // 4 element types x 2 forms x 27 ranges: 216 cells.
-TEST(RawArrayAlloc, GivesEveryValidRangeAZeroedBlockOfItsSize) {
+TEST(RawArrayAlloc, ReturnsAZeroedBlockForEveryValidRange) {
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
     for (const Range r : kValid) {
@@ -88,7 +88,7 @@ TEST(RawArrayAlloc, GivesEveryValidRangeAZeroedBlockOfItsSize) {
   });
 }
 
-TEST(RawArrayAlloc, RefusesEmptyInvertedAndUncountableRangesWithoutARequest) {
+TEST(RawArrayAlloc, RefusesEmptyInvertedAndTooLongRangesWithoutAllocating) {
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
     for (const Range r : kRefused) {
@@ -103,7 +103,7 @@ TEST(RawArrayAlloc, RefusesEmptyInvertedAndUncountableRangesWithoutARequest) {
   });
 }
 
-TEST(RawArrayAlloc, AsksForTheFullSizeOfALongRangeAndLeavesTheByteCountOnFailure) {
+TEST(RawArrayAlloc, RequestsTheFullSizeOfALongRangeAndKeepsTheByteCountOnFailure) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
@@ -125,12 +125,12 @@ TEST(RawArrayAlloc, AsksForTheFullSizeOfALongRangeAndLeavesTheByteCountOnFailure
   });
 }
 
-TEST(RawArrayAlloc, TakesAnyLabel) {
+TEST(RawArrayAlloc, AcceptsAnyLabel) {
   char text[] = "%s%n";
   char empty[] = "";
   for (char* name : {text, empty, static_cast<char*>(nullptr)}) {
     double* p = ZEPH_ArrayAllocDouble(name, 1, 10);
-    ASSERT_NE(p, nullptr);
+    ASSERT_NE(p, nullptr) << "name " << name;
     p[1] = 1.0;
     p[10] = 10.0;
     ZEPH_ArrayFree(p, 1, 10);
@@ -138,7 +138,7 @@ TEST(RawArrayAlloc, TakesAnyLabel) {
   EXPECT_STREQ(text, "%s%n");
 }
 
-TEST(RawArrayAlloc, HandsOutTheBlockMovedBackByTheLowerBoundAndReleasesExactlyThatBlock) {
+TEST(RawArrayAlloc, ReturnsTheBlockOffsetByTheLowerBoundAndReleasesIt) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
@@ -171,7 +171,7 @@ TEST(RawArrayFree, DoesNothingForANullBlockOrANullPointer) {
   });
 }
 
-TEST(RawArrayAlloc, AnswersNullWhenMemoryRunsOutEitherWay) {
+TEST(RawArrayAlloc, ReturnsNullWhenMemoryRunsOut) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   for (const Failure how : {Failure::kBadAlloc, Failure::kMemoryException})
     ForEachElementType([how](auto zero) {
@@ -182,12 +182,12 @@ TEST(RawArrayAlloc, AnswersNullWhenMemoryRunsOutEitherWay) {
       const long failures = FailEachAllocation(
           how, true, [&] { p = Family<T>::Alloc(1, 10, bytes); },
           [&](long) {
-            EXPECT_EQ(p, nullptr);
-            EXPECT_EQ(bytes, -77);
-            EXPECT_EQ(LiveBlocks(), live);  // the exception object is gone too
+            EXPECT_EQ(p, nullptr) << how;
+            EXPECT_EQ(bytes, -77) << how;
+            EXPECT_EQ(LiveBlocks(), live) << how;  // the exception object is gone too
           });
-      EXPECT_EQ(failures, 1);
+      EXPECT_EQ(failures, 1) << how;
       ZEPH_ArrayFree(p, 1, 10);
-      EXPECT_EQ(LiveBlocks(), live);
+      EXPECT_EQ(LiveBlocks(), live) << how;
     });
 }

@@ -32,7 +32,7 @@ void ExpectKept(const T* block, int kept, int count) {
 
 }  // namespace
 
-TEST(RawArrayRealloc, CopiesSizesAsCountsForIntsAndAsHighestIndicesForTheOthers) {
+TEST(RawArrayRealloc, ReadsSizesAsCountsForIntsAndAsHighestIndicesOtherwise) {
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
     SCOPED_TRACE(Family<T>::kName);
@@ -58,7 +58,29 @@ TEST(RawArrayRealloc, CopiesExactlyTheDocumentedNumberForEveryPairOfSizes) {
   });
 }
 
-TEST(RawArrayRealloc, AsksForOneElementMoreThanTheNewIndexThenReleasesTheOldBlock) {
+TEST(RawArrayRealloc, CopiesLongBlocksWhole) {
+  ForEachElementType([](auto zero) {
+    using T = decltype(zero);
+    SCOPED_TRACE(Family<T>::kName);
+    for (const int last : {63, 64, 127, 128, 255, 256, 511, 1000, 4096, 70'001})
+      for (const int newLast : {last / 2, last - 1, last, last + 1, last + 300}) {
+        T* p = ZEPH_ArrayRealloc(Counting<T>(last + 1), last, newLast, kLabel);
+        const int kept = std::min(last, newLast) + (std::is_same_v<T, int> ? 0 : 1);
+        bool same = true;
+        for (int i = 0; i <= newLast; ++i) same &= p[i] == static_cast<T>(i < kept ? i + 1 : 0);
+        EXPECT_TRUE(same) << last << " to " << newLast;
+        ZEPH_ArrayFree(p, 0, newLast);
+        if (newLast < last) continue;
+        p = ZEPH_ArrayResize(Counting<T>(last), last, newLast);
+        same = true;
+        for (int i = 0; i < newLast; ++i) same &= p[i] == static_cast<T>(i < last ? i + 1 : 0);
+        EXPECT_TRUE(same) << "resized from " << last << " to " << newLast;
+        ZEPH_ArrayFree(p, 0, newLast - 1);
+      }
+  });
+}
+
+TEST(RawArrayRealloc, AllocatesOneElementMoreThanTheNewIndexThenReleasesTheOldBlock) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
@@ -75,7 +97,7 @@ TEST(RawArrayRealloc, AsksForOneElementMoreThanTheNewIndexThenReleasesTheOldBloc
   });
 }
 
-TEST(RawArrayRealloc, GivesAZeroedBlockForANullOne) {
+TEST(RawArrayRealloc, ReturnsAZeroedBlockForANullOne) {
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
     T* p = ZEPH_ArrayRealloc(static_cast<T*>(nullptr), 5, 3, kLabel);
@@ -86,7 +108,7 @@ TEST(RawArrayRealloc, GivesAZeroedBlockForANullOne) {
 }
 
 // A block that cannot be allocated: too many elements, or a negative size.
-TEST(RawArrayRealloc, AnswersNullAndKeepsTheOldBlockForSizesThatWrap) {
+TEST(RawArrayRealloc, ReturnsNullAndKeepsTheOldBlockForSizesThatWrap) {
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
     T* old = Counting<T>(3);
@@ -114,7 +136,7 @@ TEST(RawArrayResize, CopiesTheOldElementsAndZeroesTheRest) {
   });
 }
 
-TEST(RawArrayResize, GivesAFreshBlockForTheSameSizeAndReleasesTheOldOne) {
+TEST(RawArrayResize, ReturnsANewBlockForTheSameSizeAndReleasesTheOldOne) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
@@ -146,15 +168,15 @@ TEST(RawArrayResize, RefusesToShrinkAndLeavesTheOldBlockAlone) {
   });
 }
 
-TEST(RawArrayResize, TakesNegativeCountsAndNullForNothingToCopy) {
+TEST(RawArrayResize, CopiesNothingForNegativeCountsAndNull) {
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
     for (const int oldCount : {0, -1, INT_MIN}) {
       T* p = ZEPH_ArrayResize(Counting<T>(2), oldCount, 3);
-      ASSERT_NE(p, nullptr);
+      ASSERT_NE(p, nullptr) << "oldCount " << oldCount;
       ExpectKept(p, 0, 3);
       p = ZEPH_ArrayResize(p, oldCount, 0);
-      EXPECT_NE(p, nullptr);
+      EXPECT_NE(p, nullptr) << "oldCount " << oldCount;
       ZEPH_ArrayFree(p, 0, -1);
     }
     T* fresh = ZEPH_ArrayResize(static_cast<T*>(nullptr), 2, 3);
@@ -165,14 +187,15 @@ TEST(RawArrayResize, TakesNegativeCountsAndNullForNothingToCopy) {
   });
 }
 
-TEST(RawArrayResize, KeepsTheOldBlockWhenMemoryRunsOutAndSoDoesRealloc) {
+TEST(RawArrayResize, KeepsTheOldBlockWhenMemoryRunsOutAsReallocDoes) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   for (const Failure how : {Failure::kBadAlloc, Failure::kMemoryException})
     ForEachElementType([how](auto zero) {
       using T = decltype(zero);
       T* old = Counting<T>(5);
-      const long live = LiveBlocks();
       for (const bool resize : {true, false}) {
+        SCOPED_TRACE(::testing::Message() << how << ", resize " << resize);
+        const long live = LiveBlocks();
         T* fresh = nullptr;
         const long failures = FailEachAllocation(
             how, true,

@@ -127,7 +127,7 @@ TEST(RawArrayDisplay, WritesEveryCountToEveryDestinationByteForByte) {
   }
 }
 
-TEST(RawArrayDisplay, EndsARangeThatEndsAtAMultipleOfFiveWithTwoLineEnds) {
+TEST(RawArrayDisplay, WritesTwoLineEndsAfterARangeEndingAtAMultipleOfFive) {
   int a[] = {0, 1, 2, 3, 4, 5};
   EXPECT_EQ(Written([&](FILE* f) { ZEPH_ArrayDisplay(f, a, 4, 5, kLabel); }),
             "x[4]=4      x[5]=5      \n\n");
@@ -137,14 +137,39 @@ TEST(RawArrayDisplay, EndsARangeThatEndsAtAMultipleOfFiveWithTwoLineEnds) {
   EXPECT_EQ(Written([&](FILE* f) { ZEPH_ArrayDisplay(f, b, 0, 0, kLabel); }), "x[0]=5      \n");
 }
 
-TEST(RawArrayDisplay, CountsTheLinesByTheIndexNotByTheItems) {
+TEST(RawArrayDisplay, BreaksLinesByIndexNotByItemsWritten) {
   double a[6] = {};
   const std::string text = Written([&](FILE* f) { ZEPH_ArrayDisplay(f, a, 6, kLabel); });
   EXPECT_EQ(text.find('\n'), text.size() - 2);  // six items on the first line
   EXPECT_EQ(text.substr(0, 19), "x[0]=0.0000e+00   x");
 }
 
-TEST(RawArrayDisplay, TakesPercentSignsInALabelAsText) {
+/// No loop over indices may pass the last one.
+TEST(RawArrayDisplay, ReachesTheSmallestAndTheLargestIndex) {
+  int ints[] = {7, 8, 9};
+  double reals[] = {7, 8, 9};
+  const auto at = [](auto* first, int lo) {
+    return reinterpret_cast<decltype(first)>(
+        reinterpret_cast<std::uintptr_t>(first) -
+        static_cast<std::uintptr_t>(static_cast<std::intptr_t>(lo)) * sizeof *first);
+  };
+  if (sizeof(void*) < 8) GTEST_SKIP() << "such an index is in no 32-bit address space";
+  for (const int lo : {INT_MAX - 2, INT_MIN}) {
+    std::string name[3], end[3];
+    for (int k = 0; k < 3; ++k) {
+      name[k] = "x[" + std::to_string(lo + k) + "]=";
+      end[k] = (lo + k) % 5 == 0 ? "\n" : "";
+    }
+    EXPECT_EQ(Written([&](FILE* f) { ZEPH_ArrayDisplay(f, at(ints, lo), lo, lo + 2, kLabel); }),
+              name[0] + "7      " + end[0] + name[1] + "8      " + end[1] + name[2] + "9      " +
+                  end[2] + "\n");
+    EXPECT_EQ(Written([&](FILE* f) { ZEPH_ArrayDisplay(f, at(reals, lo), lo, lo + 2, kLabel); }),
+              name[0] + "7.0000e+00   " + end[0] + name[1] + "8.0000e+00   " + end[1] + name[2] +
+                  "9.0000e+00   " + end[2] + "\n");
+  }
+}
+
+TEST(RawArrayDisplay, WritesPercentSignsInALabelAsText) {
   char label[] = "%s%n%5d%%";
   int a[] = {7};
   EXPECT_EQ(Written([&](FILE* f) { ZEPH_ArrayDisplay(f, a, 1, label); }), "%s%n%5d%%[0]=7      \n");
@@ -153,13 +178,13 @@ TEST(RawArrayDisplay, TakesPercentSignsInALabelAsText) {
   EXPECT_EQ(Text(out), "%s%n%5d%%[0]=7       \r\n");
 }
 
-TEST(RawArrayDisplay, PrintsANullLabelAsNull) {
+TEST(RawArrayDisplay, WritesANullLabelAsNull) {
   int a[] = {7};
   char* none = nullptr;
   EXPECT_EQ(Written([&](FILE* f) { ZEPH_ArrayDisplay(f, a, 1, none); }), "(null)[0]=7      \n");
 }
 
-TEST(RawArrayDisplay, TakesLabelsLongerThanAnyBlock) {
+TEST(RawArrayDisplay, AcceptsLabelsLongerThanAnyBlock) {
   std::string label(20000, 'a');
   label += "end";
   const int a[] = {1, 2, 3};
@@ -168,7 +193,7 @@ TEST(RawArrayDisplay, TakesLabelsLongerThanAnyBlock) {
       Listing(kInt2, "\n", a, 0, 2, label.c_str()));
 }
 
-TEST(RawArrayDisplay, AppendsToWhatTheStringHoldsEvenTwice) {
+TEST(RawArrayDisplay, AppendsToTheString) {
   double a[] = {1.5, -2.5};
   CString out;
   ZEPH_ArrayDisplay(out, a, 2, kLabel);
@@ -178,17 +203,18 @@ TEST(RawArrayDisplay, AppendsToWhatTheStringHoldsEvenTwice) {
   EXPECT_EQ(Text(out), once + once);
 }
 
-TEST(RawArrayDisplay, TakesALabelInsideTheStringThatItAppendsTo) {
+TEST(RawArrayDisplay, AcceptsALabelInsideTheStringItAppendsTo) {
   int a[] = {1, 2};
   CString out("me");
   ZEPH_ArrayDisplay(out, a, 2, const_cast<char*>(out.GetString()));
   EXPECT_EQ(Text(out), "meme[0]=1       me[1]=2       \r\n");
 }
 
-TEST(RawArrayDisplay, LeavesTheStringAsItWasWhenItCannotGrow) {
+TEST(RawArrayDisplay, LeavesTheStringUnchangedWhenItCannotGrow) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   std::vector<double> a(2000, 1.0);
   for (const Failure how : {Failure::kBadAlloc, Failure::kMemoryException}) {
+    SCOPED_TRACE(::testing::Message() << how);
     CString out("before");
     bool threw = false;
     const long failures = FailEachAllocation(
@@ -214,7 +240,7 @@ TEST(RawArrayDisplay, LeavesTheStringAsItWasWhenItCannotGrow) {
   }
 }
 
-TEST(RawArrayDisplay, AllocatesNothingOnTheWayToAStream) {
+TEST(RawArrayDisplay, AllocatesNothingForAStream) {
   std::vector<double> a = Awkward(3000, 5);
   const std::string text = Written([&](FILE* f) {
     const long before = AllocationCount();
@@ -234,7 +260,7 @@ TEST(RawArrayDisplay, SpellsInfinitiesAndNaNAsTheRuntimeDoes) {
 }
 
 // A million doubles of any bits, and as many near ties of the fifth digit.
-TEST(RawArrayDisplay, WritesTheBytesOfPrintfForAMillionDoubles) {
+TEST(RawArrayDisplay, MatchesPrintfForAMillionDoubles) {
   const std::size_t n = Scaled(1000000);
   Random random(6);
   std::vector<double> a(n);
@@ -254,7 +280,7 @@ TEST(RawArrayDisplay, WritesTheBytesOfPrintfForAMillionDoubles) {
 }
 
 // A library with texts of its own rounds to nearest and knows no locale.
-TEST(RawArrayDisplay, RoundsInTheDirectionThatTheRuntimeRoundsIn) {
+TEST(RawArrayDisplay, RoundsInTheRuntimesDirection) {
   double a[] = {1.00001, -1.00001, 1.99999, 2.5, 1e300};
   const std::string nearest = Listing(kReal3, "\n", a, 0, 4, kLabel);
   for (const int direction : {FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO, FE_TONEAREST}) {
@@ -262,7 +288,7 @@ TEST(RawArrayDisplay, RoundsInTheDirectionThatTheRuntimeRoundsIn) {
     const std::string runtimes = Listing(kReal3, "\n", a, 0, 4, kLabel);
     const std::string got = Written([&](FILE* f) { ZEPH_ArrayDisplay(f, a, 0, 4, kLabel); });
     std::fesetround(FE_TONEAREST);
-    EXPECT_EQ(got, ZEPH_PortableMath ? nearest : runtimes);
+    EXPECT_EQ(got, ZEPH_PortableMath ? nearest : runtimes) << "direction " << direction;
   }
 }
 

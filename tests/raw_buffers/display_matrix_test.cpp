@@ -2,6 +2,7 @@
 
 #include <climits>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "oracle/listing.h"
@@ -37,19 +38,34 @@ TEST(RawMatrixPrint, WritesTheHeaderAndALinePerRow) {
             "M = \n\t1.00000\t-2.50000\n\t1000000.00000\t0.00000\n");
 }
 
+/// No count of columns or rows is special.
+TEST(RawMatrixPrint, AgreesWithPrintfOnWideAndTallMatrices) {
+  constexpr int kMost = 70;
+  Square square(kMost);
+  const auto cell = [&](int i, int j) { return square.rows[static_cast<std::size_t>(i)][j]; };
+  for (int n = 7; n <= kMost; ++n)
+    for (const auto& [rows, cols] : {std::pair{2, n}, std::pair{n, 2}})
+      EXPECT_EQ(Written([&, r = rows, c = cols](FILE* f) {
+                  ZEPH_MatrixPrint(f, r, c, square.m(), kLabel);
+                }),
+                MatrixListing(rows, cols, cell, kLabel));
+}
+
 TEST(RawMatrixPrint, AgreesWithPrintfOnEveryShape) {
   Square square(6);
   const auto cell = [&](int i, int j) { return square.rows[static_cast<std::size_t>(i)][j]; };
   for (int rows = -1; rows <= 6; ++rows) {
     for (int cols = -1; cols <= 6; ++cols)
       EXPECT_EQ(Written([&](FILE* f) { ZEPH_MatrixPrint(f, rows, cols, square.m(), kLabel); }),
-                MatrixListing(rows, cols, cell, kLabel));
+                MatrixListing(rows, cols, cell, kLabel))
+          << "rows " << rows << ", cols " << cols;
     EXPECT_EQ(Written([&](FILE* f) { ZEPH_MatrixPrint(f, rows, square.m(), kLabel); }),
-              MatrixListing(rows, rows, cell, kLabel));
+              MatrixListing(rows, rows, cell, kLabel))
+        << "rows " << rows;
   }
 }
 
-TEST(RawMatrixPrint, WritesTheFixedSizes) {
+TEST(RawMatrixPrint, WritesMatricesOfFixedSize) {
   Square square(4, 2);
   const auto cell = [&](int i, int j) { return square.rows[static_cast<std::size_t>(i)][j]; };
   EXPECT_EQ(Written([&](FILE* f) { ZEPH_MatrixPrint3(f, square.m(), kLabel); }),
@@ -60,7 +76,7 @@ TEST(RawMatrixPrint, WritesTheFixedSizes) {
             MatrixListing(4, 4, cell, kLabel));
 }
 
-TEST(RawMatrixPrint, ReadsNoMatrixWithoutRows) {
+TEST(RawMatrixPrint, DoesNotReadAMatrixWithoutRows) {
   EXPECT_EQ(Written([](FILE* f) { ZEPH_MatrixPrint(f, 0, 3, nullptr, kLabel); }), "M = \n");
   EXPECT_EQ(Written([](FILE* f) { ZEPH_MatrixPrint(f, INT_MIN, nullptr, kLabel); }), "M = \n");
 }
@@ -76,7 +92,7 @@ TEST(RawMatrixPrint, PrintsTheFlatIdentity) {
             "\t0.00000\t0.00000\t0.00000\t1.00000\n");
 }
 
-TEST(RawMatrixPrint, TakesAnyLabelAsText) {
+TEST(RawMatrixPrint, WritesAnyLabelAsText) {
   double row[] = {1};
   double* m[] = {row};
   char percent[] = "%d%s";
@@ -85,7 +101,7 @@ TEST(RawMatrixPrint, TakesAnyLabelAsText) {
   EXPECT_EQ(Written([&](FILE* f) { ZEPH_MatrixPrint(f, 0, m, none); }), "(null) = \n");
 }
 
-TEST(RawMatrixPrint, WritesTheBytesOfPrintfForAMillionDoubles) {
+TEST(RawMatrixPrint, MatchesPrintfForAMillionDoubles) {
   const int rows = static_cast<int>(Scaled(1000)), cols = 1000;
   std::vector<double> cells(static_cast<std::size_t>(rows) * 1000);
   Random random(3);
@@ -113,6 +129,7 @@ TEST(RawVectorPrint3, WritesOneLine) {
   for (std::uint64_t seed = 0; seed < 50; ++seed) {
     auto any = Awkward(3, seed);
     EXPECT_EQ(Written([&](FILE* f) { ZEPH_VectorPrint3(f, any.data(), p); }),
-              VectorLine(any.data(), p));
+              VectorLine(any.data(), p))
+        << "seed " << seed;
   }
 }

@@ -41,13 +41,17 @@ ZEPH_FAMILY(int, Int)
 ZEPH_FAMILY(ZEPH_Long, Long)
 #undef ZEPH_FAMILY
 
-/// Calls `visit(T{})` for double, float, int and ZEPH_Long.
+/// Calls `visit(T{})` for double, float, int and ZEPH_Long; a failed test names the type.
 template <class Visit>
 void ForEachElementType(Visit visit) {
-  visit(double{});
-  visit(float{});
-  visit(int{});
-  visit(ZEPH_Long{0});
+  const auto named = [&visit](auto zero) {
+    SCOPED_TRACE(Family<decltype(zero)>::kName);
+    visit(zero);
+  };
+  named(double{});
+  named(float{});
+  named(int{});
+  named(ZEPH_Long{0});
 }
 
 inline std::vector<AllocationEvent> OfKind(const std::vector<AllocationEvent>& events,

@@ -53,7 +53,7 @@ TEST(RawMatrixSet3, StoresRowByRow) {
   ExpectMatrix(m, {1, 2, 3, 4, 5, 6, 7, 8, 9});
 }
 
-TEST(RawMatrixSetIdentity4, SetsSixteenDoublesAndNoMore) {
+TEST(RawMatrixSetIdentity4, WritesSixteenDoublesOnly) {
   std::vector<double> m(24, -7);
   ZEPH_MatrixSetIdentity(m.data());
   std::vector<double> want = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
@@ -61,7 +61,7 @@ TEST(RawMatrixSetIdentity4, SetsSixteenDoublesAndNoMore) {
   EXPECT_TRUE(SameBits(m, want));
 }
 
-TEST(RawMatrixMult4, SetsSixteenDoublesAndNoMore) {
+TEST(RawMatrixMult4, WritesSixteenDoublesOnly) {
   double a[16], b[16];
   ZEPH_MatrixSetIdentity(a);
   ZEPH_MatrixSetIdentity(b);
@@ -72,7 +72,7 @@ TEST(RawMatrixMult4, SetsSixteenDoublesAndNoMore) {
   EXPECT_TRUE(SameBits(out, want));
 }
 
-TEST(RawMatrixMultiply3, SnapsEveryPartialSum) {
+TEST(RawMatrixMultiply3, SnapsEveryPartialSumToZero) {
   double a[3][3] = {{1.0e-8, 1.0, 0}, {5.0e-9, 0, 0}, {std::nextafter(1.0e-8, 1.0), 0, 0}};
   double b[3][3] = {{1, 0, 0}, {1, 0, 0}, {0, 0, 0}};
   double out[3][3];
@@ -82,7 +82,7 @@ TEST(RawMatrixMultiply3, SnapsEveryPartialSum) {
   EXPECT_SAME_BITS(out[2][0], std::nextafter(1.0e-8, 1.0));
 }
 
-TEST(RawMatrixMultiply3, AgreesWithTheOracleWhereverOutLies) {
+TEST(RawMatrixMultiply3, AgreesWithTheOracleForEveryAliasing) {
   for (std::uint64_t seed = 0; seed < 3000; ++seed) {
     const std::size_t outs[] = {18, 0, 9, 5, 12};  // separate, a, b, overlapping each
     for (const std::size_t out : outs) {
@@ -103,7 +103,7 @@ TEST(RawMatrixMultiply3, KeepsANaN) {
   EXPECT_SAME_BITS(a[0][0], 0.0);
 }
 
-TEST(RawMatrixMult4, AgreesWithTheOracleApartAndOverlapped) {
+TEST(RawMatrixMult4, AgreesWithTheOracleOnSeparateAndOverlappingMatrices) {
   for (std::uint64_t seed = 0; seed < 400; ++seed)
     for (std::size_t out = 0; out <= 32; ++out) {  // on `a`, across both, on `b`, apart
       auto got = Cells(48, seed), want = got;
@@ -113,7 +113,7 @@ TEST(RawMatrixMult4, AgreesWithTheOracleApartAndOverlapped) {
     }
 }
 
-TEST(RawMatrixMult4, DoesNotSnap) {
+TEST(RawMatrixMult4, DoesNotSnapToZero) {
   double a[16], b[16], out[16];
   ZEPH_MatrixSetIdentity(a);
   ZEPH_MatrixSetIdentity(b);
@@ -122,7 +122,7 @@ TEST(RawMatrixMult4, DoesNotSnap) {
   EXPECT_EQ(out[3], 1.0e-9);
 }
 
-TEST(RawMatrixRotate3, TurnsTheIdentityByRightAngles) {
+TEST(RawMatrixRotate3, RotatesTheIdentityByRightAngles) {
   double m[3][3];
   SetIdentity3(m);
   ZEPH_MatrixRotate3Z(m, 90);
@@ -135,7 +135,7 @@ TEST(RawMatrixRotate3, TurnsTheIdentityByRightAngles) {
   ExpectMatrix(m, {1, 0, 0, 0, 0, -1, 0, 1, 0});
 }
 
-TEST(RawMatrixRotate3, ByNothingOnlySnaps) {
+TEST(RawMatrixRotate3, ByZeroAnglesOnlySnapsToZero) {
   double m[3][3] = {{1, 5.0e-9, -3}, {1.0e-8, -0.0, 2.0e-8}, {-1.0e-8, 7, 1e300}};
   ZEPH_MatrixRotate3(m, 0, 0, 0);
   ExpectMatrix(m, {1, 0, -3, 0, 0, 2.0e-8, 0, 7, 1e300});
@@ -166,7 +166,7 @@ TEST(RawMatrixTransform3, AppliesTheMatrixToAColumn) {
   EXPECT_EQ(z, 987);
 }
 
-TEST(RawMatrixTransform3, LeavesTheLaterOfAliasedOutputs) {
+TEST(RawMatrixTransform3, KeepsTheLaterOfTwoAliasedOutputs) {
   double m[3][3] = {{1, 2, 3}, {4, 5, 6}, {7, 8, 9}};
   double x = 1, y = 10;
   ZEPH_MatrixTransform3(m, &x, &y, &x);

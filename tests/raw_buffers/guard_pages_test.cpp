@@ -23,7 +23,7 @@ std::vector<T> Rising(std::size_t n) {
   return v;
 }
 
-/// Lengths of up to three vectors of any form and about the edges of blocks.
+/// Lengths up to three registers of any form, and around the edges of blocks.
 std::vector<int> Lengths() {
   std::vector<int> lengths(26);
   std::iota(lengths.begin(), lengths.end(), 1);
@@ -35,7 +35,10 @@ std::vector<int> Lengths() {
 template <class Body>
 void ForEachPlace(Body body) {
   for (const bool atEnd : {true, false})
-    for (const int n : Lengths()) body(n, atEnd);
+    for (const int n : Lengths()) {
+      SCOPED_TRACE(::testing::Message() << n << (atEnd ? " at the end" : " at the beginning"));
+      body(n, atEnd);
+    }
 }
 
 /// A square matrix with contiguous rows, the last of them at the boundary.
@@ -48,7 +51,7 @@ struct Square {
   std::vector<double*> rows;
 };
 
-TEST(RawGuardPages, NormsOfArraysStayInside) {
+TEST(RawGuardPages, NormsOfArraysStayInBounds) {
   const Guarded pages;
   ForEachPlace([&](int n, bool atEnd) {
     const auto count = static_cast<std::size_t>(n);
@@ -61,7 +64,7 @@ TEST(RawGuardPages, NormsOfArraysStayInside) {
   });
 }
 
-TEST(RawGuardPages, MergesStayInside) {
+TEST(RawGuardPages, MergesStayInBounds) {
   const Guarded a, b, out;
   ForEachPlace([&](int n, bool atEnd) {
     const auto count = static_cast<std::size_t>(n);
@@ -75,10 +78,11 @@ TEST(RawGuardPages, MergesStayInside) {
   });
 }
 
-TEST(RawGuardPages, MatricesStayInside) {
+TEST(RawGuardPages, MatricesStayInBounds) {
   const Guarded pages, others, results;
   for (const bool atEnd : {true, false})
     for (int n = 1; n <= 36; ++n) {
+      SCOPED_TRACE(::testing::Message() << "atEnd " << atEnd << ", n " << n);
       Square a(pages, n, atEnd), b(others, n, atEnd), out(results, n, atEnd);
       const int last = n - 1;
       ZEPH_MatrixTranspose(n, a.rows.data(), out.rows.data());
@@ -97,9 +101,10 @@ TEST(RawGuardPages, MatricesStayInside) {
     }
 }
 
-TEST(RawGuardPages, FixedSizesStayInside) {
+TEST(RawGuardPages, FixedSizesStayInBounds) {
   const Guarded a, b, out;
   for (const bool atEnd : {true, false}) {
+    SCOPED_TRACE(::testing::Message() << "atEnd " << atEnd);
     double *x = a.Copy(Rising(16), atEnd), *y = b.Copy(Rising(16), atEnd);
     double* to = out.Room<double>(16, atEnd);
     ZEPH_MatrixMult4(x, y, to);
@@ -129,7 +134,7 @@ TEST(RawGuardPages, FixedSizesStayInside) {
   }
 }
 
-TEST(RawGuardPages, ListingsStayInside) {
+TEST(RawGuardPages, ListingsStayInBounds) {
   const Guarded pages, labels;
   ForEachPlace([&](int n, bool atEnd) {
     const auto count = static_cast<std::size_t>(n);

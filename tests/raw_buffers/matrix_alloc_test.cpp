@@ -67,8 +67,9 @@ void ExpectReleasedBackwards(const std::vector<AllocationEvent>& events,
                              const std::vector<void*>& blocks) {
   ASSERT_EQ(events.size(), blocks.size());
   for (std::size_t k = 0; k < blocks.size(); ++k) {
-    EXPECT_EQ(events[k].kind, AllocationEvent::kDeleteArray);
-    EXPECT_EQ(events[k].block, k + 1 < blocks.size() ? blocks[blocks.size() - 1 - k] : blocks[0]);
+    EXPECT_EQ(events[k].kind, AllocationEvent::kDeleteArray) << "k " << k;
+    EXPECT_EQ(events[k].block, k + 1 < blocks.size() ? blocks[blocks.size() - 1 - k] : blocks[0])
+        << "k " << k;
   }
 }
 
@@ -81,7 +82,7 @@ std::vector<void*> Blocks(const std::vector<AllocationEvent>& events) {
 }  // namespace
 
 // 4 element types x 2 forms x 16 shapes: 128 cells, and as many again in the tests below.
-TEST(RawMatrixAlloc, GivesEveryValidShapeZeroedCellsAndItsByteCount) {
+TEST(RawMatrixAlloc, ReturnsZeroedCellsAndTheByteCountForEveryValidShape) {
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
     for (const Bounds b : kValid) {
@@ -98,7 +99,7 @@ TEST(RawMatrixAlloc, GivesEveryValidShapeZeroedCellsAndItsByteCount) {
   });
 }
 
-TEST(RawMatrixAlloc, GivesTheCountFormRowsFromZero) {
+TEST(RawMatrixAlloc, CountFormHasRowsFromZero) {
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
     long bytes = -77;
@@ -112,7 +113,7 @@ TEST(RawMatrixAlloc, GivesTheCountFormRowsFromZero) {
   });
 }
 
-TEST(RawMatrixAlloc, RefusesEmptyInvertedAndUncountableShapesWithoutARequest) {
+TEST(RawMatrixAlloc, RefusesEmptyInvertedAndTooLargeShapesWithoutAllocating) {
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
     const long before = AllocationCount();
@@ -130,7 +131,7 @@ TEST(RawMatrixAlloc, RefusesEmptyInvertedAndUncountableShapesWithoutARequest) {
   });
 }
 
-TEST(RawMatrixAlloc, AsksForThePointerBlockThenEachRowAndReleasesBackwards) {
+TEST(RawMatrixAlloc, AllocatesThePointerBlockThenEachRowAndReleasesInReverse) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
@@ -159,7 +160,7 @@ TEST(RawMatrixAlloc, AsksForThePointerBlockThenEachRowAndReleasesBackwards) {
   });
 }
 
-TEST(RawMatrixFree, ReleasesTheCountFormBackwardsAndSkipsNullRows) {
+TEST(RawMatrixFree, ReleasesTheCountFormInReverseAndSkipsNullRows) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
@@ -173,7 +174,7 @@ TEST(RawMatrixFree, ReleasesTheCountFormBackwardsAndSkipsNullRows) {
   });
 }
 
-TEST(RawMatrixFree, SkipsNullRowsOfTheRangeFormTheirBlocksToo) {
+TEST(RawMatrixFree, SkipsNullRowsAndNullBlocksOfTheRangeForm) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
@@ -189,7 +190,7 @@ TEST(RawMatrixFree, SkipsNullRowsOfTheRangeFormTheirBlocksToo) {
   });
 }
 
-TEST(RawMatrixFree, ReleasesOnlyThePointerBlockOfAnEmptyRange) {
+TEST(RawMatrixFree, ReleasesOnlyThePointerBlockForAnEmptyRange) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   ForEachElementType([](auto zero) {
     using T = decltype(zero);
@@ -199,7 +200,7 @@ TEST(RawMatrixFree, ReleasesOnlyThePointerBlockOfAnEmptyRange) {
       m[0] = nullptr;
       RecordAllocations record;
       ZEPH_MatrixFree(m, rows, 3);
-      EXPECT_EQ(record.Events().size(), 1u);
+      EXPECT_EQ(record.Events().size(), 1u) << "rows " << rows;
     }
     T** m = Family<T>::Matrix(1, 1, 1, 1);
     ZEPH_ArrayFree(m[1], 1, 1);
@@ -223,7 +224,7 @@ TEST(RawMatrixFree, DoesNothingForNull) {
   });
 }
 
-TEST(RawMatrixAlloc, LosesWhatItHadObtainedWhenARowCannotBeHad) {
+TEST(RawMatrixAlloc, LeaksWhatItAllocatedWhenARowCannotBeAllocated) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   constexpr int kRows = 5;
   for (const Failure how : {Failure::kBadAlloc, Failure::kMemoryException})
@@ -231,6 +232,7 @@ TEST(RawMatrixAlloc, LosesWhatItHadObtainedWhenARowCannotBeHad) {
       using T = decltype(zero);
       for (const bool range : {true, false})
         for (long k = 1; k <= kRows + 1; ++k) {
+          SCOPED_TRACE(::testing::Message() << how << ", range " << range << ", k " << k);
           long bytes = -77;
           T** m = nullptr;
           const long live = LiveBlocks();
@@ -254,7 +256,7 @@ TEST(RawMatrixAlloc, LosesWhatItHadObtainedWhenARowCannotBeHad) {
     });
 }
 
-TEST(RawMatrixAlloc, AsksForTheFullSizeOfLongRowsAndTables) {
+TEST(RawMatrixAlloc, RequestsTheFullSizeOfLongRowsAndTables) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   if (sizeof(void*) < 8) GTEST_SKIP() << "needs a 64-bit address space";
   ForEachElementType([](auto zero) {

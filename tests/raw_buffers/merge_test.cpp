@@ -44,18 +44,18 @@ TEST(RawArrayMergeSorted, MergesEverySmallPairOfIntArrays) {
         std::sort(a.begin(), a.end());
         ForEachArray<int>({1, 2, 3}, nb, [&](std::vector<int> b) {
           std::sort(b.begin(), b.end());
-          ASSERT_EQ(MergedByLibrary(a, b), Merged(a, b));
+          ASSERT_EQ(MergedByLibrary(a, b), Merged(a, b)) << "na " << na << ", nb " << nb;
         });
       });
 }
 
-TEST(RawArrayMergeSorted, PutsTheElementOfTheSecondArrayFirstAmongEquals) {
+TEST(RawArrayMergeSorted, PutsTheSecondArraysElementFirstAmongEquals) {
   // Zeros of both signs are equal and reveal their origin.
   const auto got = MergedByLibrary<double>({-0.0, 1}, {0.0, 0.0});
   EXPECT_TRUE(SameBits(got, {0.0, 0.0, -0.0, 1}));
 }
 
-TEST(RawArrayMergeSorted, TakesFromTheSecondArrayWhereANaNIsInvolved) {
+TEST(RawArrayMergeSorted, TakesFromTheSecondArrayWhenEitherElementIsNaN) {
   const double nan = kNaN;
   EXPECT_TRUE(SameBits(MergedByLibrary<double>({nan, 1}, {2, 3}), {2, 3, nan, 1}));
   EXPECT_TRUE(SameBits(MergedByLibrary<double>({1, 5}, {nan, 3}), {nan, 1, 3, 5}));
@@ -75,7 +75,7 @@ TEST(RawArrayMergeSorted, AgreesWithTheStepsOnGeneratedArrays) {
   }
 }
 
-TEST(RawArrayMergeSorted, TakesACountBelowOneForAnEmptyArray) {
+TEST(RawArrayMergeSorted, TreatsACountBelowOneAsAnEmptyArray) {
   int a[] = {1, 2}, out[] = {7, 7, 7};
   ZEPH_ArrayMergeSorted(a, 2, nullptr, -5, out);
   EXPECT_EQ(out[0], 1);

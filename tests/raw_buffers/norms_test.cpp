@@ -95,9 +95,10 @@ TEST(RawArrayNorms, AgreeWithTheOracleOnLongArrays) {
     }
 }
 
-TEST(RawArrayNorms, GiveTheFirstElementsNormForACountBelowTwo) {
+TEST(RawArrayNorms, ReturnTheFirstElementsNormForACountBelowTwo) {
   double a[] = {1, 2, -3};
   for (const int n : {1, 0, -1, INT_MIN}) {
+    SCOPED_TRACE(::testing::Message() << "n " << n);
     EXPECT_EQ(ZEPH_ArrayOneNorm(a, n, 2), 3.0);
     EXPECT_EQ(ZEPH_ArrayTwoNorm(a, n, 2), 3.0);
     EXPECT_EQ(ZEPH_ArrayTwoNorm2(a, n, 2), 3.0);
@@ -108,14 +109,14 @@ TEST(RawArrayNorms, GiveTheFirstElementsNormForACountBelowTwo) {
   EXPECT_EQ(ZEPH_ArrayTwoNorm2(tiny, 0, 0), 1e-200);
 }
 
-TEST(RawArrayNorms, ReachTheLastIndexThereIs) {
+TEST(RawArrayNorms, ReachTheLargestIndex) {
   double values[] = {3, 4};
   double* a = reinterpret_cast<double*>(reinterpret_cast<std::uintptr_t>(values) -
                                         std::uintptr_t{INT_MAX - 1} * sizeof(double));
   EXPECT_EQ(ZEPH_ArrayOneNorm(a, 2, INT_MAX - 1), 7.0);
 }
 
-TEST(RawArrayTwoNorm2, TakesTheDirectStepBelowAHundredAndTheScaledOneFromThere) {
+TEST(RawArrayTwoNorm2, AddsDirectlyBelowAHundredAndScalesFromThere) {
   double small[] = {3, 4}, large[] = {300, 400}, huge[] = {3e200, 4e200};
   EXPECT_EQ(ZEPH_ArrayTwoNorm2(small, 2, 0), 5.0);
   EXPECT_EQ(ZEPH_ArrayTwoNorm2(large, 2, 0), 500.0);
@@ -123,7 +124,18 @@ TEST(RawArrayTwoNorm2, TakesTheDirectStepBelowAHundredAndTheScaledOneFromThere) 
   EXPECT_EQ(ZEPH_ArrayTwoNorm(huge, 2, 0), kInfinity);
 }
 
-TEST(RawArrayMaxNorm, LeavesWhatStandsBehindTheCountAlone) {
+TEST(RawArrayTwoNorm2, ScalesWhereEitherOperandIsAHundred) {
+  const double below = std::nextafter(100.0, 0.0);
+  for (int k = 1; k <= 99; ++k)
+    for (const double bound : {below, 100.0, std::nextafter(100.0, 200.0)}) {
+      double rising[] = {k * 1.01, -bound}, falling[] = {bound, k * 1.01};
+      EXPECT_SAME_BITS(ZEPH_ArrayTwoNorm2(rising, 2, 0), oracle::ArrayTwoNorm2(rising, 2, 0)) << k;
+      EXPECT_SAME_BITS(ZEPH_ArrayTwoNorm2(falling, 2, 0), oracle::ArrayTwoNorm2(falling, 2, 0))
+          << k;
+    }
+}
+
+TEST(RawArrayMaxNorm, IgnoresElementsAfterTheCount) {
   for (const int n : {1, 2, 63, 64, 1023, 1024, 1025, 2048}) {
     std::vector<double> a(static_cast<std::size_t>(n) + 1, 1.0);
     a.back() = 2.0;
@@ -131,7 +143,7 @@ TEST(RawArrayMaxNorm, LeavesWhatStandsBehindTheCountAlone) {
   }
 }
 
-TEST(RawArrayMaxNorm, ForgetsWhatStandsBeforeANaN) {
+TEST(RawArrayMaxNorm, ForgetsTheElementsBeforeANaN) {
   for (int n = 2; n <= 40; ++n)
     for (int at = 0; at < n; ++at) {
       std::vector<double> a(static_cast<std::size_t>(n));
@@ -168,7 +180,7 @@ TEST(RawMatrixNorms, AgreeWithTheOracleOnLargeMatrices) {
 }
 
 // A single NaN determines the result by its position alone.
-TEST(RawMatrixNorms, TreatANaNAsTheOracleDoesWhereverItStands) {
+TEST(RawMatrixNorms, TreatANaNAsTheOracleDoesAtEveryIndex) {
   const int side = 7;
   for (const auto& named : kMatrixNorms)
     for (int at = 0; at < side * side; ++at) {
@@ -180,7 +192,7 @@ TEST(RawMatrixNorms, TreatANaNAsTheOracleDoesWhereverItStands) {
     }
 }
 
-TEST(RawMatrixNorms, TakeRowsFromStartButColumnsFromZeroWhereTheyWorkByRow) {
+TEST(RawMatrixNorms, ReadRowsFromStartButColumnsFromZeroIfTheyWorkByRow) {
   double r0[] = {1000, 1000, 1000}, r1[] = {1, 2, 100}, r2[] = {3, 4, 200};
   double* m[] = {r0, r1, r2};
   EXPECT_EQ(ZEPH_MatrixOneNorm(m, 2, 1), 300.0);  // columns 1 and 2 of rows 1 and 2
@@ -189,24 +201,24 @@ TEST(RawMatrixNorms, TakeRowsFromStartButColumnsFromZeroWhereTheyWorkByRow) {
   EXPECT_EQ(ZEPH_MatrixFrobNorm3(m, 2, 1), std::sqrt(4.0 + 10000 + 16 + 40000));
 }
 
-TEST(RawMatrixNorms, OfNothingAreZeroWhereNoRowIsRead) {
+TEST(RawMatrixNorms, OfAnEmptyCountAreZeroIfTheyWorkByColumn) {
   for (const int n : {0, -1, INT_MIN}) {
-    EXPECT_SAME_BITS(ZEPH_MatrixOneNorm(nullptr, n, 0), 0.0);
-    EXPECT_SAME_BITS(ZEPH_MatrixFrobNorm2(nullptr, n, 0), 0.0);
-    EXPECT_SAME_BITS(ZEPH_MatrixFrobNorm3(nullptr, n, 0), 0.0);
+    EXPECT_SAME_BITS(ZEPH_MatrixOneNorm(nullptr, n, 0), 0.0) << "n " << n;
+    EXPECT_SAME_BITS(ZEPH_MatrixFrobNorm2(nullptr, n, 0), 0.0) << "n " << n;
+    EXPECT_SAME_BITS(ZEPH_MatrixFrobNorm3(nullptr, n, 0), 0.0) << "n " << n;
   }
 }
 
-TEST(RawMatrixNorms, ReadTheFirstRowEvenForAnEmptyCountWhereTheyWorkByRow) {
+TEST(RawMatrixNorms, ReadTheFirstRowOfAnEmptyCountIfTheyWorkByRow) {
   double row[] = {-2, 5};
   double* m[] = {nullptr, row};
   for (const int n : {0, -1, INT_MIN}) {
-    EXPECT_EQ(ZEPH_MatrixMaxNorm(m, n, 1), 2.0);
-    EXPECT_EQ(ZEPH_MatrixFrobNorm(m, n, 1), 2.0);
+    EXPECT_EQ(ZEPH_MatrixMaxNorm(m, n, 1), 2.0) << "n " << n;
+    EXPECT_EQ(ZEPH_MatrixFrobNorm(m, n, 1), 2.0) << "n " << n;
   }
 }
 
-TEST(RawMatrixNorms, KeepWhatTheFirstOfAThousandRowsGive) {
+TEST(RawMatrixNorms, KeepTheMaximumOfTheFirstRowsOfAThousand) {
   constexpr int kRows = 1000;
   std::vector<double> zeros(kRows), large(kRows);
   large[3] = -5.0;
@@ -214,4 +226,22 @@ TEST(RawMatrixNorms, KeepWhatTheFirstOfAThousandRowsGive) {
   rows[1] = large.data();
   EXPECT_EQ(5.0, ZEPH_MatrixMaxNorm(rows.data(), kRows, 0));
   EXPECT_EQ(5.0, ZEPH_MatrixFrobNorm(rows.data(), kRows, 0));
+}
+
+/// Rows and columns are taken some hundreds at a time: one element at every edge of those, and last.
+TEST(RawMatrixNorms, ReadEveryElementOfLargeMatrices) {
+  for (const int n : {961, 1025}) {
+    const auto count = static_cast<std::size_t>(n);
+    std::vector<double> zeros(count), one(count);
+    std::vector<double*> rows(count, zeros.data());
+    for (const int row : {0, 959, n - 1})
+      for (const int col : {0, 64, 959, n - 1}) {
+        rows[static_cast<std::size_t>(row)] = one.data();
+        one[static_cast<std::size_t>(col)] = -5.0;
+        for (const MatrixNorm norm : {ZEPH_MatrixOneNorm, ZEPH_MatrixMaxNorm, ZEPH_MatrixFrobNorm})
+          ASSERT_EQ(5.0, norm(rows.data(), n, 0)) << n << " at " << row << ", " << col;
+        one[static_cast<std::size_t>(col)] = 0.0;
+        rows[static_cast<std::size_t>(row)] = zeros.data();
+      }
+  }
 }

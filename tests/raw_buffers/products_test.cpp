@@ -85,7 +85,7 @@ TEST(RawMatrixMult, DoesNothingForMismatchedEmptyOrNullOperands) {
   EXPECT_EQ(out0[1], -7);
 }
 
-TEST(RawMatrixMult, GivesTheLiteralCellsForSeparateMatricesOfEveryShape) {
+TEST(RawMatrixMult, MatchesTheLiteralLoopForSeparateMatricesOfEveryShape) {
   for (std::size_t rowsA = 1; rowsA <= 5; ++rowsA)
     for (std::size_t colsA = 1; colsA <= 5; ++colsA)
       for (std::size_t colsB = 1; colsB <= 9; ++colsB) {
@@ -96,7 +96,7 @@ TEST(RawMatrixMult, GivesTheLiteralCellsForSeparateMatricesOfEveryShape) {
       }
 }
 
-TEST(RawMatrixMult, GivesTheLiteralCellsWhereOutIsAOrBOrBoth) {
+TEST(RawMatrixMult, MatchesTheLiteralLoopWhereOutIsAOrBOrBoth) {
   for (std::size_t n = 1; n <= 7; ++n) {
     const auto first = Apart(0, n, n), second = Apart(n * n, n, n);
     const int cols = static_cast<int>(n);
@@ -107,7 +107,7 @@ TEST(RawMatrixMult, GivesTheLiteralCellsWhereOutIsAOrBOrBoth) {
   }
 }
 
-TEST(RawMatrixMult, GivesTheLiteralCellsForEqualRowsInsideAnyOperand) {
+TEST(RawMatrixMult, MatchesTheLiteralLoopForRowsSharedWithinAnOperand) {
   const std::vector<std::size_t> apart = Apart(0, 4, 4), equal(4, 20), other = Apart(40, 4, 4);
   for (std::uint64_t seed = 0; seed < 20; ++seed) {
     ExpectTheLiteralCells({apart, other, equal}, 60, 4, seed);
@@ -120,7 +120,7 @@ TEST(RawMatrixMult, GivesTheLiteralCellsForEqualRowsInsideAnyOperand) {
 
 // Rows anywhere in a small pool: identical, shifted by a few cells, shared within one matrix,
 // crossing.
-TEST(RawMatrixMult, GivesTheLiteralCellsForRowsThatOverlapInAnyWay) {
+TEST(RawMatrixMult, MatchesTheLiteralLoopForRowsThatOverlapInAnyWay) {
   Random random(11);
   for (std::uint64_t round = 0; round < 20000; ++round) {
     const std::size_t rowsA = 1 + random.Below(4), colsA = 1 + random.Below(4);
@@ -136,6 +136,16 @@ TEST(RawMatrixMult, GivesTheLiteralCellsForRowsThatOverlapInAnyWay) {
   }
 }
 
+/// A row of the result at any distance from the last row of `b`, or across the factor's element.
+TEST(RawMatrixMult, MatchesTheLiteralLoopForLongRowsAtAnyDistance) {
+  for (const std::size_t cols : {1u, 2u, 7u, 8u, 9u, 15u, 16u, 17u, 33u})
+    for (std::size_t out = 0; out <= 2 * cols + 4; ++out) {
+      const std::size_t b = cols + 2, a = b + cols / 2, end = 3 * cols + 8, size = end + cols + 2;
+      ExpectTheLiteralCells({{a}, {end, b}, {out}}, size, static_cast<int>(cols), out);
+      ExpectTheLiteralCells({{end}, {0, b}, {out}}, size, static_cast<int>(cols), out);
+    }
+}
+
 TEST(RawMatrixMult3, OfTheIdentityWithItselfAddsTheLastColumnAndRow) {
   double i[3][3] = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}, out[3][3];
   ZEPH_MatrixMult3(i, i, out);
@@ -144,7 +154,7 @@ TEST(RawMatrixMult3, OfTheIdentityWithItselfAddsTheLastColumnAndRow) {
 }
 
 // 3x3 matrices at any distance from each other within 24 cells.
-TEST(RawMatrixMult3, GivesTheLiteralCellsForEveryOverlap) {
+TEST(RawMatrixMult3, MatchesTheLiteralLoopForEveryOverlap) {
   using Matrix = double(*)[3];
   for (std::size_t a = 0; a <= 15; ++a)
     for (std::size_t b = 0; b <= 15; ++b)

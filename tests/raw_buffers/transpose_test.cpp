@@ -38,7 +38,7 @@ TEST(RawMatrixTranspose, MovesEveryCellOfEverySizeInBothShapes) {
   }
 }
 
-TEST(RawMatrixTranspose, InPlaceLosesWhatTheRowByRowCopyLoses) {
+TEST(RawMatrixTranspose, InPlaceOverwritesElementsAsTheRowByRowCopyDoes) {
   for (int n = 1; n <= 40; ++n) {
     const std::size_t cells = static_cast<std::size_t>(n) * static_cast<std::size_t>(n);
     const auto start = Awkward(cells, static_cast<std::uint64_t>(n));
@@ -51,6 +51,24 @@ TEST(RawMatrixTranspose, InPlaceLosesWhatTheRowByRowCopyLoses) {
   }
 }
 
+/// A row of both matrices, whichever it is, takes every row the way of the plain loops.
+TEST(RawMatrixTranspose, CopiesRowByRowWhereAnyRowIsItsOwnDestination) {
+  for (int n = 1; n <= 20; ++n)
+    for (std::size_t shared = 0; shared < static_cast<std::size_t>(n); ++shared) {
+      const std::size_t cells = static_cast<std::size_t>(n) * static_cast<std::size_t>(n);
+      const auto start = Awkward(cells, cells + shared);
+      auto a = start, wantA = start;
+      std::vector<double> b(cells, -7), wantB = b;
+      auto to = RowsOf(b, n), wantTo = RowsOf(wantB, n);
+      to[shared] = RowsOf(a, n)[shared];
+      wantTo[shared] = RowsOf(wantA, n)[shared];
+      ZEPH_MatrixTranspose(n, RowsOf(a, n).data(), to.data());
+      LiteralTranspose(n, RowsOf(wantA, n).data(), wantTo.data());
+      ASSERT_TRUE(SameBits(a, wantA)) << shared << " of " << n;
+      ASSERT_TRUE(SameBits(b, wantB)) << shared << " of " << n;
+    }
+}
+
 TEST(RawMatrixTranspose, DoesNothingForNoRows) {
   double a = 1, b = 2;
   for (const int n : {0, -1, INT_MIN}) {
@@ -60,17 +78,18 @@ TEST(RawMatrixTranspose, DoesNothingForNoRows) {
   EXPECT_EQ(b, 2);
 }
 
-TEST(RawMatrixSetIdentity, LeavesExactlyTheIdentity) {
+TEST(RawMatrixSetIdentity, WritesExactlyTheIdentity) {
   for (int n = 0; n <= 9; ++n) {
     auto cells = Awkward(81, 3);
     ZEPH_MatrixSetIdentity(n, RowsOf(cells, n).data());
     for (int i = 0; i < n; ++i)
       for (int j = 0; j < n; ++j)
-        EXPECT_SAME_BITS(cells[static_cast<std::size_t>(i * n + j)], i == j ? 1.0 : 0.0);
+        EXPECT_SAME_BITS(cells[static_cast<std::size_t>(i * n + j)], i == j ? 1.0 : 0.0)
+            << "n " << n << ", i " << i << ", j " << j;
   }
 }
 
-TEST(RawMatrixSetIdentity, LeavesEveryOneInASharedRow) {
+TEST(RawMatrixSetIdentity, KeepsEveryOneInASharedRow) {
   double row[3] = {7, 7, 7}, own[3] = {7, 7, 7};
   double* m[] = {row, own, row};
   ZEPH_MatrixSetIdentity(3, m);

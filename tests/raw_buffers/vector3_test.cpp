@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <vector>
 
 #include "oracle/fixed_geometry.h"
@@ -21,31 +22,34 @@ void ForEachPlacing(Visit visit) {
       for (std::size_t out = 0; out <= 6; ++out)
         for (std::uint64_t seed = 0; seed < 4; ++seed) {
           visit(a, b, out, Awkward(9, seed * 343 + a * 49 + b * 7 + out));
-          if (::testing::Test::HasFailure()) FAIL() << a << " " << b << " " << out;
+          if (::testing::Test::HasFailure())
+            FAIL() << "with a at " << a << ", b at " << b << " and the result at " << out
+                   << " of the numbers "
+                   << ::testing::PrintToString(Awkward(9, seed * 343 + a * 49 + b * 7 + out));
         }
 }
 
 }  // namespace
 
-TEST(RawVector3, WorksComponentByComponentInOrderForEveryAliasing) {
+TEST(RawVector3, WorksComponentByComponentForEveryAliasing) {
   ForEachPlacing(
       [](std::size_t a, std::size_t b, std::size_t out, const std::vector<double>& pool) {
         auto got = pool, want = pool;
         ZEPH_VectorAdd3(&got[a], &got[b], &got[out]);
         for (std::size_t k = 0; k < 3; ++k) want[out + k] = want[a + k] + want[b + k];
-        EXPECT_TRUE(SameValues(got, want));
+        EXPECT_TRUE(SameValues(got, want)) << "ZEPH_VectorAdd3";
         got = want = pool;
         ZEPH_VectorSub3(&got[a], &got[b], &got[out]);
         for (std::size_t k = 0; k < 3; ++k) want[out + k] = want[a + k] - want[b + k];
-        EXPECT_TRUE(SameValues(got, want));
+        EXPECT_TRUE(SameValues(got, want)) << "ZEPH_VectorSub3";
         got = want = pool;
         ZEPH_VectorScale3(&got[a], pool[b], &got[out]);
         for (std::size_t k = 0; k < 3; ++k) want[out + k] = pool[b] * want[a + k];
-        EXPECT_TRUE(SameValues(got, want));
+        EXPECT_TRUE(SameValues(got, want)) << "ZEPH_VectorScale3";
         got = want = pool;
         ZEPH_VectorAssign3(&got[a], &got[out]);
         for (std::size_t k = 0; k < 3; ++k) want[out + k] = want[a + k];
-        EXPECT_TRUE(SameBits(got, want));
+        EXPECT_TRUE(SameBits(got, want)) << "ZEPH_VectorAssign3";
       });
 }
 
@@ -67,7 +71,7 @@ TEST(RawVectorAssign3, CopiesTheFirstArgumentIntoTheSecond) {
   EXPECT_TRUE(SameBits(p, want, 3));
 }
 
-TEST(RawVectorAssign3, SetsAllComponentsOrEachOne) {
+TEST(RawVectorAssign3, SetsAllComponentsToOneValueOrToThree) {
   double v[] = {7, 8, 9, -7};
   ZEPH_VectorAssign3(v, 2.5);
   const double same[] = {2.5, 2.5, 2.5, -7};
@@ -102,7 +106,7 @@ TEST(RawVectorGetLength3, AndNormalizeAgreeWithTheOracleToTheBit) {
   }
 }
 
-TEST(RawVectorNormalize3, LeavesAVectorWithoutALengthAsItWas) {
+TEST(RawVectorNormalize3, LeavesAVectorOfLengthZeroUnchanged) {
   const double nan = kNaN;
   for (const std::vector<double>& start : std::vector<std::vector<double>>{
            {0, 0, 0}, {-0.0, 0.0, -0.0}, {nan, 1, 2}, {1e-200, -1e-200, 0}}) {
@@ -116,10 +120,27 @@ TEST(RawVectorNormalize3, LeavesAVectorWithoutALengthAsItWas) {
   EXPECT_TRUE(SameBits(v, want, 3));
 }
 
-TEST(RawVectorAssign3, TakesAWholeNumberForANumber) {
+TEST(RawVectorAssign3, ReadsAnIntegerAsAValueNotAsAPointer) {
   double v[3] = {1, 2, 3};
   ZEPH_VectorAssign3(v, 0);  // not a null destination
-  for (const double x : v) EXPECT_SAME_BITS(x, 0.0);
+  for (const double x : v) EXPECT_SAME_BITS(x, 0.0) << "x " << x;
   ZEPH_VectorAssign3(v, 7L);
-  for (const double x : v) EXPECT_EQ(x, 7.0);
+  for (const double x : v) EXPECT_EQ(x, 7.0) << "x " << x;
+}
+
+TEST(RawVectorAssign3, AcceptsIntegersOfEveryType) {
+  const auto expect = [](auto value) {
+    using Limits = std::numeric_limits<decltype(value)>;
+    for (const auto whole : {Limits::max(), Limits::min(), value}) {
+      double v[] = {7, 8, 9};
+      ZEPH_VectorAssign3(v, whole);
+      for (const double x : v) EXPECT_SAME_BITS(x, static_cast<double>(whole));
+    }
+  };
+  expect(short{5});
+  expect(5);
+  expect(5u);
+  expect(5L);
+  expect(5LL);
+  expect(5ULL);
 }

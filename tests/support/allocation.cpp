@@ -28,6 +28,7 @@ void Record(AllocationEvent::Kind kind, void* block, std::size_t bytes) {
 
 [[noreturn]] void Throw() {
   if (failure == Failure::kBadAlloc || !fired) throw std::bad_alloc();
+  if (failure == Failure::kOther) throw 42;
   const long inner = failIn;
   failIn = 0;  // the exception object itself must be allocated
   auto* exception = new CMemoryException;
@@ -114,15 +115,15 @@ using zeph::test::AllocationEvent;
 
 // An operator that returns null violates the standard, which Failure::kNull does on purpose.
 #ifdef __clang__
-#define ZEPH_MAY_ANSWER_NULL __attribute__((no_sanitize("returns-nonnull-attribute")))
+#define ZEPH_MAY_RETURN_NULL __attribute__((no_sanitize("returns-nonnull-attribute")))
 #else
-#define ZEPH_MAY_ANSWER_NULL
+#define ZEPH_MAY_RETURN_NULL
 #endif
 
-ZEPH_MAY_ANSWER_NULL void* operator new(std::size_t bytes) {
+ZEPH_MAY_RETURN_NULL void* operator new(std::size_t bytes) {
   return zeph::test::Allocate(AllocationEvent::kNew, bytes);
 }
-ZEPH_MAY_ANSWER_NULL void* operator new[](std::size_t bytes) {
+ZEPH_MAY_RETURN_NULL void* operator new[](std::size_t bytes) {
   return zeph::test::Allocate(AllocationEvent::kNewArray, bytes);
 }
 void* operator new(std::size_t bytes, const std::nothrow_t&) noexcept {

@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <new>
+#include <ostream>
 #include <vector>
 
 #include "platform.h"
@@ -15,7 +16,15 @@
 namespace zeph::test {
 
 /// What a failing allocation throws; kNull: nothing, it returns null as some old operators do.
-enum class Failure { kBadAlloc, kMemoryException, kNull };
+/// kOther: it throws a number, which does not mean exhausted memory.
+enum class Failure { kBadAlloc, kMemoryException, kNull, kOther };
+
+/// For messages of failed tests.
+inline std::ostream& operator<<(std::ostream& os, Failure how) {
+  constexpr const char* kTexts[] = {"throwing bad_alloc", "throwing CMemoryException",
+                                    "returning null", "throwing a number"};
+  return os << "with allocations " << kTexts[static_cast<int>(how)];
+}
 
 /// True when the library's allocations use the operators of this program.
 bool InterceptsLibraryAllocations();
@@ -56,7 +65,7 @@ class RecordAllocations {
   std::vector<AllocationEvent> Events() const;
 };
 
-/// Whether the exception of exhausted memory passes out of `body`.
+/// Whether `body` throws the exception of exhausted memory.
 template <class Body>
 bool Throws(Body body) {
   try {

@@ -11,7 +11,12 @@
 
 #include "support/child.h"
 
+#if defined(ZEPH_TEST_HARDENED) && !defined(ZEPH_HARDENED)
+#error "The build is hardened, but its tests are not: they would all be left out."
+#endif
+
 // EXPECT_STOP(line, statement): the statement ends its process with the line alone, on the standard error.
+// EXPECT_STOP_OF(line, body): the same of a function without parameters, which may use its surroundings.
 #ifdef ZEPH_HARDENED
 #define ZEPH_SKIP_UNLESS_HARDENED() static_cast<void>(0)
 #define EXPECT_STOP(line, ...)                                              \
@@ -20,9 +25,11 @@
     EXPECT_DEATH(([] { __VA_ARGS__; }()), ::zeph::test::FirstLineIs(line)); \
     EXPECT_EQ(printed.Text(), "");                                          \
   } while (false)
+#define EXPECT_STOP_OF(line, ...) EXPECT_DEATH((__VA_ARGS__)(), ::zeph::test::FirstLineIs(line))
 #else
 #define ZEPH_SKIP_UNLESS_HARDENED() GTEST_SKIP() << "not a build with ZEPH_HARDENED"
 #define EXPECT_STOP(line, ...) static_cast<void>([] { __VA_ARGS__; })
+#define EXPECT_STOP_OF(line, ...) static_cast<void>(line), static_cast<void>(__VA_ARGS__)
 #endif
 
 namespace zeph::test {
@@ -44,7 +51,7 @@ class FirstLineIs {
   std::string line_;
 };
 
-/// Keeps a value that is computed only for its breach.
+/// Uses a value that is computed only to break a precondition.
 template <class T>
 void Use(const T& value) {
   static volatile std::uintptr_t kept;
@@ -52,7 +59,7 @@ void Use(const T& value) {
   (void)kept;
 }
 
-/// A null and a number that the compiler does not see through, so that it does not warn.
+/// A null and a number whose values the compiler does not know, so that it does not warn.
 template <class T>
 T* Null() {
   static T* volatile null = nullptr;

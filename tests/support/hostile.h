@@ -192,7 +192,7 @@ inline std::vector<double> Hostile(Content content, Arrangement arrangement, std
                                    std::uint64_t seed, double lo = -100, double hi = 100) {
   Random random(seed);
   std::vector<double> v(n);
-  // So few that zeros of both signs are among them.
+  // A range so narrow that some values round to zeros of both signs.
   if (content == Content::kRounded) hi = std::max(1.0, static_cast<double>(n) / 10000), lo = -hi;
   for (double& x : v) x = random.Real(lo, hi);
   const auto places = hostile::Places(n, content, random);

@@ -22,7 +22,7 @@ constexpr int kInvalid = 0, kByZero = 0, kOverflow = 0;
 #endif
 constexpr int kExceptions = kInvalid | kByZero | kOverflow;
 
-// The switches for denormals are no part of <cfenv>.
+// <cfenv> has no switches for denormals.
 #if defined(__SSE2__)
 constexpr bool kTwoSwitches = true;
 void SetDenormals(bool zerosForInputs, bool zerosForResults) {
@@ -137,6 +137,7 @@ void ForEachForm(const std::function<void(const std::string& name)>& visit) {
 #else
   const kernels::Table& before = kernels::Active();
   for (const kernels::Table* table : kernels::RunnableTables()) {
+    SCOPED_TRACE(table->name);
     kernels::Force(*table);
     visit(table->name);
   }

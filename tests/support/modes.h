@@ -37,13 +37,6 @@ std::string ExceptionNames(int raised);
 /// Calls `visit(name)` once for each form of the kernels that can be chosen here, with it in use.
 void ForEachForm(const std::function<void(const std::string& name)>& visit);
 
-namespace detail {
-template <class T>
-bool Same(const std::vector<T>& got, const std::vector<T>& want, bool moved) {
-  return moved ? static_cast<bool>(SameBits(got, want)) : static_cast<bool>(SameValues(got, want));
-}
-}  // namespace detail
-
 enum class Results { kMoved, kComputed };
 
 /// Whether the compiler preserves the flags of operations. clang++ 14 speculates operations that

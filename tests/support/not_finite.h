@@ -1,4 +1,4 @@
-// The values that are no finite number.
+// NaN and infinity in both precisions.
 #ifndef ZEPH_TESTS_SUPPORT_NOT_FINITE_H
 #define ZEPH_TESTS_SUPPORT_NOT_FINITE_H
 

@@ -11,8 +11,8 @@
 
 namespace zeph::test {
 
-/// The numbers 0..32767 that follow a seed: the high bits of `rand`, whose range ends at a power of
-/// two less one, or those of the C standard's example.
+/// The numbers 0..32767 that follow a seed: the high bits of `rand`, whose range ends one below a
+/// power of two, or those of the C standard's example.
 inline std::vector<int> DrawsAfterSeed(unsigned seed, std::size_t n) {
   std::vector<int> draws(n);
   if (ZEPH_PortableMath) {

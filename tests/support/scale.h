@@ -24,7 +24,7 @@ inline const bool kFullScale =
     false;
 #endif
 
-/// `full` at full scale, else a sample, a twentieth, but at least one.
+/// `full` at full scale, else a twentieth of it (but all of less than 20).
 inline std::size_t Scaled(std::size_t full) {
   return kFullScale || full < 20 ? full : full / 20;
 }

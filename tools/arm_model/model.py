@@ -125,8 +125,8 @@ def page(table, versions):
     yield ""
     yield "Written by `./dev arm`. **A model, and no measurement**: no such processor was at hand. What QEMU ran,"
     yield "instruction by instruction, went through llvm-mca, which knows each instruction's latency and pipes, and"
-    yield "which result waits for which. It takes every branch for foreseen, which flatters the textbook's and the"
-    yield "portable sort, and every line for cached."
+    yield "which result waits for which. It assumes every branch predicted, which flatters the textbook's and the"
+    yield "portable sort, and every line cached."
     yield ""
     yield "N1 is Arm's Neoverse N1, with the four instructions a cycle that its maker states; the Cortex-A76 has the"
     yield "same core. LLVM has no pipes of its own for the A76 and takes those of the Cortex-A57, an older and narrower"
@@ -149,8 +149,8 @@ def page(table, versions):
     yield ""
     product = table[PRODUCT]["neon"][1] / PRODUCTS
     yield (f"- The dense product takes {product:.2f} cycles for a multiplication and an addition. Rounded separately, as")
-    yield "  they have to be, two lanes on two pipes allow 0.50, so nothing can be faster by a tenth, and the portable"
-    yield "  form, of which g++ makes vectors, is not far behind."
+    yield "  they have to be, two lanes on two pipes allow 0.50: no code can be a tenth faster. The portable form, of"
+    yield "  which g++ makes vectors, is not far behind."
     yield "- The textbook's partition and sort would need every branch guessed right, of which random data has about one"
     yield "  in four guessed wrong; the forms of ours hardly branch on the data."
     yield "- A column of doubles holds two in a register: what loads, stores or divides gains little."

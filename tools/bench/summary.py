@@ -9,7 +9,7 @@ import subprocess
 import sys
 
 BEGIN, END = "<!-- summary: written by tools/bench/summary.py -->\n", "<!-- end of the summary -->\n"
-# What is measured besides libraries: our own yardsticks, which are no alternatives for users.
+# Yardsticks of our own, which are measured besides the libraries and are no alternatives for users.
 YARDSTICKS = {
     "the walk": "the documented steps one by one, as the interface describes them",
     "the loop": "the plain loop that a program would write, -O3",
@@ -34,7 +34,8 @@ PACKAGES = {"Boost": "libboost-dev", "Highway": "libhwy-dev", "Eigen": "libeigen
 CALL = "a call into another module, the result through memory"
 BLOCK = "constructor, operator and destructor are calls; the block comes from the operators `new[]` and `delete[]`, " \
         "which a program may replace"
-# What the documented behaviour demands of a case on small objects, and a template in the caller's code does without.
+# For each case on small objects, the cost that the documented behaviour demands and that a template in the caller's
+# code avoids.
 PRESCRIBED = {
     "array made": BLOCK,
     "array c = a + b": BLOCK + "; sizes are compared",

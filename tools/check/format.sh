@@ -1,2 +1,2 @@
 need clang-format
-list_sources | xargs clang-format --dry-run --Werror
+find include src tests examples bench fuzz tools web -name '*.h' -o -name '*.cpp' | xargs clang-format --dry-run --Werror

@@ -17,14 +17,8 @@ chromium --headless --no-sandbox --disable-gpu --hide-scrollbars --window-size=1
   --screenshot=$docs_pictures/playground.png "file://$PWD/build/wasm/playground/index.html" >build/docs/playground.log 2>&1
 say "dev: writing the pages"
 rm -rf build/docs/html
-# The settings of the tree, with the output folder and the version.
-docs_settings() {
-  cat docs/Doxyfile
-  echo "OUTPUT_DIRECTORY = build/docs"
-  sed -nE 's/^project\(.* VERSION ([0-9.]+).*/PROJECT_NUMBER = \1/p' CMakeLists.txt
-}
-docs_settings | doxygen - >build/docs/doxygen.log 2>&1 || { tail -n 20 build/docs/doxygen.log >&2; fail "doxygen failed"; }
-if grep -E 'warning:|error:' build/docs/doxygen.log >&2; then fail "the documentation has gaps (above)"; fi
+ZEPH_VERSION=$(sed -nE 's/^project\(.* VERSION ([0-9.]+).*/\1/p' CMakeLists.txt) doxygen docs/Doxyfile >build/docs/doxygen.log 2>&1 ||
+  { grep -E 'warning:|error:' build/docs/doxygen.log >&2; fail "doxygen failed, or the documentation has gaps (build/docs/doxygen.log)"; }
 # Shows the include line that a program writes: the installed folder and the main header.
 sed -i -E 's,(#include &lt;)(([a-z]+)/[a-z0-9_]+|([a-z0-9_]+))\.h,\1ZEPHDataStructureEngine/\3\4.h,' build/docs/html/{class,struct}*.html
 cp -R build/wasm/playground build/docs/html/playground

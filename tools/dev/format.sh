@@ -1,3 +1,3 @@
 # ./dev format: rewrites every source in the house format.
 need clang-format
-list_sources | xargs clang-format -i
+find include src tests examples bench fuzz tools web -name '*.h' -o -name '*.cpp' | xargs clang-format -i

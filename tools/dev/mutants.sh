@@ -1,4 +1,4 @@
-# ./dev mutants [OPTION...]: makes small mistakes in src/, runs the tests against each and counts those that
+# ./dev mutants [OPTION...]: makes small mistakes in src/ and include/, runs the tests against each and counts those that
 # no test notices; tools/mutants/README.md tells how. --by-hand first: those of tools/mutants/by_hand instead.
 if [ "${1:-}" = --by-hand ]; then
   shift

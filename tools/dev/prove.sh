@@ -6,6 +6,6 @@ if [ $# -gt 0 ]; then
   build release zeph_prove
   exec build/release/tests/zeph_prove --gtest_filter="$1"
 fi
-. tools/check/prove.sh
+step prove
 ./dev fuzz 225
 ./dev mutants --sample 2000

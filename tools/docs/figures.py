@@ -1,4 +1,6 @@
-"""Puts the tables between the marks of the pages, from docs/data. --check: says whether they are those already."""
+"""Puts the tables between the marks of the pages, from docs/data. --check: says whether they are those already.
+
+Our own: a generator of sites would want the pages in a language of its own, and they are read as they are."""
 import json
 import re
 import sys
@@ -36,10 +38,14 @@ def steps():
 
 
 def fuzz():
-    rows = [(name, f["executions"], f["seconds"], f["coverage"], f["outcome"], f["date"], f["commit"])
-            for name, f in sorted(read("fuzz").items())]
-    return table(["target", "executions", "seconds", "coverage (libFuzzer's `cov`)", "outcome", "date", "commit"],
-                 ["---", "---:", "---:", "---:", "---", "---", "---"], rows)
+    found = sorted(read("fuzz").items())
+    if not found:
+        return table([], [], [])
+    rows = [(name, int(f["executions"]), int(f["seconds"]), f["coverage"], f["outcome"], f["since"], f["date"], f["commit"])
+            for name, f in found]
+    rows.append(("all", *(sum(row[k] for row in rows) for k in (1, 2)), "", "", "", "", ""))
+    return table(["target", "executions", "seconds of a core", "coverage (libFuzzer's `cov`)", "last outcome", "since",
+                  "last", "commit"], ["---", "---:", "---:", "---:"] + ["---"] * 4, rows)
 
 
 def by_hand():
@@ -67,7 +73,7 @@ def by_hand():
 
 
 def rate(killed, made):
-    return f"{100 * killed / made:.1f}"
+    return f"{100 * killed / made:.1f}" if made else ""
 
 
 def mutants():
@@ -75,14 +81,20 @@ def mutants():
     if not found:
         return table([], [], [])
     every = found["topics"][-1]
-    rows = [(t["topic"], t["mutants"], t["killed"], t["by time"], t["mutants"] - t["killed"], t["explained"],
-             rate(t["killed"], t["mutants"])) for t in found["topics"]]
     note = f" {found['note']}" if "note" in found else ""
     return (f"`{found['command']}` on {found['date']}, at commit {found['commit']}; {found['machine']}; "
-            f"{round(found['seconds'] / 60)} minutes: {every['mutants']} mutants, {every['killed']} killed "
-            f"({rate(every['killed'], every['mutants'])} %), {every['by time']} of these by running out of time.{note}\n\n" +
-            table(["topic", "mutants", "killed", "of these by time", "survivors", "of these explained", "killed %"],
-                  ["---"] + ["---:"] * 6, rows))
+            f"{round(found['seconds'] / 60)} minutes: {every['mutants']} mutants, {every['killed']} killed, "
+            f"{every['by time']} of these by running out of time: {rate(every['killed'], every['mutants'])} % of all, "
+            f"{rate(every['killed'], every['mutants'] - every['explained'])} % of those that are not explained below as "
+            f"mistakes that nothing can show.{note}\n\n" + mutants_of("topic", found["topics"]) + "\n\n" +
+            mutants_of("folder", found.get("folders", [])))
+
+
+def mutants_of(what, parts):
+    rows = [(t["topic"], t["mutants"], t["killed"], t["by time"], t["mutants"] - t["killed"], t["explained"],
+             rate(t["killed"], t["mutants"]), rate(t["killed"], t["mutants"] - t["explained"])) for t in parts]
+    return table([what, "mutants", "killed", "of these by time", "survivors", "of these explained", "killed %",
+                  "of those not explained %"], ["---"] + ["---:"] * 7, rows)
 
 
 def explained():

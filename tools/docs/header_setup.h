@@ -17,7 +17,7 @@
 
 using Stated = std::initializer_list<double>;
 
-// From here to the next mark the standard output is what the line of this number prints.
+// From here to the next mark the standard output belongs to the line with this number.
 inline void Mark(int line) {
   std::cout << '\x01' << line << '\n' << std::flush;
 }

@@ -1,9 +1,10 @@
 // A fixed piece of work per family of operations, for counting instructions
-// (tools/check/instructions.sh).
+// (count.py).
 //
 //     zeph_instructions --list FORM | zeph_instructions FORM FAMILY
 //
-// What no kernel has a part in is listed for the portable form alone. Only what runs inside ZephWorkload is counted; inputs are made before it.
+// Families that use no kernel are listed for the portable form only. Only what runs inside
+// ZephWorkload is counted; inputs are made before it.
 #include <cstdint>
 #include <cstdio>
 #include <cstring>

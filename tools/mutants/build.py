@@ -1,12 +1,14 @@
 """Builds the mutated tree; what does not compile is dropped."""
+import os
 import re
 import subprocess
 from pathlib import Path
 
 import rewrite
 
-BUILD = Path("build/mutants/build")
-TREE = Path("build/mutants/tree")
+WORK = Path("build/mutants")
+TREE = WORK / "tree"
+BUILD = TREE / "build/static"
 
 
 def say(text):
@@ -14,10 +16,10 @@ def say(text):
 
 
 def configure():
-    flags = f"-O1 -w -include {TREE.absolute()}/chosen.h"
-    run(["cmake", "-S", str(TREE), "-B", str(BUILD), "-G", "Ninja", "-DCMAKE_CXX_COMPILER=clang++",
-         "-DCMAKE_BUILD_TYPE=None", f"-DCMAKE_CXX_FLAGS={flags}", "-DZEPH_SHARED=OFF",
-         "-DZEPH_BUILD_EXAMPLES=OFF", "-DZEPH_BUILD_SELFTEST=OFF", "-DZEPH_INSTALL=OFF"])
+    run(["cmake", "-S", str(TREE), "-B", str(BUILD), "-G", "Ninja", "-DCMAKE_CXX_COMPILER=g++",
+         "-DCMAKE_BUILD_TYPE=Release", "-DZEPH_SHARED=OFF", "-DZEPH_BUILD_EXAMPLES=OFF",
+         "-DCMAKE_CXX_FLAGS=-w", "-DCMAKE_CXX_FLAGS_RELEASE=-O1 -DNDEBUG", "-DZEPH_BUILD_SELFTEST=OFF",
+         "-DZEPH_INSTALL=OFF"])
 
 
 def run(command):
@@ -26,27 +28,55 @@ def run(command):
         raise SystemExit(f"{' '.join(command)} failed:\n{done.stdout[-3000:]}")
 
 
-def compile_library(jobs):
+def source_of(path):
+    """What the compiler names, as it is called in the tree. Headers are met by the links that show them to a
+    folder of src/ and to the tests."""
+    path = os.path.relpath(os.path.normpath(os.path.join(BUILD.absolute(), path)), TREE.absolute())
+    shown = re.fullmatch(r"build/static/(?:src/)?include/\w+/(.*)", path)
+    places = [path] if not shown else [f"{'src' if '_inside/' in path else 'include'}/{shown[1]}", f"src/{shown[1]}"]
+    return next((p for p in places if p.startswith(("src/", "include/")) and Path(p).is_file()), None)
+
+
+def programs(pattern):
+    """The test programs, as targets, whose folder of tests/ matches."""
+    folders = sorted(p.parent.name for p in Path("tests").glob("*/*_test.cpp") if p.parent.name != "prove")
+    return sorted({f"zeph_{f}_tests" for f in folders if re.search(pattern, f)})
+
+
+def compile_targets(targets, jobs):
     """Places ("src/...", line) that the compiler refused."""
-    done = subprocess.run(["cmake", "--build", str(BUILD), f"-j{jobs}", "--target", "ZEPHDataStructureEngine",
-                           "--", "-k0"], stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+    done = subprocess.run(["cmake", "--build", str(BUILD), f"-j{jobs}", "--target", *targets, "--", "-k0"],
+                          stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
     if done.returncode == 0:
         return set()
-    places, waiting = set(), False
-    for path, line, kind in re.findall(r"(\S+?):(\d+):\d+: (error|note|fatal error):", done.stdout):
-        waiting = waiting or kind != "note"
-        # Headers are met by the links that show them to a folder of src/.
-        here = re.search(r"mutants/(?:tree/src|build/src/include/[^/]*_inside)/(.*)", path)
-        if waiting and here:
-            places.add(("src/" + here[1], int(line)))
-            waiting = False
+    places = refused(done.stdout)
     if not places:
-        raise SystemExit("the mutated library does not build:\n" + done.stdout[-3000:])
+        raise SystemExit("the mutated tree does not build:\n" + done.stdout[-3000:])
     return places
 
 
-def build(texts, sites, jobs):
-    """The sites that are left."""
+def refused(output):
+    """Where an error is, else the call that an intrinsic was inlined from, else the first note's place."""
+    places, waiting, caller = set(), False, None
+    pattern = r"(?:inlined from .* at )?(\S+?):(\d+):\d+(?:: (error|note|fatal error):|[:,]$)"
+    for path, line, kind in re.findall(pattern, output, re.MULTILINE):
+        here = (source_of(path), int(line)) if source_of(path) else None
+        if not kind:
+            caller = caller or here
+            continue
+        if kind != "note":
+            here, waiting, caller = here or caller, True, None
+        if waiting and here:
+            places.add(here)
+            waiting = False
+    return places
+
+
+def build(texts, sites, tests, jobs, memory):
+    """The sites that are left; `memory` is a file that names those refused before in the same sources."""
+    memory.touch()
+    before = set(memory.read_text().splitlines())
+    sites = [s for s in sites if s.name() not in before]
     rewrite.copy_tree(TREE)
     configured = False
     tried = set()
@@ -56,18 +86,18 @@ def build(texts, sites, jobs):
         if not configured:
             configure()
             configured = True
-        refused = compile_library(jobs)
-        if not refused:
+        places = compile_targets(["ZEPHDataStructureEngine"], jobs) or compile_targets(programs(tests), jobs)
+        if not places:
             break
         # First the constants, which stand where only a constant may; then whatever is on the line.
-        there = [s for s in sites if any(s.path == p and s.line <= n <= s.line + s.lines for p, n in refused)]
+        there = [s for s in sites if any(s.path == p and s.line <= n <= s.line + s.lines for p, n in places)]
         bad = [s for s in there if s.kind == "constant" or id(s) in tried]
         if not bad and all(id(s) in tried for s in there):
-            raise SystemExit(f"the mutated library does not build: {sorted(refused)}")
+            raise SystemExit(f"the mutated tree does not build: {sorted(places)}")
         tried |= {id(s) for s in there}
         gone = {id(s) for s in bad}
-        say(f"  {len(refused)} lines refused, {sum(len(s.forms) for s in bad)} mutants dropped")
+        with open(memory, "a") as known:
+            known.writelines(s.name() + "\n" for s in bad)
+        say(f"  {len(places)} lines refused, {sum(len(s.forms) for s in bad)} mutants dropped")
         sites = [s for s in sites if id(s) not in gone]
-    say("mutants: building the tests")
-    run(["cmake", "--build", str(BUILD), f"-j{jobs}"])
     return sites

@@ -48,6 +48,9 @@ class Mistake:
     def build(self):
         return HARDENED if self.hardened else BUILD
 
+    def programs(self):
+        return [program(self.build, folder) for folder in self.tests]
+
     @property
     def folder(self):
         parts = Path(self.file).parts
@@ -112,11 +115,14 @@ def write_tree(mistakes):
             places = {}
             for mistake in mutated[str(file)]:
                 places.setdefault(place(text, mistake), []).append(mistake)
-            for begin, end in sorted(places, reverse=True):
-                piece = text[begin:end]
+            grown = {}  # by how much text what begins at a place is longer by now
+            for begin, end in sorted(places, key=lambda span: (-span[0], span[1])):  # inner places first
+                last = end + sum(more for at, more in grown.items() if begin <= at < end)
+                piece = text[begin:last]
                 for mistake in places[begin, end]:
                     piece = either(mistake, piece)
-                text = text[:begin] + piece + text[end:]
+                text = text[:begin] + piece + text[last:]
+                grown[begin] = grown.get(begin, 0) + len(piece) - (last - begin)
             known = "" if file.suffix == ".inc" else "namespace zeph_mutants { extern int chosen; }  "
             put(TREE / file, (known + text).encode())
     runtime = b'#include <cstdlib>\nnamespace zeph_mutants {\nint chosen = 0;\n' \
@@ -150,9 +156,28 @@ def configure(where):
          "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON"], "configuring")
 
 
+def program(where, folder):
+    """Tests; of the build that checks every precondition those of its stops alone, since the others are the same."""
+    return where / "tests" / f"zeph_{folder}{'_hardened' if where == HARDENED else ''}_tests"
+
+
 def build(where, folders, jobs):
-    targets = [f"zeph_{folder}_tests" for folder in sorted(folders)]
+    tests = [f"zeph_{folder}_tests" for folder in sorted(folders)]
+    stops = [f"tests/CMakeFiles/{test}.dir/{folder}/hardened_test.cpp.o" for test, folder in zip(tests, sorted(folders))]
+    targets = [*stops, "zeph_test_support"] if where == HARDENED else tests
     run(["cmake", "--build", str(where), f"-j{jobs}", "--target", *targets, "--", "-k0"], "the build")
+    for folder, stop in zip(sorted(folders), stops) if where == HARDENED else []:
+        link(where, folder, where / stop, program(where, folder))
+
+
+def link(where, folder, test, out):
+    """A folder's test program with one of its objects alone."""
+    commands = subprocess.run(["ninja", "-C", str(where), "-t", "commands", f"tests/zeph_{folder}_tests"],
+                              stdout=subprocess.PIPE, text=True).stdout.splitlines()
+    words = [w for w in shlex.split(commands[-1].split("&&")[1]) if f"zeph_{folder}_tests.dir" not in w]
+    words[words.index("-o") + 1] = str(out)
+    words.insert(words.index("-o"), str(test))
+    subprocess.run(words, cwd=where, check=True)
 
 
 def prepare(where, mistakes, jobs):
@@ -164,7 +189,7 @@ def prepare(where, mistakes, jobs):
     configure(where)
     build(where, folders, jobs)
     for folder in folders:
-        failed = verdict(where / "tests" / f"zeph_{folder}_tests", 0)
+        failed = verdict(program(where, folder), 0)
         if failed:
             raise SystemExit(f"zeph_{folder}_tests fails without a mistake: {failed}")
 
@@ -176,11 +201,11 @@ def limits():
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
 
 
-def verdict(program, number):
+def verdict(tests, number):
     """Who killed it: a test, a signal, the time; or nobody."""
-    environment = dict(os.environ, ZEPH_MUTANT=str(number), ZEPH_TEST_SAMPLE="1", TERM="dumb")
+    environment = dict(os.environ, ZEPH_MUTANT=str(number), ZEPH_TEST_SAMPLE="1", TERM="dumb", LOCPATH=str(BUILD / "locales"))
     try:
-        done = subprocess.run([program, "--gtest_brief=1", "--gtest_fail_fast"], stdout=subprocess.PIPE,
+        done = subprocess.run([tests, "--gtest_brief=1", "--gtest_fail_fast"], stdout=subprocess.PIPE,
                               stderr=subprocess.STDOUT, stdin=subprocess.DEVNULL, env=environment, preexec_fn=limits,
                               timeout=10 * CPU, cwd=WORK)
     except subprocess.TimeoutExpired:
@@ -195,8 +220,8 @@ def verdict(program, number):
 
 
 def judge_one(mistake):
-    for folder in mistake.tests:
-        killer = verdict(mistake.build / "tests" / f"zeph_{folder}_tests", mistake.number)
+    for tests in mistake.programs():
+        killer = verdict(tests, mistake.number)
         if killer:
             return killer
     return ""
@@ -240,13 +265,7 @@ def judge_header(mistake):
         out = WORK / "header_test"
         words[words.index("-o") + 1] = str(out) + ".o"
         run(words, test)
-        folder = test.split("/")[0]
-        link = subprocess.run(["ninja", "-C", str(BUILD), "-t", "commands", f"tests/zeph_{folder}_tests"], stdout=subprocess.PIPE,
-                              text=True).stdout.splitlines()[-1]
-        objects = [w for w in shlex.split(link.split("&&")[1]) if f"zeph_{folder}_tests.dir" not in w]
-        objects[objects.index("-o") + 1] = str(out)
-        objects.insert(objects.index("-o"), str(out) + ".o")
-        subprocess.run(objects, cwd=BUILD, check=True)
+        link(BUILD, test.split("/")[0], str(out) + ".o", out)
         killer = verdict(out, 0)
         if killer:
             return killer

@@ -1,9 +1,7 @@
-// Included before every source of the mutated tree: which mutant runs, and which sites were
-// reached.
+// Included before every mutated text: which mutant runs, and which sites were reached.
 #ifndef ZEPH_TOOLS_MUTANTS_CHOSEN_H
 #define ZEPH_TOOLS_MUTANTS_CHOSEN_H
 
-#ifdef __cplusplus
 namespace zeph_mutants {
 
 extern int chosen;     // 0: none
@@ -14,10 +12,13 @@ extern bool* reached;  // by the number of a site's first form
   return static_cast<unsigned>(chosen - first) < static_cast<unsigned>(count);
 }
 
-}  // namespace zeph_mutants
+/// In constexpr functions, which have no mistakes where their values are needed while compiling. Apart from the
+/// other, by which no `const int` is known while compiling.
+[[gnu::always_inline]] constexpr bool AtRunTime(int first, int count) {
+  if (__builtin_is_constant_evaluated()) return false;
+  return At(first, count);
+}
 
-#define ZEPH_AT(first, count) ::zeph_mutants::At(first, count)
-#define ZEPH_IS(number) (::zeph_mutants::chosen == (number))
-#endif
+}  // namespace zeph_mutants
 
 #endif  // ZEPH_TOOLS_MUTANTS_CHOSEN_H

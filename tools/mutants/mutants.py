@@ -1,8 +1,11 @@
-"""Mutation testing of src/: see README.md beside this file. Run from the top of the tree, by ./dev mutants."""
+"""Mutation testing of include/ and src/: see README.md beside this file. Run from the top of the tree, by
+./dev mutants."""
 import argparse
 import glob
+import hashlib
 import json
 import os
+import pickle
 import random
 import re
 import subprocess
@@ -18,10 +21,14 @@ import survivors
 from build import say
 
 DATA = Path("docs/data/mutants.json")  # figures of the last run that was recorded
-RESULTS = build.BUILD.parent / "results.tsv"
+READ = build.WORK / "sites"  # what was found in the same sources before, and what the compiler refused
+SPARE = 1.25
+RESULTS = build.WORK / "results.tsv"
 
 # The first pattern that a path matches names its topic.
 TOPICS = [
+    ("inline code of public headers", r"^include/"),
+    ("kernels for AVX2 and AVX-512", r"kernels/.*(avx|\.inc$)"),
     ("partitions and the fast sort", r"double_array/partition|kernels/sort"),
     ("sorts", r"sort|algorithms/permutation|containers/linked_list"),
     ("searches and merges", r"search|merg|least_finder"),
@@ -41,15 +48,21 @@ def topic(path):
 
 
 def find_sites():
-    """Sources of this system; forms for instruction sets are left to tests that compare them."""
-    wanted = sorted(f for f in glob.glob("src/**/*", recursive=True)
-                    if f.endswith((".cpp", ".h")) and not re.search(r"avx|windows", f))
-    finder = sites.Finder(wanted)
-    for path in wanted:
-        if path.endswith(".cpp"):
-            finder.add_unit(path)
-    found = sorted(finder.sites.values(), key=lambda s: (s.path, s.start, -s.end, s.rank))
-    return finder.texts, found
+    """Headers, and sources of this system and processor."""
+    wanted = sorted(f for folder in build.rewrite.MUTATED for f in glob.glob(f"{folder}/**/*", recursive=True)
+                    if f.endswith((".cpp", ".h", ".inc")) and not re.search(r"neon|windows|_other\.", f))
+    key = hashlib.sha256(b"".join(Path(f).read_bytes() for f in [*wanted, sites.__file__, sites.intrinsics.__file__]))
+    kept = READ.parent / f"{READ.name}.{key.hexdigest()[:16]}"
+    if not kept.exists():
+        finder = sites.Finder(wanted)
+        for path in wanted:
+            if path.endswith(".cpp"):
+                finder.add_unit(path)
+        found = sorted(finder.sites.values(), key=lambda s: (s.path, s.start, -s.end, s.rank))
+        for old in build.WORK.glob(READ.name + ".*"):
+            old.unlink()
+        kept.write_bytes(pickle.dumps((finder.texts, found)))
+    return *pickle.loads(kept.read_bytes()), kept.with_suffix(kept.suffix + ".refused")
 
 
 def choose(found, count, seed):
@@ -62,7 +75,7 @@ def choose(found, count, seed):
     chosen = []
     for name in sorted(by_topic):
         every = by_topic[name]
-        least = count // (2 * len(by_topic))
+        least = int(count / (2 * len(by_topic)))
         share = round(count * len(every) / total)
         chosen += source.sample(every, min(len(every), max(share, least)))
     source.shuffle(chosen)
@@ -95,21 +108,32 @@ def last_rows():
     return [tuple(line.split("\t")) for line in RESULTS.read_text().splitlines()]
 
 
-def run_all(texts, chosen, workers, minutes):
+def what_tests_reach(found, tests, quick):
+    """The programs with their tests, and the sites without those that run only while compiling."""
     say("mutants: running the tests without a mutant, recording what each reaches")
-    programs = run.record_reach()
-    say(f"mutants: {len(chosen)} mutants, {sum(len(p.tests) for p in programs)} tests")
+    forms = [] if quick else {form for site in found for form in run.forms_of(site.path)}
+    programs = run.record_reach(forms, tests)
+    running = [s for s in found if not s.constant or run.is_reached(programs, s)]
+    say(f"mutants: {sum(len(p.tests) for p in programs)} tests; of constexpr functions that run only while compiling "
+        f"{sum(len(s.forms) for s in found) - sum(len(s.forms) for s in running)} mutants are left out")
+    return programs, running
+
+
+def run_all(texts, programs, chosen, workers, minutes, trusted):
+    """`trusted` are taken for survivors without a run."""
+    say(f"mutants: {len(chosen)} mutants")
     start, rows = time.time(), []
 
     def one(mutant):
         if minutes and time.time() - start > 60 * minutes:
             return None
         site, form = mutant
-        outcome, killer = run.judge(programs, site, form)
-        row = (outcome, killer, topic(site.path), *describe(texts, site, form))
+        said = (topic(site.path), *describe(texts, site, form))
+        trust = is_explained(("survived", "", *said), trusted)
+        row = (*(("survived", "") if trust else run.judge(programs, site, form)), *said)
         rows.append(row)
-        if alive(row):
-            say(f"  {outcome}: {site.path}:{site.line}: {row[7]}  ({row[8]})")
+        if alive(row) and not trust:
+            say(f"  {row[0]}: {site.path}:{site.line}: {row[7]}  ({row[8]})")
         if len(rows) % 50 == 0:
             dead = sum(not alive(r) for r in rows)
             say(f"  {len(rows)} of {len(chosen)}, {dead} killed, {time.time() - start:.0f} s")
@@ -121,16 +145,27 @@ def run_all(texts, chosen, workers, minutes):
     return done
 
 
+def folder(path):
+    """src/kernels of src/kernels/x.cpp, include of include/x.h."""
+    parts = Path(path).parts
+    return "/".join(parts[:2]) if parts[0] == "src" else parts[0]
+
+
+def figures_of(name, rows, known):
+    return {"topic": name, "mutants": len(rows), "killed": sum(not alive(r) for r in rows),
+            "by time": sum(r[0] == "timeout" for r in rows),
+            "explained": sum(is_explained(r, known) for r in rows)}
+
+
 def figures(rows, known):
     """A dictionary for each topic, and one for all."""
-    made = []
-    for name in [n for n, _ in TOPICS] + ["all"]:
-        of = [r for r in rows if name in (r[2], "all")]
-        if of:
-            made.append({"topic": name, "mutants": len(of), "killed": sum(not alive(r) for r in of),
-                         "by time": sum(r[0] == "timeout" for r in of),
-                         "explained": sum(is_explained(r, known) for r in of)})
-    return made
+    of = {name: [r for r in rows if r[2] == name] for name, _ in TOPICS}
+    return [figures_of(name, of[name], known) for name in of if of[name]] + [figures_of("all", rows, known)]
+
+
+def figures_by_folder(rows, known):
+    return [figures_of(name, [r for r in rows if folder(r[3]) == name], known)
+            for name in sorted({folder(r[3]) for r in rows})]
 
 
 def report(rows):
@@ -138,19 +173,23 @@ def report(rows):
     reasons = survivors.read()
     known = {survivor[:4] for survivor in reasons}
     made = figures(rows, known)
-    for of in made:
+    by_folder = figures_by_folder(rows, known)
+    for of in by_folder + made:
         say(f"{of['topic']}: {of['mutants']} mutants, {of['killed']} killed, {of['by time']} of them by time, "
             f"{of['mutants'] - of['killed']} survive, {of['explained']} of them explained")
     for row in rows:
         if alive(row) and not is_explained(row, known):
             say(f"\n{row[0]}, not explained in {survivors.FILE}; {row[3]}:{row[4]}\n" +
                 survivors.entry(row[3], *row[6:], "?").rstrip())
+    for row in rows:
+        if not alive(row) and (row[3], *row[6:]) in known:
+            say(f"{survivors.FILE} explains what a test of {row[1]} notices; {row[3]}:{row[4]}: {row[7]} ({row[8]})")
     for old in survivors.out_of_date(reasons):
         say(f"{survivors.FILE} explains a line that stands in {old.path} no more: {old.line}")
-    return made
+    return made, by_folder
 
 
-def record(made, seconds, again):
+def record(made, by_folder, seconds, again):
     """Into DATA, for the table of docs/mutants.md; survivors that ran again belong to the run before."""
     def said(*command):
         return subprocess.run(command, stdout=subprocess.PIPE, text=True).stdout.strip()
@@ -165,8 +204,9 @@ def record(made, seconds, again):
         "date": time.strftime("%Y-%m-%d", time.gmtime()),
         "commit": said("git", "describe", "--always", "--dirty=+", "--exclude=*"),
         "machine": f"{os.cpu_count()} processors, {model[1] if model else 'model unknown'}, " +
-                   said("clang++", "--version").split("\n")[0],
-        "command": command, "seconds": round(seconds), "topics": made}, indent=1, ensure_ascii=False) + "\n")
+                   said("g++", "--version").split("\n")[0],
+        "command": command, "seconds": round(seconds), "topics": made,
+        "folders": by_folder}, indent=1, ensure_ascii=False) + "\n")
 
 
 def main():
@@ -176,33 +216,46 @@ def main():
     parse.add_argument("--jobs", type=int, default=1)
     parse.add_argument("--minutes", type=float, default=0, help="stop after so many; 0: never")
     parse.add_argument("--files", default="", help="only paths that match this pattern")
+    parse.add_argument("--quick", action="store_true",
+                       help="only tests/kernels, which does it by itself, runs wide kernels: for a first pass")
+    parse.add_argument("--tests", default="", help="only tests of folders that match this pattern")
     parse.add_argument("--survivors", action="store_true", help="only those that survived the last run")
+    parse.add_argument("--trust", action="store_true",
+                       help=f"takes what {survivors.FILE} explains for survivors, without a run")
     parse.add_argument("--least", type=float, default=90, help="fails where fewer percent are killed of those not explained")
     given = parse.parse_args()
 
-    say("mutants: reading src/")
-    texts, found = find_sites()
-    say(f"mutants: {sum(len(s.forms) for s in found)} found; building the library with all of them")
-    found = [s for s in build.build(texts, found, given.jobs) if re.search(given.files, s.path)]
+    say("mutants: reading include/ and src/")
+    texts, everything, memory = find_sites()
+    found = [s for s in everything if re.search(given.files, s.path)]
     count = sum(len(s.forms) for s in found)
-    say(f"mutants: {count} compile")
     if given.survivors:
         again = {identity(r) for r in last_rows() if alive(r)}
         chosen = [(s, k) for s in found for k in range(len(s.forms))
                   if identity(("", "", "", *describe(texts, s, k))) in again]
-    else:
-        chosen = choose(found, given.sample or count, given.seed)
+    else:  # more than wanted: some do not compile
+        chosen = choose(found, min(SPARE * given.sample, count) if given.sample else count, given.seed)
+    wanted = {id(s) for s, _ in chosen}
+    say(f"mutants: {count} found, {len(chosen)} drawn; building the library and the tests with them")
+    programs, running = what_tests_reach(
+        build.build(texts, [s for s in found if id(s) in wanted], given.tests, os.cpu_count(), memory),
+        given.tests, given.quick)
+    left = {id(s) for s in running}
+    chosen = [(s, k) for s, k in chosen if id(s) in left]
+    if given.sample and not given.survivors:
+        chosen = chosen[:given.sample]
     start = time.time()
-    rows = run_all(texts, chosen, given.jobs, given.minutes)
+    trusted = {survivor[:4] for survivor in survivors.read()} if given.trust else set()
+    rows = run_all(texts, programs, chosen, given.jobs, given.minutes, trusted)
     if given.survivors:
-        still = {identity(("", "", "", *describe(texts, s, k))) for s in found for k in range(len(s.forms))}
+        still = {identity(("", "", "", *describe(texts, s, k))) for s in everything for k in range(len(s.forms))}
         still -= {identity(r) for r in rows}
         rows = [r for r in last_rows() if identity(r) in still] + rows
     RESULTS.write_text("".join("\t".join(row) + "\n" for row in rows))
-    made = report(rows)
+    made, by_folder = report(rows)
     if os.environ.get("ZEPH_RECORD"):
-        record(made, time.time() - start, given.survivors)
-    every = made[-1] if made else {"mutants": 0, "killed": 0, "explained": 0}
+        record(made, by_folder, time.time() - start, given.survivors)
+    every = made[-1]
     rate = 100 * every["killed"] / max(every["mutants"] - every["explained"], 1)
     say(f"{len(rows)} mutants, {rate:.1f} % killed of those that {survivors.FILE} does not explain")
     sys.exit(0 if rate >= given.least else 1)

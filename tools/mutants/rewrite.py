@@ -3,7 +3,9 @@ import os
 from pathlib import Path
 
 TOOL = Path(__file__).parent
-COPIED = ["CMakeLists.txt", "cmake", "include", "src", "tests", "fuzz", "tools/instructions"]
+COPIED = ["CMakeLists.txt", "cmake", "include", "src", "tests", "fuzz", "tools/instructions",
+          "tools/portable_math"]
+MUTATED = ["include", "src"]
 
 
 def put(path, data):
@@ -17,10 +19,10 @@ def copy_tree(tree):
     for name in COPIED:
         source = Path(name)
         for file in [source] if source.is_file() else sorted(source.rglob("*")):
-            if file.is_file() and not str(file).startswith("src/"):
+            if file.is_file() and file.parts[0] not in MUTATED:
                 put(tree / file, file.read_bytes())
-    main = Path("tests/support/main.cpp").read_bytes() + (TOOL / "reach_listener.cpp").read_bytes()
-    put(tree / "tests/support/main.cpp", main)
+    main = Path("tests/support/main.cpp").read_text() + knowing(tree) + (TOOL / "reach_listener.cpp").read_text()
+    put(tree / "tests/support/main.cpp", main.encode())
     put(tree / "src/platform/mutants_runtime.cpp", (TOOL / "runtime.cpp").read_bytes())
     put(tree / "chosen.h", (TOOL / "chosen.h").read_bytes())
     for file in [p for name in COPIED for p in (tree / name).rglob("*") if p.is_file()]:
@@ -38,14 +40,14 @@ def number(sites):
 
 
 def wrap(site, inner):
-    at = f"ZEPH_AT({site.first}, {len(site.forms)})"
+    at = f"::zeph_mutants::At{'RunTime' if site.constant else ''}({site.first}, {len(site.forms)})"
     if site.kind == "statement":
         return f"({at} ? (void)0 : (void)({inner}))"
     if site.kind == "condition":
         inner = f"static_cast<bool>({inner})"
     forms = f"({site.forms[-1][1]})"
     for i, (_, text) in reversed(list(enumerate(site.forms[:-1]))):
-        forms = f"(ZEPH_IS({site.first + i}) ? ({text}) : {forms})"
+        forms = f"(::zeph_mutants::chosen == {site.first + i} ? ({text}) : {forms})"
     return f"({at} ? {forms} : ({inner}))"
 
 
@@ -73,13 +75,22 @@ def render(text, start, end, sites):
     return "".join(out)
 
 
+def knowing(tree):
+    """Before a mutated text."""
+    return f'#include "{tree.absolute()}/chosen.h"\n'
+
+
 def write_sources(tree, texts, sites):
     by_path = {}
     for site in sites:
         by_path.setdefault(site.path, []).append(site)
-    for file in sorted(Path("src").rglob("*")):
+    for kernel in Path("src/kernels").glob("*.cpp"):  # .inc files stand inside their namespaces
+        by_path.setdefault(str(kernel), [])
+    for file in [f for name in MUTATED for f in sorted(Path(name).rglob("*"))]:
         if file.is_file():
             data = file.read_bytes()
             if str(file) in by_path:
                 data = render(data, 0, len(data), nest(by_path[str(file)])).encode()
+                if file.suffix != ".inc":
+                    data = f"{knowing(tree)}#line 1\n".encode() + data
             put(tree / file, data)

@@ -1,10 +1,13 @@
 """Finds the places of a source where a small mistake can be made, and the mistakes: operators,
-constants, conditions, returned values and statements in the bodies of functions."""
+constants, conditions, returned values, statements and intrinsics in the bodies of functions."""
+import os
 import re
 from dataclasses import dataclass, field
 
 from clang import cindex
 from clang.cindex import CursorKind as K, TypeKind as T
+
+import intrinsics
 
 FLAGS = ["-std=c++17", "-Iinclude", "-Isrc", "-DZEPH_BUILDING", "-DZEPH_STATIC"]
 
@@ -16,6 +19,9 @@ OPERATORS = {
 }
 ASSIGNMENTS = {"+=": "-=", "-=": "+=", "*=": "/=", "/=": "*=", "%=": "/=", "|=": "&=", "&=": "|="}
 COMPARISONS = {"<", "<=", ">", ">=", "==", "!="}
+
+if not any(kind.value == 280 for kind in K.get_all_kinds()):
+    K.BUILTIN_BIT_CAST_EXPR = K(280)  # which these bindings do not know
 
 FUNCTIONS = {K.FUNCTION_DECL, K.CXX_METHOD, K.CONSTRUCTOR, K.DESTRUCTOR, K.CONVERSION_FUNCTION,
              K.FUNCTION_TEMPLATE}
@@ -40,8 +46,17 @@ class Site:
     rank: int  # of several sites on one stretch the lowest is outermost
     kind: str
     forms: list
+    constant: bool = False  # in a constexpr function
     first: int = 0  # the number of its first form
     inner: list = field(default_factory=list)
+
+    def name(self):
+        return f"{self.path} {self.start} {self.end} {self.rank}"
+
+
+def name_of(file):
+    """As glob gives it: headers are found by way of "../" too."""
+    return os.path.normpath(file.name) if file else None
 
 
 def parse(path):
@@ -66,19 +81,22 @@ class Finder:
     def add_unit(self, path):
         unit = parse(path)
         self.macros = {}
-        tops = list(unit.cursor.get_children())
-        for cursor in tops:
-            if cursor.kind == K.MACRO_INSTANTIATION and self.file_of(cursor):
+        tops = []
+        for cursor in unit.cursor.get_children():
+            if cursor.kind in {K.MACRO_DEFINITION, K.INCLUSION_DIRECTIVE} or not self.file_of(cursor):
+                continue
+            if cursor.kind == K.MACRO_INSTANTIATION:
                 extent = cursor.extent
                 self.macros.setdefault(self.file_of(cursor), []).append((extent.start.offset, extent.end.offset))
+            else:
+                tops.append(cursor)
         for cursor in tops:
-            if self.file_of(cursor):
-                self.find_functions(cursor)
-        self.seen |= {i.include.name for i in unit.get_includes()} | {path}
+            self.find_functions(cursor)
+        self.seen |= {name_of(i.include) for i in unit.get_includes()} | {path}
 
     def file_of(self, cursor):
-        file = cursor.location.file
-        return file.name if file and file.name in self.wanted else None
+        name = name_of(cursor.location.file)
+        return name if name in self.wanted else None
 
     def find_functions(self, cursor):
         if cursor.kind in FUNCTIONS and cursor.is_definition():
@@ -92,9 +110,10 @@ class Finder:
             for body in cursor.get_children():
                 if body.kind == K.COMPOUND_STMT:
                     head = self.text_between(cursor.extent.start.offset, body.extent.start.offset)
-                    if "constexpr" not in head and "consteval" not in head:
-                        self.returns = cursor.result_type.get_canonical().kind
-                        self.visit(body, cursor)
+                    self.constant = "constexpr" in head
+                    self.returns = cursor.result_type.get_canonical().kind
+                    self.visit(body, cursor)
+                    self.macros_in(body)
         elif cursor.kind in {K.NAMESPACE, K.CLASS_DECL, K.STRUCT_DECL, K.CLASS_TEMPLATE,
                              K.CLASS_TEMPLATE_PARTIAL_SPECIALIZATION, K.UNEXPOSED_DECL, K.LINKAGE_SPEC}:
             for child in cursor.get_children():
@@ -113,17 +132,29 @@ class Finder:
 
     def add(self, cursor, rank, kind, forms):
         start, end = cursor.extent.start.offset, cursor.extent.end.offset
+        if not self.in_macro(start, end):
+            self.add_stretch(start, end, rank, kind, forms)
+
+    def add_stretch(self, start, end, rank, kind, forms):
         text = self.text_between(start, end)
-        if not text or self.in_macro(start, end) or "//" in text or "/*" in text or "#" in text:
+        if not text or not forms or "//" in text or "/*" in text or "#" in text:
             return
         key = (self.path, start, end, rank)
         forms = [(what, re.sub(r"\s*\n\s*", " ", new)) for what, new in forms]
+        line = self.texts[self.path].count(b"\n", 0, start) + 1
         self.sites.setdefault(key, Site(
-            self.path, start, end, cursor.extent.start.line, text.count("\n"), rank, kind, forms))
+            self.path, start, end, line, text.count("\n"), rank, kind, forms, self.constant))
+
+    def macros_in(self, body):
+        """Intrinsics with an immediate are macros: each is one place."""
+        for start, end in self.macros.get(self.path, ()):
+            inside = body.extent.start.offset <= start and end <= body.extent.end.offset
+            if inside and not any(s <= start and end < e or s < start and end <= e for s, e in self.macros[self.path]):
+                self.add_stretch(start, end, 3, "intrinsic", intrinsics.forms(self.text_between(start, end)))
 
     def visit(self, cursor, parent):
         kind = cursor.kind
-        if kind in CONSTANT or cursor.location.file is None or cursor.location.file.name != self.path:
+        if kind in CONSTANT or name_of(cursor.location.file) != self.path:
             return
         children = list(cursor.get_children())
         if self.is_hardened_check(cursor):
@@ -154,6 +185,8 @@ class Finder:
             self.condition(cursor, children)
         elif kind == K.RETURN_STMT and children:
             self.returned(children[0])
+        elif kind == K.CALL_EXPR and self.text(cursor).startswith("_mm"):
+            self.add(cursor, 3, "intrinsic", intrinsics.forms(self.text(cursor)))
         elif kind in {K.BINARY_OPERATOR, K.CALL_EXPR, K.COMPOUND_ASSIGNMENT_OPERATOR}:
             self.binary(cursor, children)
         elif kind == K.UNARY_OPERATOR and children:
@@ -173,6 +206,8 @@ class Finder:
 
     def condition(self, cursor, children):
         """`if`: forced both ways. Loops: never entered; for ever would only cost time."""
+        if re.match(r"if\s+constexpr\b", self.text(cursor)):
+            return
         if cursor.kind == K.FOR_STMT:
             chosen = self.for_condition(cursor, children)
         else:
@@ -228,7 +263,7 @@ class Finder:
             return
         left, right = children[0], children[-1]
         kinds = [c.type.get_canonical().kind for c in (left, right)]
-        plain = all(k in ARITHMETIC | DEPENDENT for k in kinds)
+        plain = all(k in ARITHMETIC | DEPENDENT | {T.VECTOR} for k in kinds)
         pointers = all(k == T.POINTER for k in kinds)
         if not (plain or pointers and name in COMPARISONS or name in {"&&", "||"}):
             return

@@ -8,7 +8,7 @@
 namespace {
 
 constexpr mpfr_prec_t kPrecision = 2000;
-constexpr int kWords = 8;          // of the whole-number phase, behind the point
+constexpr int kWords = 8;          // of the integer phase, after the point
 constexpr int kInverseWords = 44;  // of 2/pi: the largest double needs 31 + 8 + a few to spare
 constexpr int kSteps = 512;        // of the sine's table, in half a turn
 constexpr int kHeadBits = 27;      // of the table's heads: times 26 bits, exact

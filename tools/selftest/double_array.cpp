@@ -70,7 +70,7 @@ void Sorts(Report& report, Inputs& in, int n, Kind kind) {
   const double pivot = source[n / 2];
   RunSort(report, "Partition", source,
           [&](Array& a) { report("Partition").Integer(a.Partition(0, n - 1, pivot)); });
-  if (n >= 4 && kind != Kind::kAwkward) {  // with a NaN the unlimited scans have no fence
+  if (n >= 4 && kind != Kind::kAwkward) {  // with a NaN nothing ends the unlimited scans
     RunSort(report, "MedianOf3, QuickPartition", source, [&](Array& a) {
       const double median = a.MedianOf3(0, n - 1);
       report("MedianOf3, QuickPartition").Moved(median);

@@ -1,5 +1,5 @@
-// Times the main loops of the library on one system, one a line, with the nanoseconds of the best
-// round. Two builds are compared by running them in turns on one machine
+// Times the main loops of the library on one system and prints one per line, with the nanoseconds
+// of the best round. Two builds are compared by running them in turns on one machine
 // (tools/dev/bench_windows.py).
 #include <chrono>
 #include <cstdint>

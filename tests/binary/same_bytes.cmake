@@ -1,0 +1,13 @@
+# Two builds of the tree SOURCE by PRESET, in different folders below WORK, are byte for byte the same LIBRARY.
+include("${CMAKE_CURRENT_LIST_DIR}/../consumers/run.cmake")
+set(ENV{CCACHE_DISABLE} 1)
+file(REMOVE_RECURSE "${WORK}")
+foreach(place IN ITEMS here there/deeper)
+  set(tree "${WORK}/${place}")
+  file(COPY "${SOURCE}/" DESTINATION "${tree}" REGEX "/(build|\\.git)$" EXCLUDE)
+  run("${CMAKE_COMMAND}" -E chdir "${tree}" "${CMAKE_COMMAND}" --preset ${PRESET})
+  run("${CMAKE_COMMAND}" --build "${tree}/build/${PRESET}" --target ZEPHDataStructureEngine)
+endforeach()
+set(library "build/${PRESET}/src/${LIBRARY}")
+run("${CMAKE_COMMAND}" -E compare_files "${WORK}/here/${library}" "${WORK}/there/deeper/${library}")
+file(REMOVE_RECURSE "${WORK}")

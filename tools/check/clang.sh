@@ -1,2 +1,0 @@
-need clang
-workflow clang

@@ -1,2 +1,0 @@
-need pkg-config meson lintian dpkg-dev file
-workflow consumers consumers-static

@@ -1,1 +1,0 @@
-workflow static-portable static-avx2 static-avx512

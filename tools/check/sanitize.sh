@@ -1,2 +1,0 @@
-need clang libclang-rt-14-dev
-workflow sanitize

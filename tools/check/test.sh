@@ -1,1 +1,0 @@
-. tools/dev/test.sh

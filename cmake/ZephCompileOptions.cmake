@@ -53,8 +53,11 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
     # With SIMD128, clang 14 at -O3 makes another matrix of a rotation's where it vectorises straight-line code.
     target_compile_options(zeph_exactness INTERFACE -fno-slp-vectorize)
   endif()
-  # Two builds of one commit are the same bytes, wherever they stand.
-  target_compile_options(zeph_exactness INTERFACE "${zeph_own}-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")
+  # Two builds of one commit are the same bytes, wherever they stand; what counts lines has to find the sources.
+  if(NOT zeph_given_flags MATCHES "-fcoverage-mapping|--coverage")
+    set(zeph_recorded_as "${zeph_own}-ffile-prefix-map=")
+    target_compile_options(zeph_exactness INTERFACE "${zeph_recorded_as}${PROJECT_SOURCE_DIR}=.")
+  endif()
   if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "x86|i[3-6]86|AMD64")
     # x87 registers would keep extra bits.
     target_compile_options(zeph_exactness INTERFACE -msse2 -mfpmath=sse)

@@ -42,7 +42,7 @@ void Handle(int) {
   if (wanted) Arrange();
 }
 
-/// One signal after the other. The handler stays installed afterwards: a late signal would end the process.
+/// One signal after the other. Afterwards a late one is ignored: the handler's array ends before the process.
 class Signals {
  public:
   Signals() {
@@ -52,7 +52,10 @@ class Signals {
     wanted = true;
     Arrange();
   }
-  ~Signals() { wanted = false; }
+  ~Signals() {
+    wanted = false;
+    signal(SIGALRM, SIG_IGN);
+  }
   Signals(const Signals&) = delete;
   Signals& operator=(const Signals&) = delete;
 };

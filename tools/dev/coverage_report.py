@@ -86,6 +86,8 @@ class Exceptions:
 def main():
     lines = read_lines(sys.argv[1])
     branches, ends = read_functions(sys.argv[2])
+    if not lines or not branches:
+        raise SystemExit("nothing of src or include was counted")
     exceptions = Exceptions(sys.argv[3])
     least = [float(bound) for bound in sys.argv[4:6]]
     counts = {"lines": [0, 0], "branches": [0, 0]}

@@ -9,8 +9,8 @@
 
 namespace zeph::containers {
 
-/// Sorts nodes (with m_value and m_pNext) without NaN into the order that inserting them one by one gives: ascending, with
-/// later nodes first among equals.
+/// Sorts nodes (with m_value and m_pNext) without NaN into the order that inserting them one by one
+/// gives: ascending, with later nodes first among equals.
 ///
 /// Method: ranks within groups of 16, merges in a table of 256 entries on the stack, then a
 /// bottom-up merge sort of the resulting chains. No branch depends on the values.

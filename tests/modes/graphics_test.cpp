@@ -41,6 +41,14 @@ CZEPHMatrix4x4 AnyModeMatrix(Random& random) {
   return m;
 }
 
+/// Its last row is (0, 0, 0, 1); the other entries are small whole numbers.
+CZEPHMatrix4x4 AnAffineMatrix() {
+  CZEPHMatrix4x4 m;
+  for (int i = 0; i < 15; ++i)
+    if (i % 4 != 3) m.entries[i] = static_cast<float>(i + 1);
+  return m;
+}
+
 const std::size_t kCases = Scaled<std::size_t>(3000, 100);
 
 }  // namespace
@@ -57,9 +65,8 @@ TEST(GraphicsModes, ProductsMatchTheirOracles) {
 }
 
 TEST(GraphicsModes, ProductsOfAffineMatricesWithInfinityMatchTheirOracle) {
-  CZEPHMatrix4x4 affine, infinite;
-  for (int i = 0; i < 15; ++i)
-    if (i % 4 != 3) affine.entries[i] = static_cast<float>(i + 1);
+  const CZEPHMatrix4x4 affine = AnAffineMatrix();
+  CZEPHMatrix4x4 infinite;
   infinite.entries[1] = infinite.entries[15] = kInfinityF;
   const CZEPHVector4D v(kInfinityF, 1, 2, 3);
   Check(
@@ -71,9 +78,7 @@ TEST(GraphicsModes, ProductsOfAffineMatricesWithInfinityMatchTheirOracle) {
 }
 
 TEST(GraphicsModes, ProductsOfAffineMatricesMeetAnInfinityInAnyPlace) {
-  CZEPHMatrix4x4 affine;
-  for (int i = 0; i < 15; ++i)
-    if (i % 4 != 3) affine.entries[i] = static_cast<float>(i + 1);
+  const CZEPHMatrix4x4 affine = AnAffineMatrix();
   for (int at = 0; at < 16; ++at) {
     CZEPHMatrix4x4 infinite = affine;
     infinite.entries[at] = kInfinityF;
@@ -94,9 +99,7 @@ TEST(GraphicsModes, ProductsOfMatricesThatDenormalsMakeAffineMatchTheirOracle) {
   constexpr float kGreatest = 0x1.fffffcp-127f, kLeast = 0x1p-149f;  // of the denormals
   for (const float denormal : {kGreatest, -kGreatest, kLeast})
     for (const int at : {3, 7, 11}) {
-      CZEPHMatrix4x4 affine, infinite;
-      for (int i = 0; i < 15; ++i)
-        if (i % 4 != 3) affine.entries[i] = static_cast<float>(i + 1);
+      CZEPHMatrix4x4 affine = AnAffineMatrix(), infinite;
       affine.entries[at] = denormal;
       infinite.entries[at - 3] = kInfinityF;
       SCOPED_TRACE("entry " + std::to_string(at) + " is " + std::to_string(denormal));

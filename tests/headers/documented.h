@@ -568,9 +568,6 @@ class ZEPH_API CZEPHDataStructureEngineApp : public CWinApp {
   ~CZEPHDataStructureEngineApp() override;
 };
 
-#include <cstdint>
-#include <cstdio>
-
 template <class T>
 class ZEPH_API CZEPHLink {
  public:
@@ -649,6 +646,8 @@ class ZEPH_API CZEPHSortedLinkList {
   CZEPHLinkData* m_pHead;
 };
 
+#include <cstdio>
+
 struct ZEPH_StackNode {
   void* m_pData;
   ZEPH_StackNode* m_pNextNode;
@@ -691,6 +690,10 @@ class ZEPH_API CZEPHPointerStack {
 
   ZEPH_StackNode* m_pTop;
 };
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
 
 class ZEPH_API CZEPHSortableObArray : public CObArray {
  public:
@@ -1884,8 +1887,6 @@ class ZEPH_API CZEPHMatrix4x4 {
   float entries[16];
 };
 
-#include <cstdio>
-
 ZEPH_API double ZEPH_MathAbs(const double& x);
 
 ZEPH_API void ZEPH_MathClamp(double& v, const double& lo, const double& hi);
@@ -1915,13 +1916,25 @@ ZEPH_API double ZEPH_MathGetScientificNotationValue(double value, int exponent);
 ZEPH_API CString ZEPH_MathToScientificNotation(double value, int& exponent, double& mantissa,
                                                char digits, char decimals);
 
+ZEPH_API void ZEPH_MathGetExponent(double& value, double ignored, int exponent);
+
 ZEPH_API void ZEPH_MathRandomInit();
 
 ZEPH_API int ZEPH_MathRandom(int n);
 
 ZEPH_API double ZEPH_MathRandom(double lo, double hi);
 
-ZEPH_API void ZEPH_MathGetExponent(double& value, double ignored, int exponent);
+ZEPH_API void ZEPH_MathRandomSeed(unsigned seed);
+
+ZEPH_API int ZEPH_MathIsPortable();
+
+#ifdef ZEPH_PORTABLE_MATH
+
+#else
+
+#endif
+
+#include <cstdio>
 
 class ZEPH_API CZEPHPermutation {
  public:
@@ -1943,6 +1956,8 @@ class ZEPH_API CZEPHPermutation {
   static int Test1(FILE* f);
 };
 
+#include <cstdio>
+
 class ZEPH_API CZEPHIntegralSearch {
  public:
   CZEPHIntegralSearch();
@@ -1963,6 +1978,8 @@ class ZEPH_API CZEPHIntegralSearch {
  protected:
   static char Compare(int x, int y);
 };
+
+#include <cstdio>
 
 class ZEPH_API CZEPHSelectionSort {
  public:
@@ -1996,6 +2013,8 @@ class ZEPH_API CZEPHSortTester {
   static int Run(SORT_METHOD_TYPE method, int n, FILE* f);
 };
 
+#include <cstdio>
+
 class ZEPH_API CZEPHDSTimer {
  public:
   CZEPHDSTimer();
@@ -2020,15 +2039,5 @@ class ZEPH_API CZEPHDSTimer {
   ZEPH_TimeOfDay stop;
   int elapsed;
 };
-
-ZEPH_API void ZEPH_MathRandomSeed(unsigned seed);
-
-ZEPH_API int ZEPH_MathIsPortable();
-
-#ifdef ZEPH_PORTABLE_MATH
-
-#else
-
-#endif
 
 #endif  // ZEPH_TESTS_HEADERS_DOCUMENTED_H

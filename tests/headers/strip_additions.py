@@ -9,9 +9,12 @@ import re
 import sys
 
 PARTS = ["platform/macros", "platform/preconditions", "platform/long", "platform/time_of_day",
-         "platform/object", "platform/cstring", "platform/arrays", "platform/list", "frame", "containers",
+         "platform/object", "platform/cstring", "platform/arrays", "platform/list", "frame",
+         "containers/linked_list", "containers/stack", "containers/sortable", "containers/growth_arrays",
          "double_array", "raw_buffers", "linalg/double_matrix", "linalg/matrix", "linalg/matrix4",
-         "linalg/vector3", "graphics", "algorithms"]
+         "linalg/vector3", "graphics", "algorithms/mathematics", "algorithms/random_numbers",
+         "algorithms/permutation", "algorithms/integral_search", "algorithms/selection_sort",
+         "algorithms/stopwatch"]
 
 
 def closing(text, at, pair):

@@ -215,6 +215,16 @@ TEST(String, AnEmptyOrNullFormatGivesTheEmptyText) {
   EXPECT_EQ(Text(s), "");
 }
 
+TEST(String, AFormatWithAnEmptyResultGivesTheEmptyTextWhateverWasWrongBefore) {
+  CString s("old");
+  errno = EOVERFLOW;
+  s.AppendFormat("%ls", L"");
+  EXPECT_EQ(Text(s), "old");
+  errno = EOVERFLOW;
+  s.Format("%ls", L"");
+  EXPECT_EQ(Text(s), "");
+}
+
 #ifdef __GLIBC__
 /// A character that no locale has: the runtime writes nothing, and neither does the string, whatever was wrong before.
 TEST(String, AFormatThatTheRuntimeRejectsGivesTheEmptyText) {

@@ -114,6 +114,21 @@ TEST_P(MergeKernel, FollowsTheStepsWhereOneBlockRunsOutFirst) {
   }
 }
 
+/// The ends of either block, of every length, behind all that comes before.
+TEST_P(MergeKernel, FollowsTheStepsWhereBothBlocksEndInRuns) {
+  Random random(6);
+  const auto first = Ascending<double>(random, 70, 1000),
+             second = Ascending<double>(random, 70, 1000);
+  for (int tailA = 0; tailA <= 34; ++tailA)
+    for (int tailB = 0; tailB <= 34; ++tailB) {
+      auto a = first, b = second;
+      for (int i = 0; i < tailA; ++i) a.push_back(2000 + i);
+      for (int i = 0; i < tailB; ++i) b.push_back(3000 + i);
+      ASSERT_NO_FATAL_FAILURE(Check(a, b, "runs at the ends"));
+      ASSERT_NO_FATAL_FAILURE(Check(b, a, "runs at the ends, exchanged"));
+    }
+}
+
 TEST_P(MergeKernel, KeepsTheBitsAndTheOrderOfZerosAndSpecialValues) {
   constexpr double kTiny = std::numeric_limits<double>::denorm_min();
   Random random(2);

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "support/not_finite.h"
@@ -134,6 +135,25 @@ TEST_P(SearchKernel, NoneDescendsFindsADescentAtEveryIndexAndNoneElsewhere) {
     const std::vector<double> zeros = {0.0, -0.0, 0.0};
     ASSERT_TRUE(form().none_descends(zeros.data(), zeros.size())) << "n " << n;
   }
+}
+
+/// Whole vectors of equals, and of descents, between others.
+TEST_P(SearchKernel, FindsRunsOfEveryLengthAtEveryIndex) {
+  constexpr std::size_t n = 150;
+  for (std::size_t length = 1; length <= 70; ++length)
+    for (std::size_t at = 0; at + length <= n; ++at) {
+      std::vector<double> v(n, 3.0);
+      std::fill_n(v.begin() + static_cast<std::ptrdiff_t>(at), length, -1.0);
+      ASSERT_EQ(form().find_first(v.data(), n, -1.0), at) << length;
+      ASSERT_EQ(form().first_least(v.data(), n), at) << length;
+      std::vector<int> ints(v.begin(), v.end());
+      ASSERT_EQ(form().find_last(ints.data(), n, -1), at + length - 1) << "from " << at;
+      for (std::size_t i = 0; i < n; ++i) {
+        const double x = static_cast<double>(i);
+        v[i] = i < at ? x - 1000 : i < at + length ? -x : x + 1000;
+      }
+      ASSERT_EQ(form().none_descends(v.data(), n), length == 1) << "from " << at << ", " << length;
+    }
 }
 
 }  // namespace

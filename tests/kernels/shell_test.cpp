@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <limits>
 
 #include "double_array/shell_runs.h"
 #include "double_array/shell_strips.h"
@@ -15,6 +16,7 @@
 #include "kernels/table.h"
 #include "oracle/sorts.h"
 #include "support/bits.h"
+#include "support/guarded.h"
 #include "support/hostile.h"
 #include "support/numbers.h"
 #include "support/scale.h"
@@ -108,6 +110,27 @@ TEST_P(ShellInEveryForm, FinishesByRunsAfterTheWalkGaveUp) {
       });
   EXPECT_GT(given_up, 100u);
 }
+
+#ifdef ZEPH_TEST_GUARDED
+TEST_P(ShellInEveryForm, StaysInBoundsWithNaNsAndZeros) {
+  const test::Guarded memory;
+  test::Random random(4);
+  for (std::size_t n = 2; n <= 700; n += test::kFullScale && n < 200 ? 1 : 7)
+    for (const double odd : {std::numeric_limits<double>::quiet_NaN(), -0.0}) {
+      Values v(n);
+      for (double& x : v) x = random.Below(40) == 0 ? odd : random.Int(-300, 300);
+      const Values want = Walked(v);
+      for (const bool at_end : {false, true}) {
+        double* const at = memory.Copy(v, at_end);
+        ShellSort(at, n);
+        ASSERT_TRUE(test::SameBits(Values(at, at + n), want)) << n << " with " << odd;
+        memory.Copy(v, at_end);
+        ASSERT_TRUE(ShellSortByRuns(at, n, n / 2, n / 40));
+        ASSERT_TRUE(test::SameBits(Values(at, at + n), want)) << n << " with " << odd << " by runs";
+      }
+    }
+}
+#endif
 
 /// So that no order makes it quadratic.
 TEST(ShellStrips, GiveUpOnInputFarFromSorted) {

@@ -199,8 +199,10 @@ TEST_P(SortKernel, SortsAnyFewValuesAndZeroByCounting) {
 }
 
 TEST_P(SortKernel, SortsAlmostSortedAndReversedInput) {
-  for (std::size_t n : {64u, 1000u, 5000u})
-    for (std::size_t at = 0; at < n; at += n / 13 + 1)
+  std::vector<std::size_t> lengths = {1000, 5000};
+  for (std::size_t n = 25; n <= 70; ++n) lengths.push_back(n);
+  for (std::size_t n : lengths)
+    for (std::size_t at = 0; at < n; at += n <= 70 ? 1 : n / 13 + 1)
       for (double x : {-1.0, 1e9}) {
         std::vector<double> v(n);
         for (std::size_t i = 0; i < n; ++i) v[i] = static_cast<double>(i);

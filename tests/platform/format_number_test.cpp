@@ -37,6 +37,10 @@ TEST(RealFormat, WritesThreeDigitExponentsWhereTheRuntimeDoes) {
   const NumberConventions three{true, 3, "."};
   EXPECT_EQ(Scientific(1.5, three), "1.5000e+000");
   EXPECT_EQ(Scientific(-1.5e-7, three), "-1.5000e-007");
+  EXPECT_EQ(Scientific(1.5e20, three), "1.5000e+020");
+  EXPECT_EQ(Scientific(1.5e-20, three), "1.5000e-020");
+  EXPECT_EQ(Scientific(1.5e100, three), "1.5000e+100");
+  EXPECT_EQ(Scientific(-1.5e-100, three), "-1.5000e-100");
   EXPECT_EQ(Scientific(1.5e42, three), "1.5000e+042");
   EXPECT_EQ(Scientific(1.5e-300, three), "1.5000e-300");
   EXPECT_EQ(Fixed(1.5, three), "1.500000");

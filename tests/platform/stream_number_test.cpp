@@ -56,7 +56,7 @@ void ForEachSettings(Visit visit) {
       for (const auto signs :
            {Flags::fmtflags{}, Flags::showpos, Flags::uppercase, Flags::showpoint,
             Flags::showpos | Flags::showpoint | Flags::uppercase})
-        for (const int precision : {-1, 0, 1, 6, 17, 65, 1100, 1101})
+        for (const int precision : {-1, 0, 1, 6, 17, 18, 20, 27, 65, 1100, 1101})
           for (const int width : {0, 3, 30})
             if (number++ % each == 0)
               visit(Settings{notation | adjustment | signs, precision, width,

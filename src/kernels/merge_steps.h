@@ -158,20 +158,16 @@ void MergeFromBothEnds(Pair<T> p) {
   MergeByEights(p);
 }
 
-/// Returns the kHeld elements taken last from the ends to `p`, the rest of `all`: comparing element
-/// k of one block with kHeld - 1 - k of the other decides whether k is among them.
+/// Returns the kHeld elements taken last from the ends to `p`, the rest of `all`: where both blocks
+/// gave some, comparing element k of one with kHeld - 1 - k of the other decides whether k is among
+/// them. Each end was taken kHeld elements at a time.
 constexpr std::ptrdiff_t kHeld = 16;
 template <class T>
 void GiveBackEnd(const Pair<T>& all, Pair<T>& p) {
-  const std::ptrdiff_t takenA = all.aEnd - p.aEnd, takenB = all.bEnd - p.bEnd;
+  const bool takenA = p.aEnd != all.aEnd, takenB = p.bEnd != all.bEnd;
   std::ptrdiff_t fromA = 0;
-  if (takenA >= kHeld && takenB >= kHeld) {
-    for (std::ptrdiff_t k = 0; k < kHeld; ++k) fromA += p.aEnd[k] < p.bEnd[kHeld - 1 - k];
-  } else {
-    while (fromA < takenA && fromA < kHeld &&
-           (kHeld - fromA > takenB || p.aEnd[fromA] < p.bEnd[kHeld - 1 - fromA]))
-      ++fromA;
-  }
+  for (std::ptrdiff_t k = 0; takenA && k < kHeld; ++k)
+    fromA += !takenB || p.aEnd[k] < p.bEnd[kHeld - 1 - k];
   p.aEnd += fromA;
   p.bEnd += kHeld - fromA;
 }

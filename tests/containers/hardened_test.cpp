@@ -77,6 +77,26 @@ TEST(HardenedContainers, StopWhereANodeIsAlreadyInTheList) {
   });
 }
 
+TEST(HardenedContainers, StopWhereANodeIsAnywhereInTheList) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  for (std::size_t at = 0; at < 4; ++at) {
+    SCOPED_TRACE(at);
+    EXPECT_STOP_OF("CZEPHLinkList::InsertOrdered: the node is in the list already", [at] {
+      CZEPHLinkList<double> list;
+      CZEPHLink<double>* links[4];
+      for (auto*& link : links) list.InsertOrdered(link = new CZEPHLink<double>(1.0));
+      list.InsertOrdered(links[at]);
+    });
+    EXPECT_STOP_OF("CZEPHSortedLinkList::Insert: the node is in the list already", [at] {
+      CZEPHLinkData nodes[4] = {CZEPHLinkData(1), CZEPHLinkData(2), CZEPHLinkData(1),
+                                CZEPHLinkData(3)};
+      CZEPHSortedLinkList list;
+      for (CZEPHLinkData& node : nodes) list.Insert(&node);
+      list.Insert(&nodes[at]);
+    });
+  }
+}
+
 TEST(HardenedContainers, StopWhereASharedChainWasReleased) {
   ZEPH_SKIP_UNLESS_HARDENED();
   EXPECT_STOP(

@@ -1,3 +1,5 @@
+#include <climits>
+
 #include "double_array/arrays.h"
 #include "oracle/searches.h"
 #include "support/not_finite.h"
@@ -83,6 +85,13 @@ TEST(DoubleArrayBinarySearch, AgreesWithTheOracleOnEveryShortArraySortedOrNot) {
         for (int sorted : {0, 1})
           if (!testing::Test::HasFatalFailure()) CompareBinarySearch(v, sorted, x);
     });
+}
+
+TEST(DoubleArrayBinarySearch, TakesEveryFlagOtherThanZeroForSorted) {
+  for (int sorted : {0, 1, 2, -1, 256, 65'536, INT_MIN, INT_MAX}) {
+    SCOPED_TRACE(::testing::Message() << "sorted " << sorted);
+    for (double x : {1.0, 2.0, 3.0, 4.0}) CompareBinarySearch({3, 1, 2}, sorted, x);
+  }
 }
 
 TEST(DoubleArrayBinarySearch, FindsTheEqualElementItProbesFirst) {

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <climits>
 #include <type_traits>
 #include <utility>
@@ -184,6 +185,23 @@ TEST(DoubleArrayStorage, ResizeKeepsWhatFits) {
   EXPECT_EQ(a.sorted, 1);
   a.Resize(4, 0);
   EXPECT_EQ(a.size, 4);
+}
+
+TEST(DoubleArrayStorage, ResizeMovesToANewBlockForEveryPairOfSizes) {
+  for (int from = 1; from <= 20; ++from)
+    for (int to = 1; to <= 20; ++to)
+      for (int keep : {0, 1}) {
+        SCOPED_TRACE(::testing::Message() << from << " to " << to << ", keep " << keep);
+        std::vector<double> v(static_cast<std::size_t>(from));
+        for (int i = 0; i < from; ++i) v[static_cast<std::size_t>(i)] = i + 0.5;
+        CZEPHDoubleArray a = ArrayOf(v);
+        const double* const before = a.data;
+        a.Resize(to, keep);
+        EXPECT_NE(a.data, before);
+        ASSERT_EQ(a.size, to);
+        const int kept = keep ? std::min(from, to) : 0;
+        EXPECT_TRUE(SameBits(a.data, v.data(), static_cast<std::size_t>(kept)));
+      }
 }
 
 TEST(DoubleArrayStorage, ResizeBelowOneReleasesTheStorage) {

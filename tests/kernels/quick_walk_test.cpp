@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "double_array/stop_tree.h"
@@ -82,6 +83,72 @@ TEST(StopTree, PartitionsAsDocumentedAroundANaN) {
       ASSERT_EQ(stop, static_cast<std::size_t>(oracle::QuickPartition(want, 0, last, pivot)));
       ASSERT_TRUE(test::SameBits(v, want)) << at << " of " << n;
     }
+}
+
+/// What a tree has borrowed: its leaves, then the nodes of each level above.
+std::vector<kernels::Bounds> lent;
+class Lending {
+ public:
+  Lending()
+      : lender_(kernels::detail::borrow.exchange(Lend)),
+        taker_(kernels::detail::give_back.exchange(Take)) {}
+  ~Lending() {
+    kernels::detail::borrow = lender_;
+    kernels::detail::give_back = taker_;
+  }
+  Lending(const Lending&) = delete;
+  Lending& operator=(const Lending&) = delete;
+
+ private:
+  static void* Lend(std::size_t bytes) {
+    lent.assign(bytes / sizeof(kernels::Bounds), {});
+    return lent.data();
+  }
+  static void Take(void*) {}
+  void* (*lender_)(std::size_t);
+  void (*taker_)(void*);
+};
+
+/// Whether every leaf's bounds hold its elements, and every other node has those of the eight below it.
+void ExpectBoundsOf(const Values& v, const std::string& name) {
+  std::size_t nodes = (v.size() + 63) / 64, below = 0;
+  for (std::size_t i = 0; i < v.size(); ++i) {
+    const bool nan = v[i] != v[i];
+    const kernels::Bounds& leaf = lent[i / 64];
+    ASSERT_LE(leaf.least, nan ? -test::kInfinity : v[i]) << name << ", element " << i;
+    ASSERT_GE(leaf.greatest, nan ? test::kInfinity : v[i]) << name << ", element " << i;
+  }
+  for (std::size_t at = nodes; nodes > 1; below = at, at += nodes) {
+    const std::size_t children = nodes;
+    nodes = (nodes + 7) / 8;
+    for (std::size_t k = 0; k < nodes; ++k) {
+      kernels::Bounds want = lent[below + 8 * k];
+      for (std::size_t child = 8 * k; child < std::min(8 * k + 8, children); ++child) {
+        want.least = std::min(want.least, lent[below + child].least);
+        want.greatest = std::max(want.greatest, lent[below + child].greatest);
+      }
+      ASSERT_EQ(lent[at + k].least, want.least) << name << ", node " << k << " of " << nodes;
+      ASSERT_EQ(lent[at + k].greatest, want.greatest) << name << ", node " << k << " of " << nodes;
+    }
+  }
+}
+
+/// Bounds that are too wide cost time only: scans enter what they could skip.
+TEST(StopTree, NodesHaveTheBoundsOfThoseBelowAfterEveryPartition) {
+  const Lending lending;
+  for (Content content : {Content::kBothZeros, Content::kOnePercentNans, Content::kHalfZeros}) {
+    const std::string name = test::kContentNames[static_cast<int>(content)];
+    Values v = test::Hostile(content, Arrangement::kKiller, kLarge, 3);
+    StopTree tree(v.data(), v.size());
+    std::size_t first = 0, last = v.size() - 1;
+    tree.Cover(first, last);
+    for (int k = 0; last - first > 3; ++k) {
+      const std::size_t p = tree.Part(first, last);
+      (p - first < last - p ? first : last) = p - first < last - p ? p + 1 : p - 1;
+      if (k % 64 != 0) continue;
+      ASSERT_NO_FATAL_FAILURE(ExpectBoundsOf(v, name));
+    }
+  }
 }
 
 TEST(QuickWalk, MakesTheDocumentedExchangesWithoutMemoryForTheTree) {

@@ -1,6 +1,7 @@
 // life_child CASE: a process in which the library has threads ends, forks and so on.
 #include <atomic>
 #include <chrono>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <thread>
@@ -47,6 +48,33 @@ void Counts() {
   ZEPH_SetThreads(1);
   Say(IsOrUnknown(1), "and they end too");
 }
+
+#ifdef __linux__
+/// The address space of the process in MiB, 0 where the system does not say.
+long AddressSpace() {
+  long pages = 0;
+  if (std::FILE* const file = std::fopen("/proc/self/statm", "r")) {
+    if (std::fscanf(file, "%ld", &pages) != 1) pages = 0;
+    std::fclose(file);
+  }
+  return pages / 1024 * (sysconf(_SC_PAGESIZE) / 1024);
+}
+
+/// A thread that has ended and was not joined keeps its stack, 8 MiB as a rule.
+void StartAndEndOften() {
+  Work work;
+  const auto round = [&work] {
+    ZEPH_SetThreads(4);
+    const bool right = work.Right();
+    ZEPH_SetThreads(1);
+    return right;
+  };
+  bool right = round();
+  const long before = AddressSpace();
+  for (int k = 0; k < Scaled(100, 60); ++k) right = round() && right;
+  Say(right && AddressSpace() - before < 300, "nothing is left of threads that have ended");
+}
+#endif
 
 /// The process ends with sleeping threads, or with threads at work for another thread.
 void EndLive() {
@@ -289,6 +317,9 @@ struct Case {
 };
 const Case kCases[] = {
     {"counts", Counts},
+#ifdef __linux__
+    {"often", StartAndEndOften},
+#endif
     {"live", EndLive},
     {"elsewhere", EndElsewhere},
     {"static", StaticObjects},

@@ -44,6 +44,16 @@ TEST(WorkerThreads, AreStartedOnlyOnRequestAndAsManyAsRequested) {
   ExpectAllWell("counts", 7);
 }
 
+#ifdef __linux__
+TEST(WorkerThreads, LeaveNothingBehindWhereTheyAreEnded) {
+  if (ChildrenAreEmulated()) GTEST_SKIP() << kOtherThreads;
+#ifdef ZEPH_TEST_SANITIZED
+  GTEST_SKIP() << "the sanitizers keep memory for threads that have ended";
+#endif
+  ExpectAllWell("often", 1);
+}
+#endif
+
 TEST(WorkerThreads, ProcessEndsWhileTheySleep) {
   ExpectAllWell("live", 1);
 }

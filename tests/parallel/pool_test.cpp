@@ -88,6 +88,37 @@ TEST_F(Pool, UsesNoMoreThreadsThanRequestedEvenIfMoreAreIdle) {
   EXPECT_EQ(Workers(), 7);
 }
 
+/// The workers of a call that ends look for another one: only as many join it as it may have.
+TEST_F(Pool, UsesNoMoreThreadsThanRequestedEvenIfMoreBecomeFree) {
+  for (const std::size_t threads : {2u, 3u, 5u}) {
+    std::atomic<int> inFirst{0};
+    std::atomic<bool> go{false}, end{false};
+    std::thread first([&] {
+      Share(8, 8, [&](std::size_t) {
+        ++inFirst;
+        while (!go) std::this_thread::yield();
+      });
+    });
+    while (inFirst < 8) std::this_thread::yield();
+    std::atomic<std::size_t> in{0};
+    std::thread second([&] {
+      Share(static_cast<int>(threads), 20, [&](std::size_t) {
+        ++in;
+        while (!end) std::this_thread::yield();
+      });
+    });
+    while (in < 1) std::this_thread::yield();
+    go = true;
+    first.join();
+    while (in < threads) std::this_thread::yield();
+    for (int wait = 0; wait < 20 && in == threads; ++wait)
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    EXPECT_EQ(in, threads);
+    end = true;
+    second.join();
+  }
+}
+
 TEST_F(Pool, StartsNoMoreThreadsThanThereArePieces) {
   for (const std::size_t pieces : {2u, 3u, 5u}) {
     Share(8, pieces, [](std::size_t) {});

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <atomic>
 #include <cstddef>
 #include <iterator>
@@ -159,6 +160,23 @@ TEST(HardenedRawBuffers, StopAtAMergeIntoItsOwnInput) {
     double b[6] = {0, 0, 0, 1, 3};
     ZEPH_ArrayMergeSorted(a, 2, b + 3, 2, b);
   });
+}
+
+/// Norms of a block of a matrix whose other rows are missing: each has the bits of the whole matrix's norm.
+TEST(HardenedRawBuffers, AllowMissingRowsBesideThoseInUse) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  double cells[5][5];
+  for (int i = 0; i < 25; ++i) cells[i / 5][i % 5] = i * 7 % 11 - 4.5;
+  double* whole[5];
+  for (int i = 0; i < 5; ++i) whole[i] = cells[i];
+  for (int start = 0; start < 5; ++start)
+    for (int n = 1; n <= 5 - start; ++n) {
+      double* rows[5] = {};
+      std::copy_n(whole + start, n, rows + start);
+      for (auto* norm : {ZEPH_MatrixOneNorm, ZEPH_MatrixMaxNorm, ZEPH_MatrixFrobNorm,
+                         ZEPH_MatrixFrobNorm2, ZEPH_MatrixFrobNorm3})
+        EXPECT_EQ(norm(rows, n, start), norm(whole, n, start)) << n << " from " << start;
+    }
 }
 
 TEST(HardenedRawBuffers, AllowEverythingDocumented) {

@@ -59,31 +59,31 @@ struct Form {
   std::string name;
   Sorter<double> doubles;
   Sorter<int> ints;
-  Sorter<double> atTheLimit;  // the quicksort at its limit of partitions
-  std::size_t small;          // elements that are not partitioned
-  double most;                // partitions of random elements, relative to perfect halving
+  void (*limited)(double* v, std::size_t n, int depth);  // the quicksort with that limit
+  std::size_t small;                                     // elements that are not partitioned
+  double most;  // partitions of random elements, relative to perfect halving
 };
 
 std::vector<Form> Forms() {
   std::vector<Form> forms;
   forms.push_back({"portable", portable::kSorting.sort_doubles, portable::kSorting.sort_ints,
-                   [](double* v, std::size_t n) {
-                     portable::QuickSort<double>(v, n, nullptr, 0, counting::Chance());
+                   [](double* v, std::size_t n, int depth) {
+                     portable::QuickSort<double>(v, n, nullptr, depth, counting::Chance());
                    },
                    portable::kSmall, 1.3});
 #if ZEPH_X64
   __builtin_cpu_init();
   if (__builtin_cpu_supports("avx2"))
     forms.push_back({"avx2", avx2::kSorting.sort_doubles, avx2::kSorting.sort_ints,
-                     [](double* v, std::size_t n) {
-                       avx2::QuickSort<double>(v, n, 0.0, false, 0, counting::Chance());
+                     [](double* v, std::size_t n, int depth) {
+                       avx2::QuickSort<double>(v, n, 0.0, false, depth, counting::Chance());
                      },
                      avx2::kSmall, 1.2});
   if (__builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq") &&
       __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512vl"))
     forms.push_back({"avx512", avx512::kSorting.sort_doubles, avx512::kSorting.sort_ints,
-                     [](double* v, std::size_t n) {
-                       avx512::QuickSort<double>(v, n, 0.0, false, 0, counting::Chance());
+                     [](double* v, std::size_t n, int depth) {
+                       avx512::QuickSort<double>(v, n, 0.0, false, depth, counting::Chance());
                      },
                      avx512::kSmall, 1.2});
 #endif
@@ -215,11 +215,18 @@ TEST_P(SortSteps, RecursionDeepensOncePerHalving) {
   }
 }
 
+/// After `depth` partitions of what contains it, each piece is left to the heap sort.
 TEST_P(SortSteps, HeapSortTakesOverAtTheDepthLimit) {
-  SortAndCount(GetParam().atTheLimit, Shuffled<double>(3000));
-  EXPECT_EQ(0u, counts[kPartitioned].times);
-  EXPECT_EQ(1u, counts[kHeapSorted].times);
-  EXPECT_EQ(3000u, counts[kHeapSorted].elements);
+  for (std::size_t depth = 0; depth <= 3; ++depth) {
+    std::vector<double> v = Shuffled<double>(3000);
+    std::fill(std::begin(counts), std::end(counts), Count());
+    GetParam().limited(v.data(), v.size(), static_cast<int>(depth));
+    EXPECT_TRUE(std::is_sorted(v.begin(), v.end())) << depth;
+    const std::size_t pieces = std::size_t{1} << depth;
+    EXPECT_EQ(pieces - 1, counts[kPartitioned].times) << depth;
+    EXPECT_EQ(pieces, counts[kHeapSorted].times) << depth;
+    EXPECT_EQ(3000u, counts[kHeapSorted].elements) << depth;
+  }
 }
 
 /// Two generations per halving, and four more.

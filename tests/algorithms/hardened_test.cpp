@@ -1,4 +1,5 @@
 #include <climits>
+#include <cstdint>
 
 #include "algorithms.h"
 #include "support/hardened.h"
@@ -18,9 +19,13 @@ TEST(HardenedAlgorithms, StopAtDivisionByZeroAndOverflow) {
 TEST(HardenedAlgorithms, AllowEverythingDocumented) {
   ZEPH_SKIP_UNLESS_HARDENED();
   {  // division
-    int q, r;
-    ZEPH_MathIntegerDivision(INT_MIN, 1, q, r);
-    ZEPH_MathIntegerDivision(INT_MAX, -1, q, r);
+    for (const int a : {INT_MIN, INT_MIN + 1, -1, 0, 1, INT_MAX})
+      for (const int b : {INT_MIN, -2, -1, 1, 2, INT_MAX}) {
+        if (a == INT_MIN && b == -1) continue;  // the one quotient that is not an int
+        int q = 0, r = 0;
+        ZEPH_MathIntegerDivision(a, b, q, r);
+        EXPECT_EQ(std::int64_t{q} * b + r, a) << a << " / " << b;
+      }
   }
   {  // nulls
     CZEPHIntegralSearch::BinarySearch(nullptr, 0, 9, 1);

@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <string>
+#include <vector>
 
 #include "batch/inputs.h"
 #include "support/allocation.h"
@@ -65,18 +67,42 @@ TEST(BatchArrays, OnlyComponentsAreWritten) {
   });
 }
 
-TEST(BatchArrays, TheMatrixMayBeAmongTheResults) {
-  auto matrices = Generated<CZEPHMatrix4x4>(Kind::kModerate, 9, 3);
-  std::vector<CZEPHMatrix4x4> want;
-  for (const CZEPHMatrix4x4& m : matrices) want.push_back(matrices[4] * m);
-  ZEPH_BatchMultiply(matrices[4], matrices.data(), matrices.data(), 9);
-  EXPECT_TRUE(SameValues(Values(matrices), Values(want)));
+/// A matrix or an axis at each place of the results, in every form: of some it is read as it goes.
+template <class Object, class Single, class Batch>
+void CheckAmongTheResults(Single single, Batch batch) {
+  constexpr std::size_t kCount = 9;
+  const auto before = Generated<Object>(Kind::kModerate, kCount, 3);
+  for (std::size_t at = 0; at < kCount; ++at) {
+    std::vector<Object> want;
+    for (const Object& object : before) want.push_back(single(before[at], object));
+    ForEachForm([&](const std::string& form) {
+      auto objects = before;
+      batch(objects[at], objects.data(), static_cast<int>(kCount));
+      ASSERT_TRUE(SameValues(Values(objects), Values(want))) << form << " at " << at;
+    });
+  }
+}
 
-  auto doubles = Generated<CZEPHMatrix4>(Kind::kModerate, 9, 4);
-  std::vector<CZEPHMatrix4> wanted;
-  for (const CZEPHMatrix4& m : doubles) wanted.push_back(doubles[0] * m);
-  ZEPH_BatchMultiply(doubles[0], doubles.data(), doubles.data(), 9);
-  EXPECT_TRUE(SameValues(Values(doubles), Values(wanted)));
+TEST(BatchArrays, TheMatrixMayBeAmongTheResults) {
+  CheckAmongTheResults<CZEPHMatrix4x4>(
+      [](const CZEPHMatrix4x4& m, const CZEPHMatrix4x4& other) { return m * other; },
+      [](const CZEPHMatrix4x4& m, CZEPHMatrix4x4* all, int n) {
+        ZEPH_BatchMultiply(m, all, all, n);
+      });
+  CheckAmongTheResults<CZEPHMatrix4>(
+      [](const CZEPHMatrix4& m, const CZEPHMatrix4& other) { return m * other; },
+      [](const CZEPHMatrix4& m, CZEPHMatrix4* all, int n) { ZEPH_BatchMultiply(m, all, all, n); });
+}
+
+TEST(BatchArrays, TheAxisMayBeAmongTheResults) {
+  for (const double angle : {0.0, 20.0})
+    CheckAmongTheResults<CZEPHVector3D>(
+        [angle](const CZEPHVector3D& axis, const CZEPHVector3D& v) {
+          return v.GetRotatedAxis(angle, axis);
+        },
+        [angle](const CZEPHVector3D& axis, CZEPHVector3D* all, int n) {
+          ZEPH_BatchRotateAxis(angle, axis, all, all, n);
+        });
 }
 
 TEST(BatchArrays, AMatrixAmongManyResultsIsReadBeforeTheyAreWritten) {
@@ -91,8 +117,11 @@ TEST(BatchArrays, AMatrixAmongManyResultsIsReadBeforeTheyAreWritten) {
         }
       std::vector<CZEPHMatrix4x4> want;
       for (const CZEPHMatrix4x4& m : matrices) want.push_back(matrices[at] * m);
-      ZEPH_BatchMultiply(matrices[at], matrices.data(), matrices.data(), 200);
-      ASSERT_TRUE(SameValues(Values(matrices), Values(want))) << at;
+      ForEachForm([&](const std::string& form) {
+        auto products = matrices;
+        ZEPH_BatchMultiply(products[at], products.data(), products.data(), 200);
+        ASSERT_TRUE(SameValues(Values(products), Values(want))) << form << " at " << at;
+      });
     }
 }
 
@@ -170,14 +199,6 @@ TEST(BatchArrays, AllocateNothing) {
   const long before = AllocationCount();
   arrays.All(39);
   EXPECT_EQ(AllocationCount(), before);
-}
-
-TEST(BatchArrays, TheAxisMayBeAmongTheResults) {
-  auto vectors = Generated<CZEPHVector3D>(Kind::kModerate, 20, 5);
-  std::vector<CZEPHVector3D> want;
-  for (const CZEPHVector3D& v : vectors) want.push_back(v.GetRotatedAxis(20, vectors[2]));
-  ZEPH_BatchRotateAxis(20, vectors[2], vectors.data(), vectors.data(), 20);
-  EXPECT_TRUE(SameValues(Values(vectors), Values(want)));
 }
 
 TEST(BatchArrays, DoNotChangeTheLiveObjectCount) {

@@ -1,12 +1,14 @@
 // The box around points against its definition.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <string>
 
 #include "batch/inputs.h"
 #include "support/modes.h"
 #include "support/not_finite.h"
+#include "support/scale.h"
 
 namespace zeph::test {
 namespace {
@@ -193,6 +195,32 @@ void CheckNaN() {
 TEST(BatchBounds, KeepTheBitsOfANaNInAnyComponentOfTheFirstPoint) {
   CheckNaN<CZEPHVector3D>();
   CheckNaN<CZEPHVector3>();
+}
+
+/// Corners at every pair of places among points of units and zeros of both signs.
+template <class V>
+void CheckAmongThePoints() {
+  for (const int n : {1, 2, 3, 5})
+    for (std::uint64_t seed = 0; seed < Scaled(200); ++seed) {
+      const auto values =
+          Numbers<Component<V>>(Kind::kUnits, 3 * static_cast<std::size_t>(n), seed);
+      const auto box = Box(values);
+      for (std::size_t low = 0; low < values.size(); low += 3)
+        for (std::size_t high = 0; high < values.size(); high += 3) {
+          auto points = Objects<V>(values);
+          ZEPH_BatchBounds(points.data(), n, points[low / 3], points[high / 3]);
+          auto want = values;
+          std::copy_n(box.begin(), 3, want.begin() + static_cast<std::ptrdiff_t>(low));
+          std::copy_n(box.begin() + 3, 3, want.begin() + static_cast<std::ptrdiff_t>(high));
+          ASSERT_TRUE(SameBits(Values(points), want))
+              << n << " seed " << seed << " at " << low / 3 << " and " << high / 3;
+        }
+    }
+}
+
+TEST(BatchBounds, OfZerosOfBothSignsMayLieAtAnyTwoOfThePoints) {
+  CheckAmongThePoints<CZEPHVector3D>();
+  CheckAmongThePoints<CZEPHVector3>();
 }
 
 TEST(BatchBounds, MayLieAmongThePoints) {

@@ -61,6 +61,17 @@ TEST(HardenedContainers, StopAtAPositionInAnotherList) {
   });
 }
 
+TEST(HardenedContainers, TellAListsOwnPositionsFromThoseOfAnother) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  CZEPHSortableObList list, other;
+  for (int i = 0; i < 3; ++i) list.AddTail(nullptr), other.AddTail(nullptr);
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_STOP_OF("CZEPHSortableObList::Sort: start is not a position in this list",
+                   [&] { list.Sort(other.FindIndex(i), 1, Equal); });
+    list.Sort(list.FindIndex(i), 1, Equal);
+  }
+}
+
 TEST(HardenedContainers, StopWhereANodeIsAlreadyInTheList) {
   ZEPH_SKIP_UNLESS_HARDENED();
   EXPECT_STOP("CZEPHLinkList::InsertOrdered: the node is in the list already", {

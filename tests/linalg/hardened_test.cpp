@@ -160,6 +160,7 @@ TEST(HardenedLinalg, AllowsEverythingDocumented) {
     Use(v[1] + m[1][1]);
   }
   CZEPHVector().Check(false, static_cast<char*>(nullptr));
+  CZEPHMatrix().Check(false, static_cast<char*>(nullptr));
 }
 
 TEST(HardenedLinalg, StopsAtEachEndOfEachRange) {

@@ -6,6 +6,7 @@
 #include "algorithms.h"
 #include "support/bits.h"
 #include "support/random_source.h"
+#include "support/second.h"
 
 using namespace zeph::test;
 
@@ -50,7 +51,7 @@ TEST(MathRandom, DrawsBetweenTwoBoundsInEitherOrder) {
 
 TEST(MathRandomInit, SeedsWithTheTimeInSeconds) {
   for (int attempt = 0; attempt < 10; ++attempt) {
-    const std::time_t before = std::time(nullptr);
+    const std::time_t before = SecondAwayFromItsTurn();
     ZEPH_MathRandomInit();
     const int first = ZEPH_MathRandom(0), second = ZEPH_MathRandom(0);
     if (std::time(nullptr) != before) continue;  // the second changed in between

@@ -1,12 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
 #include <climits>
 #include <cstdio>
 #include <ctime>
 #include <string>
-#include <thread>
 #include <type_traits>
 #include <vector>
 
@@ -14,6 +12,7 @@
 #include "support/bits.h"
 #include "support/child.h"
 #include "support/random_source.h"
+#include "support/second.h"
 #include "support/selection_report.h"
 #include "support/stream.h"
 
@@ -47,18 +46,6 @@ void Fill(Draws& draws, int sign, double& x) {
   } else {
     const int r = draws.Next();
     x = r >= 16383 ? -(draws.Next() % 10000) / 10.0 : (draws.Next() % 10000) / 10.0;
-  }
-}
-
-/// The current second. A system's clocks change it some milliseconds apart: waits until none can
-/// change soon.
-std::time_t SecondAwayFromItsTurn() {
-  using namespace std::chrono;
-  for (;;) {
-    const auto now = system_clock::now();
-    const auto into = duration_cast<milliseconds>(now.time_since_epoch()) % seconds(1);
-    if (into > milliseconds(50) && into < milliseconds(900)) return system_clock::to_time_t(now);
-    std::this_thread::sleep_for(milliseconds(20));
   }
 }
 

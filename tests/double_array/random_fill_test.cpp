@@ -4,6 +4,7 @@
 #include "algorithms.h"
 #include "double_array/arrays.h"
 #include "support/random_source.h"
+#include "support/second.h"
 
 using namespace zeph::test;
 
@@ -22,7 +23,7 @@ TEST(DoubleArrayRandom, FillsWithWholeNumbersBelow999AndClearsTheSortedFlag) {
 
 TEST(DoubleArrayRandom, IsSeededWithTheTimeOnEveryCall) {
   CZEPHDoubleArray a(100, -1.0);
-  const auto from = static_cast<unsigned>(std::time(nullptr));
+  const auto from = static_cast<unsigned>(SecondAwayFromItsTurn());
   a.Random();
   const auto to = static_cast<unsigned>(std::time(nullptr));
   bool met = false;

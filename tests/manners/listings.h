@@ -8,9 +8,12 @@
 
 namespace zeph::test {
 
+/// Whether a listing has numbers with a decimal point: the same each time, or times and random ones.
+enum class Decimals { kNone, kSame, kVarying };
+
 struct Listing {
   const char* name;
-  bool hasNumbers;  // with a decimal point, the same each time
+  Decimals decimals;
   void (*write)(std::FILE* f);
 };
 
@@ -23,41 +26,49 @@ inline int listed_numbers[] = {1, -2, 3, 40000};
 inline char listed_letters[] = {'a', 'b', 'c', 'd'};
 
 inline const Listing kListings[] = {
-    {"array of doubles", true,
+    {"array of doubles", Decimals::kSame,
      [](std::FILE* f) { ZEPH_ArrayDisplay(f, listed_values, 16, listed_name); }},
-    {"range of doubles", true,
+    {"range of doubles", Decimals::kSame,
      [](std::FILE* f) { ZEPH_ArrayDisplay(f, listed_values, 2, 9, listed_name); }},
-    {"array of ints", false,
+    {"array of ints", Decimals::kNone,
      [](std::FILE* f) { ZEPH_ArrayDisplay(f, listed_numbers, 4, listed_name); }},
-    {"range of ints", false,
+    {"range of ints", Decimals::kNone,
      [](std::FILE* f) { ZEPH_ArrayDisplay(f, listed_numbers, 0, 2, listed_name); }},
-    {"matrix", true, [](std::FILE* f) { ZEPH_MatrixPrint(f, 4, 3, listed_rows, listed_name); }},
-    {"square", true, [](std::FILE* f) { ZEPH_MatrixPrint(f, 4, listed_rows, listed_name); }},
-    {"3 x 3", true, [](std::FILE* f) { ZEPH_MatrixPrint3(f, listed_rows, listed_name); }},
-    {"4 x 4", true, [](std::FILE* f) { ZEPH_MatrixPrint4(f, listed_rows, listed_name); }},
-    {"flat 4 x 4", true, [](std::FILE* f) { ZEPH_MatrixPrint4(f, listed_values, listed_name); }},
-    {"vector of 3", true, [](std::FILE* f) { ZEPH_VectorPrint3(f, listed_values, listed_name); }},
-    {"CZEPHVector", true, [](std::FILE* f) { CZEPHVector(5, listed_values).Display(f, ';'); }},
-    {"CZEPHMatrix", true,
+    {"matrix", Decimals::kSame,
+     [](std::FILE* f) { ZEPH_MatrixPrint(f, 4, 3, listed_rows, listed_name); }},
+    {"square", Decimals::kSame,
+     [](std::FILE* f) { ZEPH_MatrixPrint(f, 4, listed_rows, listed_name); }},
+    {"3 x 3", Decimals::kSame,
+     [](std::FILE* f) { ZEPH_MatrixPrint3(f, listed_rows, listed_name); }},
+    {"4 x 4", Decimals::kSame,
+     [](std::FILE* f) { ZEPH_MatrixPrint4(f, listed_rows, listed_name); }},
+    {"flat 4 x 4", Decimals::kSame,
+     [](std::FILE* f) { ZEPH_MatrixPrint4(f, listed_values, listed_name); }},
+    {"vector of 3", Decimals::kSame,
+     [](std::FILE* f) { ZEPH_VectorPrint3(f, listed_values, listed_name); }},
+    {"CZEPHVector", Decimals::kSame,
+     [](std::FILE* f) { CZEPHVector(5, listed_values).Display(f, ';'); }},
+    {"CZEPHMatrix", Decimals::kSame,
      [](std::FILE* f) {
        CZEPHMatrix m(2, 2);
        for (int i = 0; i < 4; ++i) m[i / 2][i % 2] = listed_values[i];
        m.Display(f, ',');
      }},
-    {"orderings of letters", false,
+    {"orderings of letters", Decimals::kNone,
      [](std::FILE* f) { CZEPHPermutation::Run(listed_letters, 0, 4, f); }},
-    {"orderings of ints", false,
+    {"orderings of ints", Decimals::kNone,
      [](std::FILE* f) { CZEPHPermutation::Run(listed_numbers, 0, 4, f); }},
-    {"report of orderings", false, [](std::FILE* f) { CZEPHPermutation::Test1(f); }},
-    {"report of searches", false, [](std::FILE* f) { CZEPHIntegralSearch::Test1(f); }},
-    {"announced sort", false, [](std::FILE* f) { const CZEPHSelectionSort announced(f); }},
-    {"report of sorts", false, [](std::FILE* f) { CZEPHSelectionSort::Test1(3, f); }},
-    {"report of no sort", false,
+    {"report of orderings", Decimals::kNone, [](std::FILE* f) { CZEPHPermutation::Test1(f); }},
+    {"report of searches", Decimals::kVarying, [](std::FILE* f) { CZEPHIntegralSearch::Test1(f); }},
+    {"announced sort", Decimals::kNone,
+     [](std::FILE* f) { const CZEPHSelectionSort announced(f); }},
+    {"report of sorts", Decimals::kVarying, [](std::FILE* f) { CZEPHSelectionSort::Test1(3, f); }},
+    {"report of no sort", Decimals::kNone,
      [](std::FILE* f) {
        CZEPHSortTester::Run(static_cast<CZEPHSortTester::SORT_METHOD_TYPE>(7), 3, f);
      }},
-    {"report of a stopwatch", false, [](std::FILE* f) { CZEPHDSTimer::Test1(0, f); }},
-    {"report of stacks", false, [](std::FILE* f) { CZEPHPointerStack::Test1(3, f); }},
+    {"report of a stopwatch", Decimals::kNone, [](std::FILE* f) { CZEPHDSTimer::Test1(0, f); }},
+    {"report of stacks", Decimals::kNone, [](std::FILE* f) { CZEPHPointerStack::Test1(3, f); }},
 };
 
 }  // namespace zeph::test

@@ -11,6 +11,17 @@ struct FiveObjects : CZEPHSortableObArray {
   FiveObjects() { SetSize(5); }
 };
 
+/// An operation of a stack whose only node another one has released.
+template <class Stack>
+void AfterACopyPopped(void (*operate)(Stack&)) {
+  int item = 0;
+  Stack stack;
+  stack.Push(&item);
+  Stack copy = stack;
+  stack.Pop();
+  operate(copy);
+}
+
 }  // namespace
 
 TEST(HardenedContainers, StopAtANullCompareFunction) {
@@ -200,38 +211,14 @@ TEST(HardenedContainers, StopAtEveryBreachOfEveryOperation) {
               CZEPHSortableObList().SortStable(nullptr));
   EXPECT_STOP("CZEPHSortableObList::SortStable: compare is null",
               CZEPHSortableObList().SortStable(nullptr, 2, nullptr));
-  EXPECT_STOP("CZEPHStack::Pop: the first node was released by another that shared the chain", {
-    int item = 0;
-    CZEPHStack stack;
-    stack.Push(&item);
-    CZEPHStack copy = stack;
-    stack.Pop();
-    copy.Pop();
-  });
-  EXPECT_STOP("CZEPHStack::Peek: the first node was released by another that shared the chain", {
-    int item = 0;
-    CZEPHStack stack;
-    stack.Push(&item);
-    CZEPHStack copy = stack;
-    stack.Pop();
-    copy.Peek();
-  });
+  EXPECT_STOP("CZEPHStack::Pop: the first node was released by another that shared the chain",
+              AfterACopyPopped<CZEPHStack>([](CZEPHStack& stack) { stack.Pop(); }));
+  EXPECT_STOP("CZEPHStack::Peek: the first node was released by another that shared the chain",
+              AfterACopyPopped<CZEPHStack>([](CZEPHStack& stack) { stack.Peek(); }));
   EXPECT_STOP(
-      "CZEPHPointerStack::Pop: the first node was released by another that shared the chain", {
-        int item = 0;
-        CZEPHPointerStack stack;
-        stack.Push(&item);
-        CZEPHPointerStack copy = stack;
-        stack.Pop();
-        copy.Pop();
-      });
+      "CZEPHPointerStack::Pop: the first node was released by another that shared the chain",
+      AfterACopyPopped<CZEPHPointerStack>([](CZEPHPointerStack& stack) { stack.Pop(); }));
   EXPECT_STOP(
-      "CZEPHPointerStack::Peek: the first node was released by another that shared the chain", {
-        int item = 0;
-        CZEPHPointerStack stack;
-        stack.Push(&item);
-        CZEPHPointerStack copy = stack;
-        stack.Pop();
-        copy.Peek();
-      });
+      "CZEPHPointerStack::Peek: the first node was released by another that shared the chain",
+      AfterACopyPopped<CZEPHPointerStack>([](CZEPHPointerStack& stack) { stack.Peek(); }));
 }

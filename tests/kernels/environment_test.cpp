@@ -141,6 +141,16 @@ TEST_P(KernelEnvironment, SortsNeverTrapWhereDenormalsAreZero) {
   }
 }
 
+TEST_P(KernelEnvironment, SortsKeepTheDenormalTrapOfAHostThatKeepsDenormals) {
+  if (!KeepsItsRegister()) GTEST_SKIP() << "this processor's register is not a whole one";
+  const unsigned host = 0x1F80 & ~kDenormalTrap;
+  for (const std::size_t n : {9u, 130u, 3000u, 9000u}) {
+    Values v = WithDenormals(n, n, 1.0, 1000);  // and so without any, which would trap
+    EXPECT_EQ(host, LeftBy(host, [&] { SortAscending(v.data(), n); })) << n;
+    EXPECT_TRUE(std::is_sorted(v.begin(), v.end())) << n;
+  }
+}
+
 /// What only moves or compares numbers, in a host that treats denormals as zeros: no flag, no mode.
 TEST_P(KernelEnvironment, MovesAndComparisonsRestoreTheControlRegister) {
   if (!KeepsItsRegister()) GTEST_SKIP() << "this processor's register is not a whole one";

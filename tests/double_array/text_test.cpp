@@ -165,6 +165,30 @@ TEST(DoubleArrayText, ExtractionOfACountOfZeroNeedsNoStorage) {
   EXPECT_EQ(next, 7);
 }
 
+TEST(DoubleArrayText, ExtractionStoresAnyCountThatNeedsNoElementInAnyArray) {
+  const auto emptied = [] {
+    CZEPHDoubleArray a(2, 7.0);
+    a.size = 0;
+    return a;
+  };
+  for (const int count : {0, -1, -3, INT_MIN}) {
+    CZEPHDoubleArray arrays[] = {CZEPHDoubleArray(), WithoutStorage(5), WithoutStorage(-2),
+                                 ArrayOf({1, 2}), emptied()};
+    for (CZEPHDoubleArray& a : arrays) {
+      SCOPED_TRACE(::testing::Message()
+                   << "count " << count << ", size " << a.size << ", storage " << !!a.data);
+      double* const storage = a.data;
+      std::istringstream is(std::to_string(count) + " 9");
+      EXPECT_TRUE(is >> a);
+      EXPECT_EQ(a.size, count);
+      EXPECT_EQ(a.data, storage);
+      int next = 0;
+      EXPECT_TRUE(is >> next);
+      EXPECT_EQ(next, 9);
+    }
+  }
+}
+
 TEST(DoubleArrayText, ExtractionThatThrowsSetsTheSizeToZeroToo) {
   for (const char* text : {"", "x", "3 1 2", "3 1 2 x", "2000000000000 1"}) {
     CZEPHDoubleArray a(3, 7.0);

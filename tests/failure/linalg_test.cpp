@@ -233,6 +233,33 @@ TEST_F(LinalgFailure, GeneralVectorsPropagateItAndLeakNothing) {
   ExpectNoRequest("move", MakeGeneral, [](General& s) { CZEPHVector moved(std::move(s.v)); });
 }
 
+TEST_F(LinalgFailure, GeneralObjectsHaveTheirNewCountsWhereMemoryRunsOut) {
+  for (const int before : {0, 1, 3, 5})
+    for (const int after : {1, 2, 8}) {
+      SCOPED_TRACE(::testing::Message() << before << " to " << after);
+      const auto vector = [=] { return CZEPHVector(before); };
+      const CZEPHVector longer(after);
+      const auto sized = [=](const CZEPHVector& v) { return v.GetSize() == after; };
+      ExpectOnFailure(
+          {"vector ReSize", 1, Ending::kPasses}, vector, [=](CZEPHVector& v) { v.ReSize(after); },
+          [=](const CZEPHVector& v) { return sized(v) && !v.m_pData; });
+      ExpectOnFailure(
+          {"vector =", kSome, Ending::kPasses}, vector, [&](CZEPHVector& v) { v = longer; }, sized);
+
+      const auto matrix = [=] { return CZEPHMatrix(before, 2); };
+      const CZEPHMatrix higher(after, 3);
+      const auto shaped = [=](const CZEPHMatrix& m) {
+        return m.GetNoRow() == after && m.GetNoColumn() == 3;
+      };
+      ExpectOnFailure(
+          {"matrix ReSize", after + 1, Ending::kPasses}, matrix,
+          [=](CZEPHMatrix& m) { m.ReSize(after, 3); }, shaped);
+      ExpectOnFailure(
+          {"matrix =", 2 * (after + 1), Ending::kPasses}, matrix,
+          [&](CZEPHMatrix& m) { m = higher; }, shaped);
+    }
+}
+
 TEST_F(LinalgFailure, FixedSizeClassesAllocateNothing) {
   const auto none = [] { return 0; };
   ExpectNoRequest("CZEPHMatrix4", none, [](int) { CZEPHMatrix4 a(2.0), b(a * a), c(-b); });

@@ -92,6 +92,41 @@ TEST_P(GuardPages, MergesStayInBounds) {
   });
 }
 
+/// Ascending: so many numbers below 0, zeros and numbers above.
+std::vector<double> AroundZero(std::size_t below, std::size_t zeros, std::size_t above,
+                               double shift) {
+  auto v = Numbers<double>(below + zeros + above);
+  for (double& x : v) x += shift;
+  std::transform(v.begin(), v.begin() + static_cast<std::ptrdiff_t>(below), v.begin(),
+                 [](double x) { return -x; });
+  std::fill_n(v.begin() + static_cast<std::ptrdiff_t>(below), zeros, 0.0);
+  std::sort(v.begin(), v.end());
+  return v;
+}
+
+/// What is below, equal to and above 0 is merged separately; either block may lack any of it.
+TEST_P(GuardPages, MergesOfBlocksThatLackASignStayInBounds) {
+  const std::size_t counts[] = {0, 1, 70};
+  std::vector<std::vector<double>> first, second;
+  for (const std::size_t below : counts)
+    for (const std::size_t zeros : counts)
+      for (const std::size_t above : counts) {
+        first.push_back(AroundZero(below, zeros, above, 0.0));
+        second.push_back(AroundZero(below, zeros, above, 0.5));
+      }
+  for (const auto& x : first)
+    for (const auto& y : second)
+      for (const bool atEnd : {true, false}) {
+        std::vector<double> want(x.size() + y.size());
+        std::merge(x.begin(), x.end(), y.begin(), y.end(), want.begin());
+        double* const got = out.Room<double>(want.size(), atEnd);
+        MergeAscending(a.Copy(x, atEnd), static_cast<std::ptrdiff_t>(x.size()), b.Copy(y, atEnd),
+                       static_cast<std::ptrdiff_t>(y.size()), got);
+        ASSERT_TRUE(std::equal(want.begin(), want.end(), got))
+            << x.size() << " with " << y.size() << (atEnd ? " at the end" : " at the beginning");
+      }
+}
+
 TEST_P(GuardPages, PartitionsStayInBounds) {
   ForEachPlace(600, [&](std::size_t n, bool atEnd) {
     auto numbers = Numbers<double>(n);

@@ -149,6 +149,29 @@ TEST(DoubleMatrixText, AFailedReadKeepsTheStorageAndWhatItReadBefore) {
   EXPECT_TRUE(SameBits(Elements(m), {{5, 6}, {7, 8}}));
 }
 
+TEST(DoubleMatrixText, InputStoresAnyCountsThatNeedNoElementWithStorageAndWithout) {
+  for (const int rows : {0, -3, 2})
+    for (const int columns : {0, -7, 4}) {
+      if (rows > 0 && columns > 0) continue;
+      CZEPHDoubleMatrix none, cleared(2, 2, 9.0), full(2, 2, 9.0);
+      cleared.Clear();
+      for (CZEPHDoubleMatrix* m : {&none, &cleared, &full}) {
+        SCOPED_TRACE(::testing::Message() << rows << " x " << columns << " into " << m->m_nRows
+                                          << " rows, storage " << !!m->m_ppData);
+        double** const table = m->m_ppData;
+        std::istringstream in(std::to_string(rows) + " " + std::to_string(columns) + " 5");
+        EXPECT_TRUE(in >> *m);
+        EXPECT_EQ(m->m_nRows, rows);
+        EXPECT_EQ(m->m_nColumns, columns);
+        EXPECT_EQ(m->m_ppData, table);
+        int next = 0;
+        EXPECT_TRUE(in >> next);
+        EXPECT_EQ(next, 5);
+      }
+      full.m_nRows = 2;
+    }
+}
+
 TEST(DoubleMatrixText, InputWithoutStorageZeroesTheCountsAndReadsNoElement) {
   CZEPHDoubleMatrix m;
   std::istringstream in("2 3 1 2 3 4 5 6");

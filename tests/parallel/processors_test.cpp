@@ -14,6 +14,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <string>
 #include <thread>
 
@@ -124,6 +125,30 @@ TEST_F(ControlGroups, BothVersionsApplyAtOnce) {
   Write("cpu/cpu.cfs_period_us", "100000");
   Write("cpu.max", "300000 100000");
   EXPECT_EQ(Processors("1:cpu:/\n0::/"), 3);
+}
+
+/// Two groups of version 1 and one of version 2, each without a limit, with the strictest one, or with
+/// another, in lines of any order.
+TEST_F(ControlGroups, TheStrictestOfAllGroupsAppliesInAnyOrder) {
+  const char* const quotas[] = {"-1", "200000", "500000"};
+  for (const char* one : quotas)
+    for (const char* other : quotas)
+      for (const char* both : quotas) {
+        Write("cpu/a/cpu.cfs_quota_us", one);
+        Write("cpu/a/cpu.cfs_period_us", "100000");
+        Write("cpu,cpuacct/b/cpu.cfs_quota_us", other);
+        Write("cpu,cpuacct/b/cpu.cfs_period_us", "100000");
+        Write("c/cpu.max", std::string(both[0] == '-' ? "max" : both) + " 100000");
+        int want = 0;
+        for (const char* quota : {one, other, both})
+          if (const int limit = std::atoi(quota) / 100'000; limit > 0)
+            want = want ? std::min(want, limit) : limit;
+        std::string lines[] = {"0::/c\n", "1:cpu:/a\n", "2:cpu,cpuacct:/b\n"};
+        do
+          EXPECT_EQ(Processors(lines[0] + lines[1] + lines[2]), want)
+              << lines[0] << lines[1] << lines[2] << one << ' ' << other << ' ' << both;
+        while (std::next_permutation(std::begin(lines), std::end(lines)));
+      }
 }
 
 /// As long as the room for a file's text, and about that: what is behind it is not read.

@@ -130,18 +130,18 @@ TEST_F(ControlGroups, BothVersionsApplyAtOnce) {
 /// Two groups of version 1 and one of version 2, each without a limit, with the strictest one, or with
 /// another, in lines of any order.
 TEST_F(ControlGroups, TheStrictestOfAllGroupsAppliesInAnyOrder) {
-  const char* const quotas[] = {"-1", "200000", "500000"};
-  for (const char* one : quotas)
-    for (const char* other : quotas)
-      for (const char* both : quotas) {
-        Write("cpu/a/cpu.cfs_quota_us", one);
+  const int quotas[] = {-1, 200'000, 500'000};
+  for (const int one : quotas)
+    for (const int other : quotas)
+      for (const int both : quotas) {
+        Write("cpu/a/cpu.cfs_quota_us", std::to_string(one));
         Write("cpu/a/cpu.cfs_period_us", "100000");
-        Write("cpu,cpuacct/b/cpu.cfs_quota_us", other);
+        Write("cpu,cpuacct/b/cpu.cfs_quota_us", std::to_string(other));
         Write("cpu,cpuacct/b/cpu.cfs_period_us", "100000");
-        Write("c/cpu.max", std::string(both[0] == '-' ? "max" : both) + " 100000");
+        Write("c/cpu.max", (both < 0 ? "max" : std::to_string(both)) + " 100000");
         int want = 0;
-        for (const char* quota : {one, other, both})
-          if (const int limit = std::atoi(quota) / 100'000; limit > 0)
+        for (const int quota : {one, other, both})
+          if (const int limit = quota / 100'000; limit > 0)
             want = want ? std::min(want, limit) : limit;
         std::string lines[] = {"0::/c\n", "1:cpu:/a\n", "2:cpu,cpuacct:/b\n"};
         do

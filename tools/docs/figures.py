@@ -48,6 +48,20 @@ def fuzz():
                   "last", "commit"], ["---", "---:", "---:", "---:"] + ["---"] * 4, rows)
 
 
+def coverage():
+    """What of the source each of two runs reaches."""
+    found = read("coverage")
+    rows = []
+    for name, title in (("suite", "the sampled suite"), ("fuzz", "the saved inputs of the fuzz targets alone")):
+        if of := {key: int(found[name][key]) for key in ("lines", "lines_of", "branches", "branches_of")
+                  if name in found}:
+            rows.append((title, of["lines"], of["lines_of"], rate(of["lines"], of["lines_of"]), of["branches"],
+                         of["branches_of"], rate(of["branches"], of["branches_of"]), found[name]["date"],
+                         found[name]["commit"]))
+    return table(["what runs", "lines reached", "of", "%", "branches taken", "of", "%", "date", "commit"],
+                 ["---"] + ["---:"] * 6 + ["---"] * 2, rows)
+
+
 def by_hand():
     found = read("by_hand")
     if not found:
@@ -175,7 +189,7 @@ def developer():
 
 PAGES = {"docs/reliability.md": {"steps": steps, "proofs": proofs, "digests": digests,
                                  "portable-digests": portable_digests, "agreed": agreed, "fuzz": fuzz,
-                                 "by-hand": by_hand},
+                                 "by-hand": by_hand, "coverage": coverage},
          "docs/mutants.md": {"figures": mutants, "survivors": explained},
          "docs/numerics.md": {"functions": functions},
          "docs/threads.md": {"thresholds": thresholds},

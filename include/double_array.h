@@ -507,8 +507,8 @@ ZEPH_API std::ostream& operator<<(std::ostream& os, const CZEPHDoubleArray& a);
 /// Reads a count and that many values into the storage that the array has.
 ///
 /// Allocates nothing: the array must have storage for as many values as the stream announces, which
-/// is not checked. Without storage, or when a read fails, `size` becomes 0. `sorted` stays as it
-/// is.
+/// is not checked. Without storage for a count above 0, or when a read fails, `size` becomes 0;
+/// a negative count is stored. `sorted` stays as it is.
 ///
 ///     CZEPHDoubleArray a(3, 0.0);
 ///     std::istringstream("3  1 2.5 4") >> a;

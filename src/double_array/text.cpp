@@ -90,18 +90,17 @@ std::ostream& operator<<(std::ostream& os, const CZEPHDoubleArray& a) {
 
 std::istream& operator>>(std::istream& is, CZEPHDoubleArray& a) {
   // A stream may throw when it fails: the size is 0 then too.
-  int count = 0;
-  const struct Ending {
+  struct Ending {
     CZEPHDoubleArray& array;
-    const int& count;
+    int count = 0;
     ~Ending() { array.size = count; }
-  } ending{a, count};
+  } ending{a};
   int announced = 0;
   if (!(is >> announced) || (!a.data && announced > 0)) return is;
   RequireRoom(a.data, announced);
   zeph::platform::StreamReader in(is);
   for (int i = 0; i < announced; ++i)
     if (!in.Read(a.data[i])) return is;
-  count = announced;
+  ending.count = announced;
   return is;
 }

@@ -8,7 +8,7 @@ for target in $targets; do
   build/memory/fuzz/zeph_fuzz_$target -runs=0 "fuzz/corpus/$target" || outcome=1
   check $outcome "$target under the memory sanitizer"
 done
-build clang ZEPHDataStructureEngine
+show configure-tidy cmake --preset tidy
 outcome=0
-git ls-files 'src/*.cpp' | xargs -P "$jobs" -n 4 clang-tidy -p build/clang --quiet --checks="-*,clang-analyzer-*" || outcome=1
+git ls-files 'src/*.cpp' | xargs -P "$jobs" -n 4 clang-tidy -p build/tidy --quiet --checks="-*,clang-analyzer-*" || outcome=1
 check $outcome "clang's static analyser"

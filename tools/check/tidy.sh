@@ -1,2 +1,2 @@
-build clang ZEPHDataStructureEngine
-git ls-files 'src/*.cpp' | xargs -P "$jobs" -n 4 clang-tidy -p build/clang --quiet
+show configure-tidy cmake --preset tidy
+git ls-files 'src/*.cpp' | xargs -P "$jobs" -n 4 clang-tidy -p build/tidy --quiet

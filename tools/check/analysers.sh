@@ -8,7 +8,10 @@ for target in $targets; do
   build/memory/fuzz/zeph_fuzz_$target -runs=0 "fuzz/corpus/$target" || outcome=1
   check $outcome "$target under the memory sanitizer"
 done
+# What these three report was looked at, and is named there.
+checks=-*,clang-analyzer-*,-clang-analyzer-valist.Uninitialized,-clang-analyzer-cplusplus.PlacementNew
+checks+=,-clang-analyzer-optin.cplusplus.UninitializedObject
 show configure-tidy cmake --preset tidy
 outcome=0
-git ls-files 'src/*.cpp' | xargs -P "$jobs" -n 4 clang-tidy -p build/tidy --quiet --checks="-*,clang-analyzer-*" || outcome=1
+git ls-files 'src/*.cpp' | xargs -P "$jobs" -n 4 clang-tidy -p build/tidy --quiet --checks="$checks" || outcome=1
 check $outcome "clang's static analyser"

@@ -4,8 +4,13 @@
 
 #include <clocale>
 
-// glibc 2.36 keeps the path of a locale that newlocale has looked for under LOCPATH.
+// glibc 2.36 keeps the path of a locale that newlocale has looked for under LOCPATH. g++'s sanitizers are a shared
+// library, which a hidden function does not reach.
+#if defined(__ELF__)
+extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions();
+#else
 extern "C" const char* __lsan_default_suppressions();
+#endif
 extern "C" const char* __lsan_default_suppressions() {
   return "leak:argz_add_sep\n";
 }

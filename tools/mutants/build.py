@@ -89,9 +89,9 @@ def build(texts, sites, tests, jobs, memory):
         places = compile_targets(["ZEPHDataStructureEngine"], jobs) or compile_targets(programs(tests), jobs)
         if not places:
             break
-        # First the constants, which stand where only a constant may; then whatever is on the line.
+        # First what may stand where only a constant or what can be assigned to may; then whatever is on the line.
         there = [s for s in sites if any(s.path == p and s.line <= n <= s.line + s.lines for p, n in places)]
-        bad = [s for s in there if s.kind == "constant" or id(s) in tried]
+        bad = [s for s in there if s.kind in ("constant", "name", "argument") or id(s) in tried]
         if not bad and all(id(s) in tried for s in there):
             raise SystemExit(f"the mutated tree does not build: {sorted(places)}")
         tried |= {id(s) for s in there}

@@ -216,6 +216,7 @@ def main():
     parse.add_argument("--jobs", type=int, default=1)
     parse.add_argument("--minutes", type=float, default=0, help="stop after so many; 0: never")
     parse.add_argument("--files", default="", help="only paths that match this pattern")
+    parse.add_argument("--kinds", default="", help="only mistakes of the kinds that match this pattern")
     parse.add_argument("--quick", action="store_true",
                        help="only tests/kernels, which does it by itself, runs wide kernels: for a first pass")
     parse.add_argument("--tests", default="", help="only tests of folders that match this pattern")
@@ -227,7 +228,7 @@ def main():
 
     say("mutants: reading include/ and src/")
     texts, everything, memory = find_sites()
-    found = [s for s in everything if re.search(given.files, s.path)]
+    found = [s for s in everything if re.search(given.files, s.path) and re.search(given.kinds, s.kind)]
     count = sum(len(s.forms) for s in found)
     if given.survivors:
         again = {identity(r) for r in last_rows() if alive(r)}

@@ -1,7 +1,8 @@
 """Finds the places of a source where a small mistake can be made, and the mistakes: operators,
-constants, conditions, returned values, statements and intrinsics in the bodies of functions."""
+constants, conditions, returned values, statements, names, arguments and intrinsics in the bodies of functions."""
 import os
 import re
+import zlib
 from dataclasses import dataclass, field
 
 from clang import cindex
@@ -59,6 +60,14 @@ def name_of(file):
     return os.path.normpath(file.name) if file else None
 
 
+def type_of(cursor):
+    """Without a reference and an outer const."""
+    kind = cursor.type.get_canonical()
+    if kind.kind in {T.LVALUEREFERENCE, T.RVALUEREFERENCE}:
+        kind = kind.get_pointee()
+    return re.sub(r"^const (?=[^*]*$)|(?<=\*)const$", "", kind.spelling)
+
+
 def parse(path):
     record = cindex.TranslationUnit.PARSE_DETAILED_PROCESSING_RECORD  # to know where macros stand
     unit = cindex.Index.create().parse(path, args=FLAGS, options=record)
@@ -112,6 +121,7 @@ class Finder:
                     head = self.text_between(cursor.extent.start.offset, body.extent.start.offset)
                     self.constant = "constexpr" in head
                     self.returns = cursor.result_type.get_canonical().kind
+                    self.variables = [c for c in cursor.get_children() if c.kind == K.PARM_DECL]
                     self.visit(body, cursor)
                     self.macros_in(body)
         elif cursor.kind in {K.NAMESPACE, K.CLASS_DECL, K.STRUCT_DECL, K.CLASS_TEMPLATE,
@@ -168,8 +178,13 @@ class Finder:
         if kind == K.CASE_STMT:
             children = children[1:]
         self.sites_at(cursor, parent, children)
+        outside = len(self.variables)
         for child in children:
             self.visit(child, cursor)
+        if kind in STATEMENTS or kind == K.LAMBDA_EXPR:
+            del self.variables[outside:]
+        elif kind in {K.VAR_DECL, K.PARM_DECL}:
+            self.variables.append(cursor)
 
     def is_hardened_check(self, cursor):
         """What is no code but in hardened builds: calls of Require... and conditions of such macros."""
@@ -193,6 +208,12 @@ class Finder:
             self.unary(cursor, children[0])
         elif kind in {K.INTEGER_LITERAL, K.FLOATING_LITERAL}:
             self.literal(cursor)
+        elif kind == K.DECL_REF_EXPR:
+            self.names(cursor, self.variables)
+        elif kind == K.MEMBER_REF_EXPR and cursor.referenced and cursor.referenced.kind == K.FIELD_DECL:
+            self.names(cursor, [f for f in cursor.referenced.semantic_parent.get_children() if f.kind == K.FIELD_DECL])
+        if kind == K.CALL_EXPR and not self.text(cursor).startswith("_mm"):
+            self.arguments(cursor)
 
     def is_statement(self, cursor):
         """An assignment, a call or a delete that stands by itself."""
@@ -287,6 +308,34 @@ class Finder:
             self.add(cursor, 3, "operator", [("leave out -", f"{inner}")])
         elif whole.startswith("!"):
             self.add(cursor, 3, "operator", [("leave out !", f"static_cast<bool>({inner})")])
+
+    def names(self, cursor, others):
+        """Two of the others that have its type, where it is one of them; which ones, its place decides."""
+        meant = cursor.referenced
+        if meant is None or meant not in others:
+            return
+        kin = [o for o in others if o != meant and o.spelling and type_of(o) == type_of(meant)]
+        text, name = self.text(cursor), cursor.spelling
+        if kin and text.endswith(name):
+            turn = zlib.crc32(f"{self.path} {cursor.extent.start.offset}".encode()) % len(kin)
+            new = [o.spelling for o in (kin[turn:] + kin[:turn])[:2]]
+            self.add(cursor, 5, "name", [(f"{name} to {n}", text[:len(text) - len(name)] + n) for n in new])
+
+    def arguments(self, call):
+        """Each two neighbours of one type change places; whole numbers are one less and one more."""
+        given = [a for a in call.get_arguments() if a is not None and self.text(a)]
+        start, end = call.extent.start.offset, call.extent.end.offset
+        forms = []
+        for a, b in zip(given, given[1:]):
+            between = self.text_between(a.extent.end.offset, b.extent.start.offset)
+            if between.strip() == "," and type_of(a) == type_of(b) and self.text(a) != self.text(b):
+                forms.append((f"swap {self.text(a)} and {self.text(b)}",
+                              self.text_between(start, a.extent.start.offset) + self.text(b) + between + self.text(a) +
+                              self.text_between(b.extent.end.offset, end)))
+        self.add(call, 3, "argument", forms)
+        for a in given:
+            if a.type.get_canonical().kind in INTEGERS and not re.fullmatch(r"[0-9a-fxXuUlL']+", self.text(a)):
+                self.add(a, 4, "argument", [(f"{sign} 1", f"({self.text(a)}) {sign} 1") for sign in "-+"])
 
     def literal(self, cursor):
         text = self.text(cursor)

@@ -202,6 +202,20 @@ TEST(ParallelSorts, KeepTheOrderOfDenormalsTreatedAsZeros) {
   ZEPH_SetThreads(1);
 }
 
+TEST(ParallelSorts, AskAboutDenormalsTreatedAsZerosAsOneThreadDoes) {
+  for (const bool alike : {false, true}) {
+    Values v = RandomValues(100'000);
+    for (std::size_t k = 0; k < v.size(); k += 1000)
+      v[k] = alike ? 1e-310 : 1e-310 * static_cast<double>(1 + k / 1000);
+    for (const Mode& mode : Modes()) {
+      bool want = false, got = false;
+      RaisedBy(mode, [&] { want = kernels::OrderIsUnique(v.data(), v.size()); });
+      RaisedBy(mode, [&] { got = parallel::detail::OrderIsUnique(v.data(), v.size(), 3); });
+      EXPECT_EQ(got, want) << mode.name << (alike ? ", alike" : "");
+    }
+  }
+}
+
 #ifdef ZEPH_TEST_GUARDED
 TEST(ParallelSorts, ReadNothingAfterTheirLastPart) {
   for (const std::size_t n : {32'769u, 40'000u, 65'535u, 100'003u, 500'007u}) {

@@ -8,14 +8,17 @@ import re
 import resource
 import shlex
 import shutil
+import signal
 import subprocess
 import sys
+import tempfile
 import time
 from concurrent.futures import ThreadPoolExecutor
 from dataclasses import dataclass, field
 from pathlib import Path
 
 from rewrite import put
+from run import status_of
 
 HERE = Path(__file__).parent
 WORK = Path("build/by_hand").absolute()
@@ -204,19 +207,19 @@ def limits():
 def verdict(tests, number):
     """Who killed it: a test, a signal, the time; or nobody."""
     environment = dict(os.environ, ZEPH_MUTANT=str(number), ZEPH_TEST_SAMPLE="1", TERM="dumb", LOCPATH=str(BUILD / "locales"))
-    try:
-        done = subprocess.run([tests, "--gtest_brief=1", "--gtest_fail_fast"], stdout=subprocess.PIPE,
-                              stderr=subprocess.STDOUT, stdin=subprocess.DEVNULL, env=environment, preexec_fn=limits,
-                              timeout=10 * CPU, cwd=WORK)
-    except subprocess.TimeoutExpired:
-        return "time"
-    if done.returncode == 0:
+    with tempfile.TemporaryFile() as said:
+        child = subprocess.Popen([tests, "--gtest_brief=1", "--gtest_fail_fast"], stdout=said, stderr=said,
+                                 stdin=subprocess.DEVNULL, env=environment, start_new_session=True,
+                                 preexec_fn=limits, cwd=WORK)
+        status = status_of(child, 10 * CPU)
+        said.seek(0)
+        text = said.read().decode(errors="replace")
+    if status == 0:
         return ""
-    text = done.stdout.decode(errors="replace")
     failed = re.search(r"\[  FAILED  \] (\S+?)(?:,| \()", text)
     if failed:
         return failed[1]
-    return "time" if done.returncode in (-24, -9) else f"ended with {done.returncode}"
+    return "time" if status in (-signal.SIGXCPU, -signal.SIGKILL) else f"ended with {status}"
 
 
 def judge_one(mistake):

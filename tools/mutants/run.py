@@ -72,6 +72,17 @@ def wait_while_it_works(child, seconds):
     return -signal.SIGXCPU
 
 
+def status_of(child, seconds):
+    """Of the leader of a group, of which nothing is left then."""
+    status = wait_while_it_works(child, seconds)
+    try:
+        os.killpg(child.pid, signal.SIGKILL)
+    except ProcessLookupError:
+        pass
+    child.wait()
+    return status
+
+
 def execute(program, tests, mutant, seconds):
     """0 passed, 1 failed, 2 out of time. A mutant gets processor time, not time of the clock."""
     command = [BUILD / "tests" / program.name, "--gtest_brief=1", "--gtest_fail_fast"]
@@ -80,12 +91,7 @@ def execute(program, tests, mutant, seconds):
     child = subprocess.Popen(command, env=environment(program.kernels, ZEPH_MUTANT=str(mutant)), stdin=subprocess.DEVNULL,
                              stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True,
                              preexec_fn=lambda: limits(seconds))
-    status = wait_while_it_works(child, 6 * seconds)
-    try:
-        os.killpg(child.pid, signal.SIGKILL)
-    except ProcessLookupError:
-        pass
-    child.wait()
+    status = status_of(child, 6 * seconds)
     return 0 if status == 0 else 2 if status in (-signal.SIGXCPU, -signal.SIGKILL) else 1
 
 

@@ -76,6 +76,11 @@ def read():
             elif word in ("-", "+"):
                 name = "old" if word == "-" else "new"
                 setattr(mistakes[-1], name, (getattr(mistakes[-1], name) + "\n" + rest).strip("\n"))
+    names = set(re.findall(r"\w+", "".join(p.read_text() for p in Path("tests").rglob("*_test.cpp"))))
+    for mistake in mistakes:
+        test = re.sub(r"/\d+$", "", mistake.missed).rpartition(".")[2]
+        if test and test not in names:
+            raise SystemExit(f"by_hand/{mistake.page}.txt: \"{mistake.name}\": no test is called {mistake.missed}")
     return mistakes
 
 

@@ -188,10 +188,17 @@ bool RoundsToNearest() {
 
 constexpr int kMostPrecision = 64;
 
+/// Whether the runtime writes all digits of "%#g". glibc loses zeros where a number is rounded up to a power of
+/// ten that has an exponent: 99.6 with two digits is "1.e+02" there, not "1.0e+02".
+bool KeepsZeros(Flags::fmtflags flags) {
+  return kPortableMath || !(flags & Flags::showpoint) || NotationOf(flags) != Notation::kGeneral;
+}
+
 /// Streams that flush after every insertion get each one separately.
 bool TextsAreKnown(const std::ostream& os) {
-  return kKnown && (os.flags() & Flags::unitbuf) == 0 && os.precision() <= kMostPrecision &&
-         os.getloc() == std::locale::classic() && RoundsToNearest();
+  return kKnown && (os.flags() & Flags::unitbuf) == 0 && KeepsZeros(os.flags()) &&
+         os.precision() <= kMostPrecision && os.getloc() == std::locale::classic() &&
+         RoundsToNearest();
 }
 
 }  // namespace

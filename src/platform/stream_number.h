@@ -20,7 +20,8 @@ struct Number {
 
 /// Writes what the inserter of glibc and libstdc++ writes, by the stream's flags, precision, width
 /// and fill, on every system. Leaves to the stream's own inserter: locales other than the classic
-/// one, and more than kMostStreamDecimals decimals, of which the last are zeros.
+/// one, and more than kMostStreamDecimals decimals, of which the last are zeros. Where glibc loses zeros of
+/// "%#g" (99.6 with two digits is "1.e+02"), they are kept.
 std::ostream& WritePortably(std::ostream& os, double x);
 constexpr int kMostStreamDecimals = 1100;
 

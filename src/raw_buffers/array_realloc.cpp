@@ -45,14 +45,16 @@ template <class T>
 T* Realloc(T* old, int oldN, int newN) {
   const int copied = CopiedByRealloc<T>(oldN, newN);
   const int count = platform::WrapAdd(newN, 1);
-  if (count >= 0) RequireOldSize("ZEPH_ArrayRealloc", "oldN", old, oldN, copied);
+  if (count >= 0)
+    RequireOldSize("ZEPH_ArrayRealloc", "oldN", old, oldN,
+                   kReallocSizes<T> == Sizes::kHighestIndices, copied);
   return Replace(old, copied, count);
 }
 
 template <class T>
 T* Resize(T* old, int oldCount, int newCount) {
   if (newCount < oldCount) return nullptr;
-  RequireOldSize("ZEPH_ArrayResize", "oldCount", old, oldCount, oldCount);
+  RequireOldSize("ZEPH_ArrayResize", "oldCount", old, oldCount, false, oldCount);
   return Replace(old, std::max(oldCount, 0), newCount);
 }
 

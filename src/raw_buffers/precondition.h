@@ -98,23 +98,23 @@ void RequireMatrix([[maybe_unused]] const char* operation, [[maybe_unused]] T** 
   platform::LiveBlock found;
   if (!m || !Block(m, nrl) || !RequireLive(operation, "nrl", Block(m, nrl), m, nrl, found)) return;
   const long long last = static_cast<long long>(nrl) + found.count - 1;
-  ZEPH_REQUIRE_INSIDE(operation, nrh, nrl - 1LL, last);
+  if (nrh > last) ZEPH_StopOutside(operation, "nrh", nrh, nrl - 1LL, last);
   ZEPH_REQUIRE_INSIDE(operation, ncl, found.columnLo, found.columnLo);
 #endif
 }
 
-/// Requires that a 0-based block has the `copied` elements that are read because of its old size.
-/// The program's own blocks are unknown and pass.
+/// Requires that a 0-based block has the `copied` elements that are read because of its old size, which
+/// may be a highest index. The program's own blocks are unknown and pass.
 template <class T>
 void RequireOldSize([[maybe_unused]] const char* operation, [[maybe_unused]] const char* argument,
                     [[maybe_unused]] const T* old, [[maybe_unused]] int oldSize,
-                    [[maybe_unused]] int copied) {
+                    [[maybe_unused]] bool isIndex, [[maybe_unused]] int copied) {
 #ifdef ZEPH_HARDENED
   platform::LiveBlock found;
   if (!old) return;
   if (platform::IsReleased(old)) ZEPH_Stop(operation, "the old block was released before");
   if (platform::FindBlock(old, found) && copied > found.count)
-    ZEPH_StopOutside(operation, argument, oldSize, 0, found.count - (copied - oldSize));
+    ZEPH_StopOutside(operation, argument, oldSize, 0, found.count - isIndex);
 #endif
 }
 

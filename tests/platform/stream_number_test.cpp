@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cfenv>
+#include <cmath>
 #include <iomanip>
 #include <locale>
 #include <sstream>
@@ -63,6 +64,18 @@ void ForEachSettings(Visit visit) {
                              width == 3 ? ' ' : '*'});
 }
 
+/// Powers of ten and numbers that rounding to that many digits may make one.
+std::vector<double> AroundPowersOfTen(int precision) {
+  std::vector<double> numbers;
+  for (int power = -8; power <= 18; ++power) {
+    const double ten = std::pow(10.0, power), unit = ten * std::pow(10.0, -precision);
+    for (const double x : {ten, std::nextafter(ten, 0.0), std::nextafter(ten, kInfinity),
+                           ten - 0.4 * unit, ten - 0.5 * unit, ten - 0.06 * unit})
+      numbers.push_back(x);
+  }
+  return numbers;
+}
+
 }  // namespace
 
 TEST(StreamNumber, WritesKnownNumbersInTheStreamsFormat) {
@@ -98,6 +111,41 @@ TEST(StreamNumber, MatchesTheStreamsInserter) {
           << settings.flags << " " << settings.precision << " " << settings.width;
     }
   });
+}
+
+namespace {
+
+std::string Inserted(double x, const Settings& settings) {
+  std::ostringstream os;
+  Apply(os, settings);
+  os << x;
+  return os.str();
+}
+
+/// The stream's text, but that of "%#g" by the C standard: the rounded number's exponent decides its notation.
+std::string Expected(double x, const Settings& settings) {
+  using Flags = std::ios_base;
+  if (settings.flags != Flags::showpoint) return Inserted(x, settings);
+  const int digits = std::max(settings.precision, 1);
+  const Settings scientific{Flags::showpoint | Flags::scientific, digits - 1, 0, ' '};
+  const std::string text = Inserted(x, scientific);
+  const int exponent = std::stoi(text.substr(text.find('e') + 1));
+  if (exponent < -4 || exponent >= digits) return text;
+  return Inserted(x, {Flags::showpoint | Flags::fixed, digits - 1 - exponent, 0, ' '});
+}
+
+}  // namespace
+
+/// Where rounding may lead to one digit more before the point, or to another notation.
+TEST(StreamNumber, MatchesTheStreamsInserterAroundPowersOfTen) {
+  using Flags = std::ios_base;
+  for (int precision = 0; precision <= 17; ++precision)
+    for (const double x : AroundPowersOfTen(precision))
+      for (const auto flags : {Flags::fmtflags{}, Flags::showpoint, Flags::fixed,
+                               Flags::scientific | Flags::showpoint}) {
+        const Settings settings{flags, precision, 0, ' '};
+        ASSERT_EQ(Written(x, settings), Expected(x, settings)) << flags << " " << precision;
+      }
 }
 #endif
 
@@ -216,6 +264,15 @@ TEST(StreamWriter, WritesTheBytesOfSingleInsertions) {
   for (const double x : zeph::test::Awkward(60, 5)) numbers.push_back(x);
   ForEachSettings([&](const Settings& settings) { ExpectTheSame(settings, kEnough, {}, numbers); });
   ExpectTheSame({std::ios_base::unitbuf, 6, 0, ' '}, kEnough, {}, numbers);
+}
+
+TEST(StreamWriter, WritesNumbersRoundedToPowersOfTenAsSingleInsertions) {
+  using Flags = std::ios_base;
+  for (int precision = 0; precision <= 17; ++precision)
+    for (const auto notation : {Flags::fmtflags{}, Flags::fixed, Flags::scientific})
+      for (const auto point : {Flags::fmtflags{}, Flags::showpoint})
+        ExpectTheSame({notation | point, precision, 0, ' '}, kEnough, {},
+                      AroundPowersOfTen(precision));
 }
 
 TEST(StreamWriter, LeavesTheStreamStateOfSingleInsertionsWhereverItFails) {

@@ -157,6 +157,22 @@ TEST(RawMatrixRotate3, AgreesWithTheOracleToTheBit) {
   }
 }
 
+/// Any of the three may turn by nothing, or by whole turns: each is a product that snaps.
+TEST(RawMatrixRotate3, ByAnglesOfZeroOnAnyAxisAgreesWithTheOracle) {
+  const double angles[] = {0.0, -0.0, 30, 90, -45, 360};
+  for (std::uint64_t seed = 0; seed < 12; ++seed)
+    for (const double x : angles)
+      for (const double y : angles)
+        for (const double z : angles) {
+          auto got = Cells(9, seed), want = got;
+          ZEPH_MatrixRotate3(At(got, 0), x, y, z);
+          oracle::Rotate3(At(want, 0), 0, x);
+          oracle::Rotate3(At(want, 0), 1, y);
+          oracle::Rotate3(At(want, 0), 2, z);
+          ASSERT_TRUE(SameValues(got, want)) << seed << ": " << x << ", " << y << ", " << z;
+        }
+}
+
 TEST(RawMatrixTransform3, AppliesTheMatrixToAColumn) {
   double m[3][3] = {{1, 2, 3}, {4, 5, 6}, {7, 8, 9}};
   double x = 1, y = 10, z = 100;

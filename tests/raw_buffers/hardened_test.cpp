@@ -1,7 +1,10 @@
 #include <algorithm>
 #include <atomic>
+#include <climits>
 #include <cstddef>
+#include <initializer_list>
 #include <iterator>
+#include <string>
 #include <thread>
 #include <utility>
 
@@ -15,11 +18,13 @@
 #include "raw_buffers.h"
 #include "support/hardened.h"
 #include "support/scale.h"
+#include "support/stream.h"
 
 namespace {
 
 using zeph::test::Null;
 using zeph::test::Use;
+using zeph::test::Written;
 
 double kNine[3][3] = {};
 
@@ -478,3 +483,180 @@ TEST(HardenedRawBuffers, ForkWhileOtherThreadsAllocate) {
   EXPECT_EQ(60, unharmed);
 }
 #endif
+
+// Each row or array in turn is missing: an operation stops where it would read or write it, and nowhere else.
+
+namespace {
+
+/// Four rows, of which one may be missing.
+struct FourRows {
+  explicit FourRows(int missing = -1) {
+    for (int i = 0; i < 4; ++i) rows[i] = i == missing ? nullptr : cells[i];
+  }
+  double cells[4][4] = {};
+  double* rows[4];
+};
+
+template <class Call>
+void ExpectStopIf(bool breached, const std::string& line, Call call) {
+  if (!breached) return call();
+  EXPECT_STOP_OF(line, call);
+}
+
+std::string RowIsNull(const char* argument, int row) {
+  return std::string(argument) + "[" + std::to_string(row) + "] is null";
+}
+
+template <class T>
+void ExpectStopsOfMerges() {
+  static T in[2][2] = {}, out[4];
+  for (const int na : {-1, 0, 1})
+    for (const int nb : {0, 2})
+      for (int missing = 0; missing < 3; ++missing) {
+        T* const a = missing == 0 ? Null<T>() : in[0];
+        T* const b = missing == 1 ? Null<T>() : in[1];
+        T* const to = missing == 2 ? Null<T>() : out;
+        const bool used[] = {na > 0, nb > 0, na > 0 || nb > 0};
+        const char* const names[] = {"a", "b", "out"};
+        ExpectStopIf(used[missing],
+                     std::string("ZEPH_ArrayMergeSorted: ") + names[missing] + " is null",
+                     [&] { ZEPH_ArrayMergeSorted(a, na, b, nb, to); });
+      }
+}
+
+/// Listings of no element and of one, to every destination that doubles and ints share.
+template <class T>
+void ExpectStopsOfListings() {
+  for (const int n : {0, 1}) {
+    const auto list = [n](auto call) { ExpectStopIf(n > 0, "ZEPH_ArrayDisplay: a is null", call); };
+    CString out;
+    list([&] { ZEPH_ArrayDisplay(out, Null<T>(), n, nullptr); });
+    list([&] { ZEPH_ArrayDisplay(out, Null<T>(), 5, 4 + n, nullptr); });
+    Written([&](FILE* f) {
+      list([&] { ZEPH_ArrayDisplay(f, Null<T>(), n, nullptr); });
+      list([&] { ZEPH_ArrayDisplay(f, Null<T>(), -5, -6 + n, nullptr); });
+    });
+  }
+}
+
+}  // namespace
+
+TEST(HardenedRawBuffers, StopAtEachRowThatANormReads) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  const struct {
+    const char* name;
+    double (*of)(double**, int, int);
+    int least;  // rows that it reads for any count
+  } norms[] = {{"ZEPH_MatrixOneNorm", ZEPH_MatrixOneNorm, 0},
+               {"ZEPH_MatrixMaxNorm", ZEPH_MatrixMaxNorm, 1},
+               {"ZEPH_MatrixFrobNorm", ZEPH_MatrixFrobNorm, 1},
+               {"ZEPH_MatrixFrobNorm2", ZEPH_MatrixFrobNorm2, 0},
+               {"ZEPH_MatrixFrobNorm3", ZEPH_MatrixFrobNorm3, 0}};
+  for (const auto& norm : norms)
+    for (const int start : {0, 2})
+      for (const int n : {-1, 0, 1, 2})
+        for (int missing = 0; missing < 4; ++missing) {
+          FourRows m(missing);
+          const int end = start + std::max(n, norm.least);
+          ExpectStopIf(start <= missing && missing < end,
+                       std::string(norm.name) + ": " + RowIsNull("m", missing),
+                       [&] { Use(norm.of(m.rows, n, start)); });
+        }
+}
+
+/// Of factors of different heights.
+TEST(HardenedRawBuffers, StopAtEachRowThatAProductUses) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  for (const auto& [rows, inner] : {std::pair(1, 3), std::pair(3, 1)})
+    for (int operand = 0; operand < 3; ++operand)
+      for (int missing = 0; missing < 4; ++missing) {
+        const int height = operand == 1 ? inner : rows;
+        const char* const names[] = {"a", "b", "out"};
+        FourRows a(operand == 0 ? missing : -1), b(operand == 1 ? missing : -1),
+            out(operand == 2 ? missing : -1);
+        const int m = rows, k = inner;
+        ExpectStopIf(missing < height, "ZEPH_MatrixMult: " + RowIsNull(names[operand], missing),
+                     [&] { ZEPH_MatrixMult(m, k, a.rows, k, 2, b.rows, out.rows); });
+      }
+}
+
+TEST(HardenedRawBuffers, StopAtEachRowThatAPrintReads) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  for (const int rows : {0, 1, 3})
+    for (const int cols : {-1, 0, 2})
+      Written([&](FILE* f) {
+        for (int missing = 0; missing < 4; ++missing) {
+          FourRows m(missing);
+          ExpectStopIf(cols > 0 && missing < rows, "ZEPH_MatrixPrint: " + RowIsNull("m", missing),
+                       [&] { ZEPH_MatrixPrint(f, rows, cols, m.rows, none); });
+        }
+        ExpectStopIf(cols > 0 && rows > 0, "ZEPH_MatrixPrint: m is null",
+                     [&] { ZEPH_MatrixPrint(f, rows, cols, nullptr, none); });
+      });
+}
+
+TEST(HardenedRawBuffers, StopAtEachArrayThatAMergeUses) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  ExpectStopsOfMerges<int>();
+  ExpectStopsOfMerges<double>();
+}
+
+TEST(HardenedRawBuffers, StopAtAListingOfOneMissingElement) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  ExpectStopsOfListings<int>();
+  ExpectStopsOfListings<double>();
+  EXPECT_STOP("ZEPH_ArrayDisplay: a is null", ZEPH_ArrayDisplay(Null<int>(), 1, none));
+  EXPECT_STOP("ZEPH_ArrayDisplay: a is null", ZEPH_ArrayDisplay(Null<int>(), 3, 3, none));
+  EXPECT_STOP("ZEPH_ArrayDisplay: a is null", ZEPH_ArrayDisplay(Null<double>(), 3, 3, none));
+}
+
+/// Each row of a matrix is an array of as many elements as the matrix has columns.
+TEST(HardenedRawBuffers, KnowTheLengthOfEachRowOfAMatrix) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  for (const int cols : {2, 5}) {
+    double** const m = ZEPH_MatrixAllocDouble(nullptr, 3, cols);
+    for (int i = 0; i < 3; ++i) {
+      EXPECT_STOP_OF("ZEPH_ArrayResize: oldCount is " + std::to_string(cols + 1) + ", outside 0.." +
+                         std::to_string(cols),
+                     [&] { Use(ZEPH_ArrayResize(m[i], cols + 1, 9)); });
+      m[i] = ZEPH_ArrayResize(m[i], cols, 9);
+    }
+    ZEPH_MatrixFree(m, 3, cols);
+  }
+}
+
+/// An upper bound below the lower one means no rows, however far below.
+TEST(HardenedRawBuffers, AllowAReleaseWithoutRowsByAnyUpperBound) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  for (const int nrh : {4, 3, -5, INT_MIN}) {
+    double** const m = ZEPH_MatrixAllocDouble(nullptr, 5, 5, 1, 2);
+    ZEPH_ArrayFree(m[5], 1, 2);
+    ZEPH_MatrixFree(m, 5, nrh, 1, 2);
+  }
+}
+
+namespace {
+
+/// A block of five elements, with `beyond` more than the number that an old size is.
+template <class T>
+void ExpectBoundsOfOldSizes(T* (*alloc)(char*, int, int), int beyond) {
+  for (const int oldN : {4, 5, 6, 9})
+    for (const int newN : {2, 4, 5, 9}) {
+      T* block = alloc(nullptr, 0, 4);
+      const std::string line = "ZEPH_ArrayRealloc: oldN is " + std::to_string(oldN) +
+                               ", outside 0.." + std::to_string(5 - beyond);
+      ExpectStopIf(std::min(oldN, newN) + beyond > 5, line,
+                   [&] { block = ZEPH_ArrayRealloc(block, oldN, newN, nullptr); });
+      ZEPH_ArrayFree(block, 0, 0);
+    }
+}
+
+}  // namespace
+
+TEST(HardenedRawBuffers, NameTheGreatestOldSizeWhateverTheNewOne) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  ExpectBoundsOfOldSizes<int>(ZEPH_ArrayAllocInt, 0);
+  ExpectBoundsOfOldSizes<ZEPH_Long>(ZEPH_ArrayAllocLong, 1);
+  ExpectBoundsOfOldSizes<float>(ZEPH_ArrayAllocFloat, 1);
+  ExpectBoundsOfOldSizes<double>(ZEPH_ArrayAllocDouble, 1);
+}

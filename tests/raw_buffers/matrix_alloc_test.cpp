@@ -202,11 +202,13 @@ TEST(RawMatrixFree, ReleasesOnlyThePointerBlockForAnEmptyRange) {
       ZEPH_MatrixFree(m, rows, 3);
       EXPECT_EQ(record.Events().size(), 1u) << "rows " << rows;
     }
-    T** m = Family<T>::Matrix(1, 1, 1, 1);
-    ZEPH_ArrayFree(m[1], 1, 1);
-    RecordAllocations record;
-    ZEPH_MatrixFree(m, 1, 0, 1, 1);
-    EXPECT_EQ(record.Events().size(), 1u);
+    for (const int nrh : {0, -1, -5, INT_MIN}) {
+      T** m = Family<T>::Matrix(1, 1, 1, 1);
+      ZEPH_ArrayFree(m[1], 1, 1);
+      RecordAllocations record;
+      ZEPH_MatrixFree(m, 1, nrh, 1, 1);
+      EXPECT_EQ(record.Events().size(), 1u) << "up to " << nrh;
+    }
   });
 }
 

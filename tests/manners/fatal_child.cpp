@@ -17,6 +17,14 @@ int main(int argc, char** argv) {
   if (is("array")) three += four;
   if (is("matrix")) small += large;
   if (is("check")) CZEPHVector(2) + CZEPHVector(3);
+  if (is("check elsewhere")) {
+    std::cerr.rdbuf(std::cout.rdbuf());
+    CZEPHVector(2) + CZEPHVector(3);
+  }
+  if (is("report elsewhere")) {
+    std::cout.rdbuf(std::cerr.rdbuf());
+    three += four;
+  }
   std::printf("after");
   return 0;
 }

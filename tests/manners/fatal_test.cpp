@@ -37,6 +37,17 @@ TEST(FatalCheck, FlushesTheCallersBufferedOutput) {
             std::string("Addition error (Not of the same size)") + kLineEnd);
 }
 
+/// A program may have its standard streams write anywhere.
+TEST(FatalReport, GoesWhereTheProgramsStandardOutputGoes) {
+  ExpectEnd("report elsewhere", 1, "printed, streamed, ",
+            std::string("@@@@( Error: bad vector sizes") + kLineEnd);
+}
+
+TEST(FatalCheck, GoesWhereTheProgramsErrorStreamGoes) {
+  ExpectEnd("check elsewhere", 1,
+            std::string("printed, streamed, Addition error (Not of the same size)") + kLineEnd, "");
+}
+
 TEST(FatalChild, ExitsNormallyWithoutAnError) {
   ExpectEnd("nowhere", 0, "printed, streamed, after", "");
 }

@@ -194,6 +194,34 @@ TEST_F(Pool, WorkersReceiveOnlyTheSignalsTheyRaise) {
     EXPECT_EQ(state, left);
   }
 }
+
+/// Whatever signals the caller has blocked: no more and no others where threads were started, worked and ended.
+TEST_F(Pool, LeavesTheCallersOwnBlockedSignals) {
+  sigset_t before;
+  pthread_sigmask(SIG_SETMASK, nullptr, &before);
+  const auto blocked = [] {
+    sigset_t now;
+    pthread_sigmask(SIG_SETMASK, nullptr, &now);
+    std::vector<int> signals;
+    for (int signal = 1; signal < 32; ++signal)
+      if (sigismember(&now, signal) == 1) signals.push_back(signal);
+    return signals;
+  };
+  for (const int own : {0, SIGUSR1, SIGTERM, SIGSEGV, SIGTRAP}) {
+    sigset_t set;
+    sigemptyset(&set);
+    if (own) sigaddset(&set, own);
+    const std::vector<int> want = own ? std::vector<int>{own} : std::vector<int>{};
+    pthread_sigmask(SIG_SETMASK, &set, nullptr);
+    for (int round = 0; round < 2; ++round) {
+      MeetInPieces(3);  // starts the workers
+      EXPECT_EQ(want, blocked());
+      SetEverybodys(1);  // ends them
+      EXPECT_EQ(want, blocked());
+    }
+  }
+  pthread_sigmask(SIG_SETMASK, &before, nullptr);
+}
 #endif
 
 TEST_F(Pool, StartsNothingForOneThreadOrOnePiece) {

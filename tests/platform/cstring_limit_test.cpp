@@ -48,31 +48,43 @@ TEST(CStringLimit, RefusesATooLongFormattedText) {
 #if defined(__linux__) && SIZE_MAX > UINT_MAX
 namespace {
 
-/// 2^31 readable zeros that take no memory.
+/// Readable zeros that take no memory.
 class Zeros {
  public:
-  Zeros()
-      : m_pages(
-            mmap(nullptr, kSize, PROT_READ, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0)) {}
+  explicit Zeros(std::size_t size)
+      : m_size(size),
+        m_pages(
+            mmap(nullptr, size, PROT_READ, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0)) {}
   ~Zeros() {
-    if (Had()) munmap(m_pages, kSize);
+    if (Had()) munmap(m_pages, m_size);
   }
+  Zeros(const Zeros&) = delete;
+  Zeros& operator=(const Zeros&) = delete;
   bool Had() const { return m_pages != MAP_FAILED; }
   const char* Text() const { return static_cast<const char*>(m_pages); }
 
  private:
-  static constexpr std::size_t kSize = kTooLong + 1;
+  std::size_t m_size;
   void* m_pages;
 };
 
 }  // namespace
 
 TEST(CStringLimit, RefusesATooLongTextBeforeReadingIt) {
-  const Zeros zeros;
+  const Zeros zeros(kTooLong + 1);
   if (!zeros.Had()) GTEST_SKIP() << "2 GiB of address space cannot be mapped";
   EXPECT_THROW(CString(std::string_view(zeros.Text(), kTooLong)), std::length_error);
   CString text("0123456789");
   ExpectRefused(text, [&](CString& s) { s.Append(zeros.Text(), INT_MAX - 10); });
   ExpectRefused(text, [&](CString& s) { s.Append(zeros.Text(), INT_MAX); });
+}
+
+/// Lengths whose lower halves are those of short texts.
+TEST(CStringLimit, RefusesATextOfFourGiBAndMore) {
+  constexpr std::size_t kMost = (std::size_t{1} << 32) + 16;
+  const Zeros zeros(kMost);
+  if (!zeros.Had()) GTEST_SKIP() << "4 GiB of address space cannot be mapped";
+  for (const std::size_t length : {kMost - 16, kMost - 15, kMost - 1, kMost})
+    EXPECT_THROW(CString(std::string_view(zeros.Text(), length)), std::length_error) << length;
 }
 #endif

@@ -186,3 +186,24 @@ TEST(StringStorage, AppendsAndAssignsEveryPieceOfItself) {
           ASSERT_EQ(old.substr(static_cast<std::size_t>(from)), Text(t));
         }
 }
+
+namespace {
+
+template <class Right>
+void ExpectToAppendRarely(const char* kind, const Right& right) {
+  CString sum(Letters(100, 'a'));
+  const long before = AllocationCount();
+  for (int k = 0; k < 1000; ++k) sum = std::move(sum) + right;
+  EXPECT_LE(AllocationCount() - before, 20) << kind;
+  EXPECT_EQ(sum.GetLength(), 100 + 1000 * (CString() + right).GetLength()) << kind;
+}
+
+}  // namespace
+
+/// Whatever stands to the right: the text to the left is not copied.
+TEST(StringStorage, AChainOfSumsAppendsToOneText) {
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
+  ExpectToAppendRarely("a text", CString("text"));
+  ExpectToAppendRarely("characters", "text");
+  ExpectToAppendRarely("a character", 't');
+}

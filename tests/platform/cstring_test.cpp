@@ -182,6 +182,25 @@ TEST(String, FindsTextsAndCharactersFromAStart) {
   EXPECT_EQ(s.Find('z'), -1);
 }
 
+/// Every character and piece from every start, also where the text has zeros in it.
+TEST(String, FindsWhatAStandardStringFinds) {
+  const auto index = [](std::size_t found) {
+    return found == std::string::npos ? -1 : static_cast<int>(found);
+  };
+  for (const std::string& text :
+       {std::string(), std::string("abcabc"), std::string("a\0b\0ab", 6), std::string(3, '\0'),
+        std::string("ab\0", 3), std::string(40, 'a') + "b"}) {
+    const CString s(text);
+    for (std::size_t start = 0; start <= text.size() + 2; ++start) {
+      const int from = static_cast<int>(start);
+      for (const char c : {'\0', 'a', 'b', 'c', 'z'})
+        EXPECT_EQ(s.Find(c, from), index(text.find(c, start))) << int{c} << " from " << start;
+      for (const char* piece : {"", "a", "b", "ab", "bca", "aab"})
+        EXPECT_EQ(s.Find(piece, from), index(text.find(piece, start))) << piece << from;
+    }
+  }
+}
+
 TEST(String, FormatsTextsOfAnyLength) {
   CString s("old");
   s.Format("%d %s %.3f", 42, "text", 1.5);

@@ -4,6 +4,7 @@
 
 #include <cfenv>
 #include <climits>
+#include <cmath>
 #include <cstdarg>
 #include <cstdio>
 #include <string>
@@ -129,6 +130,21 @@ TEST(QuickFormat, WritesTextsAndCharactersAsTheRuntimeDoes) {
 
 TEST(QuickFormat, WritesRealNumbersAsTheRuntimeDoes) {
   CompareAll<double>({"f", "lf", "e", "le", "g", "a", "E", "F"}, Reals());
+}
+
+/// Every count of decimals with numbers of every magnitude that whole-number arithmetic might be thought to hold.
+TEST(QuickFormat, WritesAnyDecimalsOfNumbersOfAnyMagnitudeAsTheRuntimeDoes) {
+  const int each = zeph::test::Scaled(1, 5);  // coprime to the counts of decimals
+  int number = 0;
+  for (int exponent = -80; exponent <= 80; ++exponent)
+    for (int decimals = 1; decimals <= 33; ++decimals)
+      for (const double significand : {1.0, 0x1.9d2f3b6c4e8a7p0, 0x1.fffffffffffffp0}) {
+        if (number++ % each != 0) continue;
+        const double x = std::ldexp(significand, exponent);
+        const std::string conversion = "%." + std::to_string(decimals);
+        for (const char* letter : {"f", "e"})
+          ASSERT_EQ(Formatted(conversion + letter, x), Printed(conversion + letter, x));
+      }
 }
 
 TEST(QuickFormat, WritesRealNumbersAsTheRuntimeDoesInEveryRoundingDirection) {

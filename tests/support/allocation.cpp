@@ -29,6 +29,7 @@ void Record(AllocationEvent::Kind kind, void* block, std::size_t bytes) {
 [[noreturn]] void Throw() {
   if (failure == Failure::kBadAlloc || !fired) throw std::bad_alloc();
   if (failure == Failure::kOther) throw 42;
+  if (failure == Failure::kOwn) throw OwnException();
   const long inner = failIn;
   failIn = 0;  // the exception object itself must be allocated
   auto* exception = new CMemoryException;

@@ -7,6 +7,7 @@
 #define ZEPH_TESTS_SUPPORT_ALLOCATION_H
 
 #include <cstddef>
+#include <exception>
 #include <new>
 #include <ostream>
 #include <vector>
@@ -16,13 +17,17 @@
 namespace zeph::test {
 
 /// What a failing allocation throws; kNull: nothing, it returns null as some old operators do.
-/// kOther: it throws a number, which does not mean exhausted memory.
-enum class Failure { kBadAlloc, kMemoryException, kNull, kOther };
+/// kOther and kOwn: it throws a number or an OwnException, which do not mean exhausted memory.
+enum class Failure { kBadAlloc, kMemoryException, kNull, kOther, kOwn };
+
+/// A standard exception of the program's own.
+struct OwnException : std::exception {};
 
 /// For messages of failed tests.
 inline std::ostream& operator<<(std::ostream& os, Failure how) {
   constexpr const char* kTexts[] = {"throwing bad_alloc", "throwing CMemoryException",
-                                    "returning null", "throwing a number"};
+                                    "returning null", "throwing a number",
+                                    "throwing an exception of the program's own"};
   return os << "with allocations " << kTexts[static_cast<int>(how)];
 }
 

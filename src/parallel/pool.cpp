@@ -52,6 +52,7 @@ struct Pool {
   std::atomic<unsigned> changes{0};  // incremented on every event that idle workers poll for
   platform::Thread threads[kMostThreads];
   int workers = 0;
+  int busy = 0;          // workers that have joined a job
   int asleep = 0;        // workers that must be woken
   bool ending = false;   // the workers should end
   bool closed = false;   // no worker is started any more
@@ -78,6 +79,7 @@ void LookOut(Done done) {
 void Help(Job& job) {
   --job.wanted;
   ++job.inside;
+  ++pool.busy;
   pool.mutex.Unlock();
   job.spread.Settle();
   job.modes.Apply();
@@ -85,6 +87,7 @@ void Help(Job& job) {
   const Modes::Flags raised = Modes::Raised();
   pool.mutex.Lock();
   job.raised |= raised;
+  --pool.busy;
   if (--job.inside == 0) job.left.WakeOne();
 }
 
@@ -132,6 +135,7 @@ void InParent() {
 void InChild() {
   pool.jobs = nullptr;
   pool.workers = 0;
+  pool.busy = 0;
   pool.asleep = 0;
   pool.ending = false;
   pool.work.Forget();
@@ -163,9 +167,10 @@ bool Add(Job& job) {
   while (*last) last = &(*last)->next;
   *last = &job;
   pool.changes.fetch_add(1, std::memory_order_relaxed);
-  const int awake = pool.workers - pool.asleep;
-  for (int k = awake; k < job.wanted && k < pool.workers; ++k) pool.work.WakeOne();
-  return awake < job.wanted;
+  const int lookingOut = pool.workers - pool.busy - pool.asleep;
+  const int sleepers = std::min(job.wanted - lookingOut, pool.asleep);
+  for (int k = 0; k < sleepers; ++k) pool.work.WakeOne();
+  return sleepers > 0;
 }
 
 void Remove(Job& job) {

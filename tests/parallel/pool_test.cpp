@@ -160,6 +160,33 @@ TEST_F(Pool, DividesIdleWorkersEvenlyAmongCallers) {
   first.join();
 }
 
+/// While one call keeps its threads busy, another one wakes as many of the others as it may have.
+TEST_F(Pool, WakesIdleWorkersForACallWhileOthersAreBusy) {
+  for (const std::size_t threads : {2u, 3u, 4u}) {
+    MeetInPieces(8);
+    std::atomic<int> inFirst{0};
+    std::atomic<bool> end{false}, alone{false};
+    std::thread first([&] {
+      Share(4, 4, [&](std::size_t) {
+        ++inFirst;
+        while (!end) std::this_thread::yield();
+      });
+    });
+    while (inFirst < 4) std::this_thread::yield();
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));  // the other four fall asleep
+    std::atomic<std::size_t> in{0};
+    Share(static_cast<int>(threads), threads, [&](std::size_t) {
+      ++in;
+      for (int wait = 0; in < threads && wait < 2000; ++wait)
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+      if (in < threads) alone = true;
+    });
+    EXPECT_FALSE(alone) << threads << " threads";
+    end = true;
+    first.join();
+  }
+}
+
 #ifdef __linux__
 /// Signals that a thread's own instructions raise reach it; those sent to the process do not. The caller's own
 /// mask, and whether it may be cancelled, stay as they were.
@@ -354,6 +381,27 @@ TEST_F(Pool, FloatingPointExceptionsOfAnyPieceReachTheCaller) {
   EXPECT_EQ(test::RaisedBy(usual, [] { MeetInPieces(4); }), 0);
 }
 
+/// Each piece raises another one, on a thread of its own.
+TEST_F(Pool, FloatingPointExceptionsOfAllPiecesReachTheCaller) {
+  if (!test::HasFloatingPointEnvironment())
+    GTEST_SKIP() << "the floating-point environment is incomplete here";
+  const volatile double one = 1, zero = 0, huge = 1e300;
+  for (int round = 0; round < 20; ++round) {
+    volatile double sink[4] = {};
+    const int raised = test::RaisedBy(test::Modes().front(), [&] {
+      std::atomic<int> begun{0};
+      Share(4, 4, [&](std::size_t k) {
+        ++begun;
+        while (begun < 4) std::this_thread::yield();
+        if (k == 1) sink[k] = one / zero;
+        if (k == 2) sink[k] = zero / zero;
+        if (k == 3) sink[k] = huge * huge;
+      });
+    });
+    ASSERT_EQ(raised, FE_DIVBYZERO | FE_INVALID | FE_OVERFLOW) << "round " << round;
+  }
+}
+
 /// An exception that the caller has raised before stays, and is not another caller's.
 TEST_F(Pool, KeepsTheCallersOwnFloatingPointExceptions) {
   if (!test::HasFloatingPointEnvironment())
@@ -436,6 +484,20 @@ TEST(Ranges, LittleWorkUsesNoOtherThread) {
   EXPECT_EQ(ThreadsFor(1'000'000, 1000), 6);
   SetEverybodys(1);
   EXPECT_EQ(ThreadsFor(1'000'000, 1000), 1);
+}
+
+/// Counts of multiplications exceed 32 bits.
+TEST(Ranges, WorkOfAnySizeUsesAllThreads) {
+  if (!platform::kThreadsExist) GTEST_SKIP() << "there are no threads";
+  SetEverybodys(6);
+  for (int bit = 12; bit < 64; ++bit) {
+    const std::uint64_t work = std::uint64_t{1} << bit;
+    for (const std::uint64_t more : {0u, 1u, 999u}) {
+      EXPECT_TRUE(MayShare(work + more, 1000)) << "bit " << bit << " and " << more;
+      EXPECT_EQ(ThreadsFor(work + more, 1000), 6) << "bit " << bit << " and " << more;
+    }
+  }
+  SetEverybodys(1);
 }
 
 }  // namespace

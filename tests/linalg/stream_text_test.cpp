@@ -9,6 +9,7 @@
 #include <string>
 
 #include "algorithms.h"
+#include "containers.h"
 #include "linalg/matrices.h"
 
 using namespace zeph::test;
@@ -48,18 +49,32 @@ CZEPHDoubleMatrix& TheMatrix() {
 }
 
 /// The listing that goes to the standard output, written to `os` with its settings.
-template <class Object>
-void DisplayTo(std::ostream& os, Object& object) {
+template <class List>
+void DisplayTo(std::ostream& os, List list) {
   std::ios kept(nullptr);
   kept.copyfmt(std::cout);
   std::streambuf* const before = std::cout.rdbuf(os.rdbuf());
   std::cout.copyfmt(os);
   std::cout.clear(os.rdstate());
-  object.Display();
+  list();
   os.copyfmt(std::cout);
   os.clear(std::cout.rdstate());
   std::cout.rdbuf(before);
   std::cout.copyfmt(kept);
+}
+
+/// In ascending order.
+std::vector<CZEPHLinkData>& Keys() {
+  static std::vector<CZEPHLinkData> keys = {CZEPHLinkData(-77), CZEPHLinkData(29),
+                                            CZEPHLinkData(1'000'000)};
+  return keys;
+}
+
+/// Decimal whatever the stream's base, which stays as it is.
+void WriteKey(std::ostream& os, const CZEPHLinkData& key) {
+  const auto base = os.setf(std::ios_base::dec, std::ios_base::basefield);
+  os << key.m_nKey << " ";
+  os.setf(base, std::ios_base::basefield);
 }
 
 constexpr auto kListed = std::ios_base::right | std::ios_base::fixed | std::ios_base::showpoint;
@@ -96,7 +111,7 @@ std::vector<Text> Texts() {
            [vector3](std::ostream& os) {
              os << "[ " << vector3.m_x << " ; " << vector3.m_y << " ; " << vector3.m_z << " ]";
            }},
-          {"matrix", [](std::ostream& os) { DisplayTo(os, general); },
+          {"matrix", [](std::ostream& os) { DisplayTo(os, [] { general.Display(); }); },
            [](std::ostream& os) {
              os.setf(kListed);
              os.precision(4);
@@ -105,12 +120,27 @@ std::vector<Text> Texts() {
                os << std::endl;
              }
            }},
-          {"vector", [](std::ostream& os) { DisplayTo(os, vector); },
+          {"vector", [](std::ostream& os) { DisplayTo(os, [] { vector.Display(); }); },
            [](std::ostream& os) {
              for (const double x : Elements(vector)) {
                os.setf(kListed);
                os << std::setprecision(4) << std::setw(12) << x;
              }
+             os << std::endl;
+           }},
+          {"key", [](std::ostream& os) { DisplayTo(os, [] { Keys()[1].DisplayLink(); }); },
+           [](std::ostream& os) { WriteKey(os, Keys()[1]); }},
+          {"keys",
+           [](std::ostream& os) {
+             DisplayTo(os, [] {
+               CZEPHSortedLinkList list;
+               for (CZEPHLinkData& key : Keys()) list.Insert(&key);
+               list.DisplayList();
+             });
+           },
+           [](std::ostream& os) {
+             os << "List (first-->last): ";
+             for (const CZEPHLinkData& key : Keys()) WriteKey(os, key);
              os << std::endl;
            }}};
 }

@@ -114,3 +114,19 @@ TYPED_TEST(GrowthArray, PassesTheGrowthSizeForSmallerAndEqualSizesToo) {
   array.SetSize(0);
   EXPECT_EQ(array.m_nGrowBy, 9);
 }
+
+TYPED_TEST(GrowthArray, KeepsItsGrowthSizeInEverySetSize) {
+  for (const int growth : {-1, 0, 5, 64, 1000}) {
+    TypeParam array;
+    array.SetGrowthSize(growth);
+    for (const int size : {0, 3, 3, 70, 2, 0}) {
+      array.SetSize(size);
+      EXPECT_EQ(array.m_nGrowthSize, growth) << "size " << size;
+      if (growth >= 0) {
+        EXPECT_EQ(array.m_nGrowBy, growth) << "size " << size;
+      }
+    }
+    EXPECT_THROW(array.SetSize(-1), std::out_of_range);
+    EXPECT_EQ(array.m_nGrowthSize, growth);
+  }
+}

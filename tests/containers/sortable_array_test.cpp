@@ -217,6 +217,46 @@ TEST(SortableArray, ExchangesNothingIfTheCompareFunctionRemovedOneOfThePair) {
   EXPECT_EQ(array.GetAt(0), items.Pointers()[0]);
 }
 
+namespace {
+
+/// What a compare function exchanges while it is called: the elements of an array or its model.
+CObject** replaced = nullptr;
+int replaced_size = 0;
+
+/// Exchanges two elements, by turns others, and then compares.
+int Replaces(CObject* a, CObject* b) {
+  ++calls_left;
+  std::swap(replaced[calls_left * 7 % replaced_size], replaced[calls_left * 5 % replaced_size]);
+  return ByKey(a, b);
+}
+
+}  // namespace
+
+TEST(SortableArray, ExchangesWhatStandsThereAfterTheCompareFunctionReplacedElements) {
+  for (const int n : {2, 3, 5, 14, 41}) {
+    const Items items(static_cast<std::size_t>(n), 1000, static_cast<std::uint64_t>(n));
+    for (const bool all : {true, false}) {
+      Objects want = items.Pointers();
+      const int first = all ? 0 : n / 4, count = all ? n : n - n / 2;
+      replaced = want.data(), replaced_size = n, calls_left = 0;
+      const auto wanted = Traced([&] {
+        oracle::ShellSortObjects(want, static_cast<std::size_t>(first), count, Replaces);
+      });
+      CZEPHSortableObArray array;
+      Fill(array, items.Pointers());
+      replaced = array.GetData(), calls_left = 0;
+      const auto trace = Traced([&] {
+        if (all)
+          array.Sort(Replaces);
+        else
+          array.Sort(first, count, Replaces);
+      });
+      EXPECT_EQ(Ids(ObjectsOf(array)), Ids(want)) << n << (all ? ", all" : ", a range");
+      EXPECT_EQ(trace, wanted) << n << (all ? ", all" : ", a range");
+    }
+  }
+}
+
 /// What the documented steps leave, and how many comparisons they make, where the `call`-th
 /// comparison takes elements away: `left(size)` of them stay, and none where the sort stops at once.
 template <class Left>

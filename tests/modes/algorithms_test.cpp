@@ -76,6 +76,20 @@ TEST(AlgorithmsModes, RoundingIsCorrectInEveryMode) {
       [](double x) { return double(oracle::RoundOffToInt(x)); });
 }
 
+// No step beyond the documented ones overflows, though the next square of a power would.
+TEST(AlgorithmsModes, PowersOfTenAreCorrectInEveryMode) {
+  for (const int power : {1, 15, 17, 22, 31, 32, 128, 200, 255, 256, 257, 300, 308, 309, 511, 512})
+    for (const int n : {power, -power})
+      for (const double x : {1.5, -7.25e300, 3e-300, Denormal<double>(3)}) {
+        SCOPED_TRACE("10^" + std::to_string(n) + " and " + Show(x));
+        EXPECT_TRUE(
+            ComputesInEveryMode([&] { return Doubles{ZEPH_MathGetScientificNotationValue(x, n)}; },
+                                [&] { return Doubles{oracle::Mantissa(x, n)}; }));
+        EXPECT_TRUE(ComputesInEveryMode([&] { return Doubles{ZEPH_MathRoundOff(x, n)}; },
+                                        [&] { return Doubles{oracle::RoundOff(x, n)}; }));
+      }
+}
+
 TEST(AlgorithmsModes, SelectionSortIsCorrectInEveryMode) {
   ForEachInput({1, 2, 9, 40, 300}, 400, [](const Doubles& values) {
     EXPECT_TRUE(MovesInEveryMode(

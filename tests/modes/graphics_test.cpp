@@ -179,6 +179,44 @@ TEST(GraphicsModes, InversesRaiseNoExceptionOfTheirOwn) {
       [&] { return oracle::Transposed(oracle::InverseTranspose(Array(large))); });
 }
 
+// Without a zero among the entries no documented step makes a NaN of an infinity, and lanes whose
+// results are dropped must not either.
+TEST(GraphicsModes, MatricesWithoutZerosMeetAnInfinityInAnyPlace) {
+  for (const bool affine : {false, true})
+    for (const float x : {kInfinityF, -kInfinityF, 3e38f})
+      for (int at = 0; at < 16; ++at) {
+        if (affine && at % 4 == 3) continue;
+        CZEPHMatrix4x4 m, ones;
+        for (int i = 0; i < 16; ++i) {
+          m.entries[i] = affine && i % 4 == 3 ? (i == 15 ? 1.0f : 0.0f) : 0.25f;
+          ones.entries[i] = 0.5f;
+        }
+        m.entries[at] = x;
+        SCOPED_TRACE(std::string(affine ? "affine, " : "") + Show(x) + " in entry " +
+                     std::to_string(at));
+        const oracle::Matrix e = Array(m), o = Array(ones);
+        const CZEPHVector4D v(0.5f, 0.25f, 2.0f, 1.0f);
+        Check(
+            "rigid", [&] { return m.GetAffineInverse(); },
+            [&] { return oracle::AffineInverse(e); });
+        Check(
+            "rigid transpose", [&] { return m.GetAffineInverseTranspose(); },
+            [&] { return oracle::Transposed(oracle::AffineInverse(e)); });
+        Check(
+            "inverse", [&] { return m.GetInverse(); },
+            [&] { return oracle::Transposed(oracle::InverseTranspose(e)); });
+        Check(
+            "product", [&] { return m * ones; }, [&] { return oracle::Product(e, o); });
+        Check(
+            "product, the other way", [&] { return ones * m; },
+            [&] { return oracle::Product(o, e); });
+        Check(
+            "vector", [&] { return m * v; }, [&] { return oracle::Product(e, Array(v)); });
+        Check(
+            "share", [&] { return m / 4.0f; }, [&] { return oracle::Over(e, 4.0f); });
+      }
+}
+
 // A determinant of 1 leaves the cofactors as they are, denormal ones too.
 TEST(GraphicsModes, InverseWithADeterminantOfOneIsNotScaled) {
   CZEPHMatrix4x4 m;
@@ -317,5 +355,63 @@ TEST(GraphicsModes, VectorsMatchTheirOracles) {
     Check(
         "about an axis", [&] { return a.GetRotatedAxis(angle, b); },
         [&] { return oracle::RotatedAxis(x, angle, y); });
+  });
+}
+
+namespace {
+
+/// `change(object)` on a copy.
+template <class Object, class Change>
+Object Changed(Object object, Change change) {
+  change(object);
+  return object;
+}
+
+template <class V>
+void CheckInPlace(const V& a, float s) {
+  const oracle::Vector x = Array(a);
+  Check(
+      "share", [&] { return Changed(a, [s](V& v) { v /= s; }); },
+      [&] { return s == 0.0f ? x : oracle::Divided(x, s); });
+  Check(
+      "multiple", [&] { return Changed(a, [s](V& v) { v *= s; }); },
+      [&] {
+        oracle::Vector product = x;
+        for (float& p : product) p = oracle::Mul(p, s);
+        return product;
+      });
+}
+
+}  // namespace
+
+TEST(GraphicsModes, FormsInPlaceMatchTheirOracles) {
+  ForEachCase(kCases / 6, 66, [](Random& random) {
+    const CZEPHVector3D a = AnyVector<CZEPHVector3D>(random);
+    const CZEPHMatrix4x4 m = AnyModeMatrix(random);
+    const oracle::Vector x = Array(a);
+    const oracle::Matrix e = Array(m);
+    for (const float s : {AnyFloat(random, random.Below(3) == 0), random.Below(2) ? 0.0f : -0.0f}) {
+      CheckInPlace(AnyVector<CZEPHVector2D>(random), s);
+      CheckInPlace(a, s);
+      CheckInPlace(AnyVector<CZEPHVector4D>(random), s);
+      Check(
+          "share of a matrix", [&] { return Changed(m, [s](auto& v) { v /= s; }); },
+          [&] { return oracle::Over(e, s); });
+    }
+    Check(
+        "normalized", [&] { return Changed(a, [](auto& v) { v.Normalize(); }); },
+        [&] { return oracle::Normalized(x); });
+    Check(
+        "packed", [&] { return Changed(a, [](auto& v) { v.PackTo01(); }); },
+        [&] { return oracle::Packed(x); });
+    Check(
+        "inverse", [&] { return Changed(m, [](auto& v) { v.Invert(); }); },
+        [&] { return oracle::Transposed(oracle::InverseTranspose(e)); });
+    Check(
+        "inverse transpose", [&] { return Changed(m, [](auto& v) { v.InvertTranspose(); }); },
+        [&] { return oracle::InverseTranspose(e); });
+    Check(
+        "square", [&] { return Changed(m, [](auto& v) { v *= v; }); },
+        [&] { return oracle::Product(e, e); });
   });
 }

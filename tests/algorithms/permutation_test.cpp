@@ -138,6 +138,7 @@ TEST(Permutation, ListsLinesOfAnyLength) {
     for (int back = 1; back <= 3; ++back) {
       ExpectAgreement(Letters(static_cast<std::size_t>(n)), 0, n - back, n);
       ExpectAgreement(Numbers(static_cast<std::size_t>(n)), 0, n - back, n);
+      ExpectAgreement(std::vector<int>(static_cast<std::size_t>(n), INT_MIN), 0, n - back, n);
     }
 }
 

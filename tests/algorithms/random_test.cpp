@@ -2,9 +2,11 @@
 
 #include <climits>
 #include <ctime>
+#include <limits>
 
 #include "algorithms.h"
 #include "support/bits.h"
+#include "support/not_finite.h"
 #include "support/random_source.h"
 #include "support/second.h"
 
@@ -47,6 +49,34 @@ TEST(MathRandom, DrawsBetweenTwoBoundsInEitherOrder) {
       EXPECT_SAME_VALUE(ZEPH_MathRandom(lo, hi), quotient + lo) << "draw " << draw;
     }
   }
+}
+
+// Whatever the arguments are, so that programs keep their sequences.
+TEST(MathRandom, TakesOneDrawOfTheGeneratorForEachNumber) {
+  constexpr double kGreatest = std::numeric_limits<double>::max();
+  const auto draws = DrawsAfterSeed(11, 2);
+  const auto expectOneDraw = [&](auto call) {
+    Seed(11);
+    call();
+    EXPECT_EQ(ZEPH_MathRandom(0), draws[1]);
+  };
+  for (const int n : {INT_MIN, -1, 0, 1, 2, 32767, 32768, INT_MAX}) {
+    SCOPED_TRACE(n);
+    expectOneDraw([n] { EXPECT_GE(ZEPH_MathRandom(n), 0); });
+  }
+  for (const double lo : {0.0, -0.0, 1.0, -2.5, kGreatest, -kGreatest, kInfinity, kNaN})
+    for (const double hi : {0.0, -0.0, 1.0, -2.5, kGreatest, -kGreatest, kInfinity, kNaN}) {
+      SCOPED_TRACE(::testing::Message() << lo << " to " << hi);
+      expectOneDraw([=] {
+        volatile double span = hi - lo;
+        volatile double product = 0.0;
+        Seed(11);
+        product = ZEPH_MathRandom(0) * span;
+        volatile double quotient = product / 32767.0;
+        Seed(11);
+        EXPECT_SAME_VALUE(ZEPH_MathRandom(lo, hi), quotient + lo);
+      });
+    }
 }
 
 TEST(MathRandomInit, SeedsWithTheTimeInSeconds) {

@@ -171,6 +171,15 @@ TEST(MathIntegerDivision, MayStoreItsResultsInItsArguments) {
   EXPECT_EQ(a, 2);
 }
 
+TEST(MathIntegerDivision, StoresTheRemainderLast) {
+  for (const int a : {17, -17, 3, 0, INT_MAX})
+    for (const int b : {5, -5, 1, 17}) {
+      int both = 77;
+      ZEPH_MathIntegerDivision(a, b, both, both);
+      EXPECT_EQ(both, a % b) << a << " by " << b;
+    }
+}
+
 TEST(MathGetExponent, ChangesNeitherArgument) {
   for (double x : SpecialValues<double>()) {
     const double before = x;

@@ -1,3 +1,4 @@
+#include <iterator>
 #include <type_traits>
 
 #include "graphics/values.h"
@@ -326,4 +327,48 @@ TYPED_TEST(FloatVector, GettersAndSettersMoveEveryBit) {
         EXPECT_TRUE(SameBits(Array(v), want));
         EXPECT_TRUE(SameBits(Got(v), want));
       }
+}
+
+// Of whatever class the object is that takes the numbers.
+TEST(FloatVectors, ConstructorsAndConversionsMoveEveryBit) {
+  const float special[] = {
+      0.0f, -0.0f, kInfinityF, -kInfinityF, FromBits<float>(0xFFC01234u), FromBits<float>(1u),
+      -1.5f};
+  constexpr std::size_t kKinds = std::size(special);
+  for (std::size_t k = 0; k < kKinds * kKinds; ++k) {
+    float p[16];
+    for (std::size_t i = 0; i < 16; ++i) p[i] = special[(k + i * (1 + k / kKinds)) % kKinds];
+    const oracle::Vector three(p, p + 3), four(p, p + 4), sixteen(p, p + 16);
+    const CZEPHVector3D v(p[0], p[1], p[2]);
+    EXPECT_TRUE(SameBits(Array(v), three));
+    EXPECT_TRUE(SameBits(Array(CZEPHVector3D(p)), three));
+    EXPECT_TRUE(SameBits(Array(CZEPHVector4D(p[0], p[1], p[2], p[3])), four));
+    EXPECT_TRUE(SameBits(Array(CZEPHVector4D(p)), four));
+    for (const float w : {1.0f, 0.0f, -0.0f}) {
+      CZEPHVector4D point(v);
+      EXPECT_TRUE(SameBits(Array(point), {p[0], p[1], p[2], 1.0f}));
+      point.w = w;
+      EXPECT_TRUE(SameBits(Array(CZEPHVector3D(point)), three));
+    }
+    CZEPHVector3S record;
+    record.x = p[0], record.y = p[1], record.z = p[2];
+    CZEPHVector3S copy(record), assigned, filled;
+    assigned = record;
+    ZEPH_CopyVector(&filled, &record);
+    for (const CZEPHVector3S* each : {&copy, &assigned, &filled})
+      EXPECT_TRUE(SameBits(oracle::Vector{each->x, each->y, each->z}, three));
+    const CZEPHMatrix4x4 m(p), same(p[0], p[1], p[2], p[3], p[4], p[5], p[6], p[7], p[8], p[9],
+                                    p[10], p[11], p[12], p[13], p[14], p[15]);
+    const CZEPHMatrix4x4 twice(m);
+    CZEPHMatrix4x4 other;
+    other = m;
+    for (const CZEPHMatrix4x4* each :
+         {&m, &same, &twice, static_cast<const CZEPHMatrix4x4*>(&other)})
+      EXPECT_TRUE(SameBits(oracle::Vector(each->entries, each->entries + 16), sixteen));
+    EXPECT_TRUE(SameBits(Array(m.GetColumn(2)), oracle::Vector(p + 8, p + 12)));
+    EXPECT_TRUE(SameBits(Array(m.GetRow(1)), {p[1], p[5], p[9], p[13]}));
+    EXPECT_TRUE(SameBits(Array(m.GetTranspose().GetColumn(3)), {p[3], p[7], p[11], p[15]}));
+    other.SetTranslation(v);
+    EXPECT_TRUE(SameBits(Array(other.GetColumn(3)), {p[0], p[1], p[2], 1.0f}));
+  }
 }

@@ -161,6 +161,37 @@ TEST_F(LinalgFailure, DoubleMatrixOperatorsReturnTheSizeWithoutStorage) {
   ExpectNoRequest("= of equal sizes", MakeMatrices, [](Matrices& s) { s.a = s.b; });
 }
 
+namespace {
+
+/// Whether the rows that there are hold those of X.
+bool StoredRowsAreX(const CZEPHDoubleMatrix& m) {
+  for (int i = 0; m.m_ppData && i < 3 && m.m_ppData[i]; ++i)
+    if (!SameBits(std::vector<double>(m.m_ppData[i], m.m_ppData[i] + 3), X()[Count(i)]))
+      return false;
+  return true;
+}
+
+}  // namespace
+
+TEST_F(LinalgFailure, AnAssignmentFillsTheRowsThatItGot) {
+  const auto expect = [](const char* name, int rows, int cols) {
+    ExpectOnFailure(
+        {name, 4, Ending::kSilent},
+        [=] {
+          Matrices s;
+          s.result.emplace(rows, cols, 7.0);
+          return s;
+        },
+        [](Matrices& s) { *s.result = s.a; },
+        [](const Matrices& s) {
+          return Unchanged(s) && HasMissingRows(*s.result) && StoredRowsAreX(*s.result);
+        });
+  };
+  expect("= to an empty matrix", 0, 0);
+  expect("= to a matrix without columns", 2, 0);
+  expect("= to a matrix without rows", 0, 4);
+}
+
 TEST_F(LinalgFailure, TheProductLeavesTheMatrixUnchanged) {
   ExpectOnFailure(
       {"*=", 4, Ending::kSilent}, MakeMatrices, [](Matrices& s) { s.a *= s.b; }, Unchanged);

@@ -236,3 +236,44 @@ TEST(MatrixAssignment, ResizesBetweenAnyTwoShapes) {
           EXPECT_EQ(Elements(result), Elements(source));
         }
 }
+
+namespace {
+
+enum class State { kEmpty, kStored, kOtherSize, kReleased };
+constexpr State kStates[] = {State::kEmpty, State::kStored, State::kOtherSize, State::kReleased};
+
+CZEPHMatrix MatrixIn(State state, double first) {
+  CZEPHMatrix m;
+  if (state != State::kEmpty) m = ToMatrix({{first, 2, 3}, {4, 5, 6}});
+  if (state == State::kOtherSize) m = ToMatrix({{first}, {7}});
+  if (state == State::kReleased) m.Free();
+  return m;
+}
+CZEPHVector VectorIn(State state, double first) {
+  CZEPHVector v;
+  if (state != State::kEmpty) v = ToVector({first, 2, 3});
+  if (state == State::kOtherSize) v = ToVector({first});
+  if (state == State::kReleased) v.Free();
+  return v;
+}
+
+}  // namespace
+
+// The copy is one of the target, which a released target of the same size makes visible.
+TEST(MatrixAssignment, ReturnsWhatACopyOfTheTargetHolds) {
+  for (const State from : kStates)
+    for (const State to : kStates) {
+      SCOPED_TRACE(::testing::Message() << static_cast<int>(from) << static_cast<int>(to));
+      CZEPHMatrix m = MatrixIn(to, 1);
+      const CZEPHMatrix returned = m = MatrixIn(from, 10);
+      const CZEPHMatrix copy(m);
+      EXPECT_EQ(returned.m_nRows, copy.m_nRows);
+      EXPECT_EQ(returned.m_nColumns, copy.m_nColumns);
+      EXPECT_TRUE(SameBits(Elements(returned), Elements(copy)));
+      CZEPHVector v = VectorIn(to, 1);
+      const CZEPHVector result = v = VectorIn(from, 10);
+      const CZEPHVector same(v);
+      EXPECT_EQ(result.m_nSize, same.m_nSize);
+      EXPECT_TRUE(SameBits(Elements(result), Elements(same)));
+    }
+}

@@ -1,4 +1,7 @@
 #include "support/hardened.h"
+
+#include <limits>
+
 #include "containers.h"
 
 namespace {
@@ -182,6 +185,25 @@ TEST(HardenedContainers, AllowEverythingDocumented) {
       stack.Pop();
     }
   }
+}
+
+// A node that is made where another was released is not taken for it, however it comes into a list.
+TEST(HardenedContainers, AllowNodesOfAnyValueAtAddressesThatWereReleased) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  for (const bool sorted : {false, true})
+    for (const double x : {1.0, -0.0, std::numeric_limits<double>::infinity(),
+                           std::numeric_limits<double>::quiet_NaN()})
+      for (int times = 0; times < 3; ++times) {
+        CZEPHLinkList<double> list;
+        CZEPHLink<double>* links[] = {new CZEPHLink<double>(x), new CZEPHLink<double>(x),
+                                      new CZEPHLink<double>(x)};
+        if (sorted) {
+          list.Sorting(links, 3);
+        } else {
+          for (CZEPHLink<double>* link : links) list.InsertOrdered(link);
+        }
+        delete list.GetFirstLink();  // by the caller, the others by the list
+      }
 }
 
 TEST(HardenedContainers, StopAtEveryBreachOfEveryOperation) {

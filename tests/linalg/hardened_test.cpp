@@ -159,8 +159,33 @@ TEST(HardenedLinalg, AllowsEverythingDocumented) {
     CZEPHMatrix m(2, 2, nullptr);
     Use(v[1] + m[1][1]);
   }
+  {  // released, with counts of before
+    CZEPHMatrix m = General();
+    CZEPHVector v(9), released(9), shorter(1);
+    m.Free();
+    released.Free();
+    for (const int j : {-1, 0, 3}) {
+      m.PickCol(j);
+      m.PickCol(j, v);
+      m.PickCol(j, shorter);
+      m.SetCol(j, v);
+      General().PickCol(j, released);
+      General().SetCol(j, released);
+    }
+    ZEPH_SumVector(m, shorter);
+  }
   CZEPHVector().Check(false, static_cast<char*>(nullptr));
   CZEPHMatrix().Check(false, static_cast<char*>(nullptr));
+}
+
+// The counts of a stream that ends or fails among them are not used.
+TEST(HardenedLinalg, AllowsAnyCountsWhereNotBothAreRead) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  for (const char* text : {"", "9", "9 ", "9 x", "x", "x 9", "-9", "9 -1", "-1 9", "9 0", "0 9",
+                           "9 99999999999", "99999999999 9"}) {
+    SCOPED_TRACE(text);
+    Read(text);
+  }
 }
 
 TEST(HardenedLinalg, StopsAtEachEndOfEachRange) {

@@ -12,7 +12,10 @@
 #include <linalg.h>
 #include <raw_buffers.h>
 
+#include <atomic>
 #include <cstring>
+#include <sstream>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -128,6 +131,99 @@ class Mixture {
   CZEPHMatrix4x4 transform_;
   std::uint64_t digest_ = 0xCBF29CE484222325u;
 };
+
+/// What an operation gives for the inputs of a seed, as text.
+struct Operation {
+  const char* name;
+  std::string (*result)(Random& random);
+};
+
+template <class T>
+std::string Bytes(const T* values, std::size_t n) {
+  return std::string(reinterpret_cast<const char*>(values), n * sizeof(T));
+}
+
+std::string SortedNodes(Random& random) {
+  std::vector<CZEPHLink<double>> nodes;
+  for (std::size_t n = 20 + random.Below(600); n > 0; --n) nodes.emplace_back(random.Int(0, 99));
+  std::vector<CZEPHLink<double>*> table;
+  for (auto& node : nodes) table.push_back(&node);
+  CZEPHLinkList<double> list;
+  list.Sorting(table.data(), static_cast<int>(table.size()));
+  std::vector<std::ptrdiff_t> order;
+  for (auto* node = list.m_pHead; node && order.size() < nodes.size(); node = node->m_pNext)
+    order.push_back(node - nodes.data());
+  list.m_pHead = nullptr;
+  return Bytes(order.data(), order.size());
+}
+std::string SelectedNumbers(Random& random) {
+  std::vector<double> numbers(300 + random.Below(300));
+  for (double& x : numbers) x = random.Real(-1e6, 1e6);
+  CZEPHSelectionSort::Run(numbers.data(), static_cast<int>(numbers.size()));
+  return Bytes(numbers.data(), numbers.size());
+}
+std::string ProductsOf4x4(Random& random) {
+  CZEPHMatrix4 a, b;
+  CZEPHMatrix4x4 turn;
+  for (int i = 0; i < 4; ++i)
+    for (int j = 0; j < 4; ++j) a(i, j) = random.Real(), b(i, j) = random.Real();
+  for (float& x : turn.entries) x = static_cast<float>(random.Real());
+  CZEPHVector4D v(1, 2, 3, 4);
+  for (int k = 0; k < 20; ++k) {
+    a *= b;
+    v = turn * v;
+  }
+  const float components[] = {v.x, v.y, v.z, v.w};
+  return Bytes(a.m_data, 16) + Bytes(components, 4);
+}
+std::string GeneralMatrices(Random& random) {
+  CZEPHMatrix a(3, 5), b(5, 7);
+  for (double* row : {a[0], a[1], a[2]})
+    for (int j = 0; j < 5; ++j) row[j] = random.Real();
+  for (int i = 0; i < 5; ++i)
+    for (int j = 0; j < 7; ++j) b[i][j] = random.Real();
+  const CZEPHVector sums = ZEPH_SumVector(a * b) + (a * b).PickCol(6);
+  return Bytes(sums.data(), sums.size());
+}
+std::string ReadMatrices(Random& random) {
+  std::stringstream stream;
+  stream << "2 3";
+  for (int k = 0; k < 6; ++k) stream << ' ' << random.Real(-1e9, 1e9);
+  CZEPHDoubleMatrix m(2, 3, 0.0);
+  stream >> m;
+  return Bytes(m[0], 3) + Bytes(m[1], 3);
+}
+
+constexpr Operation kSameOperations[] = {{"sorted nodes", SortedNodes},
+                                         {"selected numbers", SelectedNumbers},
+                                         {"products of 4 x 4", ProductsOf4x4},
+                                         {"general matrices", GeneralMatrices},
+                                         {"read matrices", ReadMatrices}};
+
+// All threads run the same operation, so that one that kept anything between its calls or beside its
+// objects would meet itself. (Texts have a test of their own in the manners.)
+TEST(Threads, GiveTheResultsOfOneThreadInTheSameOperationAtOnce) {
+  const auto inputs = Scaled<std::uint64_t>(200, 50);
+  for (const Operation& operation : kSameOperations) {
+    std::vector<std::string> want;
+    for (std::uint64_t seed = 0; seed < inputs; ++seed) {
+      Random random(seed);
+      want.push_back(operation.result(random));
+    }
+    std::atomic<int> others{0};
+    std::vector<std::thread> threads;
+    for (unsigned i = 0; i < kThreads; ++i)
+      threads.emplace_back([&, i] {
+        for (std::uint64_t k = 0; k < inputs; ++k) {
+          const std::uint64_t seed = (k + i * 7) % inputs;
+          Random random(seed);
+          if (operation.result(random) != want[seed]) ++others;
+        }
+      });
+    for (auto& thread : threads) thread.join();
+    EXPECT_EQ(others, 0) << operation.name;
+  }
+}
 
 TEST(Threads, GiveTheResultsOfOneThreadInTenThousandMixedOperationsEach) {
   constexpr int kOperations = 10'000;

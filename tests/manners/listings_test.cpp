@@ -92,6 +92,12 @@ std::string WithCommas(std::string text) {
   return text;
 }
 
+bool HasDecimalComma(const std::string& text) {
+  for (std::size_t i = 1; i + 1 < text.size(); ++i)
+    if (text[i] == ',' && IsDigit(text[i - 1]) && IsDigit(text[i + 1])) return true;
+  return false;
+}
+
 /// What is the same each time where a listing has times or random numbers.
 std::string WithoutDigits(std::string text) {
   const auto varies = [](char c) { return IsDigit(c) || c == '-' || c == ' '; };
@@ -138,6 +144,8 @@ TEST(Listings, ToStringsUseTheDecimalPointOfTheCurrentLocale) {
     return std::string(text);
   };
   const std::string plain = texts(), plainFormat = formatted();
+  EXPECT_FALSE(HasDecimalComma(plain)) << "a number kept the point of an earlier test's locale";
+  EXPECT_NE(plain.find("12.346xE3"), std::string::npos) << plain;
   std::string commas = plain;
   if (!ZEPH_PortableMath) std::replace(commas.begin(), commas.end(), '.', ',');
   for (int round = 0; round < 2; ++round) {

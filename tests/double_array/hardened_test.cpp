@@ -1,7 +1,10 @@
+#include <functional>
 #include <iostream>
 #include <sstream>
+#include <utility>
 
 #include "double_array.h"
+#include "linalg.h"
 #include "support/hardened.h"
 
 namespace {
@@ -54,6 +57,61 @@ TEST(HardenedDoubleArray, StopsAtAStreamedCountBeyondTheStorage) {
   EXPECT_STOP("operator>>(CZEPHDoubleArray): count is 6, outside 0..5", Read("6 1 2 3 4 5 6"));
 }
 
+/// However the array got its block.
+TEST(HardenedDoubleArray, StopsAtAStreamedCountBeyondABlockOfAnyOrigin) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  using Array = CZEPHDoubleArray;
+  struct Open : Array {
+    using Array::AllocMemory;
+  };
+  const Array a = Five(), b = Five();
+  const std::function<Array()> origins[] = {
+      [] { return Array(5, 1.0); },
+      [] { return Array(5, 1); },
+      [] { return Five(); },
+      [&] { return Array(a); },
+      [] { return Array(Five()); },
+      [&] {
+        Array assigned;
+        assigned = a;
+        return assigned;
+      },
+      [] {
+        Open allocated;
+        allocated.AllocMemory(5);
+        return Array(std::move(allocated));
+      },
+      [] {
+        Array resized;
+        resized.Resize(5, 0);
+        return resized;
+      },
+      [] {
+        Array resized = Five();
+        resized.Resize(7, 1);
+        resized.Resize(5, 1);
+        return resized;
+      },
+      [&] { return +a; },
+      [&] { return -a; },
+      [&] { return a + b; },
+      [&] { return a + Five(); },
+      [&] { return Five() + b; },
+      [&] { return a - b; },
+      [&] { return Five() - b; },
+      [&] { return a * b; },
+      [&] { return 2.0 * a; },
+      [&] { return a * 2.0; },
+      [&] { return a / 2.0; },
+      [] { return CZEPHDoubleMatrix(5, 2, 1.0) * Array(2, 1.0); },
+  };
+  for (const auto& origin : origins)
+    EXPECT_STOP_OF("operator>>(CZEPHDoubleArray): count is 6, outside 0..5", [&origin] {
+      Array five = origin();
+      std::istringstream("6 1 2 3 4 5 6") >> five;
+    });
+}
+
 TEST(HardenedDoubleArray, StopsWithoutStorage) {
   ZEPH_SKIP_UNLESS_HARDENED();
   EXPECT_STOP("CZEPHDoubleArray::operator[]: data is null", {
@@ -94,6 +152,11 @@ TEST(HardenedDoubleArray, StopsAtAPartitionWithoutASentinel) {
         CZEPHDoubleArray a(3, 0.0);
         a[2] = 9;  // the one behind does not end it
         a.QuickPartition(0, 2, 5.0);
+      });
+  EXPECT_STOP(
+      "CZEPHDoubleArray::QuickPartition: element left is above pivot, so nothing ends the scan", {
+        double v[] = {0, 9, 1, 5, 7};  // the one before does not end it
+        CZEPHDoubleArray(5, v).QuickPartition(1, 4, 5.0);
       });
 }
 
@@ -147,9 +210,25 @@ TEST(HardenedDoubleArray, AllowsEverythingDocumented) {
     Five() * b;
     ZEPH_ArrayDotProduct(Five(), b);
   }
-  {  // right without storage
-    Five() * CZEPHDoubleArray();
-    ZEPH_ArrayDotProduct(Five(), CZEPHDoubleArray());
+  {  // either side without storage, whatever its count
+    CZEPHDoubleArray none(-1, 0.0);
+    for (const int count : {-1, 0, 3, 9}) {
+      none.size = count;
+      Five() * none;
+      none* Five();
+      ZEPH_ArrayDotProduct(Five(), none);
+      ZEPH_ArrayDotProduct(none, Five());
+    }
+  }
+  {  // nothing to display
+    CString out;
+    Five().Display(out, 3, 2);
+    Five().Display(out, 30, -30);
+    Five().Display(out, 9, 8);
+  }
+  {  // a greater element in front of the piece
+    double v[] = {9, 0, 1, 5, 7};
+    CZEPHDoubleArray(5, v).QuickPartition(1, 4, 5.0);
   }
   CZEPHDoubleArray().MergeSortedArray(nullptr, 0, nullptr, 0, nullptr);
   {  // parted piece

@@ -5,6 +5,7 @@
 
 #include "double_array/arrays.h"
 #include "oracle/sorts.h"
+#include "support/allocation.h"
 #include "support/hostile.h"
 #include "support/scale.h"
 #include "support/small_stack.h"
@@ -108,6 +109,24 @@ TEST(DoubleArrayHostileSorting, QuickSortIsShallowWhereEachPartitionIsLopsided) 
     ASSERT_TRUE(RunOnSmallStack(kStack, [&] { a.QuickSort(10); }));
     EXPECT_TRUE(std::is_sorted(a.begin(), a.end())) << kContentNames[static_cast<int>(content)];
   }
+}
+
+/// More zeros than signs are kept of, and pieces of every kind: what needs room has its own or borrows it.
+TEST(DoubleArrayHostileSorting, CallsNoAllocationOperator) {
+  for (const std::size_t n : {300u, 9000u})
+    ForEachHostile(n, 17, [](const Values& v, const std::string& name) {
+      const auto requests = [&v](auto sort) {
+        CZEPHDoubleArray a = ArrayOf(v);
+        const long before = AllocationCount();
+        sort(a);
+        return AllocationCount() - before;
+      };
+      for (const Method& method : kQuadratic)
+        EXPECT_EQ(requests(method.sort), 0) << method.name << " of " << name;
+      for (const int cutoff : {2, 10})
+        EXPECT_EQ(requests([cutoff](CZEPHDoubleArray& a) { a.QuickSort(cutoff); }), 0)
+            << "QuickSort of " << name;
+    });
 }
 
 TEST(HostileInputs, KillersMakeThePlainQuickSortQuadratic) {

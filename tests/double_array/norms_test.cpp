@@ -83,6 +83,15 @@ TEST(DoubleArrayNorms, TheMaximumIsNaNOnlyIfTheFirstElementIs) {
   EXPECT_SAME_BITS(ArrayOf({-0.0}).MaxNorm(), 0.0);
 }
 
+TEST(DoubleArrayNorms, ANaNInFrontIsTheMaximumWithoutItsSignAtEveryLength) {
+  for (std::size_t n = 1; n <= 70; ++n)
+    for (const double nan : {kNaN, -kNaN, FromBits<double>(0xFFF8'0000'0000'0123)}) {
+      Values v(n, -2.0);
+      v[0] = nan;
+      EXPECT_TRUE(SameBits(ArrayOf(v).MaxNorm(), AbsoluteValue(nan))) << n;
+    }
+}
+
 TEST(DoubleArrayNorms, OfAnEmptyArrayAreZero) {
   for (int size : {-1, 0, 4}) {
     SCOPED_TRACE(::testing::Message() << "size " << size);

@@ -1,6 +1,7 @@
 #include <climits>
 #include <iomanip>
 #include <sstream>
+#include <string>
 
 #include "double_array/arrays.h"
 
@@ -37,6 +38,17 @@ std::string Listed(CZEPHDoubleArray a, int from, int to) {
   return text.GetString();
 }
 
+/// Keeps what is written, and how much of it was at each flush.
+struct NotesFlushes : std::stringbuf {
+  std::string flushes;
+
+ protected:
+  int sync() override {
+    flushes += std::to_string(str().size()) + ' ';
+    return 0;
+  }
+};
+
 /// Reads `text` into an array with storage for three.
 struct Extracted {
   explicit Extracted(const std::string& text) : a(ArrayOf({-1, -2, -3})), is(text) {
@@ -63,6 +75,43 @@ TEST(DoubleArrayText, InsertionUsesTheFormatOfTheStream) {
   os << std::fixed << std::setprecision(3) << ArrayOf({1.0 / 3, 2});
   EXPECT_EQ(os.str(), "Elements of the vector are: \n0.333  2.000  \n");
   EXPECT_EQ(&(os << CZEPHDoubleArray()), &os);
+}
+
+TEST(DoubleArrayText, StreamsGetWhatSingleInsertionsGiveThem) {
+  const auto insert = [](std::ostream& os, const CZEPHDoubleArray& a) {
+    os << "Elements of the vector are: \n";
+    for (const double x : a) os << x << (a.size < 5 ? "  " : "\n");
+    if (a.size > 0 && a.size < 5) os << "\n";
+  };
+  const auto display = [](std::ostream& os, const CZEPHDoubleArray& a) {
+    for (int i = 0; i < a.size; ++i) {
+      os << a[i] << " ";
+      if (i > 0 && i % 10 == 0) os << std::endl;
+    }
+  };
+  using Flags = std::ios_base;
+  for (const auto flags : {Flags::dec, Flags::left, Flags::internal | Flags::showpos,
+                           Flags::fixed | Flags::showpoint, Flags::unitbuf})
+    for (const int width : {0, 1, 7, 29, 30, 50})
+      for (const int n : {0, 1, 4, 5, 10, 11, 12, 21, 22, 500}) {
+        SCOPED_TRACE(::testing::Message() << "flags " << flags << ", width " << width << ", " << n);
+        CZEPHDoubleArray a(n, 0.0);
+        for (int i = 0; i < n; ++i) a[i] = (i - 3) * 0.25;
+        const auto written = [&](auto write) {
+          NotesFlushes buffer;
+          std::ostream os(&buffer);
+          os.flags(flags);
+          os.width(width);
+          os.fill('*');
+          write(os);
+          return buffer.str() + " flushed at " + buffer.flushes + "width " +
+                 std::to_string(os.width());
+        };
+        EXPECT_EQ(written([&](std::ostream& os) { os << a; }),
+                  written([&](std::ostream& os) { insert(os, a); }));
+        EXPECT_EQ(written([&](std::ostream& os) { a.Display(os); }),
+                  written([&](std::ostream& os) { display(os, a); }));
+      }
 }
 
 TEST(DoubleArrayText, DisplayBreaksTheLineAfterElementsTenTwentyAndSoOn) {

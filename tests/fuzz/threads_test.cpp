@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "fuzz/bodies.h"
+#include "support/not_finite.h"
 #include "support/numbers.h"
 #include "support/scale.h"
 
@@ -53,7 +54,7 @@ class Mixture {
 
  private:
   void Step() {
-    switch (random_.Below(9)) {
+    switch (random_.Below(10)) {
       case 0:
         return Keep(array_ = array_ + array_);
       case 1:
@@ -70,6 +71,8 @@ class Mixture {
         return List();
       case 7:
         return Write();
+      case 8:
+        return SortTies();
       default:
         return Refill();
     }
@@ -90,6 +93,30 @@ class Mixture {
   void Sort() {
     array_.QuickSort(static_cast<int>(random_.Below(12)));
     Keep(array_);
+  }
+  /// Zeros of both signs, NaNs and repeated values; a few arrays are long enough to be counted.
+  void SortTies() {
+    CZEPHDoubleArray a(random_.Below(40) ? random_.Int(9, 300) : 9000, 0.0);
+    const bool nans = random_.Below(4) == 0;
+    for (double& x : a)
+      x = random_.Below(2) ? random_.Int(-20, 20) : random_.Below(50) == 0 && nans ? kNaN : -0.0;
+    switch (random_.Below(5)) {
+      case 0:
+        a.BubbleSort();
+        break;
+      case 1:
+        a.InsertionSort();
+        break;
+      case 2:
+        a.ListInsertSort();
+        break;
+      case 3:
+        a.ShellSort();
+        break;
+      default:
+        a.QuickSort(10);
+    }
+    Keep(a);
   }
   void Multiply() {
     CZEPHDoubleMatrix m(4, 4, 0.0);

@@ -32,19 +32,33 @@ namespace {
 using test::Guarded;
 using Values = std::vector<double>;
 
-std::map<void*, std::unique_ptr<Guarded>> lent;
+struct Loan {
+  std::unique_ptr<Guarded> pages;
+  std::size_t bytes;
+};
+std::map<void*, Loan> lent;
 std::size_t lendings = 0;
-std::size_t refused = 0;  // this one of the lendings
+std::size_t refused = 0;             // this one of the lendings
+std::size_t borrowed = 0, most = 0;  // bytes, now and at once
 
 void* Lend(std::size_t bytes) {
   if (++lendings == refused) return nullptr;
+  most = std::max(most, borrowed += bytes);
   auto pages = std::make_unique<Guarded>(bytes);
   void* const block = pages->Room<char>(bytes, true);
-  lent.emplace(block, std::move(pages));
+  lent.emplace(block, Loan{std::move(pages), bytes});
   return block;
 }
 void TakeBack(void* block) {
+  borrowed -= lent.at(block).bytes;
   lent.erase(block);
+}
+/// The greatest number of bytes that `call` borrows at once.
+template <class Call>
+std::size_t MostBorrowedBy(Call call) {
+  most = 0;
+  call();
+  return most;
 }
 
 class BorrowedMemory : public testing::TestWithParam<const kernels::Table*> {
@@ -135,6 +149,25 @@ TEST_P(BorrowedMemory, SufficesForAnyNumberOfZerosAndNegatives) {
       }
 }
 
+/// 6 n bytes with zeros of both signs, 8 n with a NaN.
+TEST_P(BorrowedMemory, IsAsLittleAsDocumentedInShellsSort) {
+  for (std::size_t n : {256u, 300u, 1000u, 5000u})
+    test::ForEachHostile(n, n + 2, [n](Values v, const std::string& name) {
+      const bool nan = std::any_of(v.begin(), v.end(), [](double x) { return x != x; });
+      EXPECT_LE(MostBorrowedBy([&] { ShellSort(v.data(), n); }), nan ? 8 * n + 256 : 6 * n + 16)
+          << name;
+    });
+}
+
+/// 1/28 of the bytes of the array, each level of the tree rounded up.
+TEST_P(BorrowedMemory, IsAsLittleAsDocumentedInAQuickSort) {
+  for (std::size_t n : {16'385u, 20'000u, 40'000u})
+    for (const auto content : {test::Content::kBothZeros, test::Content::kOnePercentNans}) {
+      Values v = test::Hostile(content, test::Arrangement::kKiller, n, 3);
+      EXPECT_LE(MostBorrowedBy([&] { SortAsWalked(v.data(), n, 10); }), 8 * n / 28 + 128) << n;
+    }
+}
+
 /// More elements than the leaves in the tree itself are for, from one more on.
 TEST_P(BorrowedMemory, SufficesForTheBoundsOfATree) {
   for (std::size_t n : {16'385u, 16'448u, 16'449u, 17'000u}) {
@@ -146,6 +179,7 @@ TEST_P(BorrowedMemory, SufficesForTheBoundsOfATree) {
   }
 }
 
+/// 96 KiB, however large the product is.
 TEST_P(BorrowedMemory, SufficesForAPanelOfAProduct) {
   constexpr std::size_t kRows = 48, kInner = 270;
   for (std::size_t cols : {385u, 393u, 431u, 432u}) {
@@ -156,8 +190,11 @@ TEST_P(BorrowedMemory, SufficesForAPanelOfAProduct) {
     for (Values& row : c) out.push_back(row.data());
     // The tables of rows lie at the end of pages too.
     const Guarded tables[3];
-    kernels::DenseProduct(tables[0].Copy(out, true), tables[1].Copy(left, true),
-                          tables[2].Copy(right, true), kRows, kInner, cols);
+    EXPECT_LE(MostBorrowedBy([&] {
+                kernels::DenseProduct(tables[0].Copy(out, true), tables[1].Copy(left, true),
+                                      tables[2].Copy(right, true), kRows, kInner, cols);
+              }),
+              96u * 1024);
     for (const Values& row : c) ASSERT_EQ(Values(cols, 6.0 * kInner), row);
   }
 }

@@ -60,6 +60,39 @@ TEST(Processor, WithoutAvx2RunsNeitherWideForm) {
   EXPECT_FALSE(RunsAvx2({13, 1u << 27, kAvx2, 0x07}));
 }
 
+/// What the wide forms need, bit by bit; AVX-512 needs the first five too.
+struct Need {
+  std::uint32_t ProcessorAnswers::*word;
+  std::uint32_t bit;
+  std::uint64_t saved;
+};
+constexpr std::uint32_t ProcessorAnswers::*kLeaf1 = &ProcessorAnswers::leaf_1_ecx;
+constexpr std::uint32_t ProcessorAnswers::*kLeaf7 = &ProcessorAnswers::leaf_7_ebx;
+constexpr Need kNeeds[] = {{kLeaf1, 1u << 27, 0}, {kLeaf1, 1u << 28, 0}, {kLeaf7, 1u << 5, 0},
+                           {nullptr, 0, 0x02},    {nullptr, 0, 0x04},    {kLeaf7, 1u << 16, 0},
+                           {kLeaf7, 1u << 17, 0}, {kLeaf7, 1u << 30, 0}, {kLeaf7, 1u << 31, 0},
+                           {nullptr, 0, 0x20},    {nullptr, 0, 0x40},    {nullptr, 0, 0x80}};
+
+/// Every set of the bits, among others that do not matter.
+TEST(Processor, RunsAFormWithAllThatItNeedsAndNotWithLess) {
+  constexpr unsigned kAll = 0xFFF, kOfAvx2 = 0x1F;
+  for (unsigned has = 0; has <= kAll; ++has)
+    for (const bool others : {false, true}) {
+      ProcessorAnswers answers = {7, 0, 0, 0};
+      if (others) answers = {31, ~0u, ~0u, ~std::uint64_t{0}};
+      for (unsigned k = 0; k < 12; ++k) {
+        const Need& need = kNeeds[k];
+        if (need.word)
+          answers.*need.word = (answers.*need.word & ~need.bit) | (has >> k & 1 ? need.bit : 0);
+        else
+          answers.saved_by_system =
+              (answers.saved_by_system & ~need.saved) | (has >> k & 1 ? need.saved : 0);
+      }
+      ASSERT_EQ(RunsAvx2(answers), (has & kOfAvx2) == kOfAvx2) << has;
+      ASSERT_EQ(RunsAvx512(answers), has == kAll) << has;
+    }
+}
+
 #if ZEPH_X64 && !defined(_MSC_VER)
 ZEPH_TARGET("xsave") std::uint64_t SavedBySystem() {
   return _xgetbv(0);

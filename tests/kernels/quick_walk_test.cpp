@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 #include "double_array/stop_tree.h"
 #include "kernels/memory.h"
@@ -149,6 +150,77 @@ TEST(StopTree, NodesHaveTheBoundsOfThoseBelowAfterEveryPartition) {
       ASSERT_NO_FATAL_FAILURE(ExpectBoundsOf(v, name));
     }
   }
+}
+
+/// An order in which each partition splits off one of `share` elements, at either end, and moves others all over the
+/// piece. So a piece needs a tree, halves, is partitioned without it, and needs it again. Two zeros stay in the larger
+/// piece.
+Values Nibbled(std::size_t n, std::size_t share, std::uint64_t seed) {
+  test::Random random(seed);
+  std::vector<std::size_t> at(n), others;  // where the element at a place was at first
+  std::iota(at.begin(), at.end(), std::size_t{0});
+  Values v(n);
+  const auto shuffle = [&random](auto& all) {
+    for (std::size_t k = all.size(); k > 1; --k) std::swap(all[k - 1], all[random.Below(k)]);
+  };
+  const auto fill = [&](std::size_t first, std::size_t count, std::size_t low) {
+    others.resize(count);
+    std::iota(others.begin(), others.end(), low);
+    shuffle(others);
+    for (std::size_t k = 0; k < count; ++k) v[at[first + k]] = static_cast<double>(others[k]);
+  };
+  std::size_t first = 0, count = n, low = 0;
+  while (count > 100) {
+    const std::size_t few = count / share, less = random.Below(2) ? few : count - 1 - few;
+    const std::size_t middle = (count - 1) / 2, pivot = count - 2;
+    std::vector<char> below(count, 0);
+    others.clear();
+    for (std::size_t k = 1; k + 1 < count; ++k)
+      if (k != middle) others.push_back(k);
+    shuffle(others);
+    below[0] = 1;
+    for (std::size_t k = 0; k + 1 < less; ++k) below[others[k]] = 1;
+    v[at[first + middle]] = static_cast<double>(low + less);
+    std::swap(at[first + middle], at[first + pivot]);
+    std::swap(below[middle], below[pivot]);
+    std::size_t i = 0, j = pivot;
+    for (;;) {
+      while (below[++i]) {
+      }
+      while (!below[--j]) {
+      }
+      if (i >= j) break;
+      std::swap(at[first + i], at[first + j]);
+      std::swap(below[i], below[j]);
+    }
+    std::swap(at[first + i], at[first + pivot]);
+    const std::size_t more = count - 1 - less;
+    if (less < more) {
+      fill(first, less, low);
+      first += less + 1;
+      low += less + 1;
+    } else {
+      fill(first + less + 1, more, low + less + 1);
+    }
+    count = std::max(less, more);
+  }
+  fill(first, count, low);
+  const auto zero = static_cast<double>(low + count / 2);
+  for (double& x : v)
+    x = x == zero ? 0.0 : x == zero + 1 ? -0.0 : x < zero ? x - zero : x - zero - 1;
+  return v;
+}
+
+TEST(QuickWalk, MakesTheDocumentedExchangesWhereATreeIsNeededAgain) {
+  for (const std::size_t n : {12'000u, 16'384u})
+    for (const std::size_t share : {70u, 85u, 100u})
+      for (std::uint64_t seed = 1; seed <= test::Scaled<std::uint64_t>(5, 3); ++seed) {
+        Values v = Nibbled(n, share, seed);
+        Values want = v;
+        oracle::RecQuickSort(want, 0, oracle::SizeOf(want) - 1, 10);
+        SortAsWalked(v.data(), n, 10);
+        ASSERT_TRUE(test::SameBits(v, want)) << n << ", seed " << seed;
+      }
 }
 
 TEST(QuickWalk, MakesTheDocumentedExchangesWithoutMemoryForTheTree) {

@@ -179,5 +179,19 @@ TEST_F(KernelTable, AnUnknownNameForcesNothing) {
   }
 }
 
+/// Neither the beginning of one nor more than one.
+TEST_F(KernelTable, ANameIsAWholeName) {
+  const Table& before = Active();
+  for (const Table* table : RunnableTables()) {
+    const std::string name = table->name;
+    for (std::size_t length = 0; length < name.size(); ++length) {
+      EXPECT_FALSE(Force(name.substr(0, length).c_str())) << length << " of " << name;
+      EXPECT_FALSE(Force(name.substr(length + 1).c_str())) << length << " of " << name;
+    }
+    for (const char* more : {"f", "2", " "}) EXPECT_FALSE(Force((name + more).c_str())) << name;
+    EXPECT_EQ(&Active(), &before) << name;
+  }
+}
+
 }  // namespace
 }  // namespace zeph::kernels

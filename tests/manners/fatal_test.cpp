@@ -62,4 +62,8 @@ TEST(FatalReport, WorksBeforeTheStandardStreamsAreConstructed) {
   EXPECT_EQ(check.err, "Addition error (Not of the same size)\n");
   EXPECT_EQ(RunChild("zeph_manners_early_child", {"nothing"}).status, 7);
 }
+
+TEST(EarlyCalls, ComputeBeforeTheLibrarysInitialisersHaveRun) {
+  EXPECT_EQ(RunChild("zeph_manners_early_child", {"compute"}).status, 8);
+}
 #endif

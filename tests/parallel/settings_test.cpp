@@ -6,6 +6,7 @@
 
 #include "parallel.h"
 #include "platform/threads.h"
+#include "support/modes.h"
 
 namespace {
 
@@ -92,4 +93,29 @@ TEST_F(Settings, AScopeThatSetsNothingKeepsTheOuterOne) {
   EXPECT_EQ(ZEPH_GetThreads(), 4);
   EXPECT_LT(ZEPH_BeginThreadScope(INT_MIN), 0);
   EXPECT_EQ(ZEPH_GetThreads(), 4);
+}
+
+/// Calls stay on their thread then, which is no setting.
+TEST_F(Settings, StayAsTheyAreWhileFloatingPointExceptionsTrap) {
+  ZEPH_SetThreads(3);
+  for (const zeph::test::Mode& mode : zeph::test::Modes()) {
+    int set = 0, all = 0, own = 0, after = 0;
+    zeph::test::RaisedBy(
+        mode,
+        [&] {
+          all = ZEPH_GetThreads();
+          set = ZEPH_SetThreads(4);
+          {
+            const ZEPH_ThreadScope scope(5);
+            own = ZEPH_GetThreads();
+          }
+          after = ZEPH_GetThreads();
+          ZEPH_SetThreads(3);
+        },
+        true);
+    EXPECT_EQ(all, 3) << mode.name;
+    EXPECT_EQ(set, 4) << mode.name;
+    EXPECT_EQ(own, 5) << mode.name;
+    EXPECT_EQ(after, 4) << mode.name;
+  }
 }

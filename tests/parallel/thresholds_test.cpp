@@ -138,8 +138,9 @@ TEST_F(ParallelThresholds, OfArithmeticAreTheDocumentedSizes) {
   for (const int n : {499'999, 500'000}) {
     CZEPHDoubleArray a(n, 1.5), b(n, 2.5);
     const std::pair<const char*, std::function<void()>> operations[] = {
-        {"-", [&] { a - b; }},     {"*", [&] { a* b; }},    {"* s", [&] { a * 2.0; }},
-        {"/ s", [&] { a / 2.0; }}, {"+=", [&] { a += b; }}, {"-=", [&] { a -= b; }}};
+        {"-", [&] { a - b; }},     {"*", [&] { a* b; }},      {"* s", [&] { a * 2.0; }},
+        {"s *", [&] { 2.0 * a; }}, {"/ s", [&] { a / 2.0; }}, {"-a", [&] { -a; }},
+        {"+=", [&] { a += b; }},   {"-=", [&] { a -= b; }}};
     for (const auto& [name, operation] : operations)
       EXPECT_EQ(n == 500'000, ThreadsStartedBy(operation)) << name << ' ' << n;
     CZEPHVector v(n, a.data), w(n, b.data);

@@ -177,7 +177,7 @@ TEST_F(Pool, WakesIdleWorkersForACallWhileOthersAreBusy) {
     std::atomic<std::size_t> in{0};
     Share(static_cast<int>(threads), threads, [&](std::size_t) {
       ++in;
-      for (int wait = 0; in < threads && wait < 2000; ++wait)
+      for (int wait = 0; in < threads && !alone && wait < 2000; ++wait)
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
       if (in < threads) alone = true;
     });

@@ -237,4 +237,23 @@ TEST(Clock, SeedsWhatTheSortTesterDrawsWithItsSecondsAndADraw) {
     EXPECT_EQ(1, clock.asked);
   }
 }
+
+TEST(Clock, SeedsTheNumbersThatTheSelectionSortLists) {
+  constexpr int kCount = 12;
+  Clock clock;
+  clock.Show(1'700'000'000, 0);
+  const auto first = static_cast<unsigned>(zeph::test::DrawsAfterSeed(3, 1)[0]);
+  const std::vector<int> draws = zeph::test::DrawsAfterSeed(1'700'000'000u + first, 2 * kCount);
+  std::string ints = "===Before Sorting===\n";
+  for (int i = 0; i < kCount; ++i) {  // a draw for the sign, one for the number
+    const auto at = static_cast<std::size_t>(2 * i);
+    const int x = draws[at] >= 16383 ? -draws[at + 1] : draws[at + 1];
+    char line[64];
+    std::snprintf(line, sizeof line, "Array[%2d]= %d\n", i, x);
+    ints += line;
+  }
+  zeph::test::Seed(3);
+  const std::string text = Written([](FILE* f) { CZEPHSelectionSort::Test1(kCount, f); });
+  EXPECT_NE(text.find(ints), std::string::npos) << text;
+}
 #endif

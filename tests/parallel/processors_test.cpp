@@ -104,6 +104,18 @@ TEST_F(ControlGroups, VersionOneReadsQuotaAndPeriodFromTwoFiles) {
   EXPECT_EQ(Processors("2:cpu,cpuacct:/\n"), 0);
 }
 
+TEST_F(ControlGroups, APartOfAProcessorCountsAsOne) {
+  const std::pair<const char*, int> quotas[] = {{"1", 1},      {"99999", 1},  {"100000", 1},
+                                                {"100001", 2}, {"200000", 2}, {"200001", 3}};
+  for (const auto& [quota, processors] : quotas) {
+    Write("cpu/a/cpu.cfs_quota_us", quota);
+    Write("cpu/a/cpu.cfs_period_us", "100000\n");
+    EXPECT_EQ(Processors("3:cpu:/a\n"), processors) << quota;
+    Write("a/cpu.max", std::string(quota) + " 100000\n");
+    EXPECT_EQ(Processors("0::/a\n"), processors) << quota;
+  }
+}
+
 TEST_F(ControlGroups, CpuIsFoundAmongOtherControllers) {
   for (const char* controllers : {"cpuacct,cpu", "cpu", "cpuset,cpu,cpuacct", "cpu,cpuset"}) {
     const std::string folder = controllers;

@@ -179,6 +179,12 @@ TEST_F(ParallelThresholds, OfProductsAndRowSumsAreTheDocumentedSizes) {
     CZEPHMatrix c(n, n), d(n, n);
     EXPECT_EQ(n == 159, ThreadsStartedBy([&] { c* d; })) << n;
   }
+  const int shapes[][4] = {{200, 100, 200, 1}, {100, 200, 200, 1}, {200, 200, 100, 1},
+                           {199, 100, 200, 0}, {200, 99, 200, 0},  {200, 100, 199, 0}};
+  for (const auto& [rows, inner, cols, threads] : shapes) {
+    CZEPHMatrix a(rows, inner), b(inner, cols);
+    EXPECT_EQ(threads, ThreadsStartedBy([&] { a* b; })) << rows << ' ' << inner << ' ' << cols;
+  }
   for (const int rows : {999, 1000}) {
     CZEPHDoubleMatrix a(rows, 500, 1.5);
     const CZEPHDoubleArray v(500, 1.0);

@@ -21,7 +21,7 @@ namespace {
 using Values = std::vector<double>;
 
 TEST(ParallelGuardPages, ArithmeticStaysInItsOperands) {
-  const ZEPH_ThreadScope scope(3);
+  const ThreeThreads threads;
   for (const std::size_t n : {500'000u, 500'001u, 512'000u, 600'007u}) {
     const Guarded a(n * sizeof(double)), b(n * sizeof(double)), out(n * sizeof(double));
     for (const bool atEnd : {false, true}) {
@@ -50,7 +50,7 @@ std::vector<double*> Rows(double* cells, std::size_t rows, std::size_t cols) {
 }
 
 TEST(ParallelGuardPages, RowsStayInTheirMatrices) {
-  const ZEPH_ThreadScope scope(3);
+  const ThreeThreads threads;
   for (const std::size_t n : {711u, 720u, 767u}) {
     const Guarded a(n * n * sizeof(double)), b(n * n * sizeof(double)), row(n * sizeof(double));
     for (const bool atEnd : {false, true}) {

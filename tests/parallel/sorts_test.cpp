@@ -227,7 +227,7 @@ TEST(ParallelSorts, ReadNothingAfterTheirLastPart) {
       if (*order == 'a') values = want;
       double* const v = pages.Copy(values, true);
       EXPECT_EQ(parallel::detail::OrderIsUnique(v, n, 3), kernels::OrderIsUnique(v, n));
-      const ZEPH_ThreadScope scope(3);
+      const ThreeThreads threads;
       parallel::SortAscending(v, n);
       EXPECT_TRUE(SameBits(Values(v, v + n), want)) << n << ' ' << order;
     }

@@ -5,10 +5,23 @@
 #include <functional>
 
 #include "parallel.h"
+#include "parallel/settings.h"
 #include "support/modes.h"
 #include "support/scale.h"
 
 namespace zeph::test {
+
+/// Threads for the library and, where it hides its own, for the copy in this program.
+class ThreeThreads {
+ public:
+  ThreeThreads() { parallel::SetEverybodys(3); }
+  ~ThreeThreads() { parallel::SetEverybodys(1); }
+  ThreeThreads(const ThreeThreads&) = delete;
+  ThreeThreads& operator=(const ThreeThreads&) = delete;
+
+ private:
+  ZEPH_ThreadScope library_{3};
+};
 
 /// Calls `visit(threads)` with 1 to 8 threads allowed (some of them where a sample is asked for), in each form
 /// of the kernels that can be chosen here; afterwards there is one.

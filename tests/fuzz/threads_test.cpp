@@ -146,7 +146,7 @@ std::string Bytes(const T* values, std::size_t n) {
 
 std::string SortedNodes(Random& random) {
   std::vector<CZEPHLink<double>> nodes;
-  for (std::size_t n = 20 + random.Below(600); n > 0; --n) nodes.emplace_back(random.Int(0, 99));
+  for (std::size_t n = 20 + random.Below(2000); n > 0; --n) nodes.emplace_back(random.Int(0, 99));
   std::vector<CZEPHLink<double>*> table;
   for (auto& node : nodes) table.push_back(&node);
   CZEPHLinkList<double> list;
@@ -163,19 +163,32 @@ std::string SelectedNumbers(Random& random) {
   CZEPHSelectionSort::Run(numbers.data(), static_cast<int>(numbers.size()));
   return Bytes(numbers.data(), numbers.size());
 }
+/// Many times over, since each takes less time than a thread takes to begin.
 std::string ProductsOf4x4(Random& random) {
   CZEPHMatrix4 a, b;
   CZEPHMatrix4x4 turn;
   for (int i = 0; i < 4; ++i)
     for (int j = 0; j < 4; ++j) a(i, j) = random.Real(), b(i, j) = random.Real();
   for (float& x : turn.entries) x = static_cast<float>(random.Real());
-  CZEPHVector4D v(1, 2, 3, 4);
-  for (int k = 0; k < 20; ++k) {
-    a *= b;
-    v = turn * v;
+  const CZEPHVector4D v(1, 2, 3, 4), want = turn * v;
+  const CZEPHMatrix4 product = a * b;
+  int others = 0;
+  for (int k = 0; k < 2000; ++k) {
+    CZEPHMatrix4 m(a);
+    m *= b;
+    others += std::memcmp(m.m_data, product.m_data, sizeof m.m_data) != 0;
+    others += turn * v != want;
   }
-  const float components[] = {v.x, v.y, v.z, v.w};
-  return Bytes(a.m_data, 16) + Bytes(components, 4);
+  return Bytes(product.m_data, 16) + std::to_string(others);
+}
+std::string SplitNumbers(Random& random) {
+  std::string all;
+  for (int k = 0; k < 100; ++k) {
+    int exponent = 0;
+    double mantissa = 0;
+    all += ZEPH_MathToScientificNotation(random.Real(-1e9, 1e9), exponent, mantissa, 2, 9);
+  }
+  return all;
 }
 std::string GeneralMatrices(Random& random) {
   CZEPHMatrix a(3, 5), b(5, 7);
@@ -231,11 +244,12 @@ constexpr Operation kSameOperations[] = {{"bubble sorts", BubbleSorted},
                                          {"sorted nodes", SortedNodes},
                                          {"selected numbers", SelectedNumbers},
                                          {"products of 4 x 4", ProductsOf4x4},
+                                         {"split numbers", SplitNumbers},
                                          {"general matrices", GeneralMatrices},
                                          {"read matrices", ReadMatrices}};
 
 // All threads run the same operation, so that one that kept anything between its calls or beside its
-// objects would meet itself. (Texts have a test of their own in the manners.)
+// objects would meet itself.
 TEST(Threads, GiveTheResultsOfOneThreadInTheSameOperationAtOnce) {
   const auto inputs = Scaled<std::uint64_t>(200, 50);
   for (const Operation& operation : kSameOperations) {
@@ -244,10 +258,11 @@ TEST(Threads, GiveTheResultsOfOneThreadInTheSameOperationAtOnce) {
       Random random(seed);
       want.push_back(operation.result(random));
     }
-    std::atomic<int> others{0};
+    std::atomic<int> others{0}, ready{0};
     std::vector<std::thread> threads;
     for (unsigned i = 0; i < kThreads; ++i)
       threads.emplace_back([&, i] {
+        for (++ready; ready < kThreads;) std::this_thread::yield();
         for (std::uint64_t k = 0; k < inputs; ++k) {
           const std::uint64_t seed = (k + i * 7) % inputs;
           Random random(seed);

@@ -181,6 +181,13 @@ std::string ProductsOf4x4(Random& random) {
   }
   return Bytes(product.m_data, 16) + std::to_string(others);
 }
+std::string Orderings(Random& random) {
+  int numbers[6];
+  for (int& x : numbers) x = random.Int(-1'000'000, 1'000'000);
+  CString text;
+  CZEPHPermutation::Run(numbers, 0, 6, text);
+  return text.GetString();
+}
 std::string SplitNumbers(Random& random) {
   std::string all;
   for (int k = 0; k < 100; ++k) {
@@ -244,6 +251,7 @@ constexpr Operation kSameOperations[] = {{"bubble sorts", BubbleSorted},
                                          {"sorted nodes", SortedNodes},
                                          {"selected numbers", SelectedNumbers},
                                          {"products of 4 x 4", ProductsOf4x4},
+                                         {"orderings", Orderings},
                                          {"split numbers", SplitNumbers},
                                          {"general matrices", GeneralMatrices},
                                          {"read matrices", ReadMatrices}};

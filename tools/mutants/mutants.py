@@ -221,6 +221,7 @@ def main():
                        help="only tests/kernels, which does it by itself, runs wide kernels: for a first pass")
     parse.add_argument("--tests", default="", help="only tests of folders that match this pattern")
     parse.add_argument("--survivors", action="store_true", help="only those that survived the last run")
+    parse.add_argument("--more", action="store_true", help="adds what it finds to what the last run found")
     parse.add_argument("--trust", action="store_true",
                        help=f"takes what {survivors.FILE} explains for survivors, without a run")
     parse.add_argument("--least", type=float, default=90, help="fails where fewer percent are killed of those not explained")
@@ -248,14 +249,14 @@ def main():
     start = time.time()
     trusted = {survivor[:4] for survivor in survivors.read()} if given.trust else set()
     rows = run_all(texts, programs, chosen, given.jobs, given.minutes, trusted)
-    if given.survivors:
+    if given.survivors or given.more:
         still = {identity(("", "", "", *describe(texts, s, k))) for s in everything for k in range(len(s.forms))}
         still -= {identity(r) for r in rows}
         rows = [r for r in last_rows() if identity(r) in still] + rows
     RESULTS.write_text("".join("\t".join(row) + "\n" for row in rows))
     made, by_folder = report(rows)
     if os.environ.get("ZEPH_RECORD"):
-        record(made, by_folder, time.time() - start, given.survivors)
+        record(made, by_folder, time.time() - start, given.survivors or given.more)
     every = made[-1]
     rate = 100 * every["killed"] / max(every["mutants"] - every["explained"], 1)
     say(f"{len(rows)} mutants, {rate:.1f} % killed of those that {survivors.FILE} does not explain")

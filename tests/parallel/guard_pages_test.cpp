@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <initializer_list>
 #include <vector>
 
 #include "parallel/elementwise.h"
@@ -49,28 +50,40 @@ std::vector<double*> Rows(double* cells, std::size_t rows, std::size_t cols) {
   return pointers;
 }
 
-TEST(ParallelGuardPages, RowsStayInTheirMatrices) {
+/// Calls body(n, m, to, row) with square matrices of ones and of nothing yet, and n times 2.0.
+template <class Body>
+void ForEachSquare(std::initializer_list<std::size_t> sizes, Body body) {
   const ThreeThreads threads;
-  for (const std::size_t n : {711u, 720u, 767u}) {
-    const Guarded a(n * n * sizeof(double)), b(n * n * sizeof(double)), row(n * sizeof(double));
+  for (const std::size_t n : sizes) {
+    const Guarded a(n * n * sizeof(double)), b(n * n * sizeof(double)), c(n * sizeof(double));
     for (const bool atEnd : {false, true}) {
       std::vector<double*> m = Rows(a.Copy(Values(n * n, 1.0), atEnd), n, n);
       std::vector<double*> to = Rows(b.Room<double>(n * n, atEnd), n, n);
-      const auto size = static_cast<double>(n);
-      const int order = static_cast<int>(n);
-      double* const sums = row.Copy(Values(n, 2.0), atEnd);
-      parallel::DenseProduct(to.data(), m.data(), m.data(), n, n, n);
-      EXPECT_EQ(to[n - 1][n - 1], size);
-      ZEPH_MatrixTranspose(order, m.data(), to.data());
-      EXPECT_EQ(to[n - 1][n - 1], 1.0);
-      parallel::RowsTimesVector(to[0], m.data(), sums, n, n);
-      EXPECT_EQ(to[0][n - 1], 2.0 * size);
-      parallel::SumsOfRows(kernels::Active().row_sums->sum, 3, sums, m.data(), n, n);
-      EXPECT_EQ(sums[n - 1], size);
-      EXPECT_EQ(ZEPH_MatrixOneNorm(m.data(), order, 0), size);
-      EXPECT_EQ(ZEPH_MatrixMaxNorm(m.data(), order, 0), size);
+      body(n, m.data(), to.data(), c.Copy(Values(n, 2.0), atEnd));
     }
   }
+}
+
+TEST(ParallelGuardPages, ProductsStayInTheirMatrices) {
+  ForEachSquare({159, 161, 176}, [](std::size_t n, double** m, double** to, double*) {
+    parallel::DenseProduct(to, m, m, n, n, n);
+    EXPECT_EQ(to[n - 1][n - 1], static_cast<double>(n));
+  });
+}
+
+TEST(ParallelGuardPages, RowsStayInTheirMatrices) {
+  ForEachSquare({711, 720, 767}, [](std::size_t n, double** m, double** to, double* row) {
+    const auto size = static_cast<double>(n);
+    const int order = static_cast<int>(n);
+    parallel::RowsTimesVector(to[n - 1], m, row, n, n);
+    EXPECT_EQ(to[n - 1][n - 1], 2.0 * size);
+    ZEPH_MatrixTranspose(order, m, to);
+    EXPECT_EQ(to[n - 1][n - 1], 1.0);
+    parallel::SumsOfRows(kernels::Active().row_sums->sum, 3, row, m, n, n);
+    EXPECT_EQ(row[n - 1], size);
+    EXPECT_EQ(ZEPH_MatrixOneNorm(m, order, 0), size);
+    EXPECT_EQ(ZEPH_MatrixMaxNorm(m, order, 0), size);
+  });
 }
 
 }  // namespace

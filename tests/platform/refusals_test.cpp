@@ -106,7 +106,10 @@ TEST(Refusals, OfCharactersNameTheOperationAndTheBounds) {
 /// A list's block size may be any number: a block that cannot be allocated is refused as exhausted
 /// memory is.
 TEST(Refusals, OfATooLargeBlockAreThoseOfExhaustedMemory) {
-  for (const std::ptrdiff_t size : {PTRDIFF_MAX, PTRDIFF_MAX - 1, PTRDIFF_MAX / 8}) {
+  constexpr std::size_t kNode = 3 * sizeof(void*), kWraps = SIZE_MAX / kNode;
+  for (const std::ptrdiff_t size :
+       {PTRDIFF_MAX, PTRDIFF_MAX - 1, PTRDIFF_MAX / 8, static_cast<std::ptrdiff_t>(kWraps),
+        static_cast<std::ptrdiff_t>(kWraps + 2)}) {
     CObList list(size);
     EXPECT_THROW(list.AddTail(nullptr), std::bad_alloc);
     EXPECT_TRUE(list.IsEmpty());
@@ -115,4 +118,32 @@ TEST(Refusals, OfATooLargeBlockAreThoseOfExhaustedMemory) {
   CObList least(PTRDIFF_MIN);
   least.AddTail(nullptr);
   EXPECT_EQ(1, least.GetCount());
+}
+
+/// Sizes whose bytes are more than a size counts, by few and by many: the array stays as it is.
+template <class Array, class T>
+void ExpectExhaustedMemory(T element) {
+  Array a;
+  a.SetSize(3);
+  a.SetAt(2, element);
+  for (const std::size_t surplus :
+       {std::size_t{1}, std::size_t{2}, std::size_t{100}, SIZE_MAX / 16}) {
+    const std::size_t elements = SIZE_MAX / sizeof(T) + surplus;
+    if (elements > static_cast<std::size_t>(PTRDIFF_MAX)) continue;
+    const auto size = static_cast<std::ptrdiff_t>(elements);
+    EXPECT_THROW(a.SetSize(size), std::bad_alloc) << size;
+    EXPECT_THROW(a.SetAtGrow(size - 1, element), std::bad_alloc) << size;
+    EXPECT_THROW(a.InsertAt(1, element, size - 3), std::bad_alloc) << size;
+    EXPECT_EQ(3, a.GetSize());
+    EXPECT_EQ(element, a.GetAt(2));
+    Array first;
+    EXPECT_THROW(first.SetSize(size), std::bad_alloc) << size;
+    EXPECT_TRUE(first.IsEmpty());
+  }
+}
+
+TEST(Refusals, OfSizesWhoseBytesWrapAroundAreThoseOfExhaustedMemory) {
+  ExpectExhaustedMemory<CObArray, CObject*>(nullptr);
+  ExpectExhaustedMemory<CUIntArray, unsigned int>(7);
+  ExpectExhaustedMemory<CWordArray, unsigned short>(7);
 }

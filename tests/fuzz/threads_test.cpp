@@ -274,7 +274,7 @@ TEST(Threads, GiveTheResultsOfOneThreadInTheSameOperationAtOnce) {
         for (std::uint64_t k = 0; k < inputs; ++k) {
           const std::uint64_t seed = (k + i * 7) % inputs;
           Random random(seed);
-          if (operation.result(random) != want[seed]) ++others;
+          if (operation.result(random) != want[static_cast<std::size_t>(seed)]) ++others;
         }
       });
     for (auto& thread : threads) thread.join();

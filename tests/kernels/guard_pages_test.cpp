@@ -71,6 +71,29 @@ TEST_P(GuardPages, SortsStayInBounds) {
   });
 }
 
+/// Sorts arrays that are long enough to be sampled for few values: with many and with few.
+template <class T>
+void SortsManyInside(const Guarded& pages, std::size_t n, bool atEnd) {
+  for (const int values : {100'000, 2000, 200, 10}) {
+    auto numbers = Numbers<T>(n);
+    for (T& x : numbers) x = static_cast<T>(static_cast<int>(x) % values);
+    T* v = pages.Copy(numbers, atEnd);
+    SortAscending(v, n);
+    std::sort(numbers.begin(), numbers.end());
+    EXPECT_TRUE(std::equal(numbers.begin(), numbers.end(), v)) << values << " values";
+  }
+}
+
+TEST_P(GuardPages, SortsOfManyElementsStayInBounds) {
+  const Guarded pages(21'000 * sizeof(double));
+  for (const std::size_t n : {7999u, 8000u, 8191u, 12'345u, 21'000u})
+    for (const bool atEnd : {true, false}) {
+      SCOPED_TRACE(::testing::Message() << n << (atEnd ? " at the end" : " at the beginning"));
+      SortsManyInside<double>(pages, n, atEnd);
+      SortsManyInside<int>(pages, n, atEnd);
+    }
+}
+
 template <class T>
 void MergesInside(const Guarded& a, const Guarded& b, const Guarded& out, std::size_t n,
                   bool atEnd) {

@@ -49,6 +49,24 @@ void Counts() {
   Say(IsOrUnknown(1), "and they end too");
 }
 
+/// The first request of the process is a scope's.
+void ScopeFirst() {
+  Work work;
+  {
+    const ZEPH_ThreadScope one(1);
+    Say(work.Right() && ZEPH_GetThreads() == 1 && IsOrUnknown(1), "a scope of one thread");
+  }
+  {
+    const ZEPH_ThreadScope scope(3);
+    Say(ZEPH_GetThreads() == 3, "a scope's number");
+    Say(work.Right() && IsOrUnknown(3), "a scope's work starts what it asked for");
+    int elsewhere = 0;
+    std::thread([&elsewhere] { elsewhere = ZEPH_GetThreads(); }).join();
+    Say(elsewhere == 1, "other threads' number");
+  }
+  Say(work.Right() && ZEPH_GetThreads() == 1, "after the scope");
+}
+
 #ifdef __linux__
 /// The address space of the process in MiB, 0 where the system does not say.
 long AddressSpace() {
@@ -317,6 +335,7 @@ struct Case {
 };
 const Case kCases[] = {
     {"counts", Counts},
+    {"scope first", ScopeFirst},
 #ifdef __linux__
     {"often", StartAndEndOften},
 #endif

@@ -44,6 +44,11 @@ TEST(WorkerThreads, AreStartedOnlyOnRequestAndAsManyAsRequested) {
   ExpectAllWell("counts", 7);
 }
 
+TEST(WorkerThreads, AreStartedWhereAScopeIsTheFirstToAsk) {
+  if (ChildrenAreEmulated()) GTEST_SKIP() << kOtherThreads;
+  ExpectAllWell("scope first", 5);
+}
+
 #ifdef __linux__
 TEST(WorkerThreads, LeaveNothingBehindWhereTheyAreEnded) {
   if (ChildrenAreEmulated()) GTEST_SKIP() << kOtherThreads;

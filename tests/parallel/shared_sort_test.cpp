@@ -112,4 +112,29 @@ TEST(SharedSort, DividesTheOtherElementsWhereOneValueIsFrequent) {
   EXPECT_LT(*std::max_element(pieces.begin(), pieces.end()), v.size() / 2);
 }
 
+// There is room for no more. A value that is frequent within a part of the elements leaves few of that part, or
+// nearly all, on one side of the pivot.
+TEST(SharedSort, MakesNoMorePiecesThanItIsAskedForWhateverIsFrequent) {
+  Random random(11);
+  int shared = 0;
+  for (int times = 0; times < 24; ++times) {
+    const int threads = 4 * random.Int(1, 3), parts = threads / 2;
+    const auto part = std::ptrdiff_t{2 * 32 * 1024};  // two pieces, with room for a third
+    std::vector<double> v(static_cast<std::size_t>(part * parts));
+    for (std::size_t i = 0; i < v.size(); ++i) v[i] = static_cast<double>(i);
+    for (int k = times % 2; k < parts; k += 2) {
+      const std::ptrdiff_t length = part * random.Int(4, 9) / 10;
+      const auto frequent = v.begin() + k * part + (part - length) * random.Int(0, 10) / 10;
+      std::fill_n(frequent, length, *frequent);
+    }
+    for (std::size_t i = v.size(); i-- > 1;)
+      std::swap(v[i], v[static_cast<std::size_t>(random.Int(0, static_cast<int>(i)))]);
+    if (!SortOn(threads, v)) continue;
+    ++shared;
+    EXPECT_LE(pieces.size(), static_cast<std::size_t>(threads)) << times;
+    EXPECT_EQ(std::count(pieces.begin(), pieces.end(), 0u), 0) << times;
+  }
+  EXPECT_GT(shared, 8);
+}
+
 }  // namespace zeph::test

@@ -88,18 +88,39 @@ TEST_F(Pool, UsesNoMoreThreadsThanRequestedEvenIfMoreAreIdle) {
   EXPECT_EQ(Workers(), 7);
 }
 
+/// A call that keeps all of its threads, the caller among them, at work until it is released.
+class BusyCall {
+ public:
+  explicit BusyCall(int threads)
+      : caller_([this, threads] {
+          Share(threads, static_cast<std::size_t>(threads), [this](std::size_t) {
+            ++inside_;
+            while (!released_) std::this_thread::yield();
+          });
+        }) {
+    while (inside_ < threads) std::this_thread::yield();
+  }
+  ~BusyCall() { Release(); }
+  BusyCall(const BusyCall&) = delete;
+  BusyCall& operator=(const BusyCall&) = delete;
+
+  /// Returns when the call has ended.
+  void Release() {
+    released_ = true;
+    if (caller_.joinable()) caller_.join();
+  }
+
+ private:
+  std::atomic<int> inside_{0};
+  std::atomic<bool> released_{false};
+  std::thread caller_;
+};
+
 /// The workers of a call that ends look for another one: only as many join it as it may have.
 TEST_F(Pool, UsesNoMoreThreadsThanRequestedEvenIfMoreBecomeFree) {
   for (const std::size_t threads : {2u, 3u, 5u}) {
-    std::atomic<int> inFirst{0};
-    std::atomic<bool> go{false}, end{false};
-    std::thread first([&] {
-      Share(8, 8, [&](std::size_t) {
-        ++inFirst;
-        while (!go) std::this_thread::yield();
-      });
-    });
-    while (inFirst < 8) std::this_thread::yield();
+    BusyCall first(8);
+    std::atomic<bool> end{false};
     std::atomic<std::size_t> in{0};
     std::thread second([&] {
       Share(static_cast<int>(threads), 20, [&](std::size_t) {
@@ -108,8 +129,7 @@ TEST_F(Pool, UsesNoMoreThreadsThanRequestedEvenIfMoreBecomeFree) {
       });
     });
     while (in < 1) std::this_thread::yield();
-    go = true;
-    first.join();
+    first.Release();
     while (in < threads) std::this_thread::yield();
     for (int wait = 0; wait < 20 && in == threads; ++wait)
       std::this_thread::sleep_for(std::chrono::milliseconds(1));
@@ -131,15 +151,8 @@ TEST_F(Pool, StartsNoMoreThreadsThanThereArePieces) {
 
 /// Two calls wait for threads that a third one releases: each of them gets some.
 TEST_F(Pool, DividesIdleWorkersEvenlyAmongCallers) {
-  std::atomic<int> inFirst{0};
-  std::atomic<bool> go{false}, end{false};
-  std::thread first([&] {
-    Share(5, 5, [&](std::size_t) {
-      ++inFirst;
-      while (!go) std::this_thread::yield();
-    });
-  });
-  while (inFirst < 5) std::this_thread::yield();
+  BusyCall first(5);
+  std::atomic<bool> end{false};
   std::atomic<int> in[2] = {{0}, {0}};
   std::vector<std::thread> callers;
   for (std::atomic<int>& mine : in) {
@@ -151,29 +164,21 @@ TEST_F(Pool, DividesIdleWorkersEvenlyAmongCallers) {
     });
     while (mine < 1) std::this_thread::yield();
   }
-  go = true;
+  first.Release();
   while (in[0] + in[1] < 6) std::this_thread::yield();  // the two callers and the four workers
   EXPECT_EQ(in[0], 3);
   EXPECT_EQ(in[1], 3);
   end = true;
   for (auto& caller : callers) caller.join();
-  first.join();
 }
 
 /// While one call keeps its threads busy, another one wakes as many of the others as it may have.
 TEST_F(Pool, WakesIdleWorkersForACallWhileOthersAreBusy) {
   for (const std::size_t threads : {2u, 3u, 4u}) {
     MeetInPieces(8);
-    std::atomic<int> inFirst{0};
-    std::atomic<bool> end{false}, alone{false};
-    std::thread first([&] {
-      Share(4, 4, [&](std::size_t) {
-        ++inFirst;
-        while (!end) std::this_thread::yield();
-      });
-    });
-    while (inFirst < 4) std::this_thread::yield();
+    const BusyCall first(4);
     std::this_thread::sleep_for(std::chrono::milliseconds(20));  // the other four fall asleep
+    std::atomic<bool> alone{false};
     std::atomic<std::size_t> in{0};
     Share(static_cast<int>(threads), threads, [&](std::size_t) {
       ++in;
@@ -182,8 +187,6 @@ TEST_F(Pool, WakesIdleWorkersForACallWhileOthersAreBusy) {
       if (in < threads) alone = true;
     });
     EXPECT_FALSE(alone) << threads << " threads";
-    end = true;
-    first.join();
   }
 }
 

@@ -227,6 +227,7 @@ def main():
     parse.add_argument("--least", type=float, default=90, help="fails where fewer percent are killed of those not explained")
     given = parse.parse_args()
 
+    build.WORK.mkdir(parents=True, exist_ok=True)
     say("mutants: reading include/ and src/")
     texts, everything, memory = find_sites()
     found = [s for s in everything if re.search(given.files, s.path) and re.search(given.kinds, s.kind)]

@@ -43,14 +43,15 @@ std::size_t FirstLeast(const double* v, std::size_t n) {
   return FindFirst(v, n, *std::min_element(least, least + kChains));
 }
 
-/// Pairs are tested without a branch in between, which the compiler can vectorise.
+/// Pairs are tested without a branch in between. Whether one descends is a bool: g++ vectorises an int,
+/// where the processor has AVX, and loses that the comparison with a NaN raises nothing.
 bool NoneDescends(const double* v, std::size_t n) {
   constexpr std::size_t kPairs = 64;
   std::size_t i = 1;
   for (; i + kPairs <= n; i += kPairs) {
-    int descents = 0;
-    for (std::size_t k = i; k < i + kPairs; ++k) descents |= std::isgreater(v[k - 1], v[k]);
-    if (descents) return false;
+    bool descends = false;
+    for (std::size_t k = i; k < i + kPairs; ++k) descends |= std::isgreater(v[k - 1], v[k]);
+    if (descends) return false;
   }
   for (; i < n; ++i)
     if (v[i - 1] > v[i]) return false;

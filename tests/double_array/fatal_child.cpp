@@ -11,6 +11,8 @@ int main(int argc, char** argv) {
   negative.size = -1;
   CZEPHDoubleArray shrunk(3, 1.0);
   shrunk.size = -1;
+  CZEPHDoubleArray bare;
+  bare.size = 4;  // without storage
   std::cout << "before\n";
   if (is("GetEntry above")) three.GetEntry(4);
   if (is("GetEntry below")) three.GetEntry(-1);
@@ -26,6 +28,23 @@ int main(int argc, char** argv) {
   if (is("-=")) three -= four;
   if (is("+")) std::cout << (three + four).size;
   if (is("-")) std::cout << (three - four).size;
+  if (is("+= of none")) three += bare;
+  if (is("+= to none")) bare += three;
+  if (is("-= of none")) three -= bare;
+  if (is("-= to none")) bare -= three;
+  if (is("+ of none")) std::cout << (three + bare).size;
+  if (is("none +")) std::cout << (bare + three).size;
+  if (is("- of none")) std::cout << (three - bare).size;
+  if (is("none -")) std::cout << (bare - three).size;
+  if (is("temporary +")) std::cout << (CZEPHDoubleArray(three) + four).size;
+  if (is("+ temporary")) std::cout << (three + CZEPHDoubleArray(four)).size;
+  if (is("temporaries +")) std::cout << (CZEPHDoubleArray(three) + CZEPHDoubleArray(four)).size;
+  if (is("temporary + none")) std::cout << (CZEPHDoubleArray(three) + bare).size;
+  if (is("none + temporary")) std::cout << (bare + CZEPHDoubleArray(three)).size;
+  if (is("temporary -")) std::cout << (CZEPHDoubleArray(three) - four).size;
+  if (is("temporary - none")) std::cout << (CZEPHDoubleArray(three) - bare).size;
+  if (is("GetEntry of a negative count")) shrunk.GetEntry(0);
+  if (is("CheckBound of a negative count")) shrunk.CheckBound(0);
   if (is("ErrorMessage")) {
     char text[] = "x";
     CZEPHDoubleArray::ErrorMessage(text, std::cout);

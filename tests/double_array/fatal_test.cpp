@@ -18,7 +18,8 @@ void ExpectFatal(const char* site, const std::string& message) {
 
 TEST(DoubleArrayFatal, BoundChecksEndTheProcess) {
   for (const char* site : {"GetEntry above", "GetEntry below", "GetEntry without storage",
-                           "CheckBound above", "CheckBound below", "CheckBound without storage"})
+                           "CheckBound above", "CheckBound below", "CheckBound without storage",
+                           "GetEntry of a negative count", "CheckBound of a negative count"})
     ExpectFatal(site, "Vector check bound error!\n");
 }
 
@@ -33,6 +34,16 @@ TEST(DoubleArrayFatal, ArithmeticOnDifferentSizesEndsTheProcess) {
   ExpectFatal("+", "bad vector sizes");
   ExpectFatal("-=", "bad vtor sizes");
   ExpectFatal("-", "bad vtor sizes");
+}
+
+/// Whichever operand has no storage, or dies.
+TEST(DoubleArrayFatal, ArithmeticOnDifferentSizesEndsTheProcessWithoutStorageToo) {
+  for (const char* site : {"+= of none", "+= to none", "+ of none", "none +", "temporary +",
+                           "+ temporary", "temporaries +", "temporary + none", "none + temporary"})
+    ExpectFatal(site, "bad vector sizes");
+  for (const char* site :
+       {"-= of none", "-= to none", "- of none", "none -", "temporary -", "temporary - none"})
+    ExpectFatal(site, "bad vtor sizes");
 }
 
 TEST(DoubleArrayFatal, TheReportPrintsItsMessageAsGiven) {

@@ -203,7 +203,16 @@ TEST(HardenedDoubleArray, AllowsEverythingDocumented) {
     a.recQuickSort(9, 0, 3);
     a.ManualSort(1, 0);
     a.ManualSort(9, 9);  // one element or none: nothing is done
+    a.InsertionSort(9, 9);
+    a.recQuickSort(9, 9, 3);
     a.Partition(1, 0, 0.0);
+  }
+  {  // a block of the program's own, whose length is not known
+    double own[6];
+    CZEPHDoubleArray a;
+    a.data = own;
+    std::istringstream("6 1 2 3 4 5 6") >> a;
+    a.data = nullptr;
   }
   {  // longer right
     CZEPHDoubleArray b(9, 1.0);

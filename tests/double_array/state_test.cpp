@@ -45,6 +45,8 @@ void ExpectFresh(const Array& result, const Array& a) {
   EXPECT_EQ(result.sorted, 0);
   EXPECT_EQ(result.size, a.size);
   EXPECT_TRUE(!result.data || result.data != a.data);
+  EXPECT_EQ(result.data == nullptr,
+            Array(a).data == nullptr);  // one without elements has a block too
 }
 
 const std::vector<Operation>& Sorts() {
@@ -199,12 +201,29 @@ const std::vector<Kind>& Kinds() {
   return all;
 }
 
-/// -1 is an array without storage, but with a count.
+constexpr int kNoStorage = -1, kNegativeCount = -2;
+constexpr std::size_t kBehind = 3;
+constexpr double kElsewhere = 777.0;
+
+/// `n` elements in a block with room for a few more; an array without storage, but with a count; or two elements with
+/// a count of -2, as `>>` leaves them.
 Array Make(const Kind& kind, int n) {
-  if (n < 0) return WithoutStorage(3);
+  if (n == kNoStorage) return WithoutStorage(3);
   Values v;
   for (int i = 0; i < n; ++i) v.push_back(kind.element(i, n));
-  return ArrayOf(v);
+  if (n == kNegativeCount) v = {2, 1};
+  v.insert(v.end(), kBehind, kElsewhere);
+  Array a = ArrayOf(v);
+  a.size = n;
+  return a;
+}
+
+/// What lies behind the count, and all of a block whose count is below 0, is as it was.
+::testing::AssertionResult OthersAreKept(const Array& a, int n) {
+  if (n == kNoStorage) return ::testing::AssertionSuccess();
+  Values want(kBehind, kElsewhere);
+  if (n == kNegativeCount) want.insert(want.begin(), {2, 1});
+  return SameBits(a.data + std::max(n, 0), want.data(), want.size());
 }
 
 void Check(const Operation& operation, const Kind& kind, int n, int flag) {
@@ -235,12 +254,19 @@ void Check(const Operation& operation, const Kind& kind, int n, int flag) {
   if (operation.elements == Elements::kKept) {
     EXPECT_TRUE(SameBits(ElementsOf(a), before)) << what;
   }
+  EXPECT_TRUE(OthersAreKept(a, n)) << what;
+  if (n < 0 || operation.flag == Flag::kCleared)
+    return;  // random numbers differ from second to second
+  Array exact = ArrayOf(before);
+  exact.sorted = flag;
+  operation.run(exact);
+  EXPECT_TRUE(SameBits(ElementsOf(a), ElementsOf(exact))) << what;
 }
 
 void CheckEach(const std::vector<Operation>& operations) {
   for (const Operation& operation : operations)
     for (const Kind& kind : Kinds())
-      for (const int n : {-1, 0, 1, 2, 3, 4, 5, 16, 17, 64, 65, 130, 600})
+      for (const int n : {kNegativeCount, kNoStorage, 0, 1, 2, 3, 4, 5, 16, 17, 64, 65, 130, 600})
         for (const int flag : {0, 1, -7}) {
           ASSERT_NO_FATAL_FAILURE(Check(operation, kind, n, flag));
           if (testing::Test::HasFailure()) return;
@@ -259,6 +285,39 @@ TEST(DoubleArrayState, ReadersChangeNothing) {
 
 TEST(DoubleArrayState, WritersKeepTheCountAndTheBlock) {
   CheckEach(Writers());
+}
+
+TEST(DoubleArrayState, WhatLiesBehindTheCountIsNotRead) {
+  const auto texts = [](Array& a) {
+    std::ostringstream os;
+    CString listed;
+    os << a;
+    a.Display(os);
+    a.Display(listed);
+    return os.str() + listed.GetString();
+  };
+  for (const Kind& kind : Kinds())
+    for (const int n : {0, 1, 2, 3, 4, 5, 8, 16, 17, 33, 64, 130})
+      for (const double other : {kElsewhere, -1e300, kInfinity, kNaN}) {
+        SCOPED_TRACE(::testing::Message() << n << ' ' << kind.name << " before " << other);
+        Array a = Make(kind, n);
+        std::fill_n(a.data + n, kBehind, other);
+        Array exact = ArrayOf(ElementsOf(a)), b = Make(kind, n);
+        EXPECT_TRUE(SameBits(a.OneNorm(), exact.OneNorm()));
+        EXPECT_TRUE(SameBits(a.TwoNorm(), exact.TwoNorm()));
+        EXPECT_TRUE(SameBits(a.MaxNorm(), exact.MaxNorm()));
+        EXPECT_TRUE(SameBits(ZEPH_ArrayDotProduct(a, b), ZEPH_ArrayDotProduct(exact, b)));
+        EXPECT_EQ(a.Find(other), -1);
+        EXPECT_EQ(a.Remove(other), 0);
+        EXPECT_EQ(a.CheckSorted(), exact.CheckSorted());
+        EXPECT_EQ(texts(a), texts(exact));
+        for (const int flag : {0, 1}) {
+          a.sorted = exact.sorted = flag;
+          int at = -7;
+          EXPECT_EQ(a.BinarySearch(other, at), 0);
+          EXPECT_EQ(at, flag ? -7 : -1);
+        }
+      }
 }
 
 TEST(DoubleArrayState, ANewSizeKeepsTheFlagAndMovesTheElements) {
@@ -281,5 +340,22 @@ TEST(DoubleArrayState, ANewSizeKeepsTheFlagAndMovesTheElements) {
           }
           const std::size_t kept = keep ? std::min(before.size(), ElementsOf(a).size()) : 0;
           EXPECT_TRUE(SameBits(a.data, before.data(), kept)) << what;
+        }
+}
+
+TEST(DoubleArrayState, RemovingKeepsTheFlagAndTheBlock) {
+  for (const Kind& kind : Kinds())
+    for (const int n : {1, 2, 3, 8, 17, 130})
+      for (const int flag : {0, 1, -7})
+        for (const int at : {0, n / 2, n - 1}) {
+          Array a = Make(kind, n);
+          const double x = a.data[at];
+          if (x != x) continue;
+          a.sorted = flag;
+          const double* const block = a.data;
+          EXPECT_EQ(a.Remove(x), 1);
+          EXPECT_EQ(a.sorted, flag) << kind.name;
+          EXPECT_EQ(a.size, n - 1) << kind.name;
+          EXPECT_EQ(a.data, block) << kind.name;
         }
 }

@@ -315,6 +315,37 @@ TEST(DoubleArrayAccess, GivesAccessToTheElements) {
   EXPECT_EQ(CZEPHDoubleArray().GetData(), nullptr);
 }
 
+TEST(DoubleArrayAccess, MovesEveryBitOfEveryElement) {
+  const std::vector<double>& v = SpecialValues<double>();
+  CZEPHDoubleArray a = ArrayOf(v);
+  const CZEPHDoubleArray& constant = a;
+  for (std::size_t k = 0; k < v.size(); ++k) {
+    const int i = static_cast<int>(k);
+    EXPECT_SAME_BITS(a.GetEntry(i), v[k]);
+    EXPECT_SAME_BITS(a[i], v[k]);
+    EXPECT_SAME_BITS(constant[i], v[k]);
+    CZEPHDoubleArray filled(3, v[k]);
+    EXPECT_TRUE(SameBits(ElementsOf(filled), {v[k], v[k], v[k]}));
+    filled.SetEntry(7.0);
+    filled.SetEntry(v[k]);
+    EXPECT_TRUE(SameBits(ElementsOf(filled), {v[k], v[k], v[k]}));
+  }
+}
+
+TEST(DoubleArrayAccess, TheCountIsTheOneStoredWithoutStorageToo) {
+  for (const int size : {-3, 0, 5}) {
+    const CZEPHDoubleArray none = WithoutStorage(size);
+    EXPECT_EQ(none.GetSize(), size);
+    EXPECT_EQ(none.Size(), size);
+    EXPECT_EQ(none.GetData(), nullptr);
+    CZEPHDoubleArray some = ArrayOf({1, 2, 3, 4, 5});
+    some.size = size;
+    EXPECT_EQ(some.GetSize(), size);
+    EXPECT_EQ(some.Size(), size);
+    EXPECT_EQ(some.GetData(), some.data);
+  }
+}
+
 TEST(DoubleArrayAccess, TheBoundRuleAcceptsAnIndexEqualToTheCount) {
   CZEPHDoubleArray a = ArrayOf({1, 2, 3});
   for (int i = 0; i <= 3; ++i) EXPECT_EQ(a.CheckBound(i), 1) << "i " << i;

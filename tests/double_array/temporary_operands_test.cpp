@@ -80,6 +80,17 @@ TEST(DoubleArrayTemporaryOperands, HandOverTheirStorage) {
   EXPECT_EQ(right.data, nullptr);
 }
 
+TEST(DoubleArrayTemporaryOperands, HandOverTheStorageOfOneOfBoth) {
+  CZEPHDoubleArray left(3, 2.0), right(3, 4.0), minuend(3, 8.0), subtrahend(3, 1.0);
+  const double *l = left.data, *r = right.data, *m = minuend.data;
+  const CZEPHDoubleArray sum = std::move(left) + std::move(right);
+  EXPECT_TRUE(sum.data == l || sum.data == r);
+  EXPECT_EQ(sum[2], 6.0);
+  const CZEPHDoubleArray difference = std::move(minuend) - std::move(subtrahend);
+  EXPECT_EQ(difference.data, m);
+  EXPECT_EQ(difference[2], 7.0);
+}
+
 TEST(DoubleArrayTemporaryOperands, MakeALongSumAllocateOnce) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
   const CZEPHDoubleArray a(100, 1.0), b(100, 2.0), c(100, 3.0), d(100, 4.0);

@@ -1,4 +1,5 @@
 #include <climits>
+#include <cstdio>
 #include <iomanip>
 #include <sstream>
 #include <string>
@@ -149,6 +150,35 @@ TEST(DoubleArrayText, DisplayOfARangeCountsWhatItPrints) {
   for (const auto& inverted : {std::pair(4, 3), std::pair(30, -30), std::pair(INT_MAX, INT_MIN)})
     EXPECT_EQ(Listed(a, inverted.first, inverted.second), "x{ }\r\n");
   EXPECT_EQ(Listed(WithoutStorage(3), 0, 2), "x{ }\r\n");
+}
+
+TEST(DoubleArrayText, TextsOfAnyLengthAreWholeAndReadBack) {
+  for (const int n : {500, 4095, 4096, 4097, 6000}) {
+    const Values v = Moderate(static_cast<std::size_t>(n), 5, -1e9, 1e9);
+    const CZEPHDoubleArray a = ArrayOf(v);
+    std::ostringstream inserted, displayed;
+    std::string listed = "x{ ";
+    inserted << "Elements of the vector are: \n";
+    for (int i = 0; i < n; ++i) {
+      const bool ends = i > 0 && i % 10 == 0;
+      char cell[64];
+      std::snprintf(cell, sizeof cell, "%lf  ", a[i]);
+      listed += cell;
+      if (ends) listed += "\r\n";
+      inserted << a[i] << "\n";
+      displayed << a[i] << (ends ? " \n" : " ");
+    }
+    EXPECT_TRUE(Inserted(a) == inserted.str()) << n;
+    EXPECT_TRUE(Displayed(a) == displayed.str()) << n;
+    EXPECT_TRUE(Listed(a) == listed + "}\r\n") << n;
+    EXPECT_TRUE(Listed(a, 0, n - 1) == listed + "}\r\n") << n;
+    std::stringstream text;
+    text << n << std::setprecision(17);
+    for (const double x : v) text << ' ' << x;
+    CZEPHDoubleArray read(n, 0.0);
+    EXPECT_TRUE(text >> read) << n;
+    EXPECT_TRUE(SameBits(ElementsOf(read), v)) << n;
+  }
 }
 
 TEST(DoubleArrayText, TraceDoesNothing) {

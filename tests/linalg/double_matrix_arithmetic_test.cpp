@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "linalg/matrices.h"
 #include "support/allocation.h"
 
@@ -122,6 +124,29 @@ TEST(DoubleMatrixArithmetic, NegativeCountsLeftByExtractionMeanNoElements) {
   a = b;
   a.m_nColumns = 2;
   EXPECT_TRUE(SameBits(Elements(a), {{1, 1}, {1, 1}}));
+}
+
+/// A result has its table and both counts, as a copy has, where there is no element.
+TEST(DoubleMatrixArithmetic, OfMatricesWithoutElementsKeepsBothCounts) {
+  for (const auto& [rows, cols] : {std::pair(0, 0), {0, 3}, {2, 0}, {5, 0}, {0, 40}}) {
+    SCOPED_TRACE(::testing::Message() << rows << " x " << cols);
+    CZEPHDoubleMatrix a(rows, cols, 1.0), b(a);
+    const CZEPHDoubleMatrix fixed(a);
+    const CZEPHDoubleMatrix results[] = {a + b,  fixed + b, a - b, fixed - b, CZEPHDoubleMatrix(-a),
+                                         -fixed, +fixed,    fixed};
+    for (const CZEPHDoubleMatrix& result : results) {
+      EXPECT_EQ(result.m_nRows, rows);
+      EXPECT_EQ(result.m_nColumns, cols);
+      EXPECT_NE(result.m_ppData, nullptr);
+    }
+    const CZEPHDoubleMatrix& negated = -a;
+    EXPECT_EQ(negated.m_nRows, rows);
+    EXPECT_EQ(negated.m_nColumns, cols);
+    EXPECT_NE(negated.m_ppData, nullptr);
+    const CZEPHDoubleArray products = fixed * CZEPHDoubleArray(cols, 1.0);
+    EXPECT_EQ(products.size, rows);
+    EXPECT_NE(products.data, nullptr);
+  }
 }
 
 TEST(DoubleMatrixArithmetic, UnaryPlusReturnsTheMatrixOrACopyIfConst) {

@@ -102,6 +102,15 @@ TEST(DoubleMatrixProduct, TimesAnEmptyArrayIsZeros) {
   EXPECT_TRUE(SameValues(Elements(a * v), {0.0, 0.0}));
 }
 
+TEST(DoubleMatrixProduct, TimesAnArrayOfANegativeCountIsZeros) {
+  for (int rows = 0; rows <= 13; ++rows) {
+    CZEPHDoubleMatrix a(rows, 2, 3.0);
+    CZEPHDoubleArray v(2, 5.0);
+    a.m_nColumns = v.size = -7;  // as `>>` leaves them
+    EXPECT_TRUE(SameBits(Elements(a * v), std::vector<double>(Count(rows), 0.0))) << rows;
+  }
+}
+
 TEST(DoubleMatrixProduct, WithoutColumnsIsZerosWhateverIsStored) {
   for (int rows = 0; rows <= 5; ++rows)
     for (const bool cleared : {false, true}) {

@@ -77,6 +77,12 @@ TEST(DoubleMatrixStorage, GetNoRowsAndGetNoColumnsAreSwapped) {
   CZEPHDoubleMatrix m(2, 3, 0.0);
   EXPECT_EQ(m.GetNoRows(), 3);
   EXPECT_EQ(m.GetNoColumns(), 2);
+  m.Clear();  // which keeps them
+  EXPECT_EQ(m.GetNoRows(), 3);
+  EXPECT_EQ(m.GetNoColumns(), 2);
+  m.m_nRows = -7, m.m_nColumns = -9;
+  EXPECT_EQ(m.GetNoRows(), -9);
+  EXPECT_EQ(m.GetNoColumns(), -7);
 }
 
 TEST(DoubleMatrixStorage, ConstructorsFillOrCopyWithEveryBit) {
@@ -327,6 +333,25 @@ TEST(DoubleMatrixStorage, BoundChecksAcceptAnIndexEqualToTheCount) {
   EXPECT_EQ(wide.GetEntry(2, 3), 8.0);
   EXPECT_EQ(wide[2], wide.m_ppData[2]);
   wide.m_nRows = 3;
+}
+
+TEST(DoubleMatrixStorage, AccessMovesEveryBit) {
+  const std::vector<double>& special = SpecialValues<double>();
+  const int count = static_cast<int>(special.size());
+  const Rows rows(3, special);
+  CZEPHDoubleMatrix m = ToDoubleMatrix(rows, 3, count);
+  for (int i = 0; i < 3; ++i)
+    for (int j = 0; j < count; ++j) {
+      const double x = special[Count(j)];
+      EXPECT_SAME_BITS(m.GetEntry(i, j), x);
+      CZEPHDoubleMatrix filled(2, 3, x);
+      EXPECT_TRUE(SameBits(Elements(filled), {{x, x, x}, {x, x, x}}));
+      filled.SetEntry(0.0);
+      filled.SetEntry(x);
+      EXPECT_TRUE(SameBits(Elements(filled), {{x, x, x}, {x, x, x}}));
+      EXPECT_EQ(filled.SetData(2, 1, x), 1);
+      EXPECT_TRUE(SameBits(Elements(filled), {{x}, {x}}));
+    }
 }
 
 TEST(DoubleMatrixStorage, ConstIndexingChecksNothingAndGivesWritableRows) {

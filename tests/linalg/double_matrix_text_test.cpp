@@ -78,6 +78,45 @@ TEST(DoubleMatrixText, DisplayWritesRowByRow) {
   EXPECT_EQ(flat.str(), "\n\n");  // a line for each row
 }
 
+TEST(DoubleMatrixText, NegativeCountsMeanNoElementToWrite) {
+  CZEPHDoubleMatrix m(2, 3, 1.0);
+  const auto texts = [&m] {
+    std::ostringstream os, labelled;
+    os << m;
+    m.Display(labelled);
+    return os.str() + "|" + labelled.str();
+  };
+  m.m_nColumns = -7;  // as `>>` leaves them
+  EXPECT_EQ(texts(), "\n\n|");
+  m.m_nColumns = 3, m.m_nRows = -7;
+  EXPECT_EQ(texts(), "|");
+  m.m_nRows = 2;
+}
+
+TEST(DoubleMatrixText, TextsOfAnyLengthAreWholeAndReadBack) {
+  constexpr int kRows = 70, kColumns = 90;
+  const Rows rows = ModerateRows(kRows, kColumns, 6);
+  CZEPHDoubleMatrix m = ToDoubleMatrix(rows, kRows, kColumns), read(kRows, kColumns, 0.0);
+  std::ostringstream written, plain, labelled, plainLabelled;
+  std::stringstream text;
+  written << m;
+  m.Display(labelled);
+  text << kRows << ' ' << kColumns << std::setprecision(17);
+  for (int i = 0; i < kRows; ++i) {
+    for (int j = 0; j < kColumns; ++j) {
+      const double x = rows[Count(i)][Count(j)];
+      plain << x;
+      plainLabelled << "Mat[" << i << "][" << j << "]=" << x << "\n";
+      text << ' ' << x;
+    }
+    plain << "\n";
+  }
+  EXPECT_TRUE(written.str() == plain.str());
+  EXPECT_TRUE(labelled.str() == plainLabelled.str());
+  EXPECT_TRUE(text >> read);
+  EXPECT_TRUE(SameBits(Elements(read), rows));
+}
+
 TEST(DoubleMatrixText, InputReadsTheRowCountFirst) {
   CZEPHDoubleMatrix m(3, 3, 9.0);
   std::istringstream in("1 3  7 8 9");

@@ -57,6 +57,36 @@ const std::map<std::string, std::function<void()>>& Sites() {
          m.m_nColumns = -1;
          m[0][0] = 1;
        }},
+      {"check with negative rows",
+       [] {
+         CZEPHDoubleMatrix m = D(2, 3);
+         m.m_nRows = -1;  // as `>>` leaves them
+         m.CheckBound(0, 0);
+       }},
+      {"check with negative columns",
+       [] {
+         CZEPHDoubleMatrix m = D(2, 3);
+         m.m_nColumns = -1;
+         m.CheckBound(0, 0);
+       }},
+      {"entry with negative rows",
+       [] {
+         CZEPHDoubleMatrix m = D(2, 3);
+         m.m_nRows = -1;
+         m.GetEntry(0, 0);
+       }},
+      {"entry with negative columns",
+       [] {
+         CZEPHDoubleMatrix m = D(2, 3);
+         m.m_nColumns = -1;
+         m.GetEntry(0, 0);
+       }},
+      {"index with negative rows",
+       [] {
+         CZEPHDoubleMatrix m = D(2, 3);
+         m.m_nRows = -1;
+         m[0][0] = 1;
+       }},
       {"assign rows", [] { D(2, 2) = D(3, 2); }},
       {"assign columns", [] { D(2, 2) = D(2, 3); }},
       {"assign empty", [] { D(2, 2) = CZEPHDoubleMatrix(); }},

@@ -29,7 +29,9 @@ TEST(DoubleMatrixFatal, BoundChecksEndTheirReportWithAnEmptyLine) {
   for (const char* site :
        {"check row -1", "check row 3", "check column -1", "check column 4", "check without storage",
         "entry row -1", "entry row 3", "entry column -1", "entry column 4", "entry cleared",
-        "index -1", "index 3", "index without storage", "index with negative columns"})
+        "index -1", "index 3", "index without storage", "index with negative columns",
+        "index with negative rows", "check with negative rows", "check with negative columns",
+        "entry with negative rows", "entry with negative columns"})
     ExpectReport(site, "Matrix check bound error!\n");
 }
 

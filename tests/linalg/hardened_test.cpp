@@ -135,6 +135,19 @@ TEST(HardenedLinalg, AllowsEverythingDocumented) {
     CZEPHVector3 v;
     Use(v[2]);
   }
+  {  // a table and rows of the program's own, whose lengths are not known
+    double first[4], second[4];
+    double* own[] = {first, second};
+    CZEPHDoubleMatrix m, rows(2, 3, 1.0);
+    m.m_ppData = own;
+    std::istringstream("2 4  1 2 3 4 5 6 7 8") >> m;
+    m.m_ppData = nullptr;
+    double* const kept = rows.m_ppData[0];
+    rows.m_ppData[0] = first;
+    std::istringstream("1 4  1 2 3 4") >> rows;
+    rows.m_ppData[0] = kept;
+    rows.m_nRows = 2;
+  }
   {  // count itself
     CZEPHDoubleMatrix m(2, 3, 1.0);
     m.CheckBound(2, 3);

@@ -76,6 +76,25 @@ TEST(Matrix4, CopiesBitForBit) {
   EXPECT_TRUE(SameBits(assigned.m_data, m.m_data, 16));
 }
 
+TEST(Matrix4, LoadsEveryBitInEitherOrder) {
+  const std::vector<double>& special = SpecialValues<double>();
+  for (std::size_t first = 0; first < special.size(); ++first) {
+    std::vector<double> data;
+    for (std::size_t k = 0; k < 16; ++k) data.push_back(special[(first + k) % special.size()]);
+    CZEPHMatrix4 rows(data.data(), CZEPHMatrix4::RowMajor);
+    CZEPHMatrix4 columns(data.data(), CZEPHMatrix4::ColumnMajor), stored(0.0);
+    for (int i = 0; i < 4; ++i)
+      for (int j = 0; j < 4; ++j) {
+        const auto at = static_cast<std::size_t>(4 * i + j);
+        stored(j, i) = data[at];
+        EXPECT_SAME_BITS(rows(i, j), data[at]);
+        EXPECT_SAME_BITS(columns(j, i), data[at]);
+        EXPECT_SAME_BITS(CZEPHMatrix4(data[at]).m_data[at], data[at]);
+      }
+    EXPECT_TRUE(SameBits(stored.m_data, data.data(), 16));
+  }
+}
+
 TEST(Matrix4, LoadsTheIdentity) {
   CZEPHMatrix4 m = AwkwardMatrix(2);
   m.loadIdentity();

@@ -66,6 +66,19 @@ TEST(MatrixColumns, SumVectorSumsRowsFromTheFirstColumnOn) {
   EXPECT_SAME_BITS(ZEPH_SumVector(CZEPHMatrix(1, 1, minus))[0], 0.0);
 }
 
+TEST(MatrixColumns, RowSumsOfACountOfColumnsBelowOneAreZeros) {
+  for (const int rows : {1, 2, 12, 13, 30})
+    for (const int cols : {0, -1, -7}) {
+      CZEPHMatrix m = ToMatrix(ModerateRows(rows, 2, 1));
+      m.m_nColumns = cols;
+      CZEPHVector into = ToVector(std::vector<double>(Count(rows), 9.0));
+      ZEPH_SumVector(m, into);
+      const std::vector<double> zeros(Count(rows), 0.0);
+      EXPECT_TRUE(SameBits(Elements(into), zeros));
+      EXPECT_TRUE(SameBits(Elements(ZEPH_SumVector(m)), zeros));
+    }
+}
+
 TEST(MatrixColumns, RowSumsAcceptTemporariesAndConstObjects) {
   const double values[] = {3, -4};
   const CZEPHMatrix m(1, 2, values);

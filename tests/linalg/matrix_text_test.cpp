@@ -105,6 +105,27 @@ TEST(MatrixText, StreamPrintIsTenWideAndLeavesItsFlagsAndPrecisionSet) {
   EXPECT_EQ(std::cout.width(), 0);
 }
 
+TEST(MatrixText, StreamPrintsAreWholeAtAnyLength) {
+  constexpr int kRows = 40, kColumns = 150, kElements = kRows * kColumns;
+  const std::vector<double> values = Moderate(Count(kElements), 7);
+  CZEPHMatrix m(kRows, kColumns, values.data());
+  CZEPHVector v(kElements, values.data());
+  std::string rows, line;
+  for (int n = 0; n < kElements; ++n) {
+    char cell[64];
+    std::snprintf(cell, sizeof cell, "%10.4f ", values[Count(n)]);
+    rows += cell + std::string(n % kColumns == kColumns - 1 ? "\n" : "");
+    std::snprintf(cell, sizeof cell, "%12.4f", values[Count(n)]);
+    line += cell;
+  }
+  CapturedCout cout;
+  m.Display();
+  EXPECT_TRUE(cout.Text() == rows);
+  EXPECT_EQ(cout.Flushes(), kRows);
+  v.Display();
+  EXPECT_TRUE(cout.Text() == rows + line + "\n");
+}
+
 TEST(MatrixText, StreamPrintOfAnEmptyMatrixWritesNothingButSetsTheFlags) {
   CapturedCout cout;
   CZEPHMatrix().Display();

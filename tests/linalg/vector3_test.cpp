@@ -3,6 +3,7 @@
 #include <cmath>
 #include <iomanip>
 #include <sstream>
+#include <vector>
 
 #include "linalg.h"
 #include "oracle/matrix4.h"
@@ -152,6 +153,84 @@ TEST(Vector3, DotProductAddsTheZTermLast) {
 TEST(Vector3, UnaryMinusFlipsSignBits) {
   ExpectIs(-V(1, -2, 0.0), -1, 2, -0.0);
   EXPECT_EQ(Bits((-V(kNaN, 0, 0)).m_x), Bits(kNaN) ^ (std::uint64_t{1} << 63));
+}
+
+/// Each component by itself: it moves every bit, and its sign, its zeros and its NaNs are its own.
+TEST(Vector3, EachComponentKeepsEveryBitWhereverItIsMoved) {
+  const double special[] = {0.0,    -0.0,  0.1,  -kInfinity, FromBits<double>(0x7FF8000000000123),
+                            1e-310, -kNaN, 1e300};
+  const double others[] = {1.5, -2.5, 3.5};
+  for (int at = 0; at < 3; ++at)
+    for (const double x : special) {
+      SCOPED_TRACE(::testing::Message() << "component " << at << " is " << Show(x));
+      double want[] = {others[0], others[1], others[2]};
+      want[at] = x;
+      V v(want[0], want[1], want[2]), assigned, indexed(1.5, -2.5, 3.5), named(indexed);
+      assigned = v;
+      indexed[at] = x;
+      (at == 0 ? named.x() : at == 1 ? named.y() : named.z()) = x;
+      const V copy(v);
+      const V* const all[] = {&v, &copy, &assigned, &indexed, &named};
+      for (const V* each : all) EXPECT_TRUE(SameBits(&each->m_x, want, 3));
+      EXPECT_TRUE(SameBits(std::vector<double>{v.GetX(), v.GetY(), v.GetZ()}.data(), want, 3));
+      EXPECT_TRUE(SameBits(std::vector<double>{copy.x(), copy.y(), copy.z()}.data(), want, 3));
+      const V flipped = -v;
+      for (int c = 0; c < 3; ++c)
+        EXPECT_EQ(Bits((&flipped.m_x)[c]), Bits(want[c]) ^ (std::uint64_t{1} << 63));
+    }
+}
+
+TEST(Vector3, SettersMoveEveryBitToTheDocumentedComponents) {
+  for (const double x : {0.0, -0.0, 0.1, FromBits<double>(0xFFF8000000000123), 1e-310}) {
+    const double one[] = {x, 2, 3}, two[] = {1, x, 3}, both[] = {x, x, 3};
+    V v(1, 2, 3);
+    v.SetX(x);
+    EXPECT_TRUE(SameBits(&v.m_x, one, 3));
+    v = V(1, 2, 3);
+    v.SetZ(x);
+    EXPECT_TRUE(SameBits(&v.m_x, one, 3));
+    v = V(1, 2, 3);
+    v.SetY(x);
+    EXPECT_TRUE(SameBits(&v.m_x, two, 3));
+    v = V(1, 2, 3);
+    v.Set(7, x, x);
+    EXPECT_TRUE(SameBits(&v.m_x, both, 3));
+    v = V(1, 2, 3);
+    v.Set(V(x, 7, x));
+    EXPECT_TRUE(SameBits(&v.m_x, both, 3));
+  }
+}
+
+TEST(Vector3, DiffersIfAnySingleComponentDiffers) {
+  for (int at = 0; at < 3; ++at) {
+    V a(1.5, 1.5, 1.5), b(a);
+    for (const double other : {std::nextafter(1.5, 2.0), std::nextafter(1.5, 1.0), -1.5, kNaN}) {
+      b[at] = other;
+      EXPECT_EQ(a == b, 0) << at;
+      EXPECT_EQ(b == a, 0) << at;
+      EXPECT_EQ(a != b, 1) << at;
+      EXPECT_EQ(b != a, 1) << at;
+    }
+    a[at] = kNaN;
+    EXPECT_EQ(a == b, 0) << at;
+    EXPECT_EQ(a != b, 1) << at;
+    a[at] = 0.0, b[at] = -0.0;
+    EXPECT_EQ(a == b, 1) << at;
+    EXPECT_EQ(a != b, 0) << at;
+    a[at] = b[at] = kInfinity;
+    EXPECT_EQ(a == b, 1) << at;
+    EXPECT_EQ(a != b, 0) << at;
+  }
+}
+
+TEST(Vector3, BetweenTwoPointsIsTheSecondLessTheFirst) {
+  Random random(21);
+  for (int i = 0; i < 1000; ++i) {
+    V from = Awkward3(random), to = Awkward3(random);
+    const V &fixedFrom = from, &fixedTo = to;
+    for (const V& v : {V(from, to), V(fixedFrom, fixedTo)})
+      ExpectIs(v, to.m_x - from.m_x, to.m_y - from.m_y, to.m_z - from.m_z);
+  }
 }
 
 TEST(Vector3, ScalesByTheOldValueOfItsOwnComponent) {

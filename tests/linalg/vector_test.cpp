@@ -10,6 +10,7 @@
 #include "support/allocation.h"
 #include "support/not_finite.h"
 #include "support/other_bytes.h"
+#include "support/stream.h"
 
 using namespace zeph::test;
 
@@ -144,6 +145,32 @@ TEST(VectorStorage, ReleasesTheOldElementsAtEverySize) {
   EXPECT_EQ(LiveBlocks(), before);
 }
 
+TEST(VectorStorage, ReSizeReplacesTheElementsEvenForTheSameSize) {
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
+  for (const int n : {1, 3, 40})
+    for (const bool released : {false, true}) {
+      CZEPHVector v(n);
+      if (released) v.Free();
+      const long before = AllocationCount();
+      v.ReSize(n);
+      EXPECT_EQ(AllocationCount(), before + 1) << n;
+      ASSERT_NE(v.m_pData, nullptr);
+      EXPECT_EQ(v.GetSize(), n);
+    }
+}
+
+TEST(VectorStorage, AccessMovesEveryBit) {
+  const std::vector<double>& values = SpecialValues<double>();
+  CZEPHVector v = ToVector(values);
+  const CZEPHVector& fixed = v;
+  for (int i = 0; i < v.GetSize(); ++i) {
+    EXPECT_SAME_BITS(v.Get(i), values[Count(i)]);
+    EXPECT_SAME_BITS(fixed.Get(i), values[Count(i)]);
+    EXPECT_SAME_BITS(v[i], values[Count(i)]);
+    EXPECT_SAME_BITS(fixed[i], values[Count(i)]);
+  }
+}
+
 TEST(VectorStorage, CopiesEveryBit) {
   const std::vector<double> values = Awkward(50, 1);
   CZEPHVector v(50, values.data()), copy(v);
@@ -221,6 +248,27 @@ TEST(VectorStorage, IsAnEmptyRangeWithACountBelowOne) {
   EXPECT_EQ(fixed.begin(), v.m_pData);
   EXPECT_EQ(fixed.end(), v.m_pData);
   v.m_nSize = 3;
+}
+
+TEST(VectorStorage, HasNoElementInAnyOperationWithACountBelowOne) {
+  for (const int count : {0, -1, -7}) {
+    CZEPHVector v = ToVector({3, 1, 2}), w = ToVector({4, 5, 6});
+    v.m_nSize = w.m_nSize = count;
+    v = w;
+    EXPECT_EQ((v + w).m_pData, nullptr);
+    EXPECT_EQ((v - w).m_pData, nullptr);
+    EXPECT_EQ((v * 2.0).m_pData, nullptr);
+    EXPECT_EQ((v / 2.0).m_pData, nullptr);
+    EXPECT_EQ(CZEPHVector(v).m_pData, nullptr);
+    EXPECT_EQ(ZEPH_GetVectorMaxSite(v), 0);
+    EXPECT_EQ(ZEPH_GetVectorMinSite(v), 0);
+    EXPECT_SAME_BITS(ZEPH_GetVectorSquareNorm(v), 0.0);
+    EXPECT_SAME_BITS(ZEPH_GetVectorInfititeNorm(v), 0.0);
+    EXPECT_EQ(Written([&](FILE* f) { v.Display(f, ';'); }), "\n");
+    EXPECT_EQ(v.m_nSize, count);
+    v.m_nSize = 3;
+    EXPECT_TRUE(SameBits(Elements(v), {3, 1, 2}));
+  }
 }
 
 TEST(VectorStorage, IsARangeOfItsElements) {

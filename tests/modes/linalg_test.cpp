@@ -187,3 +187,60 @@ TEST(LinalgModes, Matrix4AndVector3MatchTheirOracles) {
           }));
     }
 }
+
+TEST(LinalgModes, Matrix4AndVector3ComponentsMatchTheirOracles) {
+  for (std::uint64_t seed = 0; seed < 6; ++seed)
+    for (const auto& input : ModeInputs(33, seed)) {
+      SCOPED_TRACE(input.name);
+      const double* v = input.values.data();
+      const CZEPHMatrix4 a(v, CZEPHMatrix4::ColumnMajor), b(v + 16, CZEPHMatrix4::ColumnMajor);
+      const CZEPHVector3 p(v[0], v[1], v[2]), q(v[3], v[4], v[5]);
+      for (const double s : {v[32], 0.0, -0.0, 3.0, Denormal<double>(3)}) {
+        const auto each = [&](auto operation, auto step) {
+          EXPECT_TRUE(ComputesInEveryMode(operation, [&] {
+            Doubles out;
+            for (int k = 0; k < 16; ++k) out.push_back(step(v[k], v[16 + k]));
+            for (int k = 0; k < 3; ++k) out.push_back(step(v[k], v[3 + k]));
+            return out;
+          }));
+        };
+        const auto both = [](const CZEPHMatrix4& m, const CZEPHVector3& w) {
+          Doubles out(m.m_data, m.m_data + 16);
+          out.insert(out.end(), {w.m_x, w.m_y, w.m_z});
+          return out;
+        };
+        const auto inPlace = [&](auto change) {
+          CZEPHMatrix4 m(a);
+          CZEPHVector3 w(p);
+          change(m);
+          change(w);
+          return both(m, w);
+        };
+        each([&] { return both(a * s, p * s); }, [s](double x, double) { return x * s; });
+        each([&] { return both(s * a, s * p); }, [s](double x, double) { return x * s; });
+        each([&] { return both(a / s, p / s); }, [s](double x, double) { return x / s; });
+        each([&] { return inPlace([s](auto& m) { m *= s; }); },
+             [s](double x, double) { return x * s; });
+        each([&] { return inPlace([s](auto& m) { m /= s; }); },
+             [s](double x, double) { return x / s; });
+        each([&] { return both(a + b, p + q); }, [](double x, double y) { return x + y; });
+        each([&] { return both(a - b, p - q); }, [](double x, double y) { return x - y; });
+        EXPECT_TRUE(ComputesInEveryMode(
+            [&] {
+              const CZEPHVector3 between(q, p), unit = p.Normalized();
+              CZEPHVector3 own(p);
+              const double length = own.Normalize();
+              return Doubles{between.m_x, between.m_y, between.m_z, length,  unit.m_x,
+                             unit.m_y,    unit.m_z,    own.m_x,     own.m_y, own.m_z};
+            },
+            [&] {
+              const double length = std::sqrt(oracle::Dot({v[0], v[1], v[2]}, {v[0], v[1], v[2]}));
+              Doubles out = {v[0] - v[3], v[1] - v[4], v[2] - v[5], length};
+              for (int times = 0; times < 2; ++times)
+                for (int k = 0; k < 3; ++k) out.push_back(v[k] / length);
+              return out;
+            }));
+        if (HasFailure()) return;
+      }
+    }
+}

@@ -364,6 +364,54 @@ TEST(LinkList, AssignmentCopiesNullPointersToo) {
   EXPECT_EQ(copy.m_pHead, nullptr);
 }
 
+TEST(LinkList, NodesMoveEveryBitOfTheirValues) {
+  for (const double x : SpecialValues<double>()) {
+    const Link node(x), copy(node);
+    Link assigned(7.0);
+    assigned = node;
+    List list;
+    list.InsertOrdered(&assigned);
+    const Link* const all[] = {&node, &copy, &assigned};
+    for (const Link* each : all) EXPECT_SAME_BITS(each->m_value, x);
+    EXPECT_EQ(list.GetFirstLink(), &assigned);
+    Link* table[] = {&assigned};
+    list.Sorting(table, 1);
+    EXPECT_SAME_BITS(list.m_pHead->m_value, x);
+    list.m_pHead = nullptr;
+  }
+}
+
+TEST(LinkList, CopyConstructionSharesTheChain) {
+  Link value(2.5), behind(-0.0);
+  value.m_pNext = &behind;
+  const Link valueCopy(value), behindCopy(behind);
+  EXPECT_EQ(valueCopy.m_value, 2.5);
+  EXPECT_EQ(valueCopy.m_pNext, &behind);
+  EXPECT_SAME_BITS(behindCopy.m_value, -0.0);
+  EXPECT_EQ(behindCopy.m_pNext, nullptr);
+  List list;
+  list.m_pHead = &value;
+  List copy(list);
+  EXPECT_EQ(copy.m_pHead, &value);
+  EXPECT_EQ(list.m_pHead, &value);
+  copy.m_pHead = list.m_pHead = nullptr;
+  CZEPHLinkData one(1), two(2);
+  CZEPHSortedLinkList keys;
+  keys.Insert(&two);
+  keys.Insert(&one);
+  const CZEPHLinkData oneCopy(one), twoCopy(two);
+  EXPECT_EQ(oneCopy.m_nKey, 1);
+  EXPECT_EQ(oneCopy.m_pNext, &two);
+  EXPECT_EQ(twoCopy.m_nKey, 2);
+  EXPECT_EQ(twoCopy.m_pNext, nullptr);
+  CZEPHSortedLinkList keysCopy(keys);
+  EXPECT_EQ(keysCopy.m_pHead, &one);
+  EXPECT_EQ(keysCopy.Find(2), &two);
+  keysCopy.Remove(1);  // moves its own head only
+  EXPECT_EQ(keysCopy.m_pHead, &two);
+  EXPECT_EQ(keys.m_pHead, &one);
+}
+
 TEST(LinkList, StartsEmptyInDirtyMemory) {
   OverOtherBytes<List> list;
   EXPECT_EQ(list->m_pHead, nullptr);
@@ -577,6 +625,21 @@ TEST(SortedLinkList, WritesItsKeysToTheStandardOutput) {
   one.DisplayLink();
   negative.DisplayLink();
   EXPECT_EQ(capture.Text(), "List (first-->last): \nList (first-->last): 1 3 \n1 -2147483648 ");
+}
+
+TEST(SortedLinkList, WritesListsOfAnyLength) {
+  std::vector<CZEPHLinkData> nodes;
+  for (int key = 0; key < 3000; ++key) nodes.emplace_back(key - 1000);
+  CZEPHSortedLinkList list;
+  list.m_pHead = &nodes[0];
+  std::string want = "List (first-->last): ";
+  for (std::size_t i = 0; i < nodes.size(); ++i) {
+    if (i + 1 < nodes.size()) nodes[i].m_pNext = &nodes[i + 1];
+    want += std::to_string(nodes[i].m_nKey) + " ";
+  }
+  CaptureStdout capture;
+  list.DisplayList();
+  EXPECT_TRUE(capture.Text() == want + "\n");
 }
 
 TEST(SortedLinkList, FlushesAfterAListingButNotAfterASingleNode) {

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithms.h>
+#include <batch.h>
 #include <containers.h>
 #include <double_array.h>
 #include <graphics.h>
@@ -243,11 +244,148 @@ std::string QuickSorted(Random& random) {
   return Sorted(random, [](CZEPHDoubleArray& a) { a.QuickSort(10); });
 }
 
+/// Short arrays, whose sorts have room of their own: a part of the elements are zeros of both signs.
+std::string ShortSorted(Random& random) {
+  std::string all;
+  for (int k = 0; k < 20; ++k) {
+    CZEPHDoubleArray a(random.Int(2, 255), 0.0);
+    const std::size_t zeros = random.Below(2) ? 2 : 40;  // one in so many
+    for (double& x : a) x = random.Below(zeros) ? random.Real(-9, 9) : random.Below(2) ? 0.0 : -0.0;
+    CZEPHDoubleArray sorts[] = {a, a, a, a, a};
+    sorts[0].ShellSort(), sorts[1].QuickSort(3), sorts[2].InsertionSort();
+    sorts[3].ListInsertSort(), sorts[4].BubbleSort();
+    for (const CZEPHDoubleArray& sorted : sorts)
+      all += Bytes(sorted.data, static_cast<std::size_t>(sorted.size));
+  }
+  return all;
+}
+/// Long ones with few zeros.
+std::string ShellSortedAroundFewZeros(Random& random) {
+  CZEPHDoubleArray a(random.Int(256, 2000), 0.0);
+  for (double& x : a) x = random.Below(40) ? random.Real(-9, 9) : random.Below(2) ? 0.0 : -0.0;
+  a.ShellSort();
+  return Bytes(a.data, static_cast<std::size_t>(a.size));
+}
+std::string ArraysOfDoubles(Random& random) {
+  std::string all;
+  for (int k = 0; k < 30; ++k) {
+    const int n = random.Int(1, 60);
+    CZEPHDoubleArray a(n, 0.0), b(n, 0.0);
+    for (double& x : a) x = random.Int(-99, 99);
+    for (double& x : b) x = random.Real(-99, 99);
+    const double numbers[] = {a.OneNorm(), b.TwoNorm(), a.MaxNorm(), ZEPH_ArrayDotProduct(a, b)};
+    all += Bytes(numbers, 4) + std::to_string(a.Find(b[0])) + std::to_string(a.Find(a[n - 1]));
+    for (const CZEPHDoubleArray& c : {a + b, b - a, a * b, a / 3.0, -b, 2.0 * a + b})
+      all += Bytes(c.data, static_cast<std::size_t>(n));
+    a.InsertionSort(), b.InsertionSort();
+    std::vector<double> merged(static_cast<std::size_t>(2 * n));
+    a.MergeSortedArray(a.data, n, b.data, n, merged.data());
+    int at = -1;
+    a.BinarySearch(a[n / 2], at);
+    all += Bytes(merged.data(), merged.size()) + std::to_string(at);
+  }
+  return all;
+}
+std::string Texts(Random& random) {
+  std::ostringstream stream;
+  CString text;
+  CZEPHDoubleArray a(30, 0.0);
+  CZEPHDoubleMatrix m(3, 5, 0.0);
+  CZEPHMatrix4 four(0.0);
+  for (double& x : a) x = random.Real(-1e6, 1e6);
+  for (int j = 0; j < 5; ++j) m[0][j] = m[2][4 - j] = random.Real();
+  for (double& x : four.m_data) x = random.Real();
+  a.Display(text);
+  a.Display(text, 5, 25);
+  a.Display(stream);
+  m.Display(stream);
+  stream << a << m << four << CZEPHVector3(a[0], a[1], a[2]);
+  CZEPHMatrix4 again(0.0);
+  std::stringstream matrix;
+  matrix << four;
+  matrix >> again;
+  return text.GetString() + stream.str() + Bytes(again.m_data, 16);
+}
+/// In place, and the same one by one.
+std::string Batches(Random& random) {
+  constexpr int kCount = 37;
+  CZEPHMatrix4x4 m;
+  m.SetRotationEuler(random.Real(-180, 180), random.Real(-180, 180), random.Real(-180, 180));
+  m.SetTranslationPart(CZEPHVector3D(1, static_cast<float>(random.Real()), 3));
+  if (random.Below(2)) m.entries[3] = 0.5f;
+  std::string all;
+  for (int k = 0; k < 20; ++k) {
+    std::vector<CZEPHVector3D> v(kCount), low(2);
+    for (CZEPHVector3D& p : v) p.Set(static_cast<float>(random.Real()), 2, 3);
+    std::vector<CZEPHMatrix4x4> matrices(kCount, m);
+    ZEPH_BatchTransformPoints(m, v.data(), v.data(), kCount);
+    ZEPH_BatchRotateAxis(random.Real(-180, 180), v[0], v.data(), v.data(), kCount);
+    ZEPH_BatchTransformDirections(m, v.data(), v.data(), kCount);
+    ZEPH_BatchMultiply(m.GetInverse(), matrices.data(), matrices.data(), kCount);
+    ZEPH_BatchBounds(v.data(), kCount, low[0], low[1]);
+    std::vector<float> dots(kCount);
+    ZEPH_BatchDot(v.data(), v.data(), dots.data(), kCount);
+    ZEPH_BatchNormalize(v.data(), v.data(), kCount);
+    all += Bytes(dots.data(), dots.size()) + Bytes(matrices[kCount - 1].entries, 16);
+    for (const CZEPHVector3D& p : {low[0], low[1], v[0], v[kCount - 1]}) all += Bytes(&p.x, 3);
+  }
+  return all;
+}
+std::string TransformsOfFloats(Random& random) {
+  std::string all;
+  for (int k = 0; k < 100; ++k) {
+    CZEPHMatrix4x4 m, turn;
+    for (float& x : m.entries) x = static_cast<float>(random.Real());
+    const CZEPHVector3D v(m.entries), axis(m.entries + 5);
+    turn.SetRotationAxis(random.Real(-180, 180), axis);
+    for (const CZEPHMatrix4x4& each : {m.GetInverse(), m.GetInverseTranspose(), m.GetTranspose(),
+                                       turn.GetAffineInverse(), m * turn, m / 3.0f})
+      all += Bytes(each.entries, 16);
+    for (const CZEPHVector3D& each : {v.GetRotatedX(30), v.GetRotatedAxis(30, axis),
+                                      v.CrossProduct(axis), v.GetNormalized(), v.GetPackedTo01()})
+      all += Bytes(&each.x, 3);
+  }
+  return all;
+}
+struct Weighed : CObject {
+  int weight = 0;
+};
+int ByWeight(CObject* a, CObject* b) {
+  return static_cast<Weighed*>(a)->weight - static_cast<Weighed*>(b)->weight;
+}
+std::string SortedObjects(Random& random) {
+  std::vector<Weighed> objects(100);
+  for (Weighed& object : objects) object.weight = random.Int(0, 40);
+  CZEPHSortableObArray sorted, stable;
+  CZEPHSortableObList list, stableList;
+  for (Weighed& object : objects) {
+    sorted.Add(&object), stable.Add(&object);
+    list.AddTail(&object), stableList.AddTail(&object);
+  }
+  sorted.Sort(ByWeight), stable.SortStable(ByWeight);
+  list.Sort(ByWeight), stableList.SortStable(ByWeight);
+  std::string places;
+  const auto note = [&](CObject* object) {
+    places += std::to_string(static_cast<Weighed*>(object) - objects.data()) + ' ';
+  };
+  for (int i = 0; i < 100; ++i) note(sorted.GetAt(i)), note(stable.GetAt(i));
+  for (POSITION at = list.GetHeadPosition(); at;) note(list.GetNext(at));
+  for (POSITION at = stableList.GetHeadPosition(); at;) note(stableList.GetNext(at));
+  return places;
+}
+
 constexpr Operation kSameOperations[] = {{"bubble sorts", BubbleSorted},
                                          {"insertion sorts", InsertionSorted},
                                          {"list sorts", ListSorted},
                                          {"Shell's sorts", ShellSorted},
                                          {"quicksorts", QuickSorted},
+                                         {"short sorts", ShortSorted},
+                                         {"few zeros", ShellSortedAroundFewZeros},
+                                         {"arrays of doubles", ArraysOfDoubles},
+                                         {"texts", Texts},
+                                         {"batches", Batches},
+                                         {"transforms of floats", TransformsOfFloats},
+                                         {"sorted objects", SortedObjects},
                                          {"sorted nodes", SortedNodes},
                                          {"selected numbers", SelectedNumbers},
                                          {"products of 4 x 4", ProductsOf4x4},

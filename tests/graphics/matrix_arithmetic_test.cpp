@@ -118,6 +118,21 @@ TEST(FloatMatrix, IgnoresIndicesOutOfRange) {
   }
 }
 
+TEST(FloatMatrix, EntriesMoveEveryBit) {
+  const float special[] = {0.0f, -0.0f, 0.1f, -kInfinityF, FromBits<float>(0x7FC01234u), 1e-40f};
+  for (int at = 0; at < 16; ++at)
+    for (const float x : special) {
+      CZEPHMatrix4x4 m = Counting();
+      m.SetEntry(at, x);
+      EXPECT_SAME_BITS(m.GetEntry(at), x);
+      EXPECT_SAME_BITS(m.entries[at], x);
+      for (int other = 0; other < 16; ++other)
+        if (other != at) {
+          EXPECT_EQ(m.entries[other], static_cast<float>(other + 1));
+        }
+    }
+}
+
 TEST(FloatMatrix, WritesNothingButItsEntries) {
   struct Neighbours {
     CZEPHMatrix4x4 m;

@@ -115,6 +115,24 @@ TEST(PortableMath, RoundsToNearestInEveryRoundingDirection) {
 #endif
 }
 
+TEST(PortableMath, RoundsToNearestInEveryMode) {
+  if (!test::HasFloatingPointEnvironment())
+    GTEST_SKIP() << "the floating-point environment is incomplete here";
+  std::vector<Arguments> arguments = RandomArguments(60);
+  for (const double x : {0x1p-1074, 0x1.8p-1060, 0x1.fffp-1023, 0x1p-1022})
+    for (const double angle : {x, -x})
+      arguments.push_back({angle, x, static_cast<float>(std::ldexp(angle, 900))});
+  arguments.push_back({0x1p-60, 1.0, 0x1p-149f});
+  arguments.push_back({-0x1p-60, 10.0, -0x1.8p-130f});
+  const std::uint64_t nearest = DigestOver(arguments);
+  for (const Mode& mode : Modes()) {
+    std::uint64_t digest = 0;
+    const int raised = RaisedBy(mode, [&] { digest = DigestOver(arguments); });
+    EXPECT_EQ(digest, nearest) << mode.name;
+    EXPECT_EQ(raised, 0) << mode.name << ": " << ExceptionNames(raised);
+  }
+}
+
 /// Computed once and confirmed by the long proof; here it shows that every build gives these bits.
 TEST(PortableMath, GivesTheSameBitsOnEverySystem) {
   EXPECT_EQ(DigestOver(RandomArguments(20000)), 0x8738cc622bd95d09u);

@@ -18,6 +18,14 @@ TEST(PortableRandom, DrawsTheNumbersOfTheCStandardsExampleGenerator) {
   }
 }
 
+/// Before any test has seeded it.
+static const int kFirstDrawn = DrawFifteenBits();
+
+TEST(PortableRandom, IsSeededWithOneAtTheProgramsStart) {
+  SeedFifteenBits(1);
+  EXPECT_EQ(kFirstDrawn, DrawFifteenBits());
+}
+
 TEST(PortableRandom, StartsWithThePublishedNumbers) {
   SeedFifteenBits(1);
   for (const int want : {16838, 5758, 10113, 17515, 31051})

@@ -77,6 +77,16 @@ TEST(DoubleArrayNorms, DoNotScale) {
   EXPECT_EQ(ArrayOf({1e-200, 1e-200}).TwoNorm(), 0.0);
 }
 
+TEST(DoubleArrayNorms, SquareWhateverTheCount) {
+  for (std::size_t n = 1; n <= 20; ++n)
+    for (std::size_t at = 0; at < n; ++at)
+      for (const double x : {1e200, -1e200, 1e-200, -3e-162, 5e-324}) {
+        Values v(n, 0.0);
+        v[at] = x;
+        ASSERT_NO_FATAL_FAILURE(Compare(v));
+      }
+}
+
 TEST(DoubleArrayNorms, TheMaximumIsNaNOnlyIfTheFirstElementIs) {
   EXPECT_SAME_BITS(ArrayOf({-kNaN, 9}).MaxNorm(), AbsoluteValue(kNaN));
   EXPECT_EQ(ArrayOf({1, kNaN, -9, kNaN}).MaxNorm(), 9.0);

@@ -256,9 +256,8 @@ void Check(const Operation& operation, const Kind& kind, int n, int flag) {
   }
   EXPECT_TRUE(OthersAreKept(a, n)) << what;
   if (n < 0 || operation.flag == Flag::kCleared)
-    return;  // random numbers differ from second to second
-  Array exact = ArrayOf(before);
-  exact.sorted = flag;
+    return;                       // random numbers differ from second to second
+  Array exact = ArrayOf(before);  // whose flag is another one, which the elements do not depend on
   operation.run(exact);
   EXPECT_TRUE(SameBits(ElementsOf(a), ElementsOf(exact))) << what;
 }
@@ -318,6 +317,29 @@ TEST(DoubleArrayState, WhatLiesBehindTheCountIsNotRead) {
           EXPECT_EQ(at, flag ? -7 : -1);
         }
       }
+}
+
+TEST(DoubleArrayState, OnlyTheBinarySearchTrustsTheFlag) {
+  for (const Kind& kind : Kinds())
+    for (const int n : {1, 2, 3, 4, 5, 9, 17, 40, 130}) {
+      const Array plain = Make(kind, n);
+      for (const int flag : {1, -7}) {
+        SCOPED_TRACE(::testing::Message() << n << ' ' << kind.name << ", flag " << flag);
+        Array a = Make(kind, n);
+        a.sorted = flag;
+        EXPECT_TRUE(SameBits(a.OneNorm(), plain.OneNorm()));
+        EXPECT_TRUE(SameBits(a.TwoNorm(), plain.TwoNorm()));
+        EXPECT_TRUE(SameBits(a.MaxNorm(), plain.MaxNorm()));
+        EXPECT_TRUE(SameBits(ZEPH_ArrayDotProduct(a, a), ZEPH_ArrayDotProduct(plain, plain)));
+        for (int i = 0; i < n; ++i) {
+          EXPECT_EQ(a.Find(a[i]), Array(plain).Find(plain[i]));
+        }
+        EXPECT_TRUE(SameBits(ElementsOf(a + plain), ElementsOf(plain + plain)));
+        EXPECT_TRUE(SameBits(ElementsOf(-a), ElementsOf(-plain)));
+        EXPECT_TRUE(SameBits(ElementsOf(Array(a)), ElementsOf(plain)));
+        EXPECT_EQ(a.CheckSorted(), Array(plain).CheckSorted());
+      }
+    }
 }
 
 TEST(DoubleArrayState, ANewSizeKeepsTheFlagAndMovesTheElements) {

@@ -111,6 +111,38 @@ TEST(MatrixProduct, TranslationMovesPointsButNotDirections) {
   EXPECT_TRUE(Same(m.GetColumn(3), {1, 2, 3, 1}));
 }
 
+// No factor is special: also the identity's products are added, in which a zero loses its sign and an infinity meets 0.
+TEST(MatrixProduct, TheIdentityAndZeroMultiplyAsAnyOtherMatrix) {
+  CZEPHMatrix4x4 identity, negated, zero;
+  for (float& entry : negated.entries) entry = entry == 0 ? -0.0f : entry;
+  zero.LoadZero();
+  for (const CZEPHMatrix4x4& special : {identity, negated, zero})
+    ForEachCase(Scaled(2'000), 55, [&special](Random& random) {
+      const CZEPHMatrix4x4 m = AnyMatrix(random);
+      const oracle::Matrix s = Array(special), e = Array(m);
+      CZEPHMatrix4x4 left = special, right = m;
+      left *= m, right *= special;
+      EXPECT_TRUE(Same(special * m, oracle::Product(s, e)));
+      EXPECT_TRUE(Same(m * special, oracle::Product(e, s)));
+      EXPECT_TRUE(Same(left, oracle::Product(s, e)));
+      EXPECT_TRUE(Same(right, oracle::Product(e, s)));
+      const auto four = AnyVector<CZEPHVector4D>(random);
+      EXPECT_TRUE(Same(special * four, oracle::Product(s, Array(four))));
+      const auto v = AnyVector<CZEPHVector3D>(random);
+      CZEPHVector3D rotated = v, back = v, moved = v, movedBack = v;
+      special.RotateVector3D(rotated), special.InverseRotateVector3D(back);
+      special.TranslateVector3D(moved), special.InverseTranslateVector3D(movedBack);
+      const CZEPHVector3D t(special.entries + 12);
+      EXPECT_TRUE(Same(rotated, oracle::Rotated(s, Array(v))));
+      EXPECT_TRUE(Same(back, oracle::InverseRotated(s, Array(v))));
+      EXPECT_TRUE(Same(moved, Array(v + t)));
+      EXPECT_TRUE(Same(movedBack, Array(v - t)));
+      EXPECT_TRUE(Same(special.GetRotatedVector3D(v), oracle::Rotated(s, Array(v))));
+      EXPECT_TRUE(Same(special.GetInverseRotatedVector3D(v), oracle::InverseRotated(s, Array(v))));
+      EXPECT_TRUE(Same(special.GetTranslatedVector3D(v), Array(v + t)));
+    });
+}
+
 TEST(MatrixProduct, RotationAndTranslationPartsKeepTheDocumentedOrder) {
   ForEachCase(kCases, 54, [](Random& random) {
     const CZEPHMatrix4x4 m = AnyMatrix(random);

@@ -48,6 +48,30 @@ TEST(DoubleMatrixProduct, AgreesWithTheTextbookLoopInBothForms) {
     }
 }
 
+// No factor is special: also the identity's products are added from 0.0.
+TEST(DoubleMatrixProduct, TheIdentityAndZeroMultiplyAsAnyOtherMatrix) {
+  for (const int n : {1, 2, 3, 4, 5, 8, 9, 17})
+    for (const double diagonal : {1.0, 0.0}) {
+      Rows special(Count(n), std::vector<double>(Count(n), 0.0));
+      for (std::size_t i = 0; i < Count(n); ++i) special[i][i] = diagonal;
+      for (std::uint64_t seed = 0; seed < 10; ++seed) {
+        const Rows x = AwkwardRows(n, n, seed);
+        CZEPHDoubleMatrix right = ToDoubleMatrix(x, n, n), left = ToDoubleMatrix(special, n, n);
+        const CZEPHDoubleMatrix a(right), identity(left);
+        CZEPHMatrix general = ToMatrix(x), generalIdentity = ToMatrix(special);
+        const Rows after = oracle::DenseProduct(x, special, Count(n), Count(n), Count(n));
+        const Rows before = oracle::DenseProduct(special, x, Count(n), Count(n), Count(n));
+        right.operator*=(identity), left.operator*=(a);
+        EXPECT_TRUE(SameValues(Elements(right), after)) << n;
+        EXPECT_TRUE(SameValues(Elements(left), before)) << n;
+        EXPECT_TRUE(SameValues(Elements(general * generalIdentity), after)) << n;
+        EXPECT_TRUE(SameValues(Elements(generalIdentity * general), before)) << n;
+        const CZEPHDoubleArray v(n, x[0].data());
+        EXPECT_TRUE(SameValues(Elements(identity * v), MatrixTimesVector(special, x[0]))) << n;
+      }
+    }
+}
+
 TEST(DoubleMatrixProduct, SquaresItself) {
   const Rows x = ModerateRows(6, 6, 1);
   CZEPHDoubleMatrix a = ToDoubleMatrix(x, 6, 6);

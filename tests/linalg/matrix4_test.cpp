@@ -200,6 +200,28 @@ TEST(Matrix4, OfOneMatrixTwiceMeetsEveryKindOfNumber) {
   }
 }
 
+// No operand is special: also the identity's products are added, in which a zero loses its sign and an infinity meets 0.
+TEST(Matrix4, TheIdentityZeroAndOneOperateAsAnyOther) {
+  CZEPHMatrix4 identity;
+  identity.loadIdentity();
+  for (const CZEPHMatrix4& special : {identity, CZEPHMatrix4(0.0), CZEPHMatrix4(-0.0)})
+    for (std::uint64_t seed = 0; seed < 100; ++seed) {
+      const CZEPHMatrix4 a = AwkwardMatrix(seed + 7000);
+      const auto s = Rows(special), rows = Rows(a);
+      CZEPHMatrix4 product(a), sum(a), difference(a);
+      product *= special, sum += special, difference -= special;
+      ExpectRows(a * special, oracle::Multiply(rows, s));
+      ExpectRows(special * a, oracle::Multiply(s, rows));
+      ExpectRows(product, oracle::Multiply(rows, s));
+      const auto added = oracle::ForEach(rows, s, [](double x, double y) { return x + y; });
+      const auto taken = oracle::ForEach(rows, s, [](double x, double y) { return x - y; });
+      ExpectRows(a + special, added);
+      ExpectRows(sum, added);
+      ExpectRows(a - special, taken);
+      ExpectRows(difference, taken);
+    }
+}
+
 TEST(Matrix4, UnaryMinusChangesTheMatrixItself) {
   const CZEPHMatrix4 a = AwkwardMatrix(9);
   CZEPHMatrix4 m(a);

@@ -236,7 +236,7 @@ TEST(DoubleArrayModes, ArithmeticMatchesPlainLoops) {
         "product", [&] { return a * b; }, [](double x, double y) { return x * y; });
     check(
         "minus", [&] { return -a; }, [](double x, double) { return 0.0 - x; });
-    for (const double s : {0.0, 3.0, 1e300, kInfinity, Denormal<double>(3)}) {
+    for (const double s : {0.0, 1.0, -1.0, 3.0, 1e300, kInfinity, Denormal<double>(3)}) {
       check(
           "multiple", [&] { return s * a; }, [s](double x, double) { return s * x; });
       check(

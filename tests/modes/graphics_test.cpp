@@ -415,3 +415,70 @@ TEST(GraphicsModes, FormsInPlaceMatchTheirOracles) {
         [&] { return oracle::Product(e, e); });
   });
 }
+
+namespace {
+
+/// Factors, divisors and parameters that leave numbers as they are, but for denormals in some modes.
+template <class V>
+void CheckNeutralNumbers(const V& small, const V& other) {
+  const oracle::Vector x = Array(small), y = Array(other);
+  for (const float s : {1.0f, -1.0f}) {
+    oracle::Vector product = x;
+    const auto multiply = [&] {
+      for (std::size_t i = 0; i < x.size(); ++i) product[i] = oracle::Mul(x[i], s);
+      return product;
+    };
+    Check(
+        "multiple", [&] { return small * s; }, multiply);
+    Check(
+        "multiple, the other way", [&] { return s * small; }, multiply);
+    Check(
+        "multiple in place", [&] { return Changed(small, [s](V& v) { v *= s; }); }, multiply);
+    Check(
+        "share", [&] { return small / s; }, [&] { return oracle::Divided(x, s); });
+    Check(
+        "share in place", [&] { return Changed(small, [s](V& v) { v /= s; }); },
+        [&] { return oracle::Divided(x, s); });
+  }
+  for (const float t : {0.0f, -0.0f, 0.5f, 1.0f}) {
+    Check(
+        "linear", [&] { return small.LinearInterpolate(other, t); },
+        [&] { return oracle::Linear(x, y, t); });
+    Check(
+        "linear, the other way", [&] { return other.LinearInterpolate(small, t); },
+        [&] { return oracle::Linear(y, x, t); });
+    Check(
+        "quadratic", [&] { return small.QuadraticInterpolate(other, small, t); },
+        [&] { return oracle::Quadratic(x, y, x, t); });
+    Check(
+        "quadratic, the other way", [&] { return other.QuadraticInterpolate(small, other, t); },
+        [&] { return oracle::Quadratic(y, x, y, t); });
+  }
+}
+
+}  // namespace
+
+TEST(GraphicsModes, NeutralNumbersMeetDenormals) {
+  const float p[] = {Denormal<float>(5), Denormal<float>(-7), Denormal<float>(9),
+                     Denormal<float>(-3)};
+  for (const float infinite : {1.0f, kInfinityF}) {
+    CheckNeutralNumbers(CZEPHVector2D(p[0], p[1]), CZEPHVector2D(2, infinite));
+    CheckNeutralNumbers(CZEPHVector3D(p), CZEPHVector3D(2, infinite, -3));
+    CheckNeutralNumbers(CZEPHVector4D(p), CZEPHVector4D(2, infinite, -3, 4));
+  }
+  CZEPHMatrix4x4 m;
+  for (int i = 0; i < 16; ++i) m.entries[i] = Denormal<float>(i % 2 ? -i - 1 : i + 1);
+  for (const float s : {1.0f, -1.0f}) {
+    const auto multiply = [&] {
+      oracle::Matrix product = Array(m);
+      for (float& x : product) x = oracle::Mul(x, s);
+      return product;
+    };
+    Check(
+        "multiple", [&] { return m * s; }, multiply);
+    Check(
+        "multiple in place", [&] { return Changed(m, [s](auto& v) { v *= s; }); }, multiply);
+    Check(
+        "share", [&] { return m / s; }, [&] { return oracle::Over(Array(m), s); });
+  }
+}

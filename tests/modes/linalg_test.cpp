@@ -129,7 +129,14 @@ TEST(LinalgModes, VectorsMatchTheirOracles) {
             }
             return Doubles{double(most), double(least), norm};
           }));
-      for (const double s : {3.0, 1e-9, 0.0, 1e200, Denormal<double>(3)})
+      for (const double s : {1.0, -1.0, 3.0, 1e-9, 0.0, 1e200, Denormal<double>(3)}) {
+        const auto product = [&] {
+          Doubles out;
+          for (const double x : values) out.push_back(s * x);
+          return out;
+        };
+        EXPECT_TRUE(ComputesInEveryMode([&] { return Elements(s * v); }, product));
+        EXPECT_TRUE(ComputesInEveryMode([&] { return Elements(v * s); }, product));
         EXPECT_TRUE(ComputesInEveryMode(
             [&] {
               Doubles out = Elements(v / s);
@@ -147,6 +154,7 @@ TEST(LinalgModes, VectorsMatchTheirOracles) {
               out.push_back(sum);
               return out;
             }));
+      }
     }
 }
 
@@ -195,7 +203,7 @@ TEST(LinalgModes, Matrix4AndVector3ComponentsMatchTheirOracles) {
       const double* v = input.values.data();
       const CZEPHMatrix4 a(v, CZEPHMatrix4::ColumnMajor), b(v + 16, CZEPHMatrix4::ColumnMajor);
       const CZEPHVector3 p(v[0], v[1], v[2]), q(v[3], v[4], v[5]);
-      for (const double s : {v[32], 0.0, -0.0, 3.0, Denormal<double>(3)}) {
+      for (const double s : {v[32], 0.0, -0.0, 1.0, -1.0, 3.0, Denormal<double>(3)}) {
         const auto each = [&](auto operation, auto step) {
           EXPECT_TRUE(ComputesInEveryMode(operation, [&] {
             Doubles out;
@@ -242,5 +250,30 @@ TEST(LinalgModes, Matrix4AndVector3ComponentsMatchTheirOracles) {
             }));
         if (HasFailure()) return;
       }
+    }
+}
+
+// A length of exactly 1 divides like any other.
+TEST(LinalgModes, Vector3sOfLengthOneMatchTheirOracle) {
+  const double small = Denormal<double>(5);
+  for (int at = 0; at < 3; ++at)
+    for (const double one : {1.0, -1.0}) {
+      CZEPHVector3 p(small, -small, small);
+      p[at] = one;
+      EXPECT_TRUE(ComputesInEveryMode(
+          [&] {
+            const CZEPHVector3 unit = p.Normalized();
+            CZEPHVector3 own(p);
+            own.Normalize();
+            return Doubles{unit.m_x, unit.m_y, unit.m_z, own.m_x, own.m_y, own.m_z};
+          },
+          [&] {
+            const oracle::Vector3 v = {p.m_x, p.m_y, p.m_z};
+            const double length = std::sqrt(oracle::Dot(v, v));
+            Doubles out;
+            for (int times = 0; times < 2; ++times)
+              for (const double x : v) out.push_back(x / length);
+            return out;
+          }));
     }
 }

@@ -207,6 +207,26 @@ std::string GeneralMatrices(Random& random) {
   const CZEPHVector sums = ZEPH_SumVector(a * b) + (a * b).PickCol(6);
   return Bytes(sums.data(), sums.size());
 }
+/// Many times over; of matrices that are multiplied without the dense kernel.
+std::string NarrowProducts(Random& random) {
+  std::string all;
+  for (int k = 0; k < 100; ++k) {
+    const int n = random.Int(1, 4);
+    CZEPHDoubleMatrix m(n, n, 0.0);
+    CZEPHMatrix a(3, 4), b(4, n);
+    for (int i = 0; i < n; ++i)
+      for (int j = 0; j < n; ++j) m[i][j] = random.Real();
+    for (int i = 0; i < 4; ++i) {
+      for (int j = 0; i < 3 && j < 4; ++j) a[i][j] = random.Real();
+      for (int j = 0; j < n; ++j) b[i][j] = random.Real();
+    }
+    CZEPHMatrix product = a * b;
+    m *= m;
+    for (const double* row : {m[0], m[n - 1], product[0], product[2]})
+      all += Bytes(row, static_cast<std::size_t>(n));
+  }
+  return all;
+}
 std::string ReadMatrices(Random& random) {
   std::stringstream stream;
   stream << "2 3";
@@ -392,6 +412,7 @@ constexpr Operation kSameOperations[] = {{"bubble sorts", BubbleSorted},
                                          {"orderings", Orderings},
                                          {"split numbers", SplitNumbers},
                                          {"general matrices", GeneralMatrices},
+                                         {"narrow products", NarrowProducts},
                                          {"read matrices", ReadMatrices}};
 
 // All threads run the same operation, so that one that kept anything between its calls or beside its

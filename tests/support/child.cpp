@@ -95,21 +95,21 @@ ChildResult RunChild(const std::string& name, const std::vector<std::string>& ar
 #define ZEPH_FD(name) name
 #endif
 
-CaptureStdout::CaptureStdout() {
+CaptureStream::CaptureStream(std::FILE* stream) : stream_(stream) {
   std::cout.flush();
-  std::fflush(stdout);
-  saved_ = ZEPH_FD(dup)(1);
+  std::fflush(stream_);
+  saved_ = ZEPH_FD(dup)(ZEPH_FD(fileno)(stream_));
   std::FILE* file = std::fopen(file_.Path().c_str(), "wb");
-  ZEPH_FD(dup2)(ZEPH_FD(fileno)(file), 1);
+  ZEPH_FD(dup2)(ZEPH_FD(fileno)(file), ZEPH_FD(fileno)(stream_));
   std::fclose(file);
 }
-CaptureStdout::~CaptureStdout() {
+CaptureStream::~CaptureStream() {
   if (saved_ >= 0) Text();
 }
-std::string CaptureStdout::Text() {
+std::string CaptureStream::Text() {
   std::cout.flush();
-  std::fflush(stdout);
-  ZEPH_FD(dup2)(saved_, 1);
+  std::fflush(stream_);
+  ZEPH_FD(dup2)(saved_, ZEPH_FD(fileno)(stream_));
   ZEPH_FD(close)(saved_);
   saved_ = -1;
   return ReadFile(file_.Path());

@@ -5,6 +5,7 @@
 #ifndef ZEPH_TESTS_SUPPORT_CHILD_H
 #define ZEPH_TESTS_SUPPORT_CHILD_H
 
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -25,20 +26,27 @@ bool ChildrenAreEmulated();
 /// Runs the child program `name` (without ".exe") from the folder of the test programs.
 ChildResult RunChild(const std::string& name, const std::vector<std::string>& arguments);
 
-/// What `body` writes to the C standard output (and std::cout), which is flushed before and after.
+/// What is written to one of the C standard streams (and std::cout), which is flushed before and after.
 /// Restores the stream.
-class CaptureStdout {
+class CaptureStream {
  public:
-  CaptureStdout();
-  ~CaptureStdout();
-  CaptureStdout(const CaptureStdout&) = delete;
-  CaptureStdout& operator=(const CaptureStdout&) = delete;
+  explicit CaptureStream(std::FILE* stream);
+  ~CaptureStream();
+  CaptureStream(const CaptureStream&) = delete;
+  CaptureStream& operator=(const CaptureStream&) = delete;
   /// Ends the capture and returns the bytes.
   std::string Text();
 
  private:
   TemporaryFile file_;
+  std::FILE* const stream_;
   int saved_;
+};
+struct CaptureStdout : CaptureStream {
+  CaptureStdout() : CaptureStream(stdout) {}
+};
+struct CaptureStderr : CaptureStream {
+  CaptureStderr() : CaptureStream(stderr) {}
 };
 
 }  // namespace zeph::test

@@ -115,6 +115,25 @@ TEST(DoubleArrayNorms, OfAnEmptyArrayAreZero) {
   EXPECT_SAME_BITS(CZEPHDoubleArray(0, 0.0).TwoNorm(), 0.0);
 }
 
+TEST(DoubleArrayDotProduct, AddsTheTermsOfBothOperandsFromTheFirst) {
+  const auto check = [](const Values& v, const Values& w) {
+    volatile double sum = v[0] * w[0];
+    for (std::size_t i = 1; i < v.size(); ++i) {
+      volatile double term = v[i] * w[i];
+      sum = sum + term;
+    }
+    const double want = sum;
+    EXPECT_SAME_VALUE(ZEPH_ArrayDotProduct(ArrayOf(v), ArrayOf(w)), want);
+  };
+  for (std::size_t n = 1; n <= 40; ++n) {
+    check(Values(n, -0.0), Values(n, 1.0));  // -0.0, as no 0.0 takes part
+    for (std::uint64_t seed = 0; seed < 10; ++seed) {
+      check(Awkward(n, seed), Awkward(n, seed + 100));
+      check(Moderate(n, seed), Moderate(n, seed + 100));
+    }
+  }
+}
+
 TEST(DoubleArrayDotProduct, TakesItsCountFromTheLeftOperand) {
   EXPECT_EQ(ZEPH_ArrayDotProduct(ArrayOf({1, 2}), ArrayOf({3, 4, kNaN})), 11.0);
 }

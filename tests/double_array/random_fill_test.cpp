@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 #include <ctime>
 
@@ -58,5 +59,22 @@ TEST(DoubleArrayRandom, ClearsTheSortedFlagOfAnEmptyArrayToo) {
     a.Random();
     EXPECT_EQ(a.sorted, 0) << "size " << size;
     EXPECT_EQ(a.size, size) << "size " << size;
+  }
+}
+
+// The generator is the process's: what is drawn next shows how it was seeded and how much was drawn.
+TEST(DoubleArrayRandom, SeedsAlwaysAndDrawsOneNumberForEachElement) {
+  for (const int n : {-2, -1, 0, 1, 7, 100}) {
+    SCOPED_TRACE(::testing::Message() << n << " elements");
+    CZEPHDoubleArray a = n < 0 ? WithoutStorage(n == -1 ? 5 : n) : CZEPHDoubleArray(n, -1.0);
+    const auto from = static_cast<unsigned>(SecondAwayFromItsTurn());
+    a.Random();
+    const auto to = static_cast<unsigned>(std::time(nullptr));
+    const int next = ZEPH_MathRandom(0);
+    const auto drawn = static_cast<std::size_t>(std::max(n, 0));
+    bool met = false;
+    for (unsigned second = from; second <= to && !met; ++second)
+      met = DrawsAfterSeed(second, drawn + 1)[drawn] == next;
+    EXPECT_TRUE(met);
   }
 }

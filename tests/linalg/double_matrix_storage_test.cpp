@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <limits>
 #include <type_traits>
 #include <utility>
@@ -440,4 +441,47 @@ TEST(DoubleMatrixAllocMemory, RefusesNegativeCountsSilentlyAndKeepsThem) {
   CZEPHDoubleMatrix lowest(std::numeric_limits<int>::min(), 1, 1.0);
   EXPECT_EQ(lowest.m_ppData, nullptr);
   EXPECT_EQ(capture.Text(), "");
+}
+
+TEST(DoubleMatrixAllocMemory, ANegativeCountReleasesWhatWasHeld) {
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
+  double value = 5.0;
+  double* source[] = {&value, &value};
+  const std::function<int(Bare&, int, int)> calls[] = {
+      [](Bare& m, int rows, int cols) { return m.Create(rows, cols); },
+      [](Bare& m, int rows, int cols) { return m.SetData(rows, cols, 1.0); },
+      [&](Bare& m, int rows, int cols) { return m.SetData(rows, cols, source); },
+      [](Bare& m, int rows, int cols) { return m.AllocMemory(rows, cols); }};
+  for (const auto& call : calls) {
+    Bare rows, columns;
+    ASSERT_EQ(rows.AllocMemory(2, 1), 1);
+    ASSERT_EQ(columns.AllocMemory(2, 1), 1);
+    double* const kept[] = {rows.m_ppData[0], rows.m_ppData[1]};
+    EXPECT_EQ(call(rows, -1, 1), 0);
+    EXPECT_EQ(rows.m_ppData, nullptr);
+    EXPECT_EQ(rows.m_nRows, -1);
+    for (double* row : kept) delete[] row;  // past the new count
+    const long live = LiveBlocks();
+    EXPECT_EQ(call(columns, 2, -1), 0);
+    EXPECT_EQ(LiveBlocks(), live - 2);  // the new table, for the old one with its rows
+    ASSERT_NE(columns.m_ppData, nullptr);
+    EXPECT_EQ(columns.m_ppData[0], nullptr);
+    EXPECT_EQ(columns.m_ppData[1], nullptr);
+    EXPECT_EQ(columns.m_nColumns, -1);
+  }
+}
+
+TEST(DoubleMatrixAllocMemory, AllocatesAnewForTheSameSizeToo) {
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
+  CZEPHDoubleMatrix m = OneToSix(), other = OneToSix();
+  const auto asked = [](auto call) {
+    const long before = AllocationCount();
+    EXPECT_EQ(call(), 1);
+    return AllocationCount() - before;
+  };
+  EXPECT_EQ(asked([&] { return m.Create(2, 3); }), 3);
+  EXPECT_EQ(asked([&] { return m.SetData(2, 3, 5.0); }), 3);
+  EXPECT_EQ(asked([&] { return m.SetData(2, 3, other.m_ppData); }), 3);
+  EXPECT_EQ(asked([&] { return m.SetData(other); }), 3);
+  EXPECT_TRUE(SameBits(Elements(m), Elements(other)));
 }

@@ -314,5 +314,90 @@ TEST(Batch, TakesCrossProductsAsTheClassDoes) {
                        [](const CZEPHVector3& a, const CZEPHVector3& b) { return a ^ b; }});
 }
 
+/// Of far more objects than a cache or a part holds.
+TEST(Batch, WorksOnThousandsOfObjects) {
+  constexpr std::size_t kCount = 3001;
+  constexpr int kObjects = static_cast<int>(kCount);
+  CZEPHMatrix4x4 affine, projection;
+  affine.SetRotationAxis(30, CZEPHVector3D(1, 2, 3));
+  affine.SetTranslationPart(CZEPHVector3D(4, -5, 6));
+  projection.SetPerspective(-1, 2, -3, 1, 1, 10);
+  const CZEPHVector3D axis(3, -2, 1);
+  const auto v = Generated<CZEPHVector3D>(Kind::kModerate, kCount, 1);
+  const auto w = Generated<CZEPHVector3D>(Kind::kModerate, kCount, 2);
+  const auto four = Generated<CZEPHVector4D>(Kind::kModerate, kCount, 3);
+  const auto matrices = Generated<CZEPHMatrix4x4>(Kind::kModerate, kCount, 4);
+  const auto d = Generated<CZEPHVector3>(Kind::kModerate, kCount, 5);
+  const auto e = Generated<CZEPHVector3>(Kind::kModerate, kCount, 6);
+  const auto doubles = Generated<CZEPHMatrix4>(Kind::kModerate, kCount, 7);
+  const auto check = [](const char* what, const auto& in, auto batch, auto single) {
+    using Out = decltype(single(std::size_t{0}));
+    std::vector<Out> got(kCount), want;
+    batch(got.data());
+    for (std::size_t i = 0; i < in.size(); ++i) want.push_back(single(i));
+    EXPECT_TRUE(SameValues(Flat(got), Flat(want))) << what;
+  };
+  for (const CZEPHMatrix4x4& m : {affine, projection}) {
+    check(
+        "points", v,
+        [&](CZEPHVector3D* out) { ZEPH_BatchTransformPoints(m, v.data(), out, kObjects); },
+        [&](std::size_t i) { return CZEPHVector3D(m * CZEPHVector4D(v[i])); });
+    check(
+        "directions", v,
+        [&](CZEPHVector3D* out) { ZEPH_BatchTransformDirections(m, v.data(), out, kObjects); },
+        [&](std::size_t i) { return m.GetRotatedVector3D(v[i]); });
+    check(
+        "vectors", four,
+        [&](CZEPHVector4D* out) { ZEPH_BatchTransformVectors(m, four.data(), out, kObjects); },
+        [&](std::size_t i) { return m * four[i]; });
+    check(
+        "matrices", matrices,
+        [&](CZEPHMatrix4x4* out) { ZEPH_BatchMultiply(m, matrices.data(), out, kObjects); },
+        [&](std::size_t i) { return m * matrices[i]; });
+  }
+  check(
+      "double matrices", doubles,
+      [&](CZEPHMatrix4* out) { ZEPH_BatchMultiply(doubles[5], doubles.data(), out, kObjects); },
+      [&](std::size_t i) { return doubles[5] * doubles[i]; });
+  for (const double angle : {0.0, 30.0})
+    check(
+        "rotations", v,
+        [&](CZEPHVector3D* out) { ZEPH_BatchRotateAxis(angle, axis, v.data(), out, kObjects); },
+        [&](std::size_t i) { return v[i].GetRotatedAxis(angle, axis); });
+  check(
+      "unit vectors", v, [&](CZEPHVector3D* out) { ZEPH_BatchNormalize(v.data(), out, kObjects); },
+      [&](std::size_t i) { return v[i].GetNormalized(); });
+  check(
+      "unit vectors of doubles", d,
+      [&](CZEPHVector3* out) { ZEPH_BatchNormalize(d.data(), out, kObjects); },
+      [&](std::size_t i) { return d[i].Normalized(); });
+  check(
+      "dot products", v, [&](float* out) { ZEPH_BatchDot(v.data(), w.data(), out, kObjects); },
+      [&](std::size_t i) { return v[i].DotProduct(w[i]); });
+  check(
+      "dot products of doubles", d,
+      [&](double* out) { ZEPH_BatchDot(d.data(), e.data(), out, kObjects); },
+      [&](std::size_t i) { return d[i] * e[i]; });
+  check(
+      "cross products", v,
+      [&](CZEPHVector3D* out) { ZEPH_BatchCross(v.data(), w.data(), out, kObjects); },
+      [&](std::size_t i) { return v[i].CrossProduct(w[i]); });
+  check(
+      "cross products of doubles", d,
+      [&](CZEPHVector3* out) { ZEPH_BatchCross(d.data(), e.data(), out, kObjects); },
+      [&](std::size_t i) { return d[i] ^ e[i]; });
+  for (const std::size_t at : {std::size_t{0}, std::size_t{1500}, kCount - 1}) {
+    auto points = v;
+    auto doublePoints = d;
+    points[at] = CZEPHVector3D(-9, 9, -9), doublePoints[at] = CZEPHVector3(-9, 9, -9);
+    CZEPHVector3D low, high;
+    CZEPHVector3 lowD, highD;
+    EXPECT_EQ(ZEPH_BatchBounds(points.data(), kObjects, low, high), 1);
+    EXPECT_EQ(ZEPH_BatchBounds(doublePoints.data(), kObjects, lowD, highD), 1);
+    EXPECT_TRUE(low.x == -9 && high.y == 9 && low.z == -9) << at;
+    EXPECT_TRUE(lowD.m_x == -9 && highD.m_y == 9 && lowD.m_z == -9) << at;
+  }
+}
+
 }  // namespace
 }  // namespace zeph::test

@@ -49,6 +49,15 @@ CZEPHDoubleMatrix& TheMatrix() {
   return m;
 }
 
+CZEPHDoubleArray& TheArray() {
+  static CZEPHDoubleArray a = [] {
+    CZEPHDoubleArray values(13, 0.0);
+    for (int i = 0; i < 13; ++i) values[i] = (i - 3) * 0.3e-4;
+    return values;
+  }();
+  return a;
+}
+
 /// The listing that goes to the standard output, written to `os` with its settings.
 template <class List>
 void DisplayTo(std::ostream& os, List list) {
@@ -92,6 +101,24 @@ std::vector<Text> Texts() {
              for (const auto& row : Elements(TheMatrix())) {
                for (const double x : row) os << x;
                os << std::endl;
+             }
+           }},
+          {"array", [](std::ostream& os) { os << TheArray(); },
+           [](std::ostream& os) {
+             os << "Elements of the vector are: \n";
+             for (const double x : TheArray()) os << x << "\n";
+           }},
+          {"short array", [](std::ostream& os) { os << CZEPHDoubleArray(2, 0.1); },
+           [](std::ostream& os) {
+             os << "Elements of the vector are: \n"
+                << 0.1 << "  " << 0.1 << "  "
+                << "\n";
+           }},
+          {"array's display", [](std::ostream& os) { TheArray().Display(os); },
+           [](std::ostream& os) {
+             for (int i = 0; i < TheArray().size; ++i) {
+               os << TheArray()[i] << " ";
+               if (i == 10) os << std::endl;
              }
            }},
           {"labels", [](std::ostream& os) { TheMatrix().Display(os); },

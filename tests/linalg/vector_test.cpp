@@ -406,6 +406,8 @@ TEST(VectorMeasures, AgreeWithTheOracleOnEveryShortVector) {
       EXPECT_EQ(ZEPH_GetVectorMaxSite(x), most) << ::testing::PrintToString(v);
       EXPECT_EQ(ZEPH_GetVectorMinSite(x), least) << ::testing::PrintToString(v);
       EXPECT_SAME_VALUE(ZEPH_GetVectorInfititeNorm(x), largest) << ::testing::PrintToString(v);
+      ZEPH_GetVectorSquareNorm(x);
+      EXPECT_TRUE(SameBits(Elements(x), v));  // measuring changes nothing
     });
 }
 
@@ -429,6 +431,7 @@ TEST(VectorMeasures, AgreeWithTheOracleOnLongVectors) {
       EXPECT_EQ(ZEPH_GetVectorMinSite(x), static_cast<int>(least)) << order.name;
       EXPECT_SAME_VALUE(ZEPH_GetVectorInfititeNorm(x), largest) << "n " << n << ", " << order.name;
       EXPECT_SAME_VALUE(ZEPH_GetVectorSquareNorm(x), norm) << "n " << n << ", " << order.name;
+      EXPECT_TRUE(SameBits(Elements(x), v)) << "n " << n << ", " << order.name;
     }
 }
 

@@ -41,7 +41,9 @@ struct Outcome {
   std::string thrown, rest;
   std::ios_base::iostate state = {};
   int refills = 0, flushes = 0, error = 0;
-  std::streamsize width = 0;
+  std::streamsize width = 0, precision = 0;
+  std::ios_base::fmtflags flags = {};
+  char fill = 0;
 };
 
 template <class Read>
@@ -67,6 +69,9 @@ Outcome After(const std::string& text, const Supply& supply, const Settings& set
   seen.error = errno;
   seen.state = is.rdstate();
   seen.width = is.width();
+  seen.precision = is.precision();
+  seen.flags = is.flags();
+  seen.fill = is.fill();
   seen.flushes = flushed.flushes;
   seen.refills = source.refills;
   try {
@@ -110,6 +115,9 @@ Outcome Ours(const std::string& text, const Supply& supply, const Settings& sett
   compare("refills", got.refills, want.refills);
   compare("flushes", got.flushes, want.flushes);
   compare("width", got.width, want.width);
+  compare("precision", got.precision, want.precision);
+  compare("flags", got.flags, want.flags);
+  compare("fill", got.fill, want.fill);
   compare("errno", got.error, want.error);
   if (same) same = SameBits(got.data, want.data);
   if (!same)

@@ -375,7 +375,10 @@ TEST(DoubleArrayState, RemovingKeepsTheFlagAndTheBlock) {
           if (x != x) continue;
           a.sorted = flag;
           const double* const block = a.data;
+          const double last = a.data[n - 1];
           EXPECT_EQ(a.Remove(x), 1);
+          EXPECT_TRUE(
+              SameBits(a.GetEntry(n - 1), last));  // the place behind the last stays as it was
           EXPECT_EQ(a.sorted, flag) << kind.name;
           EXPECT_EQ(a.size, n - 1) << kind.name;
           EXPECT_EQ(a.data, block) << kind.name;

@@ -43,9 +43,8 @@ void RequireRoom([[maybe_unused]] const CZEPHDoubleMatrix& a) {
 #endif
 }
 
-}  // namespace
-
-std::istream& operator>>(std::istream& is, CZEPHDoubleMatrix& a) {
+/// Whether both counts and all elements could be read.
+bool ReadInto(CZEPHDoubleMatrix& a, std::istream& is) {
   bool good = static_cast<bool>(is >> a.m_nRows);
   good = static_cast<bool>(is >> a.m_nColumns) && good;
   if (good) RequireRoom(a);
@@ -53,6 +52,19 @@ std::istream& operator>>(std::istream& is, CZEPHDoubleMatrix& a) {
   for (int i = 0; good && i < a.m_nRows; ++i) {
     double* const row = a.m_ppData ? a.m_ppData[i] : nullptr;
     for (int j = 0; good && j < a.m_nColumns; ++j) good = row && in.Read(row[j]);
+  }
+  return good;
+}
+
+}  // namespace
+
+std::istream& operator>>(std::istream& is, CZEPHDoubleMatrix& a) {
+  bool good = false;
+  try {
+    good = ReadInto(a, is);
+  } catch (...) {  // as a stream may that fails
+    a.m_nRows = a.m_nColumns = 0;
+    throw;
   }
   if (!good) a.m_nRows = a.m_nColumns = 0;
   return is;

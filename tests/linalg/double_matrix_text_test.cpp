@@ -175,6 +175,24 @@ TEST(DoubleMatrixText, AFailedReadAnywhereZeroesBothCounts) {
   EXPECT_EQ(CountsAfter("2 -7"), std::make_pair(2, -7));
 }
 
+// Counts that were left would be those of the stream, beyond the storage perhaps.
+TEST(DoubleMatrixText, InputThatThrowsZeroesBothCountsToo) {
+  using Base = std::ios_base;
+  for (const auto mask : {Base::failbit, Base::failbit | Base::badbit | Base::eofbit})
+    for (const char* text : {"", "x", "2", "2 x", "9", "9 x", "2 2", "2 2 x", "2 2 1 2 3",
+                             "2 2 1 2 3 x", "99999999999 2 1", "2 99999999999 1"}) {
+      CZEPHDoubleMatrix m(2, 2, 9.0);
+      double** const table = m.m_ppData;
+      std::istringstream in(text);
+      in.exceptions(mask);
+      EXPECT_ANY_THROW(in >> m) << text;
+      EXPECT_EQ(m.m_nRows, 0) << text;
+      EXPECT_EQ(m.m_nColumns, 0) << text;
+      EXPECT_EQ(m.m_ppData, table) << text;
+      m.m_nRows = 2;
+    }
+}
+
 TEST(DoubleMatrixText, AFailedReadKeepsTheStorageAndWhatItReadBefore) {
   CZEPHDoubleMatrix m(2, 2, 9.0);
   double** const table = m.m_ppData;

@@ -549,6 +549,28 @@ TEST(SortedLinkList, EndsItsSearchAtTheFirstGreaterKey) {
   EXPECT_EQ(KeysOf(list), std::vector<int>{9});
 }
 
+TEST(SortedLinkList, FindsAndRemovesKeysOfLongLists) {
+  constexpr int kNodes = 2000;
+  std::vector<CZEPHLinkData> nodes;
+  for (int i = 0; i < kNodes; ++i) nodes.emplace_back(2 * i);
+  CZEPHSortedLinkList list;
+  for (auto node = nodes.rbegin(); node != nodes.rend(); ++node) list.Insert(&*node);
+  std::vector<int> want = KeysOf(list);
+  for (const int i : {kNodes - 1, 0, 99, 100, 101, 1000, kNodes - 2}) {
+    EXPECT_EQ(list.Find(2 * i), &nodes[static_cast<std::size_t>(i)]) << i;
+    EXPECT_EQ(list.Find(2 * i + 1), nullptr) << i;
+    list.Remove(2 * i);
+    list.Remove(2 * i + 1);
+    want.erase(std::find(want.begin(), want.end(), 2 * i));
+    EXPECT_EQ(KeysOf(list), want) << i;
+    EXPECT_EQ(list.Find(2 * i), nullptr) << i;
+  }
+  CZEPHLinkData last(3 * kNodes), late(1995);
+  list.Insert(&last), list.Insert(&late);
+  EXPECT_EQ(list.Find(3 * kNodes), &last);
+  EXPECT_EQ(list.Find(1995), &late);
+}
+
 TEST(SortedLinkList, UnlinksWithoutReleasing) {
   CZEPHLinkData one(1), two(2), three(3);
   CZEPHSortedLinkList list;

@@ -303,6 +303,33 @@ TEST(DoubleArrayStorage, AssignmentThatCannotAllocateCopiesNothing) {
   }
 }
 
+TEST(DoubleArrayStorage, MovesEveryElementOfLongArrays) {
+  for (const std::size_t n : {999u, 1000u, 1001u, 4095u, 4096u, 4097u, 10'000u, 70'001u}) {
+    SCOPED_TRACE(::testing::Message() << n << " elements");
+    const std::vector<double> v = Moderate(n, 3);
+    const CZEPHDoubleArray a = ArrayOf(v), copy(a), filled(static_cast<int>(n), 2.5);
+    CZEPHDoubleArray assigned, same(filled), resized(a), shorter(a);
+    EXPECT_TRUE(SameBits(ElementsOf(a), v));
+    EXPECT_TRUE(SameBits(ElementsOf(copy), v));
+    EXPECT_TRUE(SameBits(ElementsOf(filled), std::vector<double>(n, 2.5)));
+    assigned = a;
+    EXPECT_TRUE(SameBits(ElementsOf(assigned), v));
+    same = a;
+    EXPECT_TRUE(SameBits(ElementsOf(same), v));
+    const auto use = [](std::size_t size) { CZEPHDoubleArray(static_cast<int>(size), 77.0); };
+    use(n + 5);  // memory that was just released is given out again
+    resized.Resize(static_cast<int>(n) + 5, 1);
+    EXPECT_TRUE(SameBits(resized.data, v.data(), n));
+    use(n - 5);
+    shorter.Resize(static_cast<int>(n) - 5, 1);
+    EXPECT_TRUE(SameBits(shorter.data, v.data(), n - 5));
+    EXPECT_EQ(same.Remove(v[0]), 1);
+    EXPECT_TRUE(SameBits(same.data, v.data() + 1, n - 1));
+    same.Reset(-1.5);
+    EXPECT_TRUE(SameBits(ElementsOf(same), std::vector<double>(n - 1, -1.5)));
+  }
+}
+
 TEST(DoubleArrayAccess, GivesAccessToTheElements) {
   CZEPHDoubleArray a = ArrayOf({1, 2, 3});
   const CZEPHDoubleArray& constant = a;

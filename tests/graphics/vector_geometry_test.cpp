@@ -64,6 +64,22 @@ TEST(VectorGeometry, InterpolationsReachTheirEndPoints) {
   EXPECT_TRUE(Same(CZEPHVector2D(0, 0).QuadraticInterpolate({1, 2}, {2, 0}, 0.5f), {1, 1}));
 }
 
+TEST(VectorGeometry, OperationsThatAreNotConstLeaveTheirOperandsAlone) {
+  ForEachCase(Scaled(2'000), 15, [](Random& random) {
+    auto a = AnyVector<CZEPHVector3D>(random), b = AnyVector<CZEPHVector3D>(random);
+    auto v = AnyVector<CZEPHVector4D>(random), w = AnyVector<CZEPHVector4D>(random);
+    const CZEPHVector3D keptA(a), keptB(b);
+    const CZEPHVector4D keptV(v), keptW(w);
+    CZEPHVector3D result;
+    a.Add(b, result), a.Subtract(b, result), v.DotProduct(w);
+    result = CZEPHVector3D(v);
+    EXPECT_TRUE(Moved(a, keptA));
+    EXPECT_TRUE(Moved(b, keptB));
+    EXPECT_TRUE(Moved(v, keptV));
+    EXPECT_TRUE(Moved(w, keptW));
+  });
+}
+
 TEST(VectorGeometry, ProductsAddTheirTermsInComponentOrder) {
   ForEachCase(13, [](Random& random) {
     const auto a = AnyVector<CZEPHVector3D>(random), b = AnyVector<CZEPHVector3D>(random);

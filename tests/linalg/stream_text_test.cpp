@@ -41,6 +41,7 @@ using Write = std::function<void(std::ostream&)>;
 struct Text {
   const char* name;
   Write ours, plain;
+  bool direct = true;  // written to the stream itself, not to std::cout
 };
 
 CZEPHDoubleMatrix& TheMatrix() {
@@ -147,7 +148,8 @@ std::vector<Text> Texts() {
                for (const double x : row) os << std::setw(10) << x << " ";
                os << std::endl;
              }
-           }},
+           },
+           false},
           {"vector", [](std::ostream& os) { DisplayTo(os, [] { vector.Display(); }); },
            [](std::ostream& os) {
              for (const double x : Elements(vector)) {
@@ -155,9 +157,10 @@ std::vector<Text> Texts() {
                os << std::setprecision(4) << std::setw(12) << x;
              }
              os << std::endl;
-           }},
+           },
+           false},
           {"key", [](std::ostream& os) { DisplayTo(os, [] { Keys()[1].DisplayLink(); }); },
-           [](std::ostream& os) { WriteKey(os, Keys()[1]); }},
+           [](std::ostream& os) { WriteKey(os, Keys()[1]); }, false},
           {"keys",
            [](std::ostream& os) {
              DisplayTo(os, [] {
@@ -170,7 +173,8 @@ std::vector<Text> Texts() {
              os << "List (first-->last): ";
              for (const CZEPHLinkData& key : Keys()) WriteKey(os, key);
              os << std::endl;
-           }}};
+           },
+           false}};
 }
 
 /// Settings of a stream, one after the other.
@@ -258,6 +262,32 @@ TEST(StreamTexts, EndWhereTheStreamTakesNoMore) {
       ASSERT_EQ(got, want) << text.name << ", " << room;
     }
     EXPECT_TRUE(After(text.ours, plain, 0).bad) << text.name;
+  }
+}
+
+TEST(StreamTexts, ThrowWhereTheStreamTakesNoMoreAndIsToldToThrow) {
+  if (!WritesAsTheSystemDoes()) GTEST_SKIP() << "numbers are written in glibc's form here";
+  const auto thrown = [](const Write& write, std::ios_base::iostate mask, std::size_t room) {
+    Limited buffer(room);
+    std::ostream os(&buffer);
+    os.exceptions(mask);
+    std::string outcome;
+    try {
+      write(os);
+    } catch (const std::exception&) {
+      outcome = "thrown after ";
+    }
+    return outcome + buffer.text + (os.bad() ? ", bad" : "");
+  };
+  for (const Text& text : Texts()) {
+    if (!text.direct) continue;
+    const std::size_t length = After(
+                                   text.plain, [](std::ostream&) {}, 10'000)
+                                   .bytes.size();
+    for (const auto mask : {std::ios_base::badbit, std::ios_base::badbit | std::ios_base::failbit})
+      for (std::size_t room = 0; room <= length; ++room)
+        ASSERT_EQ(thrown(text.ours, mask, room), thrown(text.plain, mask, room))
+            << text.name << ", " << room;
   }
 }
 

@@ -261,6 +261,24 @@ TEST(Batch, RotatesByTinyAnglesAsTheClassDoes) {
   }
 }
 
+TEST(Batch, RotatesByAnglesThatCountAsZeroAsTheClassDoes) {
+  const CZEPHVector3D axis(1, -2, 3);
+  const auto in = Generated<CZEPHVector3D>(Kind::kDenormal, 19, 3);
+  for (const double angle : {5e-324, -1e-310, 0.0})
+    EXPECT_TRUE(ComputesInEveryMode(
+        [&] {
+          std::vector<CZEPHVector3D> out(in.size());
+          ZEPH_BatchRotateAxis(angle, axis, in.data(), out.data(), static_cast<int>(in.size()));
+          return Values(out);
+        },
+        [&] {
+          std::vector<CZEPHVector3D> out;
+          for (const CZEPHVector3D& v : in) out.push_back(v.GetRotatedAxis(angle, axis));
+          return Values(out);
+        }))
+        << angle;
+}
+
 TEST(Batch, AnAngleOfZeroCopiesEveryBit) {
   const auto values = Awkward<float>(3 * 67, 8);
   const auto in = Objects<CZEPHVector3D>(values);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <thread>
 
 #include "containers.h"
 #include "double_array.h"
@@ -14,10 +15,10 @@
 namespace zeph::test {
 namespace {
 
-/// What reaches the caller where the first allocation fails in that way, in the terms of Failure.
-Failure Caught(Failure how, const std::function<void()>& call) {
+/// What reaches the caller where the `k`-th allocation fails in that way, in the terms of Failure.
+Failure Caught(Failure how, const std::function<void()>& call, long k = 1) {
   try {
-    const FailAllocation failing(1, false, how);
+    const FailAllocation failing(k, false, how);
     call();
   } catch (int) {
     return Failure::kOther;
@@ -85,6 +86,21 @@ TEST_F(OtherExceptions, PassThroughMatricesAndVectors) {
   ExpectToPass("sum of double matrices", [&] { m + m; });
   CZEPHVector v(3);
   ExpectToPass("sum of vectors", [&] { v + v; });
+}
+
+// The fourth request of a thread's first negation, after those of the result, is for what it keeps.
+TEST_F(OtherExceptions, PassThroughAThreadsFirstNegation) {
+  for (const Failure how : {Failure::kOther, Failure::kOwn}) {
+    const long before = LiveBlocks();
+    Failure caught = Failure::kNull;
+    std::thread([&] {
+      CZEPHDoubleMatrix m(2, 2, 3.0);
+      caught = Caught(
+          how, [&] { -m; }, 4);
+    }).join();
+    EXPECT_EQ(caught, how);
+    EXPECT_EQ(LiveBlocks(), before);
+  }
 }
 
 TEST_F(OtherExceptions, PassThroughCollectionsAndTexts) {

@@ -482,3 +482,103 @@ TEST(GraphicsModes, NeutralNumbersMeetDenormals) {
         "share", [&] { return m / s; }, [&] { return oracle::Over(Array(m), s); });
   }
 }
+
+namespace {
+
+/// Divisors and components that count as zero in some modes.
+template <class V>
+void CheckAlmostZero(const V& v, const V& small) {
+  const oracle::Vector x = Array(v), y = Array(small), z = Array(V());
+  for (const float s : {Denormal<float>(3), Denormal<float>(-1), 0x1.fffffcp-127f, 0.0f}) {
+    Check(
+        "share", [&] { return v / s; }, [&] { return oracle::Divided(x, s); });
+    Check(
+        "share in place", [&] { return Changed(v, [s](V& w) { w /= s; }); },
+        [&] { return s == 0.0f ? x : oracle::Divided(x, s); });
+  }
+  for (const V& other : {small, v, V()}) {
+    const oracle::Vector o = Array(other);
+    const auto equal = [&](const oracle::Vector& p) {
+      bool same = true;
+      for (std::size_t i = 0; i < p.size(); ++i) same = same && p[i] == o[i];
+      return oracle::Vector{same ? 1.0f : 0.0f, same ? 0.0f : 1.0f};
+    };
+    const auto compared = [&](const V& a) {
+      return oracle::Vector{static_cast<float>(a == other), static_cast<float>(a != other)};
+    };
+    Check(
+        "equal to zero", [&] { return compared(V()); }, [&] { return equal(z); });
+    Check(
+        "equal", [&] { return compared(small); }, [&] { return equal(y); });
+  }
+}
+
+}  // namespace
+
+TEST(GraphicsModes, WhatCountsAsZeroIsZero) {
+  const float p[] = {Denormal<float>(5), 0.0f, -0.0f, Denormal<float>(-3)};
+  CheckAlmostZero(CZEPHVector2D(2, -3), CZEPHVector2D(p[0], p[1]));
+  CheckAlmostZero(CZEPHVector3D(2, -3, 4), CZEPHVector3D(p));
+  CheckAlmostZero(CZEPHVector3D(2, -3, 4), CZEPHVector3D(p + 1));
+  CheckAlmostZero(CZEPHVector4D(2, -3, 4, -5), CZEPHVector4D(p));
+  CZEPHMatrix4x4 m, small, flat;
+  for (int i = 0; i < 16; ++i) m.entries[i] = static_cast<float>(i - 7);
+  small.LoadZero();
+  small.entries[9] = p[0];
+  flat.SetScale(CZEPHVector3D(1e-20f, 1e-20f, 1));  // whose determinant is denormal
+  for (const float s : {Denormal<float>(3), Denormal<float>(-1), 0.0f})
+    Check(
+        "share", [&] { return m / s; }, [&] { return oracle::Over(Array(m), s); });
+  Check(
+      "inverse", [&] { return flat.GetInverse(); },
+      [&] { return oracle::Transposed(oracle::InverseTranspose(Array(flat))); });
+  CZEPHMatrix4x4 zero;
+  zero.LoadZero();
+  Check(
+      "equal", [&] { return oracle::Vector{static_cast<float>(small == zero)}; },
+      [&] { return oracle::Vector{small.entries[9] == zero.entries[9] ? 1.0f : 0.0f}; });
+  for (const float w : {Denormal<float>(3), Denormal<float>(-1), 0x1.fffffcp-127f}) {
+    CZEPHVector4D point(1, -2, 3, w);
+    Check(
+        "projected", [&] { return CZEPHVector3D(point); },
+        [&] { return oracle::Projected(Array(point)); });
+  }
+  using Planes = std::pair<float, float>;
+  for (const Planes& planes :
+       {Planes(0.0f, p[0]), Planes(p[0], p[3]), Planes(0.0f, -0.0f), Planes(p[3], -0.0f)}) {
+    const float left = planes.first, right = planes.second;
+    const auto built = [](auto build) {
+      CZEPHMatrix4x4 frustum;
+      build(frustum);
+      return frustum;
+    };
+    Check(
+        "width",
+        [&] { return built([&](auto& f) { f.SetPerspective(left, right, -1, 2, 1, 10); }); },
+        [&] { return oracle::Frustum(left, right, -1, 2, 1, 10); });
+    Check(
+        "height",
+        [&] { return built([&](auto& f) { f.SetPerspective(-1, 2, left, right, 1, 10); }); },
+        [&] { return oracle::Frustum(-1, 2, left, right, 1, 10); });
+    Check(
+        "depth",
+        [&] { return built([&](auto& f) { f.SetPerspective(-1, 2, -1, 3, left, right); }); },
+        [&] { return oracle::Frustum(-1, 2, -1, 3, left, right); });
+  }
+  const CZEPHVector3D v(p[0], -0.0f, p[3]), axis(1, -2, 3);
+  for (const double angle : {5e-324, -1e-310, 0.0}) {
+    const oracle::Vector x = Array(v);
+    Check(
+        "about X", [&] { return v.GetRotatedX(angle); },
+        [&] { return oracle::RotatedX(x, angle); });
+    Check(
+        "about Y", [&] { return v.GetRotatedY(angle); },
+        [&] { return oracle::RotatedY(x, angle); });
+    Check(
+        "about Z", [&] { return v.GetRotatedZ(angle); },
+        [&] { return oracle::RotatedZ(x, angle); });
+    Check(
+        "about an axis", [&] { return v.GetRotatedAxis(angle, axis); },
+        [&] { return oracle::RotatedAxis(x, angle, Array(axis)); });
+  }
+}

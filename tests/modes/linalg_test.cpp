@@ -277,3 +277,19 @@ TEST(LinalgModes, Vector3sOfLengthOneMatchTheirOracle) {
           }));
     }
 }
+
+TEST(LinalgModes, Vector3sThatCountAsZeroAreEqualToZero) {
+  for (int at = 0; at < 3; ++at)
+    for (const double x : {Denormal<double>(5), Denormal<double>(-1), 0.0}) {
+      CZEPHVector3 p, zero;
+      p[at] = x;
+      EXPECT_TRUE(ComputesInEveryMode(
+          [&] {
+            return Doubles{double(p == zero), double(p != zero), double(zero == p)};
+          },
+          [&] {
+            const bool same = p[at] == zero[at];
+            return Doubles{double(same), double(!same), double(same)};
+          }));
+    }
+}

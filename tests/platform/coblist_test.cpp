@@ -74,6 +74,26 @@ TEST(List, InsertsNextToAPositionAndAtTheEndsForNull) {
   EXPECT_EQ(Walk(list), (Content{&d, &a, &b, &c, nullptr}));
 }
 
+/// Whatever else is in the list.
+TEST(List, ReturnsThePositionOfWhatIsAdded) {
+  Shown list(2);
+  const auto expect = [&list](POSITION added, std::ptrdiff_t index) {
+    EXPECT_EQ(added, list.FindIndex(index)) << index << " of " << list.GetCount();
+  };
+  for (int round = 0; round < 5; ++round) {
+    const std::ptrdiff_t count = list.GetCount();
+    expect(list.AddHead(&a), 0);
+    expect(list.AddTail(&b), count + 1);
+    expect(list.InsertBefore(nullptr, &c), 0);
+    expect(list.InsertAfter(nullptr, &d), count + 3);
+    expect(list.InsertBefore(list.FindIndex(2), &c), 2);
+    expect(list.InsertAfter(list.FindIndex(1), &d), 2);
+  }
+  POSITION at = list.GetTailPosition();
+  list.GetPrev(at) = &a;
+  EXPECT_EQ(list.GetTail(), &a);
+}
+
 TEST(List, PositionsStayValidUntilTheirElementIsRemoved) {
   Shown list(2);
   const POSITION at = list.AddTail(&a);

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstdint>
@@ -318,5 +319,47 @@ TEST(String, IsEmptyAfterBeingMovedFrom) {
     EXPECT_STREQ(text, to.GetString()) << "text " << text;
     EXPECT_STREQ("", from.GetString());  // NOLINT(bugprone-use-after-move): what is left is stated
     EXPECT_EQ(0, from.GetLength()) << "text " << text;
+  }
+}
+
+/// Every operation on texts with zeros in them, short ones and ones with a block of their own.
+TEST(String, KeepsTheZerosOfItsTextInEveryOperation) {
+  for (const std::string& text : {std::string("a\0b", 3), std::string("\0\0", 2),
+                                  std::string("in a block of its own\0and so on", 32)}) {
+    const CString s(text);
+    CString assigned("before"), added("x"), moved(s), taken;
+    assigned = s;
+    added += s;
+    EXPECT_EQ(Text(CString(s)), text);
+    EXPECT_EQ(Text(assigned), text);
+    EXPECT_EQ(Text(added), "x" + text);
+    EXPECT_EQ(Text(CString(std::move(moved))), text);
+    taken = std::move(assigned);
+    EXPECT_EQ(Text(taken), text);
+    EXPECT_EQ(Text(s + s), text + text);
+    EXPECT_EQ(Text("x" + s), "x" + text);
+    EXPECT_EQ(Text(s + "x"), text + "x");
+    EXPECT_EQ(Text('\0' + s), std::string(1, '\0') + text);
+    EXPECT_EQ(Text(s + '\0'), text + std::string(1, '\0'));
+    taken.AppendFormat("%d", 7);
+    EXPECT_EQ(Text(taken), text + "7");
+  }
+}
+
+/// Bounds inside and outside the text, which has a zero in it.
+TEST(String, ExtractsPiecesByAnyBounds) {
+  const std::string text("ab\0cde", 6);
+  const CString s(text);
+  const auto clamped = [](int x, std::size_t most) {
+    return x < 0 ? 0 : std::min(static_cast<std::size_t>(x), most);
+  };
+  for (int first = -3; first <= 9; ++first) {
+    const std::size_t from = clamped(first, 6);
+    EXPECT_EQ(Text(s.Left(first)), text.substr(0, from)) << first;
+    EXPECT_EQ(Text(s.Right(first)), text.substr(6 - from)) << first;
+    EXPECT_EQ(Text(s.Mid(first)), text.substr(from)) << first;
+    for (int count = -3; count <= 9; ++count)
+      EXPECT_EQ(Text(s.Mid(first, count)), text.substr(from, clamped(count, 6 - from)))
+          << first << ", " << count;
   }
 }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstring>
+#include <string>
 #include <type_traits>
 
 #include "platform.h"
@@ -34,6 +35,24 @@ TEST(MemoryException, TruncatesItsTextToTheBuffer) {
   EXPECT_EQ(text[4], '#');
   EXPECT_EQ(exception.GetErrorMessage(text, 0), 0);
   EXPECT_EQ(exception.GetErrorMessage(nullptr, 9), 0);
+}
+
+/// As much of the text as fits, and nothing after the buffer; the help context in any case.
+TEST(MemoryException, FillsABufferOfAnySize) {
+  const CMemoryException exception;
+  const std::string whole = "Out of memory.";
+  for (unsigned size = 0; size <= 20; ++size) {
+    std::string text(24, '#');
+    unsigned help = 7;
+    EXPECT_EQ(exception.GetErrorMessage(text.data(), size, &help), size > 0 ? 1 : 0) << size;
+    EXPECT_EQ(help, 0u) << size;
+    std::string want = size > 0 ? whole.substr(0, size - 1) + '\0' : std::string();
+    want.resize(text.size(), '#');
+    EXPECT_EQ(text, want) << size;
+  }
+  unsigned help = 7;
+  EXPECT_EQ(exception.GetErrorMessage(nullptr, 9, &help), 0);
+  EXPECT_EQ(help, 0u);
 }
 
 TEST(MemoryException, DeletesItself) {

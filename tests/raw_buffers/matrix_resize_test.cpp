@@ -50,6 +50,24 @@ TEST(RawMatrixResize, KeepsTheOldCellsAndZeroesTheOthers) {
   });
 }
 
+/// Neither bound stands for the other: as many rows as columns, more, and fewer.
+TEST(RawMatrixResize, KeepsTheCellsOfOblongMatrices) {
+  ForEachElementType([](auto zero) {
+    using T = decltype(zero);
+    for (const int rowHi : {0, 1, 4, 9})
+      for (const int colHi : {0, 1, 3, 12})
+        for (const int more : {0, 1, 5}) {
+          T** m = ZEPH_MatrixResize(Numbered<T>(rowHi, colHi), rowHi, colHi, rowHi + more, colHi);
+          ASSERT_NE(m, nullptr);
+          ExpectKept(m, rowHi, colHi, rowHi + more, colHi);
+          m = ZEPH_MatrixResize(m, rowHi + more, colHi, rowHi + more, colHi + 2);
+          ASSERT_NE(m, nullptr);
+          ExpectKept(m, rowHi, colHi, rowHi + more, colHi + 2);
+          ZEPH_MatrixFree(m, rowHi + more + 1, colHi + 3);
+        }
+  });
+}
+
 TEST(RawMatrixResize, RefusesToShrinkOrBeEmptyAndLeavesTheOldMatrixAlone) {
   ForEachElementType([](auto zero) {
     using T = decltype(zero);

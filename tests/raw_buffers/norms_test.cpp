@@ -245,3 +245,46 @@ TEST(RawMatrixNorms, ReadEveryElementOfLargeMatrices) {
       }
   }
 }
+
+/// Of arrays and matrices whose indices begin below 0.
+TEST(RawArrayNorms, BeginAtIndicesBelowZero) {
+  auto values = Moderate(24, 11, -300, 300);
+  double* const middle = values.data() + 12;
+  for (const auto& named : kArrayNorms)
+    for (int start = -12; start < 12; ++start)
+      for (int n = 1; n <= 12 - start && n <= 9; ++n)
+        EXPECT_SAME_BITS(named.norm(middle, n, start), named.oracle(middle + start, n, 0))
+            << named.name << " of " << n << " from " << start;
+}
+
+TEST(RawMatrixNorms, BeginAtIndicesBelowZero) {
+  constexpr int kSide = 11, kLeast = -5;
+  auto cells = Moderate(kSide * kSide, 12, -300, 300);
+  double* rows[kSide];
+  for (int i = 0; i < kSide; ++i) rows[i] = cells.data() + i * kSide - kLeast;
+  double** const middle = rows - kLeast;
+  for (const auto& named : kMatrixNorms)
+    for (int start = kLeast; start <= 0; ++start)
+      for (int n = 1; n <= 5; ++n)
+        EXPECT_SAME_BITS(named.norm(middle, n, start), named.oracle(middle, n, start))
+            << named.name << " of " << n << " from " << start;
+}
+
+/// The elements, and the tables of rows, are only read.
+TEST(RawNorms, ChangeNothing) {
+  const auto values = Awkward(600, 13);
+  for (const auto& named : kArrayNorms)
+    for (const int n : {1, 2, 9, 40, 590}) {
+      auto a = values;
+      named.norm(a.data(), n, 3);
+      EXPECT_TRUE(SameBits(a, values)) << named.name << " of " << n;
+    }
+  for (const auto& named : kMatrixNorms)
+    for (const int n : {1, 2, 9, 20}) {
+      Square square(24, Awkward(24 * 24, 14));
+      const auto rows = square.rows;
+      named.norm(square.rows.data(), n, 2);
+      EXPECT_TRUE(SameBits(square.cells, Awkward(24 * 24, 14))) << named.name << " of " << n;
+      EXPECT_EQ(square.rows, rows) << named.name << " of " << n;
+    }
+}

@@ -144,3 +144,13 @@ TEST(RawVectorAssign3, AcceptsIntegersOfEveryType) {
   expect(5LL);
   expect(5ULL);
 }
+
+TEST(RawVector3, LengthsAndProductsChangeNothing) {
+  for (std::uint64_t seed = 0; seed < 200; ++seed) {
+    const auto before = Awkward(6, seed);
+    auto v = before;
+    ZEPH_VectorDotProduct3(&v[0], &v[3]);
+    ZEPH_VectorGetLength3(&v[0]);
+    EXPECT_TRUE(SameBits(v, before)) << seed;
+  }
+}

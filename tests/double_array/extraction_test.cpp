@@ -301,6 +301,19 @@ TEST(DoubleArrayExtraction, AgreesWithTheStreamsExtractorForEveryToken) {
               << "piece " << piece << ", separator " << separator << ", frame " << frame;
 }
 
+/// A count is then followed at once by the sign or the point of the only number that can be read.
+TEST(DoubleArrayExtraction, AgreesWithTheStreamsExtractorWhereWhiteSpaceIsNotSkipped) {
+  Settings settings;
+  settings.flags = std::ios_base::dec;
+  for (const char* piece : kPieces)
+    for (const char* separator : kSeparators)
+      for (const char* frame : {"1-", "1+", "1.", "2-"})
+        for (const std::size_t portion : {std::size_t{3}, std::size_t{100000}})
+          ASSERT_TRUE(
+              SameOutcome(frame + std::string(piece) + separator + "7 ", {portion}, settings))
+              << "piece " << piece << ", separator " << separator << ", frame " << frame;
+}
+
 TEST(DoubleArrayExtraction, AgreesWithTheStreamsExtractorInEverySetting) {
   const std::vector<Settings> all = AllSettings();
   Random random(11);

@@ -121,6 +121,18 @@ TEST(QuickFormat, WritesWholeNumbersAsTheRuntimeDoes) {
   CompareAll<unsigned long long>({"llu"}, {0, 5, ULLONG_MAX});
 }
 
+/// A number may be passed in a register or a place of the stack that is wider than it is, and whose other half holds
+/// anything: here that of the number it was cut from.
+TEST(QuickFormat, WritesTheLowerHalfOfALongNumber) {
+  volatile unsigned long long wide = 0xfedcba9800000007;
+  CString text;
+  text.Format("%u %d", static_cast<unsigned>(wide), static_cast<int>(wide));
+  EXPECT_STREQ(text.GetString(), "7 7");
+  text.Format("%d%d%d%d%d%d%d%d %u %d", 1, 2, 3, 4, 5, 6, 7, 8, static_cast<unsigned>(wide),
+              static_cast<int>(wide));
+  EXPECT_STREQ(text.GetString(), "12345678 7 7");
+}
+
 TEST(QuickFormat, WritesTextsAndCharactersAsTheRuntimeDoes) {
   const std::string nearly(505, 'x'), longer(2000, 'y');
   CompareAll<const char*>({"s"},

@@ -86,12 +86,36 @@ TEST(Reduction, AnglesAroundTheSlowPathsBoundMatchTheIntegerForms) {
   }
 }
 
+/// About half a step of the table from a multiple of a quarter turn, the last term of the sine counts: one angle of a
+/// thousand shows it.
+TEST(Reduction, AnglesHalfAStepFromQuarterTurnsMatchTheIntegerForms) {
+  test::Random random(26);
+  constexpr double kQuarter = 1.5707963267948966;
+  for (int k = 0; k < 8000; ++k) {
+    const double aside = random.Real(0.0028, 0.0033);
+    const double x = k % 2 ? aside : k / 2 % 5 * kQuarter + aside;
+    const SineAndCosine fast = SineCosine(x), whole = SineCosineInWholeNumbers(x);
+    ASSERT_TRUE(SameBits(fast.sine, whole.sine)) << Show(x);
+    ASSERT_TRUE(SameBits(fast.cosine, whole.cosine)) << Show(x);
+  }
+}
+
 /// Where logarithms are small, the last bits of the number count.
 TEST(Reduction, LogarithmsNearOneMatchTheIntegerForm) {
   test::Random random(24);
   for (int k = 0; k < 20'000; ++k) {
     const double distance = std::ldexp(random.Real(-1, 1), -random.Int(5, k % 8 ? 7 : 52));
     const double x = 1.0 + distance;
+    ASSERT_TRUE(SameBits(DecimalLogarithm(x), DecimalLogarithmInWholeNumbers(x))) << Show(x);
+  }
+}
+
+/// Below 1 the remainder of an odd number may have one bit more than a double, here next to its greatest where the
+/// logarithm is small: one number of two thousand shows what becomes of the bit.
+TEST(Reduction, LogarithmsOfTheLongestRemaindersMatchTheIntegerForm) {
+  test::Random random(27);
+  for (int k = 0; k < 10'000; ++k) {
+    const double x = DoubleOf(BitsOf(1.0 - random.Real(3.5, 3.56) / 128) | 1);
     ASSERT_TRUE(SameBits(DecimalLogarithm(x), DecimalLogarithmInWholeNumbers(x))) << Show(x);
   }
 }

@@ -166,6 +166,19 @@ TEST_P(MergeKernel, FollowsTheStepsThroughUnsortedBlocks) {
   }
 }
 
+/// What is left of the block ascends but for being a NaN, which goes behind all of the other block.
+TEST_P(MergeKernel, FollowsTheStepsWhereANaNIsAllThatIsLeftOfABlock) {
+  std::vector<double> other(100);
+  for (std::size_t i = 0; i < other.size(); ++i) other[i] = static_cast<double>(i) - 50;
+  std::vector<double> low;
+  for (int taken = 0; taken <= 40; ++taken) {
+    auto block = low;
+    block.push_back(kNaN);
+    ASSERT_NO_FATAL_FAILURE(Check(block, other, "a NaN left alone"));
+    low.push_back(taken - 1000);
+  }
+}
+
 /// The documented steps in one pool, in which the blocks and the result may lie anywhere.
 template <class T>
 void MergeInPool(std::vector<T>& pool, std::size_t a, std::size_t na, std::size_t b, std::size_t nb,

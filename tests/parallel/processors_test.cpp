@@ -182,6 +182,8 @@ TEST_F(ControlGroups, UnreadableFilesLimitNothing) {
   EXPECT_EQ(Processors("0::/"), 0);
   Write("cpu.max", "100000");
   EXPECT_EQ(Processors("0::/"), 0) << "no period";
+  Write("cpu/a/cpu.cfs_period_us", "100000");
+  EXPECT_EQ(Processors("3:cpu:/a\n"), 0) << "no quota";
   EXPECT_EQ(ProcessorsPaidFor("/nowhere", "/nowhere/either"), 0);
 }
 

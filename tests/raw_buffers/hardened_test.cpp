@@ -215,6 +215,7 @@ TEST(HardenedRawBuffers, AllowEverythingDocumented) {
     ZEPH_ArrayMergeSorted(block, 0, block + 2, 2, block);
     ZEPH_ArrayMergeSorted(block, 2, block + 5, 0, block + 4);  // empty, inside the result
     ZEPH_ArrayMergeSorted(block + 5, -1, block, 2, block + 4);
+    ZEPH_ArrayMergeSorted(block + 2, 2, block + 5, 0, block);  // up to where the other one begins
   }
   {  // another high
     double* p = ZEPH_ArrayAllocDouble(nullptr, 1, 10);

@@ -33,9 +33,10 @@ struct ArrayStorage {
 
   void SetSize(const char* operation, Count wanted, Count growBy) {
     if (wanted < 0) Refuse(operation, "a size below 0");
-    if (growBy >= 0) growth = growBy;
-    if (wanted == 0) return Release();
-    if (wanted > capacity) Reallocate(CapacityFor(wanted));
+    const Count setting = growBy >= 0 ? growBy : growth;
+    if (wanted == 0) Release();
+    if (wanted > capacity) Reallocate(CapacityFor(wanted, setting));  // may throw
+    growth = setting;
     if (wanted > size) std::fill(data + size, data + wanted, T{});
     size = wanted;
   }
@@ -82,9 +83,9 @@ struct ArrayStorage {
   // The first storage is as large as asked for, or as one growth step; a later one adds a step.
   // Without a setting it doubles, so that adding elements one by one takes constant time each: 1, 4,
   // 8, 16, ...
-  Count CapacityFor(Count wanted) const {
-    if (!data) return std::max(wanted, growth);
-    const Count step = growth > 0 ? growth : std::max<Count>(capacity, 3);
+  Count CapacityFor(Count wanted, Count setting) const {
+    if (!data) return std::max(wanted, setting);
+    const Count step = setting > 0 ? setting : std::max<Count>(capacity, 3);
     return step > PTRDIFF_MAX - capacity ? wanted : std::max(wanted, capacity + step);
   }
 

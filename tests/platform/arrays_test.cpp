@@ -295,6 +295,7 @@ TYPED_TEST(Array, StaysUnchangedWhenMemoryRunsOut) {
   {
     zeph::test::FailAllocation failing(1, true, zeph::test::Failure::kBadAlloc);
     EXPECT_THROW(a.SetSize(100), std::bad_alloc);
+    EXPECT_THROW(a.SetSize(100, 7), std::bad_alloc);
     EXPECT_THROW(a.Add(Element<T>(1)), std::bad_alloc);
     EXPECT_THROW(a.InsertAt(0, Element<T>(1)), std::bad_alloc);
   }
@@ -308,6 +309,14 @@ TYPED_TEST(Array, StaysUnchangedWhenMemoryRunsOut) {
     }
   }
   EXPECT_EQ(a.Content(), Elements<T>({1, 2, 3}));
+  EXPECT_EQ(a.m_nMaxSize, 3);
+  EXPECT_EQ(a.m_nGrowBy, 0);
+  a.SetSize(2);
+  {
+    zeph::test::FailAllocation failing(1, true, zeph::test::Failure::kBadAlloc);
+    EXPECT_THROW(a.FreeExtra(), std::bad_alloc);
+  }
+  EXPECT_EQ(a.Content(), Elements<T>({1, 2}));
   EXPECT_EQ(a.m_nMaxSize, 3);
 }
 

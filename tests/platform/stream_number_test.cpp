@@ -275,6 +275,42 @@ TEST(StreamWriter, WritesNumbersRoundedToPowersOfTenAsSingleInsertions) {
                       AroundPowersOfTen(precision));
 }
 
+namespace {
+
+/// A writer, and memory behind it that it has no business in.
+struct Guarded {
+  explicit Guarded(std::ostream& os) : out(os), behind(2000, 'Z') {
+    std::fill(std::begin(next), std::end(next), 'Z');
+  }
+  bool IsWhole() const { return std::string(next, sizeof next) == behind; }
+  zeph::platform::StreamWriter out;
+  char next[2000];
+  std::string behind;
+};
+
+}  // namespace
+
+TEST(StreamWriter, KeepsItemsOfAnyLengthsWithinItsBlock) {
+  zeph::test::Random random(3);
+  for (std::size_t round = 0; round < zeph::test::Scaled<std::size_t>(400, 100); ++round) {
+    std::ostringstream blocks, single;
+    Apply(blocks, {std::ios_base::fixed, 60, 0, ' '}),
+        Apply(single, {std::ios_base::fixed, 60, 0, ' '});
+    Guarded guarded(blocks);
+    for (int item = 0; item < 60; ++item)
+      if (random.Below(3) != 0) {
+        const std::string text(random.Below(700), static_cast<char>('a' + item % 26));
+        guarded.out.Text(text), single << text;
+      } else {
+        const double x = std::ldexp(1.0, static_cast<int>(random.Below(1000)));
+        guarded.out.Real(x), single << zeph::platform::Number{x};
+      }
+    guarded.out.Flush();
+    ASSERT_TRUE(guarded.IsWhole()) << round;
+    ASSERT_EQ(blocks.str(), single.str()) << round;
+  }
+}
+
 TEST(StreamWriter, LeavesTheStreamStateOfSingleInsertionsWhereverItFails) {
   const std::vector<double> numbers = {1, -2.5, 7, 1e100, 0.1};
   for (std::size_t room = 0; room < 40; ++room)

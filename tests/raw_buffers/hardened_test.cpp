@@ -437,6 +437,31 @@ TEST(HardenedRawBuffers, ForgetBlocksReleasedLongAgo) {
 #endif
 }
 
+/// A block of the program's own, longer than the library's that was at its address before much else.
+TEST(HardenedRawBuffers, DoNotMistakeAnArrayForOneReleasedLongAgo) {
+  ZEPH_SKIP_UNLESS_HARDENED();
+  static void* places[300];
+  for (void*& place : places) place = ZEPH_ArrayAllocDouble(nullptr, 0, 3);
+  for (void* place : places) ZEPH_ArrayFree(static_cast<double*>(place), 0, 3);
+  static double* others[70000];  // more than the library has kept room for
+  for (double*& other : others) other = ZEPH_ArrayAllocDouble(nullptr, 0, 30);
+  bool met = false;
+  static double* blocks[300];
+  for (double*& block : blocks) {
+    block = new double[5]();
+    met = met || std::find(places, places + 300, block) != places + 300;
+  }
+  for (double*& block : blocks) block = ZEPH_ArrayRealloc(block, 4, 9, nullptr);
+  for (double* block : blocks) {
+    EXPECT_EQ(block[4], 0.0);
+    ZEPH_ArrayFree(block, 0, 9);
+  }
+  for (double* other : others) ZEPH_ArrayFree(other, 0, 30);
+#if defined(__GLIBC__) && !defined(ZEPH_TEST_SANITIZED)
+  EXPECT_TRUE(met) << "no array was where one had been";
+#endif
+}
+
 /// A node of the program's own at the address of an array that was released.
 TEST(HardenedRawBuffers, DoNotMistakeANodeForAReleasedArray) {
   ZEPH_SKIP_UNLESS_HARDENED();

@@ -182,6 +182,17 @@ TEST_P(GuardPages, SearchesStayInBounds) {
   });
 }
 
+/// The least element is near the end of one of several blocks, where a search for it ends.
+TEST_P(GuardPages, SearchesForALateLeastStayInBounds) {
+  for (const std::size_t n : {255u, 256u, 257u, 300u, 511u, 513u, 777u, 1100u})
+    for (std::size_t back = 1; back <= 40; ++back) {
+      std::vector<double> numbers(n, 5.0);
+      numbers[n - back] = 1.0;
+      EXPECT_EQ(n - back, FirstLeast(a.Copy(numbers, true), n));
+      EXPECT_EQ(n - back, FindFirst(a.Copy(numbers, true), n, 1.0));
+    }
+}
+
 TEST_P(GuardPages, ALeastFinderStaysInItsTable) {
   using zeph::algorithms::LeastFinder;
   for (const std::size_t n : {1u, 128u, 129u, 32'768u, 32'769u, 33'023u, 65'537u}) {

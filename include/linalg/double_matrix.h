@@ -271,7 +271,7 @@ ZEPH_API std::ostream& operator<<(std::ostream& os, const CZEPHDoubleMatrix& a);
 ///
 /// Nothing is allocated: the matrix must have storage for the counts that the stream holds. Both
 /// counts become 0, silently, when an extraction fails (elements read before stay in the storage)
-/// and when there is no storage for a first element.
+/// and when there is no storage for a first element; also where a stream that is told to throws.
 ///
 ///     CZEPHDoubleMatrix m(2, 2, 0.0);
 ///     std::istringstream("2 2  1 2 3 4") >> m;  // m is (1, 2, 3, 4)

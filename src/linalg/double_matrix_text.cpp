@@ -62,7 +62,7 @@ std::istream& operator>>(std::istream& is, CZEPHDoubleMatrix& a) {
   bool good = false;
   try {
     good = ReadInto(a, is);
-  } catch (...) {  // as a stream may that fails
+  } catch (...) {  // a failing stream may throw
     a.m_nRows = a.m_nColumns = 0;
     throw;
   }

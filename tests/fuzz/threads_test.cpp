@@ -198,12 +198,14 @@ std::string SplitNumbers(Random& random) {
   }
   return all;
 }
+CZEPHMatrix RandomMatrix(Random& random, int rows, int cols) {
+  CZEPHMatrix m(rows, cols);
+  for (int i = 0; i < rows; ++i)
+    for (int j = 0; j < cols; ++j) m[i][j] = random.Real();
+  return m;
+}
 std::string GeneralMatrices(Random& random) {
-  CZEPHMatrix a(3, 5), b(5, 7);
-  for (double* row : {a[0], a[1], a[2]})
-    for (int j = 0; j < 5; ++j) row[j] = random.Real();
-  for (int i = 0; i < 5; ++i)
-    for (int j = 0; j < 7; ++j) b[i][j] = random.Real();
+  CZEPHMatrix a = RandomMatrix(random, 3, 5), b = RandomMatrix(random, 5, 7);
   const CZEPHVector sums = ZEPH_SumVector(a * b) + (a * b).PickCol(6);
   return Bytes(sums.data(), sums.size());
 }
@@ -213,13 +215,9 @@ std::string NarrowProducts(Random& random) {
   for (int k = 0; k < 100; ++k) {
     const int n = random.Int(1, 4);
     CZEPHDoubleMatrix m(n, n, 0.0);
-    CZEPHMatrix a(3, 4), b(4, n);
     for (int i = 0; i < n; ++i)
       for (int j = 0; j < n; ++j) m[i][j] = random.Real();
-    for (int i = 0; i < 4; ++i) {
-      for (int j = 0; i < 3 && j < 4; ++j) a[i][j] = random.Real();
-      for (int j = 0; j < n; ++j) b[i][j] = random.Real();
-    }
+    CZEPHMatrix a = RandomMatrix(random, 3, 4), b = RandomMatrix(random, 4, n);
     CZEPHMatrix product = a * b;
     m *= m;
     for (const double* row : {m[0], m[n - 1], product[0], product[2]})

@@ -23,6 +23,24 @@ CZEPHDoubleMatrix Cleared() {
   return m;
 }
 
+constexpr auto kRows = &CZEPHDoubleMatrix::m_nRows, kColumns = &CZEPHDoubleMatrix::m_nColumns;
+
+/// A count as `>>` may leave it.
+void WithNegative(int CZEPHDoubleMatrix::*count, void (*use)(CZEPHDoubleMatrix&)) {
+  CZEPHDoubleMatrix m = D(2, 3);
+  m.*count = -1;
+  use(m);
+}
+void Check(CZEPHDoubleMatrix& m) {
+  m.CheckBound(0, 0);
+}
+void Entry(CZEPHDoubleMatrix& m) {
+  m.GetEntry(0, 0);
+}
+void Index(CZEPHDoubleMatrix& m) {
+  m[0][0] = 1;
+}
+
 const std::map<std::string, std::function<void()>>& Sites() {
   static const std::map<std::string, std::function<void()>> sites = {
       {"report", [] { CZEPHDoubleMatrix::ErrorMessage(kText, std::cout); }},
@@ -51,42 +69,12 @@ const std::map<std::string, std::function<void()>>& Sites() {
          D(2, 3)[3][0] = 1;
        }},
       {"index without storage", [] { CZEPHDoubleMatrix()[0][0] = 1; }},
-      {"index with negative columns",
-       [] {
-         CZEPHDoubleMatrix m = D(2, 3);
-         m.m_nColumns = -1;
-         m[0][0] = 1;
-       }},
-      {"check with negative rows",
-       [] {
-         CZEPHDoubleMatrix m = D(2, 3);
-         m.m_nRows = -1;  // as `>>` leaves them
-         m.CheckBound(0, 0);
-       }},
-      {"check with negative columns",
-       [] {
-         CZEPHDoubleMatrix m = D(2, 3);
-         m.m_nColumns = -1;
-         m.CheckBound(0, 0);
-       }},
-      {"entry with negative rows",
-       [] {
-         CZEPHDoubleMatrix m = D(2, 3);
-         m.m_nRows = -1;
-         m.GetEntry(0, 0);
-       }},
-      {"entry with negative columns",
-       [] {
-         CZEPHDoubleMatrix m = D(2, 3);
-         m.m_nColumns = -1;
-         m.GetEntry(0, 0);
-       }},
-      {"index with negative rows",
-       [] {
-         CZEPHDoubleMatrix m = D(2, 3);
-         m.m_nRows = -1;
-         m[0][0] = 1;
-       }},
+      {"index with negative columns", [] { WithNegative(kColumns, Index); }},
+      {"check with negative rows", [] { WithNegative(kRows, Check); }},
+      {"check with negative columns", [] { WithNegative(kColumns, Check); }},
+      {"entry with negative rows", [] { WithNegative(kRows, Entry); }},
+      {"entry with negative columns", [] { WithNegative(kColumns, Entry); }},
+      {"index with negative rows", [] { WithNegative(kRows, Index); }},
       {"assign rows", [] { D(2, 2) = D(3, 2); }},
       {"assign columns", [] { D(2, 2) = D(2, 3); }},
       {"assign empty", [] { D(2, 2) = CZEPHDoubleMatrix(); }},

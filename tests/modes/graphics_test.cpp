@@ -32,6 +32,21 @@ void Check(const char* what, Operation operation, Steps steps) {
       ComputesInEveryMode([&] { return List(operation()); }, [&] { return List(steps()); }));
 }
 
+void CheckRotations(const CZEPHVector3D& v, double angle, const CZEPHVector3D& axis) {
+  Check(
+      "about X", [&] { return v.GetRotatedX(angle); },
+      [&] { return oracle::RotatedX(Array(v), angle); });
+  Check(
+      "about Y", [&] { return v.GetRotatedY(angle); },
+      [&] { return oracle::RotatedY(Array(v), angle); });
+  Check(
+      "about Z", [&] { return v.GetRotatedZ(angle); },
+      [&] { return oracle::RotatedZ(Array(v), angle); });
+  Check(
+      "about an axis", [&] { return v.GetRotatedAxis(angle, axis); },
+      [&] { return oracle::RotatedAxis(Array(v), angle, Array(axis)); });
+}
+
 /// Some have denormals among their entries: in some modes those in the bottom row count as zeros.
 CZEPHMatrix4x4 AnyModeMatrix(Random& random) {
   CZEPHMatrix4x4 m = AnyMatrix(random);
@@ -343,18 +358,7 @@ TEST(GraphicsModes, VectorsMatchTheirOracles) {
         "packed", [&] { return a.GetPackedTo01(); }, [&] { return oracle::Packed(x); });
     Check(
         "projected", [&] { return CZEPHVector3D(p); }, [&] { return oracle::Projected(Array(p)); });
-    Check(
-        "about X", [&] { return a.GetRotatedX(angle); },
-        [&] { return oracle::RotatedX(x, angle); });
-    Check(
-        "about Y", [&] { return a.GetRotatedY(angle); },
-        [&] { return oracle::RotatedY(x, angle); });
-    Check(
-        "about Z", [&] { return a.GetRotatedZ(angle); },
-        [&] { return oracle::RotatedZ(x, angle); });
-    Check(
-        "about an axis", [&] { return a.GetRotatedAxis(angle, b); },
-        [&] { return oracle::RotatedAxis(x, angle, y); });
+    CheckRotations(a, angle, b);
   });
 }
 
@@ -566,19 +570,5 @@ TEST(GraphicsModes, WhatCountsAsZeroIsZero) {
         [&] { return oracle::Frustum(-1, 2, -1, 3, left, right); });
   }
   const CZEPHVector3D v(p[0], -0.0f, p[3]), axis(1, -2, 3);
-  for (const double angle : {5e-324, -1e-310, 0.0}) {
-    const oracle::Vector x = Array(v);
-    Check(
-        "about X", [&] { return v.GetRotatedX(angle); },
-        [&] { return oracle::RotatedX(x, angle); });
-    Check(
-        "about Y", [&] { return v.GetRotatedY(angle); },
-        [&] { return oracle::RotatedY(x, angle); });
-    Check(
-        "about Z", [&] { return v.GetRotatedZ(angle); },
-        [&] { return oracle::RotatedZ(x, angle); });
-    Check(
-        "about an axis", [&] { return v.GetRotatedAxis(angle, axis); },
-        [&] { return oracle::RotatedAxis(x, angle, Array(axis)); });
-  }
+  for (const double angle : {5e-324, -1e-310, 0.0}) CheckRotations(v, angle, axis);
 }

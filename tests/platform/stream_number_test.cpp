@@ -294,8 +294,7 @@ TEST(StreamWriter, KeepsItemsOfAnyLengthsWithinItsBlock) {
   zeph::test::Random random(3);
   for (std::size_t round = 0; round < zeph::test::Scaled<std::size_t>(400, 100); ++round) {
     std::ostringstream blocks, single;
-    Apply(blocks, {std::ios_base::fixed, 60, 0, ' '}),
-        Apply(single, {std::ios_base::fixed, 60, 0, ' '});
+    for (std::ostream* os : {&blocks, &single}) Apply(*os, {std::ios_base::fixed, 60, 0, ' '});
     Guarded guarded(blocks);
     for (int item = 0; item < 60; ++item)
       if (random.Below(3) != 0) {

@@ -649,7 +649,7 @@ TEST(SortedLinkList, WritesItsKeysToTheStandardOutput) {
   EXPECT_EQ(capture.Text(), "List (first-->last): \nList (first-->last): 1 3 \n1 -2147483648 ");
 }
 
-TEST(SortedLinkList, WritesListsOfAnyLength) {
+TEST(SortedLinkList, ListingsOfAnyLengthShowEveryKey) {
   std::vector<CZEPHLinkData> nodes;
   for (int key = 0; key < 3000; ++key) nodes.emplace_back(key - 1000);
   CZEPHSortedLinkList list;

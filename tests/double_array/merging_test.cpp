@@ -15,8 +15,10 @@ using Values = std::vector<double>;
 Values Merged(Values a, Values b) {
   Values out(a.size() + b.size() + 2, 777);
   CZEPHDoubleArray none;
+  const Values beforeA = a, beforeB = b;
   none.MergeSortedArray(a.data(), static_cast<int>(a.size()), b.data(), static_cast<int>(b.size()),
                         out.data());
+  EXPECT_TRUE(SameBits(a, beforeA) && SameBits(b, beforeB)) << "the inputs have changed";
   return out;
 }
 

@@ -321,8 +321,10 @@ struct Read {
 };
 
 template <class Body>
-Read AfterReading(const std::string& text, Body body) {
+Read AfterReading(const std::string& text, Body body,
+                  std::ios_base::fmtflags flags = std::ios_base::skipws | std::ios_base::dec) {
   std::istringstream is(text);
+  is.flags(flags);
   const std::vector<double> object = body(is);
   const auto state = is.rdstate();
   is.clear();
@@ -384,6 +386,17 @@ std::vector<double> ReadPlainly(std::istream& is, const char* pattern, std::vect
   return is ? read : kept;
 }
 
+std::vector<double> ReadVectorPlainly(std::istream& is) {
+  return ReadPlainly(is, "[#;#;#]", {7, 8, 9});
+}
+std::vector<double> ReadMatrix4Plainly(std::istream& is) {
+  const std::vector<double> rows =
+      ReadPlainly(is, "[####][####][####][####]", std::vector<double>(16, 7.0));
+  std::vector<double> columns = rows;
+  for (std::size_t i = 0; i < 16; ++i) columns[i / 4 + i % 4 * 4] = rows[i];
+  return columns;
+}
+
 }  // namespace
 
 TEST(StreamTexts, AreReadAsPlainExtractionsReadThemUpToAnyCharacter) {
@@ -405,15 +418,34 @@ TEST(StreamTexts, AreReadAsPlainExtractionsReadThemUpToAnyCharacter) {
                            "0 3 1", "2 0 1 2", "-1 2 5"})
     compare(text, ReadMatrix, ReadMatrixPlainly);
   for (const char* text : {"[ 1 ; -2.5 ; 3e2 ] rest", "[1;2;3]", "  [ .5;+6 ;7.]["})
-    compare(text, ReadObject<CZEPHVector3>, [](std::istream& is) {
-      return ReadPlainly(is, "[#;#;#]", {7, 8, 9});
-    });
+    compare(text, ReadObject<CZEPHVector3>, ReadVectorPlainly);
   compare("[ 1 2 3 4 ]\n[ 5 6 7 8 ]\n[ 9 -1 .5 1e2 ]\n[ 0 0 0 1 ]\nrest", ReadObject<CZEPHMatrix4>,
-          [](std::istream& is) {
-            const std::vector<double> rows =
-                ReadPlainly(is, "[####][####][####][####]", std::vector<double>(16, 7.0));
-            std::vector<double> columns = rows;
-            for (std::size_t i = 0; i < 16; ++i) columns[i / 4 + i % 4 * 4] = rows[i];
-            return columns;
-          });
+          ReadMatrix4Plainly);
+}
+
+/// Of which one is that white space is not passed over.
+TEST(StreamTexts, AreReadAsPlainExtractionsReadThemUnderAllSettings) {
+  if (!WritesAsTheSystemDoes()) GTEST_SKIP() << "numbers are read in glibc's form here";
+  using Base = std::ios_base;
+  const Base::fmtflags skip = Base::skipws;
+  for (const Base::fmtflags flags :
+       {Base::dec, Base::fmtflags(), skip, skip | Base::hex, skip | Base::oct,
+        Base::hex | Base::boolalpha,
+        skip | Base::dec | Base::boolalpha | Base::showpos | Base::scientific | Base::unitbuf}) {
+    const auto compare = [flags](const std::string& text, auto ours, auto plain) {
+      EXPECT_EQ(AfterReading(text, ours, flags), AfterReading(text, plain, flags))
+          << '"' << text << "\" with " << flags;
+    };
+    for (const char* text :
+         {"2 1 .5 -7. rest", "2 1 10 011", "1 2+1.5-2.5", "2-1", "2+1+3.5-4", "2\t1\n5 6",
+          "0x2 1 3 4", "03 +1 3 4 5", " 1 1 6", "1+1 6", "+1+0 rest", ""})
+      compare(text, ReadMatrix, ReadMatrixPlainly);
+    for (const char* text :
+         {"[1;2;3]rest", "[ 1 ; 2 ; 3 ]", " [1;2;3]", "[1;-2;+3 ]", "[1 ;2;3]", "[010;0x2;3]"})
+      compare(text, ReadObject<CZEPHVector3>, ReadVectorPlainly);
+    for (const char* text :
+         {"[1 2 3 4][5 6 7 8][9 1 2 3][4 5 6 7]", "[1+2-3+4][5+6+7+8][9+1-2+3][-4+5+6+7]r",
+          "[1+2-3+4]\n[5+6+7+8]\n[9+1-2+3]\n[-4+5+6+7]\n"})
+      compare(text, ReadObject<CZEPHMatrix4>, ReadMatrix4Plainly);
+  }
 }

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <thread>
 
 #include "parallel/work.h"
@@ -93,6 +94,22 @@ void StartAndEndOften() {
   Say(right && AddressSpace() - before < 300, "nothing is left of threads that have ended");
 }
 #endif
+
+/// The processor time of the process, of all its threads, in seconds.
+double ProcessorTime() {
+  return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
+}
+
+/// A thread that looked out for work instead of sleeping would take all of the processor time that there is.
+void Idle() {
+  Work work;
+  ZEPH_SetThreads(4);
+  const bool right = work.Right();
+  std::this_thread::sleep_for(std::chrono::milliseconds(100));
+  const double before = ProcessorTime();
+  std::this_thread::sleep_for(std::chrono::milliseconds(1000));
+  Say(right && ProcessorTime() - before < 0.1, "threads without work sleep");
+}
 
 /// The process ends with sleeping threads, or with threads at work for another thread.
 void EndLive() {
@@ -339,6 +356,7 @@ const Case kCases[] = {
 #ifdef __linux__
     {"often", StartAndEndOften},
 #endif
+    {"idle", Idle},
     {"live", EndLive},
     {"elsewhere", EndElsewhere},
     {"static", StaticObjects},

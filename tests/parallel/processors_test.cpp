@@ -116,6 +116,17 @@ TEST_F(ControlGroups, APartOfAProcessorCountsAsOne) {
   }
 }
 
+/// What `long` cannot hold, 64 bits as a rule, is read as its greatest number.
+TEST_F(ControlGroups, LimitsBeyondAnIntAreManyProcessors) {
+  Write("a/cpu.max", "2147483648 100000\n");
+  EXPECT_EQ(Processors("0::/a\n"), 21'475);
+  for (const char* quota : {"2147483648", "4294967296", "4294967297", "429496729600000",
+                            "9223372036854775807", "99999999999999999999"}) {
+    Write("a/cpu.max", std::string(quota) + " 1000\n");
+    EXPECT_EQ(Processors("0::/a\n"), 1 << 20) << quota;
+  }
+}
+
 TEST_F(ControlGroups, CpuIsFoundAmongOtherControllers) {
   for (const char* controllers : {"cpuacct,cpu", "cpu", "cpuset,cpu,cpuacct", "cpu,cpuset"}) {
     const std::string folder = controllers;

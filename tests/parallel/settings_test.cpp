@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "parallel.h"
+#include "parallel/work.h"
 #include "platform/threads.h"
 #include "support/modes.h"
 
@@ -82,6 +83,27 @@ TEST_F(Settings, ScopesApplyToTheirThreadAndNest) {
     EXPECT_EQ(ZEPH_GetThreads(), 4);
   }
   EXPECT_EQ(ZEPH_GetThreads(), 8);
+}
+
+TEST_F(Settings, AScopesNumberIsWhatTheSameRequestGivesTheProcess) {
+  for (const int n : {0, 1, 2, 255, 256, 257, INT_MAX}) {
+    const int want = ZEPH_SetThreads(n);
+    ZEPH_SetThreads(3);
+    const ZEPH_ThreadScope scope(n);
+    EXPECT_EQ(ZEPH_GetThreads(), want) << n;
+  }
+}
+
+/// Its threads end with the others; the next call starts them anew.
+TEST_F(Settings, AScopeOutlivesARequestForOneThread) {
+  zeph::test::Work work;
+  const ZEPH_ThreadScope scope(4);
+  EXPECT_TRUE(work.Right());
+  EXPECT_EQ(ZEPH_SetThreads(1), 1);
+  EXPECT_EQ(ZEPH_GetThreads(), 4);
+  EXPECT_TRUE(work.Right());
+  const int threads = zeph::test::ThreadsOfTheProcess();
+  EXPECT_TRUE(threads < 0 || threads >= 4) << threads;
 }
 
 TEST_F(Settings, AScopeThatSetsNothingKeepsTheOuterOne) {

@@ -224,6 +224,21 @@ TEST(String, FormatsItselfIntoItself) {
   EXPECT_EQ(Text(s), "ab-ab[ab-ab]");
 }
 
+/// Of any length: up to 512 characters a text is written in place before it is moved.
+TEST(String, FormatsItselfIntoItselfAtAnyLength) {
+  for (const std::size_t length :
+       {1u, 14u, 15u, 16u, 254u, 255u, 256u, 511u, 512u, 513u, 1000u, 5000u}) {
+    std::string text;
+    for (std::size_t i = 0; i < length; ++i) text += static_cast<char>('a' + i % 26);
+    CString s(text.c_str());
+    s.Format("<%s|%s>", s.GetString(), s.GetString() + length / 2);
+    const std::string once = "<" + text + "|" + text.substr(length / 2) + ">";
+    EXPECT_EQ(Text(s), once) << length;
+    s.AppendFormat("%s%d%s", s.GetString(), 42, s.GetString());
+    EXPECT_EQ(Text(s), once + once + "42" + once) << length;
+  }
+}
+
 TEST(String, AnEmptyOrNullFormatGivesTheEmptyText) {
   CString s("old");
   s.AppendFormat(kNull);

@@ -1,6 +1,7 @@
 // Values by MPFR; the long proof compares with MPFR itself on far more.
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cfenv>
 #include <cmath>
 #include <cstdlib>
@@ -204,6 +205,18 @@ auto WithFlags(int expected, Function function) {
   const int raised = std::fetestexcept(FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW | FE_UNDERFLOW);
   EXPECT_EQ(raised, expected);
   return value;
+}
+
+TEST(PortableMath, LeavesErrnoAsItIs) {
+  for (const double special : {0.0, -0.0, 1.0, -2.5, 1e300, kInfinity, -kInfinity, kNaN}) {
+    volatile double x = special;
+    errno = 77;
+    for (const double result :
+         {SineCosine(x).sine, double{Tangent(static_cast<float>(x))}, DecimalLogarithm(x)})
+      x = result;
+    EXPECT_EQ(errno, 77) << special;
+  }
+  errno = 0;
 }
 
 TEST(PortableMath, RaisesInvalidAndDivideByZeroWhereIeee754Says) {

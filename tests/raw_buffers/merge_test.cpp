@@ -28,9 +28,11 @@ std::vector<T> Merged(const std::vector<T>& a, const std::vector<T>& b) {
 template <class T>
 std::vector<T> MergedByLibrary(std::vector<T> a, std::vector<T> b) {
   std::vector<T> out(a.size() + b.size() + 1, T(77));
+  const std::vector<T> beforeA = a, beforeB = b;
   ZEPH_ArrayMergeSorted(a.data(), static_cast<int>(a.size()), b.data(), static_cast<int>(b.size()),
                         out.data());
   EXPECT_EQ(out.back(), T(77));  // one past the end stays
+  EXPECT_TRUE(SameBits(a, beforeA) && SameBits(b, beforeB)) << "the inputs have changed";
   out.pop_back();
   return out;
 }

@@ -29,12 +29,14 @@ TEST(RawMatrixTranspose, MovesEveryCellOfEverySizeInBothShapes) {
   for (int n = 0; n <= 70; ++n) {
     const std::size_t cells = static_cast<std::size_t>(n) * static_cast<std::size_t>(n);
     auto a = Awkward(cells + 1, static_cast<std::uint64_t>(n));
+    const auto before = a;
     std::vector<double> want(cells + 1, -7), flat = want, rowwise = want;
     LiteralTranspose(n, RowsOf(a, n).data(), RowsOf(want, n).data());
     ZEPH_MatrixTranspose(n, a.data(), flat.data());
     ZEPH_MatrixTranspose(n, RowsOf(a, n).data(), RowsOf(rowwise, n).data());
     EXPECT_TRUE(SameBits(flat, want)) << n;
     EXPECT_TRUE(SameBits(rowwise, want)) << n;
+    EXPECT_TRUE(SameBits(a, before)) << n << ": the source has changed";
   }
 }
 

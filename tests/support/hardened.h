@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <cstdint>
 #include <ostream>
 #include <string>
@@ -15,17 +16,18 @@
 #error "The build is hardened, but its tests are not: they would all be left out."
 #endif
 
-// EXPECT_STOP(line, statement): the statement ends its process with the line alone, on the standard error.
+// EXPECT_STOP(line, statement): the statement aborts its process with the line alone, on the standard error.
 // EXPECT_STOP_OF(line, body): the same of a function without parameters, which may use its surroundings.
 #ifdef ZEPH_HARDENED
 #define ZEPH_SKIP_UNLESS_HARDENED() static_cast<void>(0)
-#define EXPECT_STOP(line, ...)                                              \
-  do {                                                                      \
-    ::zeph::test::CaptureStdout printed;                                    \
-    EXPECT_DEATH(([] { __VA_ARGS__; }()), ::zeph::test::FirstLineIs(line)); \
-    EXPECT_EQ(printed.Text(), "");                                          \
+#define EXPECT_STOP(line, ...)                 \
+  do {                                         \
+    ::zeph::test::CaptureStdout printed;       \
+    EXPECT_STOP_OF(line, [] { __VA_ARGS__; }); \
+    EXPECT_EQ(printed.Text(), "");             \
   } while (false)
-#define EXPECT_STOP_OF(line, ...) EXPECT_DEATH((__VA_ARGS__)(), ::zeph::test::FirstLineIs(line))
+#define EXPECT_STOP_OF(line, ...) \
+  EXPECT_EXIT((__VA_ARGS__)(), ::zeph::test::Aborted, ::zeph::test::FirstLineIs(line))
 #else
 #define ZEPH_SKIP_UNLESS_HARDENED() GTEST_SKIP() << "not a build with ZEPH_HARDENED"
 #define EXPECT_STOP(line, ...) static_cast<void>([] { __VA_ARGS__; })
@@ -33,6 +35,15 @@
 #endif
 
 namespace zeph::test {
+
+/// Whether a program ended by std::abort, from the status that EXPECT_EXIT has of it.
+inline bool Aborted(int status) {
+#ifdef _WIN32
+  return status == 3;  // as the C runtime documents it
+#else
+  return testing::KilledBySignal(SIGABRT)(status);
+#endif
+}
 
 /// A matcher; what follows the line is the system's report of the abort.
 class FirstLineIs {

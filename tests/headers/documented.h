@@ -1448,8 +1448,6 @@ ZEPH_API CZEPHVector3 Bisect(CZEPHVector3 a, CZEPHVector3 b);
 
 ZEPH_API void ZEPH_MathClamp(CZEPHVector3& v, const double& lo, const double& hi);
 
-#include <cstring>
-
 class ZEPH_API CZEPHVector2D {
  public:
   ZEPH_EMIT CZEPHVector2D() : x(0), y(0) {}
@@ -1752,6 +1750,8 @@ ZEPH_API void ZEPH_CrossVectors(CZEPHVector3S* a, CZEPHVector3S* b, CZEPHVector3
 ZEPH_API float ZEPH_DotVectors(CZEPHVector3S* a, CZEPHVector3S* b);
 
 ZEPH_API void ZEPH_ScaleVector(CZEPHVector3S* v, float s);
+
+#include <cstring>
 
 class ZEPH_API CZEPHMatrix4x4 {
  public:

@@ -12,9 +12,9 @@ PARTS = ["platform/macros", "platform/preconditions", "platform/long", "platform
          "platform/object", "platform/cstring", "platform/arrays", "platform/list", "frame",
          "containers/linked_list", "containers/stack", "containers/sortable", "containers/growth_arrays",
          "double_array", "raw_buffers", "linalg/double_matrix", "linalg/matrix", "linalg/matrix4",
-         "linalg/vector3", "graphics", "algorithms/mathematics", "algorithms/random_numbers",
-         "algorithms/permutation", "algorithms/integral_search", "algorithms/selection_sort",
-         "algorithms/stopwatch"]
+         "linalg/vector3", "graphics/vector2d", "graphics/vector3d", "graphics/vector4d", "graphics/vector3s",
+         "graphics/matrix4x4", "algorithms/mathematics", "algorithms/random_numbers", "algorithms/permutation",
+         "algorithms/integral_search", "algorithms/selection_sort", "algorithms/stopwatch"]
 
 
 def closing(text, at, pair):

@@ -12,6 +12,7 @@
 #include "kernels/partition.h"
 #include "oracle/sorts.h"
 #include "support/bits.h"
+#include "support/guarded.h"
 #include "support/hostile.h"
 #include "support/scale.h"
 
@@ -43,28 +44,61 @@ TEST(QuickWalk, MakesTheDocumentedExchangesOnKillersWithAStopTree) {
   CompareKillers(kLarge);
 }
 
-/// The larger piece again and again, in any order: bounds must follow every exchange.
-TEST(StopTree, PartitionsAsDocumentedAtEveryDepth) {
-  for (std::size_t n : {70u, 600u, 3000u})
-    test::ForEachHostile(n, n, [](Values v, const std::string& name) {
-      Values want = v;
-      StopTree tree(v.data(), v.size());
-      tree.Cover(0, v.size() - 1);
-      int first = 0, last = oracle::SizeOf(v) - 1;
-      while (last - first > 3) {
-        const std::size_t stop =
-            tree.Part(static_cast<std::size_t>(first), static_cast<std::size_t>(last));
-        const double pivot = oracle::MedianOf3(want, first, last);
-        const int p = oracle::QuickPartition(want, first, last, pivot);
-        ASSERT_EQ(stop, static_cast<std::size_t>(p)) << name;
-        if (p - first < last - p) {
-          first = p + 1;
-        } else {
-          last = p - 1;
-        }
+#ifdef ZEPH_TEST_GUARDED
+/// The last leaf is seldom a whole one, and larger ones are used where there is no memory for a tree of many.
+TEST(QuickWalk, StaysInBoundsOnKillersWithMemoryAndWithout) {
+  for (const std::size_t n : {std::size_t{16'449}, kLarge}) {
+    const Values v = test::Hostile(Content::kHalfZeros, Arrangement::kKiller, n, 3);
+    Values want = v;
+    oracle::RecQuickSort(want, 0, oracle::SizeOf(want) - 1, 10);
+    const test::Guarded pages(n * sizeof(double));
+    for (const bool atEnd : {false, true})
+      for (const auto lender : {kernels::detail::borrow.load(), Refuse}) {
+        double* const sorted = pages.Copy(v, atEnd);
+        const auto before = kernels::detail::borrow.exchange(lender);
+        SortAsWalked(sorted, n, 10);
+        kernels::detail::borrow = before;
+        EXPECT_TRUE(test::SameBits(Values(sorted, sorted + n), want)) << n;
       }
-      ASSERT_TRUE(test::SameBits(v, want)) << name;
-    });
+  }
+}
+#endif
+
+/// The larger piece again and again, in any order: bounds must follow every exchange.
+void ExpectDocumentedParts(Values v, const std::string& name) {
+  Values want = v;
+  StopTree tree(v.data(), v.size());
+  tree.Cover(0, v.size() - 1);
+  int first = 0, last = oracle::SizeOf(v) - 1;
+  while (last - first > 3) {
+    const std::size_t stop =
+        tree.Part(static_cast<std::size_t>(first), static_cast<std::size_t>(last));
+    const double pivot = oracle::MedianOf3(want, first, last);
+    const int p = oracle::QuickPartition(want, first, last, pivot);
+    ASSERT_EQ(stop, static_cast<std::size_t>(p)) << name;
+    if (p - first < last - p) {
+      first = p + 1;
+    } else {
+      last = p - 1;
+    }
+  }
+  ASSERT_TRUE(test::SameBits(v, want)) << name;
+}
+
+TEST(StopTree, PartitionsAsDocumentedAtEveryDepth) {
+  for (std::size_t n : {70u, 600u, 3000u}) test::ForEachHostile(n, n, ExpectDocumentedParts);
+}
+
+/// Twice to sixteen times as large, as many as a tree has room for.
+TEST(StopTree, PartitionsAsDocumentedByLargerLeavesWithoutMemory) {
+  const auto lender = kernels::detail::borrow.exchange(Refuse);
+  for (const std::size_t n : {16'385u, 17'000u, 32'800u, 70'001u, 140'000u}) {
+    test::Random random(n);
+    Values v(n);
+    for (double& x : v) x = random.Real(-9, 9);
+    ExpectDocumentedParts(v, std::to_string(n));
+  }
+  kernels::detail::borrow = lender;
 }
 
 /// A NaN as the pivot stops both scans at once, everywhere.

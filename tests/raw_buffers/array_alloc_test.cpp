@@ -2,11 +2,15 @@
 
 #include <climits>
 #include <cstdint>
+#include <cstdlib>
 #include <string>
+#include <type_traits>
 
 #include "raw_buffers.h"
 #include "raw_buffers/families.h"
 #include "support/allocation.h"
+#include "support/repeated_pages.h"
+#include "support/scale.h"
 
 using namespace zeph::test;
 
@@ -102,6 +106,26 @@ TEST(RawArrayAlloc, RefusesEmptyInvertedAndTooLongRangesWithoutAllocating) {
     }
   });
 }
+
+#if defined(ZEPH_TEST_REPEATED_PAGES) && !defined(ZEPH_TEST_SANITIZED)
+TEST(RawArrayAlloc, TheSizeOfTwoGigabytesWrapsToTheLeastInt) {
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
+  if (const char* preloaded = std::getenv("LD_PRELOAD"); preloaded && *preloaded)
+    GTEST_SKIP() << "under valgrind so many bytes take long";
+  const RepeatedPages pages((std::size_t{1} << 31) + 8);
+  if (!pages.Begin()) GTEST_SKIP() << "the system grants no such address space";
+  const LendBlock lending(pages.Begin());
+  ForEachElementType([](auto zero) {
+    using T = decltype(zero);
+    if (!kFullScale && !std::is_same_v<T, double>) return;
+    const int count = (1 << 30) / static_cast<int>(sizeof(T)) * 2;
+    long bytes = -77;
+    T* const p = Family<T>::Alloc(1, count, bytes);
+    EXPECT_EQ(bytes, INT_MIN);
+    ZEPH_ArrayFree(p, 1, count);
+  });
+}
+#endif
 
 TEST(RawArrayAlloc, RequestsTheFullSizeOfALongRangeAndKeepsTheByteCountOnFailure) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();

@@ -3,11 +3,13 @@
 #include <climits>
 #include <cstdint>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "raw_buffers.h"
 #include "raw_buffers/families.h"
 #include "support/allocation.h"
+#include "support/scale.h"
 
 using namespace zeph::test;
 
@@ -257,6 +259,25 @@ TEST(RawMatrixAlloc, LeaksWhatItAllocatedWhenARowCannotBeAllocated) {
         }
     });
 }
+
+#ifndef ZEPH_HARDENED  // which knows a block by its address
+/// All rows are one block here.
+TEST(RawMatrixAlloc, TheSizeOfTwoGigabytesWrapsToTheLeastInt) {
+  ZEPH_NEEDS_LIBRARY_ALLOCATIONS();
+  std::vector<double> row((1 << 20) + 1);
+  const LendBlock lending(row.data());
+  ForEachElementType([](auto zero) {
+    using T = decltype(zero);
+    if (!kFullScale && !std::is_same_v<T, double>) return;
+    const int cols = 1 << 20, rows = (1 << 11) / static_cast<int>(sizeof(T));
+    long bytes = -77;
+    T** const m = Family<T>::Matrix(rows, cols, bytes);
+    ASSERT_NE(m, nullptr);
+    EXPECT_EQ(bytes, INT_MIN);
+    ZEPH_MatrixFree(m, rows, cols);
+  });
+}
+#endif
 
 TEST(RawMatrixAlloc, RequestsTheFullSizeOfLongRowsAndTables) {
   ZEPH_NEEDS_LIBRARY_ALLOCATIONS();

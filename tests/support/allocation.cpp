@@ -10,6 +10,7 @@ namespace zeph::test {
 namespace {
 
 constexpr std::size_t kLargestRequest = std::size_t{1} << 30;  // larger requests are refused
+constexpr std::size_t kLentFrom = std::size_t{1} << 20;
 constexpr int kMostEvents = 4096;
 
 std::atomic<long> live{0};
@@ -18,6 +19,7 @@ thread_local long failIn = 0;  // 0: none; 1: the next one
 thread_local bool failAllAfter = false;
 thread_local bool fired = false;
 thread_local Failure failure = Failure::kBadAlloc;
+thread_local void* lent = nullptr;
 thread_local bool recording = false;
 thread_local int eventCount = 0;
 AllocationEvent events[kMostEvents];  // of one thread at a time; too many for a thread's own data
@@ -51,7 +53,9 @@ bool ShouldFail() {
 void* Allocate(AllocationEvent::Kind kind, std::size_t bytes) {
   ++asked;
   const bool fail = ShouldFail();
-  void* block = fail || bytes > kLargestRequest ? nullptr : std::malloc(bytes ? bytes : 1);
+  void* block = fail || (bytes > kLargestRequest && !lent) ? nullptr
+                : lent && bytes > kLentFrom                ? lent
+                                                           : std::malloc(bytes ? bytes : 1);
   Record(kind, block, bytes);
   if (!block && fail && failure == Failure::kNull) return nullptr;
   if (!block) Throw();
@@ -63,7 +67,7 @@ void Release(AllocationEvent::Kind kind, void* block) noexcept {
   if (!block) return;
   Record(kind, block, 0);
   --live;
-  std::free(block);
+  if (block != lent) std::free(block);
 }
 
 }  // namespace
@@ -94,6 +98,13 @@ FailAllocation::~FailAllocation() {
 }
 bool FailAllocation::Fired() const {
   return fired;
+}
+
+LendBlock::LendBlock(void* block) {
+  lent = block;
+}
+LendBlock::~LendBlock() {
+  lent = nullptr;
 }
 
 RecordAllocations::RecordAllocations() {

@@ -52,6 +52,15 @@ class FailAllocation {
   bool Fired() const;
 };
 
+/// During its lifetime every request of this thread above a megabyte gets `block`, whose release is left to the caller.
+class LendBlock {
+ public:
+  explicit LendBlock(void* block);
+  ~LendBlock();
+  LendBlock(const LendBlock&) = delete;
+  LendBlock& operator=(const LendBlock&) = delete;
+};
+
 /// One call of an allocation operator.
 struct AllocationEvent {
   enum Kind { kNew, kNewArray, kDelete, kDeleteArray } kind;

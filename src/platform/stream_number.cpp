@@ -108,7 +108,8 @@ char* WriteGeneral(char* out, char* end, double x, int precision) {
   Decimal decimal;
   if (count > kMostDecimalDigits || !RoundToDecimal(x, count, decimal))
     return ToChars(out, end, x, Digits::kGeneral, precision);
-  char digits[kMostDecimalDigits];
+  char digits[kMostDecimalDigits] =
+      {};  // g++ for Windows warns otherwise: it does not see that they are written
   const char* last = WriteDigits(digits, decimal.digits);
   while (last[-1] == '0') --last;
   if (std::signbit(x)) *out++ = '-';

@@ -36,6 +36,7 @@
 
 namespace zeph::test {
 
+#ifdef ZEPH_HARDENED
 /// Whether a program ended by std::abort, from the status that EXPECT_EXIT has of it.
 inline bool Aborted(int status) {
 #ifdef _WIN32
@@ -44,6 +45,7 @@ inline bool Aborted(int status) {
   return testing::KilledBySignal(SIGABRT)(status);
 #endif
 }
+#endif
 
 /// A matcher; what follows the line is the system's report of the abort.
 class FirstLineIs {

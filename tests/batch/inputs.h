@@ -55,12 +55,13 @@ std::vector<Component<Object>> Values(std::vector<Object> objects) {
   return values;
 }
 
-/// Kinds of components: anything, moderate ones, units and zeros of both signs, denormals, and ones
-/// whose products overflow.
-enum class Kind { kAwkward, kModerate, kUnits, kDenormal, kHuge };
-constexpr const char* kKindNames[] = {"awkward", "moderate", "units", "denormal", "huge"};
-constexpr Kind kKinds[] = {Kind::kAwkward, Kind::kModerate, Kind::kUnits, Kind::kDenormal,
-                           Kind::kHuge};
+/// Kinds of components: anything, moderate ones, units and zeros of both signs, denormals, ones whose products
+/// overflow, and moderate ones with quiet NaNs among them, of which no arithmetic raises an exception.
+enum class Kind { kAwkward, kModerate, kUnits, kDenormal, kHuge, kQuietNans };
+constexpr const char* kKindNames[] = {"awkward",  "moderate", "units",
+                                      "denormal", "huge",     "quiet NaNs"};
+constexpr Kind kKinds[] = {Kind::kAwkward,  Kind::kModerate, Kind::kUnits,
+                           Kind::kDenormal, Kind::kHuge,     Kind::kQuietNans};
 
 template <class T>
 std::vector<T> Numbers(Kind kind, std::size_t n, std::uint64_t seed) {
@@ -74,6 +75,8 @@ std::vector<T> Numbers(Kind kind, std::size_t n, std::uint64_t seed) {
     const T part = static_cast<T>(random.Real(-1, 1));
     if (kind == Kind::kUnits)
       x = units[random.Below(4)];
+    else if (kind == Kind::kQuietNans)
+      x = random.Below(6) == 0 ? Limits::quiet_NaN() : 1 + part;
     else
       x = kind == Kind::kDenormal ? Limits::min() * part : Limits::max() * part;
   }

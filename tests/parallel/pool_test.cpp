@@ -19,6 +19,12 @@
 #include "support/modes.h"
 #include "support/scale.h"
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+
+#include <limits>
+#endif
+
 #ifdef __linux__
 #include <pthread.h>
 #include <signal.h>
@@ -383,6 +389,41 @@ TEST_F(Pool, FloatingPointExceptionsOfAnyPieceReachTheCaller) {
   }
   EXPECT_EQ(test::RaisedBy(usual, [] { MeetInPieces(4); }), 0);
 }
+
+#ifdef __SSE2__
+/// Of x86, beside those of the standard.
+TEST_F(Pool, TheDenormalExceptionReachesTheCallerToo) {
+  if (!test::HasFloatingPointEnvironment())
+    GTEST_SKIP() << "the floating-point environment is incomplete here";
+  const volatile double denormal = std::numeric_limits<double>::denorm_min();
+  const std::thread::id caller = std::this_thread::get_id();
+  const unsigned before = _mm_getcsr();
+  _mm_setcsr(before & ~0x3Fu);
+  std::atomic<int> begun{0};
+  Share(4, 4, [&](std::size_t) {
+    ++begun;
+    while (begun < 4) std::this_thread::yield();
+    if (std::this_thread::get_id() == caller) return;
+    volatile double sum = _mm_cvtsd_f64(_mm_add_sd(_mm_set_sd(denormal), _mm_set_sd(1.0)));
+    static_cast<void>(sum);
+  });
+  const unsigned after = _mm_getcsr();
+  _mm_setcsr(before);
+  EXPECT_EQ(after & 0x3Fu, 0x22u) << "denormal and inexact";
+}
+
+/// Any one of the six.
+TEST_F(Pool, EachExceptionThatTrapsKeepsCallsOnTheirThread) {
+  for (unsigned mask = 0x80; mask <= 0x1000; mask *= 2) {
+    const unsigned before = _mm_getcsr();
+    _mm_setcsr((before & ~0x3Fu) & ~mask);
+    const bool set = (_mm_getcsr() & mask) == 0, trap = Modes().Trap();
+    _mm_setcsr(before);
+    EXPECT_TRUE(trap || !set) << mask;
+  }
+  EXPECT_FALSE(Modes().Trap());
+}
+#endif
 
 /// Each piece raises another one, on a thread of its own.
 TEST_F(Pool, FloatingPointExceptionsOfAllPiecesReachTheCaller) {

@@ -15,12 +15,32 @@ extern "C" int pthread_create(pthread_t* thread, const pthread_attr_t* attribute
       reinterpret_cast<decltype(&pthread_create)>(dlsym(RTLD_NEXT, "pthread_create"));
   return create(thread, attributes, run, argument);
 }
+
+#ifdef __GLIBC__
+static bool handlersRefused = true;  // when the library is loaded, too
+
+/// What pthread_atfork calls.
+extern "C" __attribute__((visibility("default"))) int __register_atfork(void (*before)(),
+                                                                        void (*parent)(),
+                                                                        void (*child)(),
+                                                                        void* module) {
+  if (handlersRefused) return ENOMEM;
+  using Register = int(void (*)(), void (*)(), void (*)(), void*);
+  return reinterpret_cast<Register*>(dlsym(RTLD_NEXT, "__register_atfork"))(before, parent, child,
+                                                                            module);
+}
+#endif
 #endif
 
 using namespace zeph::test;
 
 int main() {
   Work work;
+#ifdef __GLIBC__
+  ZEPH_SetThreads(4);
+  Say(work.Right() && asked == 0, "a fork that cannot be prepared for leaves the caller alone");
+  handlersRefused = false;
+#endif
 #ifndef _WIN32
   ZEPH_SetThreads(4);
   Say(work.Right() && asked == 1, "the caller does the work");

@@ -10,6 +10,8 @@
 
 #include "ZEPHDataStructureEngine.h"
 #include "support/random.h"
+#include "support/scale.h"
+#include "support/small_stack.h"
 
 namespace zeph::test {
 namespace {
@@ -67,6 +69,16 @@ void ExpectEvenPiecesOfEveryOrder(std::size_t n, int threads) {
 }
 
 }  // namespace
+
+#ifndef ZEPH_TEST_SANITIZED  // whose frames are larger
+TEST(SharedSort, TakesLittleOfTheCallersStack) {
+  const bool ran = RunOnSmallStack(std::size_t{128} << 10, [] {
+    EXPECT_TRUE(SortOn(4, RandomElements<double>(600'000)));
+    EXPECT_TRUE(SortOn(4, RandomElements<int>(600'000)));
+  });
+  if (!ran) GTEST_SKIP() << "the system creates no thread with such a stack";
+}
+#endif
 
 TEST(SharedSort, DividesDoublesEvenlyAmongThreads) {
   for (const int threads : {2, 3, 4, 7}) ExpectEvenPiecesOfEveryOrder<double>(150'011, threads);

@@ -108,8 +108,7 @@ char* WriteGeneral(char* out, char* end, double x, int precision) {
   Decimal decimal;
   if (count > kMostDecimalDigits || !RoundToDecimal(x, count, decimal))
     return ToChars(out, end, x, Digits::kGeneral, precision);
-  char digits[kMostDecimalDigits] =
-      {};  // g++ for Windows warns otherwise: it does not see that they are written
+  char digits[kMostDecimalDigits] = {};  // or g++ for Windows warns that they may be unset
   const char* last = WriteDigits(digits, decimal.digits);
   while (last[-1] == '0') --last;
   if (std::signbit(x)) *out++ = '-';

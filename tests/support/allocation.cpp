@@ -53,9 +53,11 @@ bool ShouldFail() {
 void* Allocate(AllocationEvent::Kind kind, std::size_t bytes) {
   ++asked;
   const bool fail = ShouldFail();
-  void* block = fail || (bytes > kLargestRequest && !lent) ? nullptr
-                : lent && bytes > kLentFrom                ? lent
-                                                           : std::malloc(bytes ? bytes : 1);
+  void* block = nullptr;
+  if (!fail && lent && bytes > kLentFrom)
+    block = lent;
+  else if (!fail && bytes <= kLargestRequest)
+    block = std::malloc(bytes ? bytes : 1);
   Record(kind, block, bytes);
   if (!block && fail && failure == Failure::kNull) return nullptr;
   if (!block) Throw();
